@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace hierfit {
+
+class SDOMXMLWrapper;
+
+/// Tells the host what was left out and why: a table, a block, a row. It goes to the run's diagnostics and is no part of
+/// the output. The text is plain English and is not translated.
+void Diagnose(const std::string& text);
+
+/// The same, with the place of an element in the document.
+void Diagnose(const SDOMXMLWrapper& element, const std::string& text);
+
+}  // namespace hierfit

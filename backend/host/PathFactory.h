@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace hierfit {
+
+/// Where the run's files lie.
+class PathFinder {
+  public:
+    /// The folder that holds `template/` and `languages/`, with a separator at its end.
+    std::string GetBaseDirectory() const;
+
+    /// Where the run's string tables lie: what a `FacSTDictionary` is made from.
+    std::string GetStringTableLocation() const;
+};
+
+/// Gives the path finder of the run that is under way. The number, 3 at every call, names the module that asks.
+class PathFactory {
+  public:
+    static PathFinder getPathInstance(int module = 0);
+};
+
+}  // namespace hierfit

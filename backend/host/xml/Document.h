@@ -1,0 +1,68 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <variant>
+#include <vector>
+
+namespace hierfit::xml {
+
+/// Where and why a text is no XML that the host reads. Line and column count from 1, columns in characters.
+struct ParseError {
+    std::string fReason;   ///< such as "mismatched tag"
+    int fLine;
+    int fColumn;
+    std::string fExcerpt;  ///< the line and, below it, a caret at the column; long lines are cut around it
+};
+
+/// A line and a column, from 1, columns in characters.
+struct Position {
+    int fLine;
+    int fColumn;
+};
+
+/// A parsed XML document: a compact tree of elements with their attributes and text. Immutable once parsed.
+///
+/// Elements are numbers, 0 the document element; kNone is none. Names have lost their namespace prefix. An element's
+/// text is its own character data, that of its children left out.
+///
+/// Not read: document type declarations, more than 256 MiB, elements deeper than 256, more than 1,000 attributes at an
+/// element, names or attribute values over 16 MiB, more than 5 million elements. Each is an error with its place.
+class Document {
+  public:
+    using Node = std::uint32_t;
+    static constexpr Node kNone = 0xFFFFFFFF;
+
+    static std::variant<std::shared_ptr<Document>, ParseError> Parse(const std::string& text);
+
+    ~Document();
+    Document(const Document&) = delete;
+    Document& operator=(const Document&) = delete;
+
+    std::string_view Name(Node node) const;
+    Node Parent(Node node) const;
+
+    /// The first child of that name, or kNone.
+    Node FirstChild(Node node, std::string_view name) const;
+
+    /// The next element of the same name behind this one, below the same parent, or kNone.
+    Node NextOfName(Node node) const;
+
+    std::optional<std::string_view> Attribute(Node node, std::string_view name) const;
+    std::string_view Text(Node node) const;
+
+    /// Where the element's start tag begins.
+    Position PositionOf(Node node) const;
+
+    /// Names from the document element down, such as "StatXML/PMMLModel/ModelDiagnostics/Statistic[3]"; an index, from 1,
+    /// stands where the parent has several children of the name. Takes time linear in the siblings.
+    std::string PathOf(Node node) const;
+
+  private:
+    Document();
+};
+
+}  // namespace hierfit::xml

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+#include "host/document/Document.h"
+
+namespace hierfit::report {
+
+struct TextOptions {
+    int fWidth = 0;       ///< columns of the terminal; 0 for no limit
+    bool fColor = false;  ///< with escape sequences (ECMA-48)
+};
+
+/// The document as text for a terminal, UTF-8.
+std::string MakeTextReport(const document::Document& document, const TextOptions& options);
+
+}  // namespace hierfit::report
