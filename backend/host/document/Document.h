@@ -35,9 +35,11 @@ struct Item {
     bool operator==(const Item&) const = default;
 };
 
-inline bool Heading::operator==(const Heading& other) const {
-    return fTitle == other.fTitle && fItems == other.fItems;
-}
+inline bool Heading::operator==(const Heading& other) const { return fTitle == other.fTitle && fItems == other.fItems; }
+
+/// Indices in `Document::fvSources`.
+inline constexpr int kPmmlSource = 0;
+inline constexpr int kStatXmlSource = 1;
 
 /// A place in one of the run's two documents. Lines and columns count from 1; columns count characters.
 struct Place {

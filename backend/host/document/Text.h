@@ -7,7 +7,15 @@
 namespace hierfit::document {
 
 /// Number formats of the tables.
-enum class FormatName : unsigned char { Coefficient, CoefficientSE, Significance, GeneralStat, Count, Percent, SigDigit };
+enum class FormatName : unsigned char {
+    Coefficient,
+    CoefficientSE,
+    Significance,
+    GeneralStat,
+    Count,
+    Percent,
+    SigDigit
+};
 
 struct Format {
     FormatName fName;

@@ -30,7 +30,7 @@ struct Result {
 
 /// Runs the procedure on a PMML and a StatXML document. It writes nothing anywhere; all it has to say is in the result.
 /// Calls on several threads at once do not disturb each other.
-Result Run(const Input& pmml, const Input& statXml, const Settings& settings);
+Result Run(Input pmml, Input statXml, const Settings& settings);
 
 /// The languages that `Settings::fLanguage` may name.
 std::vector<std::string> Languages();

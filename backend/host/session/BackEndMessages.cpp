@@ -1,0 +1,97 @@
+#include "host/session/BackEndMessages.h"
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+#include "host/language/Catalogue.h"
+#include "host/session/ShownTexts.h"
+
+namespace hierfit::session {
+
+namespace {
+
+using Node = xml::Document::Node;
+
+/// Keys that reach the output under another text.
+constexpr std::pair<std::string_view, std::string_view> kShownAs[] = {{"kGLMM_C26", "Subject field not used ..."}};
+
+Node Find(const xml::Document& xml, Node node, std::initializer_list<std::string_view> path) {
+    for (const std::string_view name : path) {
+        if (node == xml::Document::kNone) break;
+        node = xml.FirstChild(node, name);
+    }
+    return node;
+}
+
+std::vector<std::string> ReadParameters(const xml::Document& xml, Node list) {
+    std::vector<std::string> parameters;
+    for (Node value = xml.FirstChild(list, "PrintableValue"); value != xml::Document::kNone;
+         value = xml.NextOfName(value)) {
+        const std::string_view text = xml.Attribute(value, "value").value_or("");
+        if (!text.empty()) parameters.emplace_back(text);
+    }
+    return parameters;
+}
+
+void ReadMessagesBelow(const xml::Document& xml, Node parent, std::vector<BackEndMessage>& messages) {
+    for (Node message = xml.FirstChild(parent, "Message"); message != xml::Document::kNone;
+         message = xml.NextOfName(message)) {
+        const Node list = xml.FirstChild(message, "PrintableList");
+        if (list == xml::Document::kNone) continue;
+        const std::string_view key = xml.Attribute(list, "pattern").value_or("");
+        if (key.empty()) continue;
+        messages.push_back({std::string(key), ReadParameters(xml, list), message});
+    }
+}
+
+/// The message in the run's language; parameters that the wording has no mark for stand behind it.
+std::string Words(const context::RunContext& context, const BackEndMessage& message) {
+    const std::string_view pattern = context.Translate(message.fKey);
+    std::string words = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
+    std::string rest;
+    for (std::size_t i = 0; i < message.fvParameters.size(); ++i) {
+        if (pattern.find("^" + std::to_string(i + 1)) != std::string_view::npos) continue;
+        rest += (rest.empty() ? "" : "; ") + message.fvParameters[i];
+    }
+    return rest.empty() ? words : words + " (" + rest + ")";
+}
+
+bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
+    if (shown.HasKey(message.fKey) || shown.HasMessageWith(words)) return true;
+    return std::ranges::any_of(kShownAs, [&](const auto& other) {
+        return message.fKey == other.first && shown.HasKey(std::string(other.second));
+    });
+}
+
+}  // namespace
+
+std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml) {
+    std::vector<BackEndMessage> messages;
+    const Node diagnostics = Find(statXml, 0, {"PMMLModel", "ModelDiagnostics"});
+    if (diagnostics != xml::Document::kNone) {
+        for (Node group = statXml.FirstChild(diagnostics, "DataGroup"); group != xml::Document::kNone;
+             group = statXml.NextOfName(group)) {
+            if (statXml.Attribute(group, "description") == "customEmmeans") ReadMessagesBelow(statXml, group, messages);
+        }
+    }
+    const Node summary = Find(statXml, 0, {"PMMLModel", "TrainingSummary"});
+    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, messages);
+    return messages;
+}
+
+void DiagnoseUnseenMessages(context::RunContext& context) {
+    if (!context.GetLastXml()) return;
+    const std::vector<BackEndMessage> messages = ReadBackEndMessages(*context.GetLastXml());
+    if (messages.empty()) return;
+    const ShownTexts shown(context.GetDocument());
+    for (const BackEndMessage& message : messages) {
+        std::string words = Words(context, message);
+        if (IsShown(shown, message, words)) continue;
+        const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
+        context.AddDiagnostic(2, std::move(words),
+                              document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
+    }
+}
+
+}  // namespace hierfit::session

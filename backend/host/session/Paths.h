@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+
+namespace hierfit::session {
+
+/// Where the installation's files lie, found from where this library lies: in the build tree and in an installed prefix
+/// alike.
+struct Paths {
+    std::string fShareDirectory;  ///< holds `template/` and `languages/`
+    std::string fModule;          ///< the procedure's module
+};
+
+Paths FindPaths();
+
+}  // namespace hierfit::session
