@@ -1,0 +1,157 @@
+#include "CommandLine.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+#include <utility>
+
+namespace hierfit::program {
+
+namespace {
+
+using session::Labels;
+
+template <typename Value>
+using Choices = std::vector<std::pair<std::string, Value>>;
+
+constexpr std::pair<std::string_view, Format> kEndings[] = {{".html", Format::Html},
+                                                            {".htm", Format::Html},
+                                                            {".txt", Format::Text},
+                                                            {".text", Format::Text},
+                                                            {".json", Format::Json}};
+
+constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
+constexpr const char* kExitStatus =
+    "Exit status: 0 the report was written, 1 wrong usage, 2 a document could not be read,\n"
+    "3 the output could not be written.";
+constexpr const char* kExamples =
+    "Examples:\n"
+    "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
+    "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
+    "  hierfit report -f json FOLDER | jq .items             the document for a program\n";
+
+/// An option whose value is one of a few words.
+template <typename Target, typename Value>
+void AddChoice(CLI::App& app, const std::string& name, Target& target, const Choices<Value>& choices,
+               const std::string& placeholder, const std::string& help) {
+    std::vector<std::string> words;
+    for (const auto& choice : choices) words.push_back(choice.first);
+    const auto take = [&target, choices](const std::string& word) {
+        target = std::ranges::find(choices, word, &std::pair<std::string, Value>::first)->second;
+    };
+    app.add_option_function<std::string>(name, take, help)->check(CLI::IsMember(words))->option_text(placeholder);
+}
+
+void AddOutputOptions(CLI::App& app, OutputOptions& output) {
+    app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
+    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat,
+                                             {{"html", Format::Html}, {"text", Format::Text}, {"json", Format::Json}},
+                                             "FORMAT",
+                                             "html, text or json; by default FILE's ending tells, else\n"
+                                             "text goes to a terminal and html elsewhere");
+    AddChoice<Color, Color>(app, "--color", output.fColor,
+                            {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
+                            "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
+}
+
+void AddSettings(CLI::App& app, session::Settings& settings) {
+    app.add_option("--lang", settings.fLanguage, "Language of the report (default en); C shows source texts\nand keys")
+        ->option_text("LANG");
+    AddChoice<Labels, Labels>(app, "--variables", settings.fVariables,
+                              {{"name", Labels::Name}, {"label", Labels::Label}, {"both", Labels::Both}}, "WHAT",
+                              "Show variables by name, label (default) or both");
+    AddChoice<Labels, Labels>(app, "--values", settings.fValues,
+                              {{"value", Labels::Name}, {"label", Labels::Label}, {"both", Labels::Both}}, "WHAT",
+                              "Show data values by value, label (default) or both");
+    app.add_option("--templates", settings.fTemplateFolder,
+                   "A folder of chart templates that come before the installed\nones")
+        ->check(CLI::ExistingDirectory)
+        ->option_text("DIR");
+}
+
+/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open.
+std::optional<std::string> SettleFormat(OutputOptions& output) {
+    if (output.fFormat || output.fFile == "-") return {};
+    const std::size_t slash = output.fFile.find_last_of('/');
+    const std::string name = slash == std::string::npos ? output.fFile : output.fFile.substr(slash + 1);
+    const std::size_t dot = name.find_last_of('.');
+    if (dot == std::string::npos || dot == 0) return {};
+    const auto* found = std::ranges::find(kEndings, name.substr(dot), &std::pair<std::string_view, Format>::first);
+    if (found == std::end(kEndings)) {
+        return "--output: " + output.fFile + ": no format has the ending " + name.substr(dot) +
+               "; say which by --format";
+    }
+    output.fFormat = found->second;
+    return {};
+}
+
+std::optional<std::string> CheckLanguage(const std::string& language) {
+    const std::vector<std::string> languages = session::Languages();
+    if (std::ranges::find(languages, language) != languages.end()) return {};
+    std::string list;
+    for (const std::string& one : languages) list += (list.empty() ? "" : ", ") + one;
+    return "--lang: " + language + ": no such language; there are " + list;
+}
+
+Explanation Wrong(const std::string& what) { return {"hierfit: " + what + "\nTry: hierfit --help\n", true}; }
+
+Command Finish(ReportCommand command) {
+    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
+    return command;
+}
+
+Command Finish(RenderCommand command) {
+    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    return command;
+}
+
+Command ParseWith(CLI::App& app, int argumentCount, const char* const* arguments, const CLI::App* report,
+                  ReportCommand& reportCommand, RenderCommand& renderCommand) {
+    try {
+        app.parse(argumentCount, arguments);
+    } catch (const CLI::CallForHelp&) {
+        return Explanation{app.help(), false};
+    } catch (const CLI::CallForVersion& version) {
+        return Explanation{std::string(version.what()) + "\n", false};
+    } catch (const CLI::ParseError& error) {
+        return Wrong(error.what());
+    }
+    return report->parsed() ? Finish(std::move(reportCommand)) : Finish(std::move(renderCommand));
+}
+
+}  // namespace
+
+Command ParseCommandLine(int argumentCount, const char* const* arguments) {
+    CLI::App app(kAbout, "hierfit");
+    app.set_version_flag("--version", "hierfit " HIERFIT_VERSION, "Print the version");
+    app.set_help_flag("-h,--help", "Print this help");
+    app.footer(std::string(kExamples) + "\n" + kExitStatus);
+    app.require_subcommand(1);
+
+    ReportCommand reportCommand;
+    CLI::App* report = app.add_subcommand("report", "Read a model's two documents and write the report");
+    report
+        ->add_option("documents", reportCommand.fvDocuments,
+                     "MODEL.pmml and MODEL.statxml, or one FOLDER that\nholds model.pmml and model.statxml")
+        ->required()
+        ->expected(1, 2)
+        ->option_text("MODEL.pmml MODEL.statxml | FOLDER");
+    AddSettings(*report, reportCommand.fSettings);
+    AddOutputOptions(*report, reportCommand.fOutput);
+
+    RenderCommand renderCommand;
+    CLI::App* render = app.add_subcommand("render", "Write a document saved by --format json in another format");
+    render->add_option("document", renderCommand.fDocument, "The saved document; - is standard input")
+        ->required()
+        ->option_text("FILE.json");
+    AddOutputOptions(*render, renderCommand.fOutput);
+
+    for (CLI::App* command : {report, render}) command->footer(kExitStatus);
+    return ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
+}
+
+}  // namespace hierfit::program

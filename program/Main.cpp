@@ -1,0 +1,37 @@
+#include <csignal>
+#include <cstdio>
+#include <exception>
+#include <string>
+
+#include "Commands.h"
+
+namespace hierfit::program {
+
+namespace {
+
+void Print(std::FILE* stream, const std::string& text) { std::fwrite(text.data(), 1, text.size(), stream); }
+
+int RunCommandLine(int argumentCount, const char* const* arguments) {
+    const Command command = ParseCommandLine(argumentCount, arguments);
+    if (const auto* report = std::get_if<ReportCommand>(&command)) return Run(*report);
+    if (const auto* render = std::get_if<RenderCommand>(&command)) return Run(*render);
+    const Explanation& explanation = std::get<Explanation>(command);
+    Print(explanation.fIsError ? stderr : stdout, explanation.fText);
+    return explanation.fIsError ? kWrongUsage : kWritten;
+}
+
+}  // namespace
+
+int Main(int argumentCount, const char* const* arguments) {
+    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is an error of writing like any other
+    try {
+        return RunCommandLine(argumentCount, arguments);
+    } catch (const std::exception& error) {
+        Print(stderr, std::string("hierfit: ") + error.what() + "\n");
+        return kUnreadable;
+    }
+}
+
+}  // namespace hierfit::program
+
+int main(int argumentCount, char** arguments) { return hierfit::program::Main(argumentCount, arguments); }

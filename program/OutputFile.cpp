@@ -1,0 +1,83 @@
+#include "OutputFile.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include "Descriptor.h"
+
+namespace hierfit::program {
+
+namespace {
+
+FileError SystemError(const std::string& path) { return {path + ": " + std::strerror(errno)}; }
+
+bool WriteAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(descriptor, text.data(), text.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+/// The file behind a symbolic link, so that the link stays; the path itself where it leads nowhere yet.
+std::string FollowLinks(const std::string& path) {
+    char* const resolved = realpath(path.c_str(), nullptr);
+    if (!resolved) return path;
+    std::string target(resolved);
+    std::free(resolved);
+    return target;
+}
+
+std::optional<FileError> WriteDirectly(const std::string& path, std::string_view text) {
+    Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
+    if (!file.IsOpen() || !WriteAll(file.Get(), text) || !file.Close()) return SystemError(path);
+    return {};
+}
+
+/// Access rights of the file to come: those of the one it replaces, else what the system gives to new files.
+mode_t ChooseMode(const struct stat* present) {
+    if (present) return present->st_mode & 07777;
+    const mode_t mask = umask(0);
+    umask(mask);
+    return 0666 & ~mask;
+}
+
+std::optional<FileError> WriteBeside(const std::string& path, std::string_view text, const struct stat* present) {
+    std::string temporary = path + ".XXXXXX";
+    Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
+    if (!file.IsOpen()) return SystemError(path);
+    if (WriteAll(file.Get(), text) && fchmod(file.Get(), ChooseMode(present)) == 0 && file.Close() &&
+        rename(temporary.c_str(), path.c_str()) == 0) {
+        return {};
+    }
+    const FileError error = SystemError(path);
+    unlink(temporary.c_str());
+    return error;
+}
+
+}  // namespace
+
+std::optional<FileError> WriteOutput(const std::string& path, std::string_view text) {
+    if (path == "-") {
+        if (!WriteAll(STDOUT_FILENO, text)) return SystemError("standard output");
+        return {};
+    }
+    const std::string target = FollowLinks(path);
+    struct stat status {};
+    const bool exists = stat(target.c_str(), &status) == 0;
+    if (exists && S_ISDIR(status.st_mode)) {
+        errno = EISDIR;
+        return SystemError(path);
+    }
+    if (exists && !S_ISREG(status.st_mode)) return WriteDirectly(target, text);
+    return WriteBeside(target, text, exists ? &status : nullptr);
+}
+
+}  // namespace hierfit::program

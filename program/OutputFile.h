@@ -1,0 +1,16 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "Files.h"
+
+namespace hierfit::program {
+
+/// Writes a whole output: to standard output for "-", else to a file, which appears whole or not at all: the text goes
+/// to a temporary file beside it that then takes its name. What is no regular file (a pipe, a device) is written
+/// directly.
+std::optional<FileError> WriteOutput(const std::string& path, std::string_view text);
+
+}  // namespace hierfit::program

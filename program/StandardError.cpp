@@ -1,0 +1,42 @@
+#include "StandardError.h"
+
+#include <fmt/format.h>
+
+#include <cstdio>
+#include <variant>
+
+namespace hierfit::program {
+
+namespace {
+
+const char* LevelWord(int level) {
+    if (level <= 1) return "note";
+    return level == 2 ? "warning" : "error";
+}
+
+}  // namespace
+
+void PrintError(const std::string& text) { fmt::print(stderr, "hierfit: {}\n", text); }
+
+void PrintMessages(const std::list<document::Item>& items) {
+    for (const document::Item& item : items) {
+        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) PrintMessages(heading->fItems);
+        if (const auto* message = std::get_if<document::Message>(&item.fContent)) {
+            PrintError(fmt::format("{}: {}", LevelWord(message->fLevel), message->fText.fWords));
+        }
+    }
+}
+
+void PrintErrors(const document::Document& document, const std::vector<std::string>& paths) {
+    for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
+        if (!diagnostic.fPlace) {
+            PrintError(fmt::format("{}: {}", LevelWord(diagnostic.fLevel), diagnostic.fText));
+            continue;
+        }
+        const document::Place& place = *diagnostic.fPlace;
+        fmt::print(stderr, "{}:{}:{}: {}\n", paths[static_cast<std::size_t>(place.fSource)], place.fLine, place.fColumn,
+                   diagnostic.fText);
+    }
+}
+
+}  // namespace hierfit::program
