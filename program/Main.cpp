@@ -23,7 +23,9 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
 }  // namespace
 
 int Main(int argumentCount, const char* const* arguments) {
-    std::signal(SIGPIPE, SIG_IGN);  // a closed pipe is an error of writing like any other
+    // A closed pipe and a limit of file size are errors of writing like any other.
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
     try {
         return RunCommandLine(argumentCount, arguments);
     } catch (const std::exception& error) {
