@@ -1,0 +1,20 @@
+#pragma once
+
+#include <fstream>
+#include <iterator>
+#include <string>
+
+namespace hierfit::test {
+
+/// The text of a document of an example, such as ("oats", "model.statxml").
+inline std::string ReadExample(const std::string& example, const std::string& file) {
+    std::ifstream stream(std::string(HIERFIT_EXAMPLES) + "/" + example + "/" + file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+/// A text with the first place of another text replaced; the place must be there.
+inline std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+    return text.replace(text.find(from), from.size(), to);
+}
+
+}  // namespace hierfit::test
