@@ -19,6 +19,8 @@ RunContext& RunContext::Current() {
     return *gpCurrent;
 }
 
+RunContext* RunContext::CurrentOrNull() { return gpCurrent; }
+
 RunContext::Activation::Activation(RunContext& context) : fpBefore(std::exchange(gpCurrent, &context)) {}
 
 RunContext::Activation::~Activation() { gpCurrent = fpBefore; }

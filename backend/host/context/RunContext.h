@@ -63,6 +63,9 @@ class RunContext {
     /// The context of the run under way on this thread. Throws std::logic_error when there is none.
     static RunContext& Current();
 
+    /// The same, or null when there is none: values and documents serve without a run too.
+    static RunContext* CurrentOrNull();
+
     /// Makes a context the thread's current one for as long as it lives; then the one before is current again.
     class Activation {
       public:

@@ -10,9 +10,11 @@
 
 namespace hierfit::xml {
 
+struct Tree;
+
 /// Where and why a text is no XML that the host reads. Line and column count from 1, columns in characters.
 struct ParseError {
-    std::string fReason;   ///< such as "mismatched tag"
+    std::string fReason;  ///< such as "mismatched tag"
     int fLine;
     int fColumn;
     std::string fExcerpt;  ///< the line and, below it, a caret at the column; long lines are cut around it
@@ -26,8 +28,9 @@ struct Position {
 
 /// A parsed XML document: a compact tree of elements with their attributes and text. Immutable once parsed.
 ///
-/// Elements are numbers, 0 the document element; kNone is none. Names have lost their namespace prefix. An element's
-/// text is its own character data, that of its children left out.
+/// Elements are numbers in document order, 0 the document element; kNone is none. Names have lost their namespace
+/// prefix and namespace declarations are no attributes. An element's text is its own character data, that of its
+/// children left out. Texts are UTF-8, whatever the document was written in, and good as long as the document lives.
 ///
 /// Not read: document type declarations, more than 256 MiB, elements deeper than 256, more than 1,000 attributes at an
 /// element, names or attribute values over 16 MiB, more than 5 million elements. Each is an error with its place.
@@ -42,7 +45,12 @@ class Document {
     Document(const Document&) = delete;
     Document& operator=(const Document&) = delete;
 
+    /// Number of elements.
+    Node Size() const;
+
     std::string_view Name(Node node) const;
+
+    /// The element around it; kNone for the document element.
     Node Parent(Node node) const;
 
     /// The first child of that name, or kNone.
@@ -57,12 +65,14 @@ class Document {
     /// Where the element's start tag begins.
     Position PositionOf(Node node) const;
 
-    /// Names from the document element down, such as "StatXML/PMMLModel/ModelDiagnostics/Statistic[3]"; an index, from 1,
-    /// stands where the parent has several children of the name. Takes time linear in the siblings.
+    /// Names from the document element down, such as "StatXML/PMMLModel/ModelDiagnostics/Statistic[3]"; an index, from
+    /// 1, stands where the parent has several children of the name. Takes time linear in the siblings.
     std::string PathOf(Node node) const;
 
   private:
-    Document();
+    explicit Document(std::unique_ptr<const Tree> tree);
+
+    std::unique_ptr<const Tree> fpTree;
 };
 
 }  // namespace hierfit::xml

@@ -1,0 +1,47 @@
+#include "host/framework/MissText.h"
+
+#include <fmt/format.h>
+
+#include <string>
+
+#include "host/context/RunContext.h"
+#include "host/xml/Document.h"
+
+namespace hierfit::framework {
+
+namespace {
+
+using context::Miss;
+
+/// Index of the StatXML document among the sources of a run's output.
+constexpr int kStatXmlSource = 1;
+
+std::string Reason(const Miss& miss) {
+    switch (miss.fKind) {
+        case Miss::Kind::Attribute:
+            return fmt::format("attribute \"{}\" expected", miss.fName);
+        case Miss::Kind::Element:
+            return fmt::format("element \"{}\" expected", miss.fName);
+        case Miss::Kind::Array:
+            return "the array's quotes do not close";
+        case Miss::Kind::Field:
+            return fmt::format("\"{}\" is no field of the data source", miss.fName);
+        case Miss::Kind::Value:
+            break;
+    }
+    return fmt::format("\"{}\" is no value of variable \"{}\"", miss.fName, miss.fOwner);
+}
+
+}  // namespace
+
+std::optional<document::Diagnostic> DescribeMiss(const context::RunContext& run) {
+    const Miss* miss = run.GetMiss();
+    if (!miss) return std::nullopt;
+    const xml::Document* document = run.GetLastXml().get();
+    if (!document || miss->fNode >= document->Size()) return document::Diagnostic{3, Reason(*miss), std::nullopt};
+    const auto [line, column] = document->PositionOf(miss->fNode);
+    return document::Diagnostic{3, document->PathOf(miss->fNode) + ": " + Reason(*miss),
+                                document::Place{kStatXmlSource, line, column}};
+}
+
+}  // namespace hierfit::framework

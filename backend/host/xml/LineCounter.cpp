@@ -1,0 +1,63 @@
+#include "host/xml/LineCounter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace hierfit::xml {
+
+namespace {
+
+bool HasLoneReturn(std::string_view bytes) {
+    for (std::size_t at = bytes.find('\r'); at != std::string_view::npos; at = bytes.find('\r', at + 1)) {
+        if (at + 1 == bytes.size() || bytes[at + 1] != '\n') return true;
+    }
+    return false;
+}
+
+int CountUtf8(const char* begin, const char* end) {
+    return static_cast<int>(
+        std::count_if(begin, end, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
+}
+
+}  // namespace
+
+LineCounter::LineCounter(const SourceText& text)
+    : fpText(&text), fOnlyLineFeeds(!HasLoneReturn(text.Bytes())), fOffset(text.Begin()) {}
+
+Position LineCounter::MoveTo(std::size_t offset) {
+    const Encoding encoding = fpText->GetEncoding();
+    if (fOnlyLineFeeds && (encoding == Encoding::Utf8 || encoding == Encoding::OneByte)) {
+        PassBytes(offset);
+    } else {
+        PassCharacters(offset);
+    }
+    return fPosition;
+}
+
+void LineCounter::PassBytes(std::size_t offset) {
+    if (offset <= fOffset) return;
+    const char* at = fpText->Bytes().data() + fOffset;
+    const char* const end = fpText->Bytes().data() + offset;
+    while (const void* feed = std::memchr(at, '\n', static_cast<std::size_t>(end - at))) {
+        at = static_cast<const char*>(feed) + 1;
+        ++fPosition.fLine;
+        fPosition.fColumn = 1;
+    }
+    fPosition.fColumn += fpText->GetEncoding() == Encoding::Utf8 ? CountUtf8(at, end) : static_cast<int>(end - at);
+    fOffset = offset;
+}
+
+void LineCounter::PassCharacters(std::size_t offset) {
+    while (fOffset < offset) {
+        const auto [code, end] = fpText->At(fOffset);
+        fOffset = end;
+        const bool endsReturn = code == '\n' && fAfterReturn;
+        fAfterReturn = code == '\r';
+        if (endsReturn) continue;
+        const bool endsLine = code == '\n' || code == '\r';
+        fPosition.fLine += endsLine ? 1 : 0;
+        fPosition.fColumn = endsLine ? 1 : fPosition.fColumn + 1;
+    }
+}
+
+}  // namespace hierfit::xml

@@ -1,0 +1,199 @@
+#include "host/xml/TreeBuilder.h"
+
+#include <expat.h>
+
+#include <cstring>
+#include <new>
+#include <string_view>
+#include <utility>
+
+#include "host/xml/Excerpt.h"
+#include "host/xml/LineCounter.h"
+#include "host/xml/SourceText.h"
+
+namespace hierfit::xml {
+
+namespace {
+
+constexpr std::size_t kMostBytes = std::size_t{256} << 20U;
+constexpr std::size_t kMostValueBytes = std::size_t{16} << 20U;
+constexpr std::size_t kMostDepth = 256;
+constexpr std::size_t kMostAttributes = 1000;
+constexpr std::size_t kMostElements = 5'000'000;
+
+using ParserHandle = std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)>;
+
+/// Name without its namespace prefix.
+std::string_view LocalName(std::string_view name) {
+    const std::size_t colon = name.find(':');
+    return colon == std::string_view::npos || colon + 1 == name.size() ? name : name.substr(colon + 1);
+}
+
+bool IsNamespaceDeclaration(std::string_view name) { return name == "xmlns" || name.starts_with("xmlns:"); }
+
+/// Takes expat's events and grows the tree. The first thing that it will not read stops the parser.
+class TreeBuilder {
+  public:
+    explicit TreeBuilder(const std::string& text);
+
+    std::variant<std::unique_ptr<const Tree>, ParseError> Build();
+
+  private:
+    struct OpenElement {
+        std::uint32_t fElement;
+        std::size_t fPendingText;  ///< where its text begins in `fPending`
+    };
+
+    /// What expat calls: one of the operations below, until something was refused.
+    template <auto kOperation, typename... Arguments>
+    static void Handle(void* builder, Arguments... arguments);
+
+    void SetHandlers();
+    void Declare(const char* version, const char* encoding, int standalone);
+    void Start(const char* name, const char** attributes);
+    void AddAttributes(const char** attributes);
+    bool AddAttribute(std::string_view name, std::string_view value);
+    void AddText(const char* text, int length);
+    void End(const char* name);
+    void Other(const char* text, int length);
+
+    bool Refuse(const char* reason);
+    std::size_t CurrentOffset() const;
+    std::uint32_t AddCharacters(std::string_view characters);
+    ParseError Error(const char* reason, std::size_t offset) const;
+
+    SourceText fText;
+    LineCounter fLines;
+    ParserHandle fParser;
+    std::unique_ptr<Tree> fpTree = std::make_unique<Tree>();
+    std::vector<OpenElement> fvOpen;
+    std::string fPending;  ///< texts of the open elements so far, the innermost one's last
+    const char* fpRefusal = nullptr;
+    std::size_t fRefusedAt = 0;
+};
+
+TreeBuilder::TreeBuilder(const std::string& text)
+    : fText(text), fLines(fText), fParser(XML_ParserCreate(nullptr), &XML_ParserFree) {}
+
+template <auto kOperation, typename... Arguments>
+void TreeBuilder::Handle(void* builder, Arguments... arguments) {
+    auto& self = *static_cast<TreeBuilder*>(builder);
+    if (self.fpRefusal) return;
+    try {
+        (self.*kOperation)(arguments...);
+    } catch (const std::bad_alloc&) {
+        self.Refuse("out of memory");
+    }
+}
+
+// Comments and processing instructions have a handler, which does nothing, to keep them from the default one.
+void TreeBuilder::SetHandlers() {
+    XML_Parser parser = fParser.get();
+    XML_SetUserData(parser, this);
+    XML_SetXmlDeclHandler(parser, Handle<&TreeBuilder::Declare, const char*, const char*, int>);
+    XML_SetElementHandler(parser, Handle<&TreeBuilder::Start, const char*, const char**>,
+                          Handle<&TreeBuilder::End, const char*>);
+    XML_SetCharacterDataHandler(parser, Handle<&TreeBuilder::AddText, const char*, int>);
+    XML_SetCommentHandler(parser, [](void*, const char*) {});
+    XML_SetProcessingInstructionHandler(parser, [](void*, const char*, const char*) {});
+    XML_SetDefaultHandler(parser, Handle<&TreeBuilder::Other, const char*, int>);
+}
+
+std::variant<std::unique_ptr<const Tree>, ParseError> TreeBuilder::Build() {
+    const std::string_view bytes = fText.Bytes();
+    if (bytes.size() > kMostBytes) return Error("the document is larger than 256 MiB", fText.Begin());
+    if (!fParser) return Error("out of memory", fText.Begin());
+    SetHandlers();
+    if (XML_Parse(fParser.get(), bytes.data(), static_cast<int>(bytes.size()), XML_TRUE) == XML_STATUS_OK) {
+        return std::unique_ptr<const Tree>(std::move(fpTree));
+    }
+    if (fpRefusal) return Error(fpRefusal, fRefusedAt);
+    return Error(XML_ErrorString(XML_GetErrorCode(fParser.get())), CurrentOffset());
+}
+
+void TreeBuilder::Declare(const char*, const char* encoding, int) {
+    if (encoding) fText.Declare(encoding);
+}
+
+void TreeBuilder::Start(const char* name, const char** attributes) {
+    std::vector<ElementRecord>& elements = fpTree->fvElements;
+    const std::string_view fullName = name;
+    if (fvOpen.size() == kMostDepth) return void(Refuse("elements are nested deeper than 256 levels"));
+    if (elements.size() == kMostElements) return void(Refuse("the document has more than 5 million elements"));
+    if (fullName.size() > kMostValueBytes) return void(Refuse("a name is longer than 16 MiB"));
+
+    const auto index = static_cast<std::uint32_t>(elements.size());
+    const Position position = fLines.MoveTo(CurrentOffset());
+    elements.push_back({fpTree->fNames.Add(LocalName(fullName)), fvOpen.empty() ? index : fvOpen.back().fElement, 0,
+                        static_cast<std::uint32_t>(fpTree->fvAttributes.size()), 0, 0,
+                        static_cast<std::uint32_t>(position.fLine), static_cast<std::uint32_t>(position.fColumn)});
+    fvOpen.push_back({index, fPending.size()});
+    AddAttributes(attributes);
+}
+
+void TreeBuilder::AddAttributes(const char** attributes) {
+    std::size_t count = 0;
+    for (; *attributes; attributes += 2) {
+        if (++count > kMostAttributes) return void(Refuse("an element has more than 1,000 attributes"));
+        if (!AddAttribute(attributes[0], attributes[1])) return;
+    }
+}
+
+bool TreeBuilder::AddAttribute(std::string_view name, std::string_view value) {
+    if (name.size() > kMostValueBytes) return Refuse("a name is longer than 16 MiB");
+    if (value.size() > kMostValueBytes) return Refuse("an attribute value is longer than 16 MiB");
+    if (IsNamespaceDeclaration(name)) return true;
+    const NameTable::Id id = fpTree->fNames.Add(LocalName(name));
+    fpTree->fvAttributes.push_back({id, AddCharacters(value), static_cast<std::uint32_t>(value.size())});
+    return true;
+}
+
+void TreeBuilder::AddText(const char* text, int length) { fPending.append(text, static_cast<std::size_t>(length)); }
+
+void TreeBuilder::End(const char*) {
+    const auto [index, begin] = fvOpen.back();
+    ElementRecord& element = fpTree->fvElements[index];
+    const std::string_view text = std::string_view(fPending).substr(begin);
+    element.fText = AddCharacters(text);
+    element.fTextLength = static_cast<std::uint32_t>(text.size());
+    element.fEnd = static_cast<std::uint32_t>(fpTree->fvElements.size());
+    fPending.resize(begin);
+    fvOpen.pop_back();
+}
+
+void TreeBuilder::Other(const char* text, int length) {
+    const std::string_view token(text, static_cast<std::size_t>(length));
+    if (token.starts_with("<!DOCTYPE")) Refuse("document type declarations are not read");
+}
+
+/// False always, so that a caller can hand it on.
+bool TreeBuilder::Refuse(const char* reason) {
+    fpRefusal = reason;
+    fRefusedAt = CurrentOffset();
+    XML_StopParser(fParser.get(), XML_FALSE);
+    return false;
+}
+
+std::size_t TreeBuilder::CurrentOffset() const {
+    const XML_Index index = XML_GetCurrentByteIndex(fParser.get());
+    return index < 0 ? fText.Begin() : static_cast<std::size_t>(index);
+}
+
+std::uint32_t TreeBuilder::AddCharacters(std::string_view characters) {
+    const auto offset = static_cast<std::uint32_t>(fpTree->fCharacters.size());
+    fpTree->fCharacters.append(characters);
+    return offset;
+}
+
+ParseError TreeBuilder::Error(const char* reason, std::size_t offset) const {
+    const Position position = LineCounter(fText).MoveTo(offset);
+    return {reason, position.fLine, position.fColumn, Excerpt(fText, offset)};
+}
+
+}  // namespace
+
+std::variant<std::unique_ptr<const Tree>, ParseError> BuildTree(const std::string& text) {
+    return TreeBuilder(text).Build();
+}
+
+}  // namespace hierfit::xml
