@@ -13,9 +13,6 @@ namespace {
 
 using context::Miss;
 
-/// Index of the StatXML document among the sources of a run's output.
-constexpr int kStatXmlSource = 1;
-
 std::string Reason(const Miss& miss) {
     switch (miss.fKind) {
         case Miss::Kind::Attribute:
@@ -41,7 +38,7 @@ std::optional<document::Diagnostic> DescribeMiss(const context::RunContext& run)
     if (!document || miss->fNode >= document->Size()) return document::Diagnostic{3, Reason(*miss), std::nullopt};
     const auto [line, column] = document->PositionOf(miss->fNode);
     return document::Diagnostic{3, document->PathOf(miss->fNode) + ": " + Reason(*miss),
-                                document::Place{kStatXmlSource, line, column}};
+                                document::Place{document::kStatXmlSource, line, column}};
 }
 
 }  // namespace hierfit::framework

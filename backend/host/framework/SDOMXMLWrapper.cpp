@@ -18,9 +18,6 @@ using context::Miss;
 using context::RunContext;
 using Node = xml::Document::Node;
 
-/// Index of the StatXML document among the sources of a run's output.
-constexpr int kStatXmlSource = 1;
-
 void Touch(Node node) {
     if (RunContext* run = RunContext::CurrentOrNull()) run->Touch(node);
 }
@@ -45,7 +42,7 @@ void TellError(const xml::ParseError& error) {
     RunContext* run = RunContext::CurrentOrNull();
     if (!run) return;
     run->AddDiagnostic(3, error.fReason + '\n' + error.fExcerpt,
-                       document::Place{kStatXmlSource, error.fLine, error.fColumn});
+                       document::Place{document::kStatXmlSource, error.fLine, error.fColumn});
 }
 
 void RememberDocument(std::shared_ptr<const xml::Document> document) {
@@ -127,7 +124,8 @@ void Diagnose(const SDOMXMLWrapper& element, const std::string& text) {
     if (!element.fpPool) return run->AddDiagnostic(2, text, std::nullopt);
     const xml::Document& document = element.fpPool->GetDocument();
     const auto [line, column] = document.PositionOf(element.fNode);
-    run->AddDiagnostic(2, document.PathOf(element.fNode) + ": " + text, document::Place{kStatXmlSource, line, column});
+    run->AddDiagnostic(2, document.PathOf(element.fNode) + ": " + text,
+                       document::Place{document::kStatXmlSource, line, column});
 }
 
 }  // namespace hierfit

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <optional>
+#include <string_view>
+
+#include "host/KEST_Format.h"
+
+namespace hierfit::pmml {
+
+/// A print format from its text: F, width and decimals for numbers, such as "F8.2" or "F3"; A and width for texts, such
+/// as "A12". Widths go from 1 to 255 and are more than the decimals, of which there are at most 16. Nothing for any
+/// other text.
+std::optional<KEST_Format> ParsePrintFormat(std::string_view text);
+
+}  // namespace hierfit::pmml
