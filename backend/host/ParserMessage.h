@@ -4,7 +4,7 @@
 
 namespace hierfit {
 
-/// Translates texts that the procedure needs as strings, in the language of the run that was under way when it was made.
+/// Translates texts that the procedure needs as strings, in the language of the run that is under way.
 class ParserMessage {
   public:
     void SetCommandName(const std::string& name) { fCommandName = name; }

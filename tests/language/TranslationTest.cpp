@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include "host/FacSTDictionary.h"
+#include "host/ParserMessage.h"
+#include "host/PathFactory.h"
+#include "host/language/Catalogue.h"
+
+namespace hierfit::language::test {
+
+namespace {
+
+using Arguments = std::vector<std::string_view>;
+
+/// A run in English, or in no language at all.
+class Run {
+  public:
+    explicit Run(bool isEnglish, const std::string& shareDirectory = "share")
+        : fpCatalogue(isEnglish ? Catalogue::Open(HIERFIT_SHARE "/languages/en.mo") : nullptr),
+          fContext({}, fpCatalogue.get(), shareDirectory),
+          fActivation(fContext) {
+        if (isEnglish && !fpCatalogue) throw std::runtime_error("no English catalogue");
+    }
+
+  private:
+    std::unique_ptr<Catalogue> fpCatalogue;
+    context::RunContext fContext;
+    context::RunContext::Activation fActivation;
+};
+
+}  // namespace
+
+TEST(FillMarks, FillsInOnePass) {
+    const struct {
+        std::string_view fText;
+        Arguments fvArguments;
+        std::string fFilled;
+    } cases[] = {
+        {"", {"a"}, ""},
+        {"no mark", {"a"}, "no mark"},
+        {"^1 by ^2", {"a", "b"}, "a by b"},
+        {"^2 before ^1, ^2", {"a", "b"}, "b before a, b"},
+        {"^1^1", {"a"}, "aa"},
+        {"^1-^2", {"^2", "^1"}, "^2-^1"},
+        {"^1", {""}, ""},
+        {"^1 ^2 ^3", {"a", {}, "c"}, "a ^2 c"},
+        {"^1 ^2", {"a"}, "a ^2"},
+        {"^9 ^9", {"", "", "", "", "", "", "", "", "i"}, "i i"},
+        {"^0 ^a ^: ^", {"a"}, "^0 ^a ^: ^"},
+        {"^^1", {"a"}, "^a"},
+        {"^10", {"a"}, "a0"},
+        {"\xE2\x82\xAC^1\xE2\x82\xAC", {"\xC3\xA9"}, "\xE2\x82\xAC\xC3\xA9\xE2\x82\xAC"},
+    };
+    for (const auto& [text, arguments, filled] : cases) EXPECT_EQ(FillMarks(text, arguments), filled);
+}
+
+TEST(Translation, ReadsTheEnglishCatalogue) {
+    const struct {
+        std::string fKey;
+        std::string fEnglish;
+        std::string fUntranslated;
+    } cases[] = {
+        {"Model Summary", "Model Summary", "Model Summary"},
+        {"Variance ", "Variance", "Variance "},
+        {"Variance", "Variance", "Variance"},
+        {"VarOfEffect", "Variance of A", "VarOfEffect"},
+        {"UN (^1,^2)", "UN (A,B)", "UN (A,B)"},
+        {"E60868", "Count", "E60868"},
+        {"kGLMM_C19_1", "The contrasts between the levels of A could not be computed.", "kGLMM_C19_1"},
+        {"Probability Distribution ^1, Link Function ^2 ...", "Probability distribution: A; link function: B",
+         "Probability Distribution A, Link Function B ..."},
+        {"Target\\: ^1", "Target: A", "Target\\: A"},
+        {"[%1:\n^1:]1", "[%1:\nA:]1", "[%1:\nA:]1"},
+        {"a variable's name", "a variable's name", "a variable's name"},
+        {"", "", ""},
+    };
+    for (const bool isEnglish : {true, false}) {
+        const Run run(isEnglish);
+        for (const auto& [key, english, untranslated] : cases)
+            EXPECT_EQ(ParserMessage().GetTranslatedText(key, "A", "B", nullptr, nullptr, nullptr),
+                      isEnglish ? english : untranslated);
+    }
+}
+
+TEST(Translation, FillsUpToFiveMarks) {
+    const Run run(false);
+    const ParserMessage message;
+    EXPECT_EQ(message.GetTranslatedText("^1^2^3^4^5^6", "a", "b", "c", "d", "e"), "abcde^6");
+    EXPECT_EQ(message.GetTranslatedText("^1^2^3^4^5", nullptr, "b", nullptr, "", nullptr), "^1b^3^5");
+}
+
+TEST(Translation, TheDictionaryLeavesMarks) {
+    const std::string key = "Probability Distribution ^1, Link Function ^2 ...";
+    const Run run(true);
+    FacSTDictionary dictionary(PathFactory::getPathInstance(3).GetStringTableLocation());
+    dictionary.SetProcedure("Any");
+    EXPECT_EQ(dictionary.LookUp(key), "Probability distribution: ^1; link function: ^2");
+    EXPECT_EQ(dictionary.LookUp("none such ^1"), "none such ^1");
+    const Run inner(false);
+    EXPECT_EQ(dictionary.LookUp(key), key) << "the run that is under way decides";
+}
+
+TEST(PathFinder, TellsWhereTheRunsFilesLie) {
+    for (const char* share : {"a/share", "a/share/"}) {
+        const Run run(false, share);
+        EXPECT_EQ(PathFactory::getPathInstance(3).GetBaseDirectory(), "a/share/");
+        EXPECT_EQ(PathFactory::getPathInstance().GetStringTableLocation(), "a/share/languages/");
+    }
+}
+
+}  // namespace hierfit::language::test
