@@ -1,0 +1,72 @@
+#include <gtest/gtest.h>
+
+#include "json/Samples.h"
+#include "report/json/JsonDocument.h"
+
+namespace hierfit::report {
+namespace {
+
+std::string Repeat(const std::string& text, int count) {
+    std::string result;
+    for (int i = 0; i < count; ++i) result += text;
+    return result;
+}
+
+std::string FindFailure(const std::string& json) {
+    const auto result = ReadJson(json);
+    const auto* error = std::get_if<JsonError>(&result);
+    return error ? error->fText : std::string();
+}
+
+/// A document of messages; the last is within `depth` headings whose kind stands last.
+std::string MakeHeadings(int depth, const std::string& innermost) {
+    return R"({"format": "hierfit-output", "version": 1, "producer": "", "language": "", "title": "", "sources": [],
+               "diagnostics": [], "items": [)" +
+           Repeat(R"({"title": {"text": "", "from": {"string": "", "translate": false}}, "items": [)", depth) +
+           innermost + Repeat(R"(], "kind": "heading"})", depth) + "]}";
+}
+
+TEST(JsonHostile, NestingIsLimited) {
+    constexpr int kDeep = 200'000;
+    for (const std::string open : {"[", "{\"a\":", "[[{\"kind\":"}) {
+        EXPECT_EQ(FindFailure("{\"extra\": " + Repeat(open, kDeep)), "at most 100 levels of nesting expected");
+    }
+    EXPECT_EQ(FindFailure("{\"extra\": " + Repeat("[", 99) + Repeat("]", 99) + "}"), "key \"format\" expected");
+    EXPECT_EQ(FindFailure(MakeHeadings(49, "")), "");
+    EXPECT_EQ(FindFailure(MakeHeadings(50, "")), "at most 100 levels of nesting expected");
+}
+
+TEST(JsonHostile, LookingForKindsIsLimited) {
+    const std::string extra = "{\"extra\": [" + Repeat("0, ", 300'000) + "0], \"kind\": \"\"}";
+    EXPECT_EQ(FindFailure(MakeHeadings(40, extra)), "\"kind\" as the first key expected");
+    EXPECT_EQ(FindFailure(MakeHeadings(5, extra)), "\"heading\", \"table\", \"chart\" or \"message\" expected");
+}
+
+TEST(JsonHostile, ListsAreLimited) {
+    const std::string many = "[" + Repeat("0,", 10'000'000) + "0]";
+    EXPECT_EQ(FindFailure(R"({"items": [{"kind": "table", "cells": [{"at": )" + many),
+              "at most 10000000 elements in all lists expected");
+    EXPECT_EQ(FindFailure("{\"extra\": " + many + "}"), "key \"format\" expected");
+}
+
+/// Every byte of the small document changed to a few others: what comes of it is a failure or a document that is
+/// written and read like any.
+TEST(JsonHostile, ChangedBytesDoNoHarm) {
+    const std::string json = WriteJson(testing::MakeSmallDocument());
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        for (const char byte : {'\0', '"', '\\', '{', ']', ',', '9', '-', ' ', '\xC3'}) {
+            std::string changed = json;
+            changed[i] = byte;
+            const auto result = ReadJson(changed);
+            if (const auto* document = std::get_if<document::Document>(&result)) {
+                const std::string written = WriteJson(*document);
+                const auto again = ReadJson(written);
+                ASSERT_TRUE(std::holds_alternative<document::Document>(again)) << changed;
+                EXPECT_EQ(WriteJson(std::get<document::Document>(again)), written);
+            }
+        }
+    }
+}
+
+}  // namespace
+}  // namespace hierfit::report
