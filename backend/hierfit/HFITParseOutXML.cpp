@@ -1,0 +1,87 @@
+#include "hierfit/HFITParseOutXML.h"
+
+#include <exception>
+#include <sstream>
+
+#include "hierfit/XmlReading.h"
+#include "host/BpError.h"
+#include "host/Diagnose.h"
+
+namespace hierfit {
+
+HFITParseOutXML::HFITParseOutXML(const KEST_DataSource* dataSource, HFITOutputStats* stats, const std::string& PMMLStr,
+                                 const std::string& statXMLStr)
+    : fSysMis(kSystemMissing),
+      fDataSource(dataSource),
+      fpStats(stats),
+      fpPMMLStr(&PMMLStr),
+      fpStatXMLStr(&statXMLStr) {}
+
+bool HFITParseOutXML::Parse() { return ParsePMML(*fpPMMLStr) && ParseStatXML(*fpStatXMLStr); }
+
+bool HFITParseOutXML::ParsePMML(const std::string& PMMLStr) {
+    if (fPMMLParsed) return true;
+    MCPMMLParser parser;
+    std::istringstream stream(PMMLStr);
+    if (parser.ParseToDOM(stream).IsError()) return false;
+    if (parser.FillVarList(fpStats->CreateVarList(), {}, false).IsError()) return false;
+    fpStats->BuildVarMap();
+    fPMMLParsed = true;
+    return true;
+}
+
+bool HFITParseOutXML::ParseStatXML(const std::string& statXMLStr) {
+    if (fStatXMLParsed) return true;
+    if (statXMLStr.empty()) return false;
+    try {
+        fStatXMLParsed = ReadDocument(statXMLStr);
+    } catch (const std::exception& exception) {
+        fStatXMLParsed = false;
+        Diagnose(std::string("the reading broke off: ") + exception.what());
+    } catch (...) {
+        fStatXMLParsed = false;
+    }
+    if (!fStatXMLParsed)
+        BpError(BpString("StatXML parsing error ...", true), BpErrorShow::InOutput, BpErrorLevel::Error);
+    return fStatXMLParsed;
+}
+
+bool HFITParseOutXML::ReadDocument(const std::string& statXMLStr) {
+    SDOMXMLWrapper root;
+    const bool isLoaded = root.LoadFromString(statXMLStr) != nullptr;
+    fpBuildSettings = fpStats->CreateBuildSettings();
+    return isLoaded && ReadAlgorithmName(root) && ReadSettingsPart(root) && ReadDiagnosticsPart(root) &&
+           ReadTrainingPart(root);
+}
+
+bool HFITParseOutXML::ReadAlgorithmName(const SDOMXMLWrapper& root) {
+    const SDOMXMLWrapper* summary = FirstElement(root, "PMMLModel/PredictiveSummary");
+    if (!summary || !summary->GetAttribute("algorithmName", fpBuildSettings->fAlgorithmName)) return false;
+    if (fpBuildSettings->fAlgorithmName == "GLMM") return true;
+    Diagnose(*summary, "the algorithm is \"" + fpBuildSettings->fAlgorithmName + "\", not \"GLMM\"");
+    return false;
+}
+
+bool HFITParseOutXML::ReadSettingsPart(const SDOMXMLWrapper& root) {
+    SDOMXMLWrapper* settings = FirstElement(root, "BuildSettings");
+    if (settings && ReadBuildSettings(settings, fpBuildSettings)) return true;
+    fpStats->RemoveBuildSettings();
+    fpBuildSettings = nullptr;
+    return false;
+}
+
+bool HFITParseOutXML::ReadDiagnosticsPart(const SDOMXMLWrapper& root) {
+    ModelDiagnostics* record = fpStats->CreateModelDiagnostics();
+    SDOMXMLWrapper* diagnostics = FirstElement(root, "PMMLModel/ModelDiagnostics");
+    return diagnostics && ReadModelDiagnostics(diagnostics, record);
+}
+
+bool HFITParseOutXML::ReadTrainingPart(const SDOMXMLWrapper& root) {
+    const SDOMXMLWrapper* training = FirstElement(root, "PMMLModel/TrainingSummary");
+    if (!training) return false;
+    SDOMXMLIterator* messages = nullptr;
+    if (!training->GetElementIterator("Message", &messages, true)) return true;
+    return ParseWarningMessages(messages, &fpStats->GetWarningList());
+}
+
+}  // namespace hierfit
