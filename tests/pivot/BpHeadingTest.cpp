@@ -1,0 +1,78 @@
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "host/BpError.h"
+#include "host/document/Document.h"
+#include "tests/pivot/PivotRun.h"
+
+namespace hierfit {
+namespace {
+
+class Headings : public test::PivotRun {
+  protected:
+    void Report(const char* text) { BpError(Fixed(text), BpErrorShow::InOutput, BpErrorLevel::Warning); }
+
+    // "heading(item item)", tables and messages by their texts.
+    static std::string Describe(const std::list<document::Item>& items) {
+        std::string text;
+        for (const document::Item& item : items) {
+            if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
+                text += heading->fTitle.fWords + "(" + Describe(heading->fItems) + ") ";
+            } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
+                text += table->fTitle.fWords + " ";
+            } else {
+                text += std::get<document::Message>(item.fContent).fText.fWords + " ";
+            }
+        }
+        if (!text.empty()) text.pop_back();
+        return text;
+    }
+};
+
+TEST_F(Headings, MessagesGoUnderTheInnermostThatIsHeld) {
+    BpProcedure procedure;
+    Report("1");
+    std::optional<BpHeading> outer = procedure.Heading(Fixed("outer"));
+    Report("2");
+    {
+        BpHeading inner = outer->Heading(Fixed("inner"));
+        const BpHeading copy = inner;
+        inner = *outer;
+        Report("3");
+    }
+    Report("4");
+    procedure.PivotTable(Fixed("T"), Fixed(""), false);
+    BpHeading second = procedure.Heading(Fixed("second"));
+    outer.reset();
+    Report("5");
+    second = procedure;
+    Report("6");
+    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "1 outer(2 inner(3) 4) T second(5) 6");
+}
+
+TEST_F(Headings, ATableDoesNotHoldItsHeading) {
+    BpPivotTable table = BpProcedure().Heading(Fixed("h")).PivotTable(Fixed("T"), Fixed(""), false);
+    Report("m");
+    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "h(T) m");
+}
+
+TEST_F(Headings, MessagesKeepWhatTheyWereGiven) {
+    BpError(BpString("word", true), BpErrorShow::InOutput, BpErrorLevel::Error);
+    const document::Message expected{{"Wort", document::StringSource{"word", true}}, 2, 3};
+    EXPECT_EQ(std::get<document::Message>(fContext.GetDocument().fItems.front().fContent), expected);
+}
+
+TEST_F(Headings, OutputGoesToTheRunThatIsUnderWay) {
+    context::RunContext other({}, nullptr, "");
+    {
+        const context::RunContext::Activation activation(other);
+        BpProcedure().Heading(Fixed("there"));
+    }
+    BpProcedure().Heading(Fixed("here"));
+    EXPECT_EQ(Describe(other.GetDocument().fItems), "there()");
+    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "here()");
+}
+
+}  // namespace
+}  // namespace hierfit

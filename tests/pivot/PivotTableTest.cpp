@@ -1,0 +1,211 @@
+#include "host/BpPivotTable.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "host/document/Document.h"
+#include "report/layout/Grid.h"
+#include "tests/pivot/PivotRun.h"
+#include "tests/support/GridDrawing.h"
+
+namespace hierfit {
+namespace {
+
+using document::Side;
+
+class PivotTable : public test::PivotRun {
+  protected:
+    BpDimension AddDimension(const char* name, BpPlace place, int index) {
+        BpDimension dimension = fTable->Dimension(Fixed(name), BpSort::AsIssued);
+        dimension.Position(place, index, false, false);
+        return dimension;
+    }
+
+    const document::Table& GetTable() {
+        return std::get<document::Table>(fContext.GetDocument().fItems.front().fContent);
+    }
+
+    std::string Draw() { return "\n" + test::DrawGrid(report::MakeGrid(GetTable())); }
+
+    std::optional<BpPivotTable> fTable{BpProcedure().PivotTable(Fixed("Title"), Fixed("Kind"), true)};
+};
+
+TEST_F(PivotTable, WritesAtTheCurrentCategoryOfEveryDimension) {
+    BpDimension rows = AddDimension("Rows", BpPlace::Rows, 1);
+    BpDimension columns = AddDimension("Columns", BpPlace::Columns, 1);
+    BpCategory a = rows.Category(Fixed("a"));
+    columns.Category(Fixed("x"));
+    a.Cell(Fixed("1"));
+    BpGroup group = columns.Group(Fixed("g"), true, BpSort::AsIssued);
+    a.Cell(Fixed("2"));
+    group.Category(Fixed("y")).Cell(Fixed("3"));
+    rows.Category(Fixed("b"));
+    a.Cell(Fixed("4"));
+    EXPECT_EQ(Draw(), R"(
+ | [Columns] | <
+ | x | (g)
+[Rows] | ^ | y
+a | 2 | 3
+b | | 4
+)");
+}
+
+TEST_F(PivotTable, FindsMembersByTheirText) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    for (const char* name : {"same", "other", "same"}) {
+        rows.Category(Fixed(name)).Cell(Fixed(name));
+        rows.Group(Fixed("same"), true, BpSort::Ascending).Category(Fixed(name)).Cell(Fixed("in"));
+    }
+    rows.Group(Fixed("same"), true, BpSort::AsIssued).Group(Fixed("same"), true, BpSort::AsIssued);
+    EXPECT_EQ(Draw(), R"(
+[R] | < |
+same | < | same
+(same) | other | in
+^ | same | in
+other | < | other
+)");
+    EXPECT_EQ(GetTable().fvCells.size(), 4u);
+}
+
+// Labels that look alike may be two categories, and one category may be asked for in two ways.
+TEST_F(PivotTable, TellsLabelsApartByWhatTheyAreMadeFrom) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    const auto composite = [](const char* pattern, std::initializer_list<BpNumber> arguments, bool inSublist) {
+        BpComposite text(pattern, false);
+        if (inSublist) text.Sublist();
+        for (const BpNumber& argument : arguments) text.Add(argument);
+        text.Finish();
+        return text;
+    };
+    const BpFormatSpec count = BpProcedure::Count();
+    const BpFormatSpec digits = BpProcedure::SigDigit(1);
+    const std::vector<std::shared_ptr<BpCellText>> labels = {
+        std::make_shared<BpString>("1", false),
+        std::make_shared<BpString>("1", true),  // the same again
+        std::make_shared<BpNumber>(1, count),
+        std::make_shared<BpNumber>(1.0000001, count),
+        std::make_shared<BpNumber>(1, digits),
+        std::make_shared<BpNumber>(1, BpProcedure::SigDigit(2)),
+        std::make_shared<BpVariable>(nullptr, BpShow::InList),
+        std::make_shared<BpVariable>(nullptr, BpShow::AsHeader),  // the same again
+        std::make_shared<BpDataValue>(nullptr, 1.0, BpPreference::Plain),
+        std::make_shared<BpDataValue>(nullptr, 1.0, BpPreference::AsHeader),  // the same again
+        std::make_shared<BpComposite>(composite("1", {}, false)),
+        std::make_shared<BpComposite>(composite("^1", {{1, count}}, false)),
+        std::make_shared<BpComposite>(composite("^1", {{1, digits}}, false)),
+        std::make_shared<BpComposite>(composite("^1", {{1, count}, {2, count}}, false)),
+        std::make_shared<BpComposite>(composite("^1", {{1, count}}, true)),
+        std::make_shared<BpComposite>(composite("^1", {{1, count}}, false)),  // the same again
+        std::make_shared<BpNumber>(0.0, count),
+        std::make_shared<BpNumber>(-0.0, count),  // the same again
+    };
+    for (const auto& label : labels) rows.Category(*label);
+    EXPECT_EQ(GetTable().fvDimensions[0].fMembers.size(), labels.size() - 5);
+}
+
+TEST_F(PivotTable, KeepsTheLastCellAtAPlace) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    BpCategory a = rows.Category(Fixed("a"));
+    a.Cell(Fixed("first"));
+    a.CellNote(Annotate("gone"));
+    rows.Category(Fixed("b")).Cell(Fixed("b"));
+    rows.Category(Fixed("a")).Cell(Fixed("last"));
+    ASSERT_EQ(GetTable().fvCells.size(), 2u);
+    EXPECT_EQ(GetTable().fvCells[0].fContent.fWords, "last");
+    EXPECT_TRUE(GetTable().fvCells[0].fvNotes.empty());
+}
+
+TEST_F(PivotTable, GivesANoteToTheCellJustWrittenOrElseToTheCategory) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    BpDimension columns = AddDimension("C", BpPlace::Columns, 1);
+    BpCategory a = rows.Category(Fixed("a"));
+    a.CellNote(Annotate("row, nothing written"));
+    BpCategory x = columns.Category(Fixed("x"));
+    x.Cell(Fixed("1"));
+    a.CellNote(Annotate("cell, whichever category is asked"));
+    x.Note(Annotate("column, always"));
+    columns.Group(Fixed("g"), true, BpSort::AsIssued);
+    x.CellNote(Annotate("cell, a group does not part"));
+    columns.Category(Fixed("y"));
+    x.CellNote(Annotate("column, since a category was chosen"));
+    EXPECT_EQ(Draw(), R"(
+ | [C]
+[R] | x*a*b
+a*c | 1*d*e
+a: column, always
+b: column, since a category was chosen
+c: row, nothing written
+d: cell, whichever category is asked
+e: cell, a group does not part
+)");
+}
+
+TEST_F(PivotTable, PlacesDimensionsThatWereNot) {
+    AddDimension("outer", BpPlace::Rows, 3);
+    fTable->Dimension(Fixed("first left"), BpSort::AsIssued);
+    AddDimension("columns", BpPlace::Columns, 1);
+    AddDimension("inner", BpPlace::Rows, 1);
+    std::optional<BpDimension> last = fTable->Dimension(Fixed("second left"), BpSort::AsIssued);
+    std::optional<BpCategory> category = last->Category(Fixed("a"));
+    fTable.reset();
+    last.reset();
+    EXPECT_EQ(GetTable().fvDimensions[1].fIndex, 0) << "a category still holds the table";
+    category.reset();
+    std::string places;
+    for (const document::Dimension& dimension : GetTable().fvDimensions) {
+        places += dimension.fName.fWords + (dimension.fSide == Side::Rows ? " rows " : " columns ") +
+                  std::to_string(dimension.fIndex) + (dimension.fPositioned ? "\n" : " by default\n");
+    }
+    EXPECT_EQ(places,
+              "outer rows 3\nfirst left rows 2 by default\ncolumns columns 1\ninner rows 1\n"
+              "second left rows 4 by default\n");
+}
+
+TEST_F(PivotTable, TakesDimensionsAfterCells) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    BpCategory a = rows.Category(Fixed("a"));
+    a.Cell(Fixed("1"));
+    for (const char* name : {"C", "D", "E", "F", "G"}) AddDimension(name, BpPlace::Columns, 1);
+    a.Cell(Fixed("2"));
+    rows.Group(Fixed("g"), true, BpSort::AsIssued).Category(Fixed("b")).Cell(Fixed("3"));
+    ASSERT_EQ(GetTable().fvCells.size(), 2u);
+    EXPECT_EQ(GetTable().fvCells[0].fContent.fWords, "2");
+    EXPECT_EQ(GetTable().fvCells[0].fvAt, (std::vector<int>{0, -1, -1, -1, -1, -1}));
+    EXPECT_EQ(GetTable().fvDimensions[0].fMembers.size(), 2u);
+}
+
+TEST_F(PivotTable, KeepsWhatItWasGiven) {
+    fTable->Caption(Fixed("caption"));
+    fTable->Note(Annotate("note"));
+    fTable->MinDataColumnWidth(150);
+    BpDimension dimension = fTable->Dimension(BpString("word", true), BpSort::Descending);
+    dimension.Position(BpPlace::Columns, 2, true, false);
+    dimension.Group(Fixed("g"), false, BpSort::Ascending);
+    const document::Table& table = GetTable();
+    EXPECT_EQ(table.fTitle.fWords + table.fSubtype.fWords, "TitleKind");
+    EXPECT_TRUE(table.fFlag);
+    EXPECT_EQ(table.fMinDataColumnWidth, 150);
+    EXPECT_EQ(table.fvCaptions.at(0).fWords + table.fvNotes.at(0).fWords, "captionnote");
+    const document::Text name{"Wort", document::StringSource{"word", true}};
+    const document::Group group{{"g", document::StringSource{"g", false}}, false, 0, {}};
+    const document::Dimension expected{name, 1, true, Side::Columns, 2, true, false, {{group}}};
+    EXPECT_EQ(table.fvDimensions.at(0), expected);
+}
+
+TEST_F(PivotTable, IsLinear) {
+    BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
+    BpDimension columns = AddDimension("C", BpPlace::Columns, 1);
+    const auto start = std::chrono::steady_clock::now();
+    for (int row = 0; row < 50'000; ++row) {
+        rows.Category(BpNumber(row, BpProcedure::Count()));
+        for (const char* column : {"x", "y"}) {
+            columns.Category(Fixed(column)).Cell(BpNumber(row, BpProcedure::Coefficient()));
+        }
+    }
+    EXPECT_EQ(GetTable().fvCells.size(), 100'000u);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(10)) << "tenfold of a slow build's time";
+}
+
+}  // namespace
+}  // namespace hierfit
