@@ -1,0 +1,97 @@
+#include "report/html/Contents.h"
+
+#include "report/html/Anchors.h"
+#include "report/html/HtmlEscape.h"
+#include "report/html/Words.h"
+
+namespace hierfit::report::html {
+
+namespace {
+
+class Lister {
+  public:
+    explicit Lister(std::vector<Entry>& entries) : fEntries(entries) {}
+
+    void Add(const std::list<document::Item>& items, int depth) {
+        for (const document::Item& item : items) {
+            fEntries.push_back({&item, depth, fAnchors.Name(item)});
+            if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) Add(heading->fItems, depth + 1);
+        }
+    }
+
+  private:
+    std::vector<Entry>& fEntries;
+    Anchors fAnchors;
+};
+
+struct Title {
+    std::string_view operator()(const document::Heading& heading) const { return heading.fTitle.fWords; }
+    std::string_view operator()(const document::Table& table) const { return table.fTitle.fWords; }
+    std::string_view operator()(const document::Chart& chart) const { return chart.fDescription; }
+    std::string_view operator()(const document::Message& message) const { return message.fText.fWords; }
+};
+
+void AppendLink(std::string& out, std::string_view anchor, std::string_view before, std::string_view title) {
+    out += "<a href=\"#";
+    out += anchor;
+    out += "\">";
+    out += before;
+    AppendText(out, title);
+    out += "</a>";
+}
+
+void AppendEntry(std::string& out, const Entry& entry) {
+    std::string level;
+    if (const auto* message = std::get_if<document::Message>(&entry.fpItem->fContent)) {
+        level = words::LevelOf(message->fLevel).fWord;
+        level += ": ";
+    }
+    AppendLink(out, entry.fAnchor, level, TitleOf(*entry.fpItem));
+}
+
+// From an entry to one at another depth; an entry goes at most one deeper than the one before.
+void AppendStep(std::string& out, int from, int to) {
+    if (to > from) {
+        out += "\n<ol>\n<li>";
+        return;
+    }
+    for (; from > to; --from) out += "</li>\n</ol>\n";
+    out += "</li>\n<li>";
+}
+
+}  // namespace
+
+std::vector<Entry> ListEntries(const document::Document& document) {
+    std::vector<Entry> entries;
+    Lister(entries).Add(document.fItems, 0);
+    return entries;
+}
+
+std::string_view TitleOf(const document::Item& item) {
+    const std::string_view title = std::visit(Title{}, item.fContent);
+    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? words::kUntitled : title;
+}
+
+void AppendContents(std::string& out, const std::vector<Entry>& entries, bool hasDiagnostics) {
+    if (entries.empty() && !hasDiagnostics) return;
+    out += "<nav aria-label=\"";
+    out += words::kContents;
+    out += "\">\n<details open>\n<summary>";
+    out += words::kContents;
+    out += "</summary>";
+    int depth = -1;
+    for (const Entry& entry : entries) {
+        AppendStep(out, depth, entry.fDepth);
+        AppendEntry(out, entry);
+        depth = entry.fDepth;
+    }
+    if (hasDiagnostics) {
+        AppendStep(out, depth, 0);
+        AppendLink(out, kDiagnosticsAnchor, {}, words::kDiagnostics);
+        depth = 0;
+    }
+    for (; depth >= 0; --depth) out += "</li>\n</ol>\n";
+    out += "</details>\n</nav>\n";
+}
+
+}  // namespace hierfit::report::html

@@ -1,0 +1,100 @@
+#include "report/html/HtmlItems.h"
+
+#include <algorithm>
+
+#include "report/html/HtmlEscape.h"
+#include "report/html/Words.h"
+#include "report/html/table/HtmlTable.h"
+
+namespace hierfit::report::html {
+
+namespace {
+
+// The page's title is an h1, and there is no h7.
+int HeadingLevel(int depth) { return std::min(depth + 2, 6); }
+
+class ItemWriter {
+  public:
+    explicit ItemWriter(std::string& out) : fOut(out) {}
+
+    void Append(const Entry& entry) {
+        CloseSections(entry.fDepth);
+        fpEntry = &entry;
+        std::visit(*this, entry.fpItem->fContent);
+    }
+
+    void CloseSections(int depth) {
+        for (; fDepth > depth; --fDepth) fOut += "</section>\n";
+    }
+
+    void operator()(const document::Heading&) {
+        const std::string level = std::to_string(HeadingLevel(fDepth));
+        fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<h").append(level).append(">");
+        AppendText(fOut, TitleOf(*fpEntry->fpItem));
+        fOut.append("</h").append(level).append(">\n");
+        ++fDepth;
+    }
+
+    void operator()(const document::Table& table) {
+        AppendTable(fOut, table, TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
+    }
+
+    void operator()(const document::Chart&) {
+        fOut.append("<figure class=\"chart\" id=\"")
+            .append(fpEntry->fAnchor)
+            .append("\">\n<figcaption class=\"title\">");
+        AppendText(fOut, TitleOf(*fpEntry->fpItem));
+        fOut.append("</figcaption>\n<p>").append(words::kNotDrawn).append("</p>\n</figure>\n");
+    }
+
+    void operator()(const document::Message& message) {
+        const words::Level& level = words::LevelOf(message.fLevel);
+        fOut.append("<p class=\"message ").append(level.fClass).append("\" id=\"").append(fpEntry->fAnchor);
+        fOut.append("\"><strong>").append(level.fWord).append("</strong> ");
+        AppendText(fOut, message.fText.fWords);
+        fOut += "</p>\n";
+    }
+
+  private:
+    std::string& fOut;
+    const Entry* fpEntry = nullptr;
+    int fDepth = 0;  ///< open sections
+    int fTables = 0;
+};
+
+void AppendPlace(std::string& out, const document::Document& document, const document::Place& place) {
+    out += " <span class=\"place\">";
+    const auto source = static_cast<std::size_t>(place.fSource);
+    if (source < document.fvSources.size()) AppendText(out, document.fvSources[source]);
+    out += ':';
+    out += std::to_string(place.fLine);
+    out += ':';
+    out += std::to_string(place.fColumn);
+    out += "</span>";
+}
+
+void AppendDiagnostic(std::string& out, const document::Document& document, const document::Diagnostic& diagnostic) {
+    const words::Level& level = words::LevelOf(diagnostic.fLevel);
+    out.append("<li class=\"").append(level.fClass).append("\"><strong>").append(level.fWord).append("</strong> ");
+    AppendText(out, diagnostic.fText);
+    if (diagnostic.fPlace) AppendPlace(out, document, *diagnostic.fPlace);
+    out += "</li>\n";
+}
+
+}  // namespace
+
+void AppendItems(std::string& out, const std::vector<Entry>& entries) {
+    ItemWriter writer(out);
+    for (const Entry& entry : entries) writer.Append(entry);
+    writer.CloseSections(0);
+}
+
+void AppendDiagnostics(std::string& out, const document::Document& document) {
+    if (document.fvDiagnostics.empty()) return;
+    out.append("<section class=\"diagnostics\" id=\"").append(kDiagnosticsAnchor).append("\">\n<h2>");
+    out.append(words::kDiagnostics).append("</h2>\n<ul>\n");
+    for (const document::Diagnostic& diagnostic : document.fvDiagnostics) AppendDiagnostic(out, document, diagnostic);
+    out += "</ul>\n</section>\n";
+}
+
+}  // namespace hierfit::report::html

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/html/Contents.h"
+
+namespace hierfit::report::html {
+
+/// Appends the items of a page, headings as nested sections.
+void AppendItems(std::string& out, const std::vector<Entry>& entries);
+
+/// Appends the section of what the host noticed; nothing if there is none.
+void AppendDiagnostics(std::string& out, const document::Document& document);
+
+}  // namespace hierfit::report::html

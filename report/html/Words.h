@@ -1,0 +1,38 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+/// The page's own words, all of them; what the document holds is in its own language.
+namespace hierfit::report::html::words {
+
+inline constexpr std::string_view kLanguage = "en";
+
+inline constexpr std::string_view kUntitled = "Untitled";
+inline constexpr std::string_view kSkip = "Skip to the output";
+inline constexpr std::string_view kContents = "Contents";
+inline constexpr std::string_view kDiagnostics = "Diagnostics";
+inline constexpr std::string_view kTable = "table";
+inline constexpr std::string_view kNoCells = "This table has no cells.";
+inline constexpr std::string_view kNotDrawn = "Charts are not drawn in this report.";
+
+inline constexpr std::string_view kCopy = "Copy";
+inline constexpr std::string_view kCopied = "Copied";
+inline constexpr std::string_view kNotCopied = "Not copied";
+
+/// How grave a message or diagnostic is.
+struct Level {
+    std::string_view fWord;
+    std::string_view fClass;  ///< in the style sheet
+};
+
+inline constexpr std::array<Level, 3> kLevels{
+    {{"Information", "information"}, {"Warning", "warning"}, {"Error", "error"}}};
+
+/// Levels count from 1; one outside the range is taken as the nearest.
+constexpr const Level& LevelOf(int level) {
+    return kLevels[static_cast<std::size_t>(std::clamp(level, 1, static_cast<int>(kLevels.size())) - 1)];
+}
+
+}  // namespace hierfit::report::html::words
