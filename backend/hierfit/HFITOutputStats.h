@@ -77,7 +77,26 @@ class HFITOutputStats {
     std::string Translate(const std::string& key, const char* a1 = nullptr, const char* a2 = nullptr,
                           const char* a3 = nullptr, const char* a4 = nullptr, const char* a5 = nullptr) const;
 
+    /// The text of a printable list: its pattern, or the term that its string map has for it. False, with the text
+    /// unchanged, when there is no such map or entry.
+    bool PrintableText(const PrintableList& list, std::string& text) const;
+
+    /// The text of a model term, such as "a*a*[b=1]([c=2])".
+    bool RegressionParameterText(const RegressionParameter& parameter, std::string& text) const;
+
+    /// The name of an effect of a random block; with an intercept, that is index 0. False, with the text unchanged,
+    /// when the block has no such effect.
+    bool RandomEffectText(const RandomSpec& spec, int effectIndex, std::string& text) const;
+
+    /// The row label of a covariance parameter, with the key and the arguments that it is made of. The block is -1 for
+    /// the residual effect. False where the label is left as it came: the list refers to a string map, has more than
+    /// two arguments, or names an effect that does not exist.
+    bool CovarianceParameterLabel(const PrintableList& list, int block, std::string& key,
+                                  std::vector<std::string>& args, std::string& label) const;
+
   private:
+    bool EffectVarianceArgs(const PrintableList& list, int block, std::vector<std::string>& args) const;
+
     std::unique_ptr<ParserMessage> fpParserMessage;
     const CFMetaData* fpMetaData = nullptr;
     std::unique_ptr<MCVarList> fpVarList;

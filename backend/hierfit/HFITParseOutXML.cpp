@@ -50,8 +50,8 @@ bool HFITParseOutXML::ReadDocument(const std::string& statXMLStr) {
     SDOMXMLWrapper root;
     const bool isLoaded = root.LoadFromString(statXMLStr) != nullptr;
     fpBuildSettings = fpStats->CreateBuildSettings();
-    return isLoaded && ReadAlgorithmName(root) && ReadSettingsPart(root) && ReadDiagnosticsPart(root) &&
-           ReadTrainingPart(root);
+    return isLoaded && ReadAlgorithmName(root) && ReadSettingsPart(root) && ReadStringMapsPart(root) &&
+           ReadDiagnosticsPart(root) && ReadTrainingPart(root);
 }
 
 bool HFITParseOutXML::ReadAlgorithmName(const SDOMXMLWrapper& root) {
@@ -70,18 +70,52 @@ bool HFITParseOutXML::ReadSettingsPart(const SDOMXMLWrapper& root) {
     return false;
 }
 
+bool HFITParseOutXML::ReadStringMapsPart(const SDOMXMLWrapper& root) {
+    StringMapCollect* record = fpStats->CreateStringMapCollect();
+    const SDOMXMLWrapper* model = FirstElement(root, "PMMLModel");
+    SDOMXMLIterator* iterator = nullptr;
+    return model && model->GetElementIterator("StringMap", &iterator, true) && ReadStringMaps(iterator, record);
+}
+
 bool HFITParseOutXML::ReadDiagnosticsPart(const SDOMXMLWrapper& root) {
     ModelDiagnostics* record = fpStats->CreateModelDiagnostics();
     SDOMXMLWrapper* diagnostics = FirstElement(root, "PMMLModel/ModelDiagnostics");
-    return diagnostics && ReadModelDiagnostics(diagnostics, record);
+    return diagnostics && ReadModelDiagnostics(diagnostics, record) && ReadStructuredDataPart(*diagnostics) &&
+           ReadClassificationPart(*diagnostics);
+}
+
+bool HFITParseOutXML::ReadStructuredDataPart(const SDOMXMLWrapper& diagnostics) {
+    SDOMXMLIterator* iterator = nullptr;
+    if (!diagnostics.GetElementIterator("StructuredData", &iterator, true)) return true;
+    return ReadStructuredData(iterator, fpStats->CreateStructuredData());
+}
+
+bool HFITParseOutXML::ReadClassificationPart(const SDOMXMLWrapper& diagnostics) {
+    SDOMXMLWrapper* matrix = FirstElement(diagnostics, "Matrix");
+    if (!matrix || AttributeOr(*matrix, "description") != "classificationTable") return true;
+    return ReadMatrix(matrix, fpStats->CreateClassifMatrixData());
 }
 
 bool HFITParseOutXML::ReadTrainingPart(const SDOMXMLWrapper& root) {
     const SDOMXMLWrapper* training = FirstElement(root, "PMMLModel/TrainingSummary");
     if (!training) return false;
+    // Looked for first, so that the last look-up that fails is the one that made the estimates fail.
     SDOMXMLIterator* messages = nullptr;
-    if (!training->GetElementIterator("Message", &messages, true)) return true;
+    const bool hasMessages = training->GetElementIterator("Message", &messages, true);
+    SDOMXMLIterator* estimates = nullptr;
+    const bool hasEstimates = training->GetElementIterator("ParameterEstimates", &estimates, true);
+    const bool ok = ReadEstimatesPart(estimates);
+    if (!hasMessages) return ok;
+    // The back-end's messages stand in for estimates that could not be read.
+    if (hasEstimates && !ok) Diagnose(*training, "the parameter estimates could not be read and are left out");
     return ParseWarningMessages(messages, &fpStats->GetWarningList());
+}
+
+bool HFITParseOutXML::ReadEstimatesPart(SDOMXMLIterator* estimates) {
+    ParamCollect* record = fpStats->CreateParamCollect();
+    if (estimates && ReadParameterEstimates(estimates, record)) return true;
+    fpStats->RemoveParamCollect();
+    return false;
 }
 
 }  // namespace hierfit

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -29,8 +30,12 @@ class HFITParseOutXML {
     bool ReadDocument(const std::string& statXMLStr);
     bool ReadAlgorithmName(const SDOMXMLWrapper& root);
     bool ReadSettingsPart(const SDOMXMLWrapper& root);
+    bool ReadStringMapsPart(const SDOMXMLWrapper& root);
     bool ReadDiagnosticsPart(const SDOMXMLWrapper& root);
+    bool ReadStructuredDataPart(const SDOMXMLWrapper& diagnostics);
+    bool ReadClassificationPart(const SDOMXMLWrapper& diagnostics);
     bool ReadTrainingPart(const SDOMXMLWrapper& root);
+    bool ReadEstimatesPart(SDOMXMLIterator* estimates);
 
     // Build settings.
     bool ReadBuildSettings(SDOMXMLWrapper* element, BuildSettings* record);
@@ -59,6 +64,43 @@ class HFITParseOutXML {
     bool ReadPredByObserved(SDOMXMLIterator* iterator, PredByObserved* record);
     bool ReadModelTests(SDOMXMLIterator* iterator, EffectStatData* record);
 
+    // Fields and model terms.
+    bool ReadFieldInfo(SDOMXMLWrapper* element, SubjectData* record);
+    bool ReadRepeatedMeasure(SDOMXMLWrapper* element, RepeatMeasVar* record);
+    bool ReadValues(const SDOMXMLWrapper& array, const KEST_Variable* variable,
+                    std::vector<CFStatVariableValue>* values);
+    const KEST_Variable* TargetVariable(const SDOMXMLWrapper& element);
+    bool ReadRegressionParameter(SDOMXMLWrapper* element, RegressionParameter* record);
+    bool ReadCovariate(SDOMXMLWrapper* element, CovariateTerm* record);
+    bool ReadFactor(SDOMXMLWrapper* element, FactorTerm* record);
+
+    // Printable lists and string maps.
+    bool ReadPrintableList(SDOMXMLWrapper* element, PrintableList* record);
+    bool ReadPrintableValue(SDOMXMLWrapper* element, PrintableValue* record);
+    bool ReadStringMaps(SDOMXMLIterator* iterator, StringMapCollect* collect);
+
+    // Parameter estimates.
+    bool ReadParameterEstimates(SDOMXMLIterator* iterator, ParamCollect* collect);
+    bool ReadParameterGroup(const SDOMXMLWrapper& element, const std::string& type, ParamGroup* group);
+    bool ReadTargetValue(const SDOMXMLWrapper& element, CFStatVariableValue* value);
+    bool FileParameterGroup(const SDOMXMLWrapper& element, const std::string& type, ParamGroup group,
+                            ParamCollect* collect);
+    bool FileRandomGroup(const SDOMXMLWrapper& element, ParamGroup group, std::vector<RandomParamBlock>* blocks);
+    bool ReadParameterStats(SDOMXMLWrapper* element, ParamEstimate* record);
+    bool ReadEffectIndex(const SDOMXMLWrapper& statistic, ParamEstimate* record);
+
+    // Structured data and matrices.
+    bool ReadStructuredData(SDOMXMLIterator* iterator, StructuredData* record);
+    bool ReadFirstSubjectRecords(SDOMXMLWrapper* element, StructuredData* record);
+    bool ReadRecordColumns(const SDOMXMLWrapper& group, StructuredData* record);
+    bool ReadTargetColumn(const SDOMXMLWrapper& column, StructuredData* record);
+    bool ReadRandomEffectCovariances(SDOMXMLWrapper* element, RandEffCovars* record);
+    bool ReadEffectLabels(const SDOMXMLWrapper& rowColLabels, std::vector<std::string>* labels);
+    bool ReadMatrix(SDOMXMLWrapper* element, MatrixData* record);
+    bool ReadMatrixLabels(const SDOMXMLWrapper& element, MatrixData* record);
+    bool UnpackMatrix(const SDOMXMLWrapper& element, const std::vector<double>& v, const std::string& kind, int nbCols,
+                      MatrixData* record);
+
     // Messages.
     bool ParseWarningMessages(SDOMXMLIterator* iterator, std::vector<WarningMessage>* list);
 
@@ -70,6 +112,7 @@ class HFITParseOutXML {
     BuildSettings* fpBuildSettings = nullptr;
     const std::string* fpPMMLStr;
     const std::string* fpStatXMLStr;
+    std::int64_t fFilledCells = 0;  ///< zeros that the matrices read so far were filled up with
 };
 
 }  // namespace hierfit
