@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
 #include <map>
-#include <sstream>
 
 #include "tests/language/TemporaryFolder.h"
 
@@ -46,8 +44,9 @@ std::size_t CountRightAnswers(const Catalogue& catalogue) {
     std::size_t count = 0;
     for (const auto& [source, translation] : kTexts) {
         const auto found = catalogue.Find(source);
-        if (found) EXPECT_EQ(*found, translation) << source;
-        count += found ? 1 : 0;
+        if (!found) continue;
+        EXPECT_EQ(*found, translation) << source;
+        ++count;
     }
     return count;
 }

@@ -12,9 +12,9 @@ namespace {
 using Arguments = std::vector<std::string_view>;
 
 /// A run in English, or in no language at all.
-class Run {
+class LanguageRun {
   public:
-    explicit Run(bool isEnglish, const std::string& shareDirectory = "share")
+    explicit LanguageRun(bool isEnglish, const std::string& shareDirectory = "share")
         : fpCatalogue(isEnglish ? Catalogue::Open(HIERFIT_SHARE "/languages/en.mo") : nullptr),
           fContext({}, fpCatalogue.get(), shareDirectory),
           fActivation(fContext) {
@@ -74,7 +74,7 @@ TEST(Translation, ReadsTheEnglishCatalogue) {
         {"", "", ""},
     };
     for (const bool isEnglish : {true, false}) {
-        const Run run(isEnglish);
+        const LanguageRun run(isEnglish);
         for (const auto& [key, english, untranslated] : cases)
             EXPECT_EQ(ParserMessage().GetTranslatedText(key, "A", "B", nullptr, nullptr, nullptr),
                       isEnglish ? english : untranslated);
@@ -82,7 +82,7 @@ TEST(Translation, ReadsTheEnglishCatalogue) {
 }
 
 TEST(Translation, FillsUpToFiveMarks) {
-    const Run run(false);
+    const LanguageRun run(false);
     const ParserMessage message;
     EXPECT_EQ(message.GetTranslatedText("^1^2^3^4^5^6", "a", "b", "c", "d", "e"), "abcde^6");
     EXPECT_EQ(message.GetTranslatedText("^1^2^3^4^5", nullptr, "b", nullptr, "", nullptr), "^1b^3^5");
@@ -90,18 +90,18 @@ TEST(Translation, FillsUpToFiveMarks) {
 
 TEST(Translation, TheDictionaryLeavesMarks) {
     const std::string key = "Probability Distribution ^1, Link Function ^2 ...";
-    const Run run(true);
+    const LanguageRun run(true);
     FacSTDictionary dictionary(PathFactory::getPathInstance(3).GetStringTableLocation());
     dictionary.SetProcedure("Any");
     EXPECT_EQ(dictionary.LookUp(key), "Probability distribution: ^1; link function: ^2");
     EXPECT_EQ(dictionary.LookUp("none such ^1"), "none such ^1");
-    const Run inner(false);
+    const LanguageRun inner(false);
     EXPECT_EQ(dictionary.LookUp(key), key) << "the run that is under way decides";
 }
 
 TEST(PathFinder, TellsWhereTheRunsFilesLie) {
     for (const char* share : {"a/share", "a/share/"}) {
-        const Run run(false, share);
+        const LanguageRun run(false, share);
         EXPECT_EQ(PathFactory::getPathInstance(3).GetBaseDirectory(), "a/share/");
         EXPECT_EQ(PathFactory::getPathInstance().GetStringTableLocation(), "a/share/languages/");
     }

@@ -25,6 +25,9 @@ const marksOfKeys = {
     VarOfEffect: 1, kGLMM_C19_1: 1, kGLMM_C22: 1, kGLMM_C27: 1,
 };
 
+/** Sources that hold the names of the results' document, which look like words too. */
+const readers = /^(HFITParseOutXML|SettingTexts|XmlReading)/;
+
 /** Keys that come with a model's results. */
 const documentKeys = [
     'Variance ', 'VarOfEffect', 'UN (^1,^2)', 'AR1 diagonal', 'AR1 rho', 'ARMA11 diagonal', 'ARMA11 rho', 'ARMA11 phi',
@@ -55,7 +58,8 @@ const untranslated =
     new Set(read(join(dirname(fileURLToPath(import.meta.url)), 'untranslated.txt')).split('\n')
         .filter(line => line && !line.startsWith('# ')));
 
-const isTranslator = call => /^(GetTranslatedText|Translate|LookUp)$/.test(call);
+const isTranslator = call => /^(GetTranslatedText|Translate|LookUp|Translated|Composite)$/.test(call);
+const isPlain = call => call === 'Plain';
 const isCellText = call => /^(BpString|BpComposite)$/.test(call);
 const isForDevelopers = call => /^(Diagnose|static_assert|assert|\w*_error)$/.test(call);
 
@@ -63,6 +67,7 @@ const isForDevelopers = call => /^(Diagnose|static_assert|assert|\w*_error)$/.te
 function certainty({calls, isFirst, flag}) {
     const [innermost = []] = calls;
     if (isFirst && innermost.some(isTranslator)) return true;
+    if (isFirst && innermost.some(isPlain)) return false;
     if (isFirst && innermost.some(isCellText) && flag !== undefined) return flag;
     return calls.some(call => call.some(isForDevelopers)) ? false : undefined;
 }
@@ -87,7 +92,7 @@ function wantedTexts(source, {isReader = false, isNet = true} = {}) {
 function wantedBySources() {
     return filesIn('backend', /\.(cpp|h)$/).flatMap(path => {
         const isNet = relative(project, path).startsWith(join('backend', 'hierfit'));
-        const isReader = basename(path).startsWith('HFITParseOutXML');
+        const isReader = readers.test(basename(path));
         return wantedTexts(read(path), {isReader, isNet})
             .map(({text, line}) => ({text, place: `${relative(project, path)}:${line}`}));
     });
@@ -161,6 +166,8 @@ test('texts are found in sources', () => {
         ['BpComposite title("^1 - ^2", true);', ['^1 - ^2']],
         ['std::make_unique<BpString>("df", true)', ['df']],
         ['table.Category(BpString("F", true)).Cell(BpNumber(x, y))', ['F']],
+        ['Cell(Translated("t"), Plain("Plain Words"))', ['t']],
+        ['Composite("^1", value)', ['^1']],
         ['BpString("FixedEffects", false)', []],
         ['BpString("Some Column", false)', []],
         ['Translate("a", nullptr)', ['a']],
