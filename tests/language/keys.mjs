@@ -3,8 +3,8 @@
 //     node keys.mjs PROJECT
 //
 // In the code of the procedure, a text is for the reader when it is passed to a translating operation, or when it looks
-// like words: it holds a blank or begins with a capital. Texts that look like words and are not stand in
-// untranslated.txt.
+// like words: it begins with a capital or a mark. Diagnostics begin small. Texts that look like words and are not for
+// the reader stand in untranslated.txt.
 
 import assert from 'node:assert/strict';
 import {readFileSync, readdirSync} from 'node:fs';
@@ -76,8 +76,7 @@ function looksLikeWords(text, isReader) {
     const isMarkAlone = /^\^\d$/.test(text);
     const isMarkup = /[<>]|="|&\w+;/.test(text);
     if (isMarkAlone || isMarkup || !/[A-Za-z]|[%^]\d/.test(text)) return false;
-    if (text.includes(' ')) return true;
-    return !isReader && /^([A-Z^%[]|kGLMM_)/.test(text);
+    return /^([A-Z^%[]|kGLMM_)/.test(text) && (!isReader || text.includes(' '));
 }
 
 /** What a source of the procedure asks for: the texts that a catalogue must hold. */
@@ -184,7 +183,7 @@ test('texts are found in sources', () => {
         ['Diagnose("Left out: " + f("No Test"))', []],
         ['insert(" visible=\\"false\\" "); find("<faceting a"); f("&quot; b")', []],
         ['f("TitleText"); replace("^1", x)', []],
-        ['f(", ") + g("x")', []],
+        ['f(", ") + g("x") + "the table has no rows"', []],
     ];
     for (const [source, texts] of cases) assert.deepEqual(wantedTexts(source).map(found => found.text), texts, source);
     assert.deepEqual(wantedTexts('f("ModelStats", "A text")', {isReader: true}).map(found => found.text), ['A text']);
