@@ -1,5 +1,7 @@
 #include "hierfit/HFITModelOutput.h"
 
+#include "hierfit/HFITParamEstimatesOutput.h"
+
 namespace hierfit {
 
 HFITModelOutput::HFITModelOutput(BpProcedure* procedure, KEST_DataSource* dataSource, HFITOutputStats* stats)
@@ -9,6 +11,15 @@ HFITModelOutput::HFITModelOutput(BpProcedure* procedure, KEST_DataSource* dataSo
       fpStats(stats),
       fpBuildSettings(stats ? stats->GetBuildSettings() : nullptr) {}
 
-void HFITModelOutput::Run() { ModelSummary(); }
+void HFITModelOutput::Run() {
+    ModelSummary();
+    DataStructure();
+    Classification();
+    HFITParamEstimatesOutput estimates(fProcedure, fDataSource, fpStats);
+    estimates.FixedEffects();
+    estimates.FixedCoefficients();
+    estimates.RandomEffectCovariances();
+    estimates.CovarianceParametersSummary();
+}
 
 }  // namespace hierfit

@@ -15,6 +15,8 @@ class HFITModelOutput {
     void Run();
 
     void ModelSummary();
+    void DataStructure();
+    void Classification();
 
   private:
     double fSysMis;
