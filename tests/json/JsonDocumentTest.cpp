@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "host/SystemMissing.h"
-#include "json/Samples.h"
+#include "tests/json/Samples.h"
 
 namespace hierfit::report {
 namespace {

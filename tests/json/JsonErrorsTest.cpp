@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "json/Samples.h"
+#include "tests/json/Samples.h"
 #include "report/json/JsonDocument.h"
 
 namespace hierfit::report {

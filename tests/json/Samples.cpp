@@ -1,4 +1,4 @@
-#include "json/Samples.h"
+#include "tests/json/Samples.h"
 
 #include <limits>
 #include <utility>
