@@ -49,7 +49,8 @@ void JsonReader::Expect(JsonTokens::Kind kind, const char* failure) {
 }
 
 std::string JsonReader::FindKind() {
-    constexpr std::size_t kMostTimes = 16;
+    constexpr std::size_t kMostTimes = 16;  // nested objects are looked through again and again
+    constexpr std::size_t kFreely = 1 << 20;
     Expect(JsonTokens::Kind::Object, "object expected");
     const JsonTokens::Mark mark = fTokens.GetMark();
     std::string kind;
@@ -60,7 +61,7 @@ std::string JsonReader::FindKind() {
         break;
     }
     fLookedThrough += fTokens.GetOffset() - mark.fAt;
-    if (fLookedThrough / kMostTimes > fTextSize) Fail("\"kind\" as the first key expected");
+    if (fLookedThrough > kMostTimes * fTextSize + kFreely) Fail("\"kind\" as the first key expected");
     fTokens.GoBack(mark);
     return kind;
 }

@@ -3,9 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <fstream>
+#include <iterator>
 #include <limits>
 
-#include "host/SystemMissing.h"
 #include "tests/json/Samples.h"
 
 namespace hierfit::report {
@@ -35,7 +36,7 @@ std::string WriteTitle(const std::string& title) {
 }
 
 TEST(JsonDocument, EveryFormComesBackAsItWas) {
-    for (const testing::Sample& sample : testing::MakeSamples()) {
+    for (const test::Sample& sample : test::MakeSamples()) {
         SCOPED_TRACE(sample.fName);
         const std::string json = WriteJson(sample.fDocument);
         const Document read = ReadOrFail(json);
@@ -52,7 +53,7 @@ TEST(JsonDocument, NaNStaysApartFromItsSpelling) {
     EXPECT_EQ(std::get<std::string>(values.at(1)), "NaN");
 }
 
-TEST(JsonDocument, WritesTheSmallDocument) { EXPECT_EQ(WriteJson(testing::MakeSmallDocument()), R"json()json"); }
+TEST(JsonDocument, WritesTheSmallDocument) { EXPECT_EQ(WriteJson(test::MakeSmallDocument()), R"json()json"); }
 
 TEST(JsonDocument, TextsAreEscaped) {
     const struct {

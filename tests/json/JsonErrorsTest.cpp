@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/json/Samples.h"
 #include "report/json/JsonDocument.h"
+#include "tests/json/Samples.h"
 
 namespace hierfit::report {
 namespace {
@@ -23,7 +23,7 @@ struct Edit {
 };
 
 void CheckEdits(const std::vector<Edit>& edits) {
-    const std::string json = WriteJson(testing::MakeSmallDocument());
+    const std::string json = WriteJson(test::MakeSmallDocument());
     for (const auto& [from, to, failure] : edits) {
         const std::size_t at = json.find(from);
         ASSERT_NE(at, std::string::npos) << from;
@@ -111,8 +111,7 @@ TEST(JsonErrors, FormOfCharts) {
     CheckEdits({
         {"[0.0, null, \"text\"]", "[0.0, null, false]",
          chart + "/data/0/variables/0/values/2: number, text or null expected"},
-        {"\"variables\": [\n            {\"name\": \"X\"",
-         "\"variables\": [{\"name\": \"W\", \"values\": []}, {\"name\": \"X\"",
+        {"{\"name\": \"X\"", "{\"name\": \"W\", \"values\": []}, {\"name\": \"X\"",
          chart + "/data/0/variables/1/values: 0 values expected, as in the variable before"},
         {"[\"setLabel\", \"Effect\"]", "[]", chart + "/variables/0/calls/0: name of a call expected"},
         {"[\"setLabel\", \"Effect\"]", "[true]", chart + "/variables/0/calls/0/0: text expected"},
@@ -170,7 +169,7 @@ TEST(JsonErrors, NothingFollowsTheDocument) {
 }
 
 TEST(JsonErrors, EveryPartOfADocumentIsMissed) {
-    const std::string json = WriteJson(testing::MakeSmallDocument());
+    const std::string json = WriteJson(test::MakeSmallDocument());
     const std::size_t complete = json.size() - 1;  // all but the line feed
     for (std::size_t size = 0; size < complete; ++size) {
         const std::string failure = DescribeFailure(json.substr(0, size));

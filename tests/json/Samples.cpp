@@ -5,7 +5,7 @@
 
 #include "host/SystemMissing.h"
 
-namespace hierfit::testing {
+namespace hierfit::test {
 
 using document::Argument;
 using document::Category;
@@ -197,4 +197,4 @@ std::vector<Sample> MakeSamples() {
             {"charts", MakeCharts()}};
 }
 
-}  // namespace hierfit::testing
+}  // namespace hierfit::test

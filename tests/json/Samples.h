@@ -5,7 +5,7 @@
 
 #include "host/document/Document.h"
 
-namespace hierfit::testing {
+namespace hierfit::test {
 
 /// A document and what is special about it, a name fit for a file.
 struct Sample {
@@ -22,4 +22,4 @@ document::Document MakeSmallDocument();
 /// Documents that together hold every form, with the values that are hard to carry over.
 std::vector<Sample> MakeSamples();
 
-}  // namespace hierfit::testing
+}  // namespace hierfit::test
