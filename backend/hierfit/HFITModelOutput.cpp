@@ -1,5 +1,6 @@
 #include "hierfit/HFITModelOutput.h"
 
+#include "hierfit/HFITEmmeansOutput.h"
 #include "hierfit/HFITParamEstimatesOutput.h"
 
 namespace hierfit {
@@ -20,6 +21,7 @@ void HFITModelOutput::Run() {
     estimates.FixedCoefficients();
     estimates.RandomEffectCovariances();
     estimates.CovarianceParametersSummary();
+    HFITEmmeansOutput(fProcedure, fDataSource, fpStats).Run();
 }
 
 }  // namespace hierfit

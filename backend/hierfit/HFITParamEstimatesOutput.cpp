@@ -49,8 +49,7 @@ void HFITParamEstimatesOutput::FixedEffects() {
     table.Caption(DistributionCaption(*fpStats, *fpBuildSettings, false));
     BpDimension source = table.Dimension(Translated("Source"), BpSort::AsIssued);
     source.Position(BpPlace::Rows, 1, false, false);
-    BpDimension statistics = table.Dimension(Translated("Statistics"), BpSort::AsIssued);
-    statistics.Position(BpPlace::Columns, 1, true, false);
+    BpDimension statistics = StatisticsDimension(table);
 
     EffectLabels(fpBuildSettings->fvFixedEffectList, fvFixedEffectLabels);
     BpCategory model = source.Category(Translated("Corrected Model"));

@@ -9,12 +9,11 @@ namespace {
 /// The columns of the statistics, written row by row.
 class Columns {
   public:
-    Columns(BpPivotTable& table, const BuildSettings& settings)
-        : fStatistics(table.Dimension(Translated("Statistics"), BpSort::AsIssued)),
+    Columns(BpPivotTable& table, const BuildSettings& settings, double sysMis)
+        : fStatistics(StatisticsDimension(table)),
           fConfidence(ConfidenceName(kConfidenceInterval, settings)),
-          fExpConfidence(ConfidenceName("^1% Confidence Interval for Exp(Coefficient)", settings)) {
-        fStatistics.Position(BpPlace::Columns, 1, true, false);
-    }
+          fExpConfidence(ConfidenceName("^1% Confidence Interval for Exp(Coefficient)", settings)),
+          fSysMis(sysMis) {}
 
     void Row(const ParamEstimate& estimate) {
         if (estimate.fIsRedundant) {
@@ -29,7 +28,7 @@ class Columns {
         BpGroup bounds = ConfidenceGroup(fStatistics, fConfidence);
         NumberCell(bounds, "Lower", Figure(estimate, estimate.fConfLower), BpProcedure::Coefficient());
         NumberCell(bounds, "Upper", Figure(estimate, estimate.fConfUpper), BpProcedure::Coefficient());
-        if (estimate.fExpEstimate != kSystemMissing) ExpCells(estimate);
+        if (estimate.fExpEstimate != fSysMis) ExpCells(estimate);
     }
 
   private:
@@ -42,13 +41,14 @@ class Columns {
     }
 
     /// A redundant estimate has no figure but its zero.
-    static double Figure(const ParamEstimate& estimate, double figure) {
-        return estimate.fIsRedundant ? kSystemMissing : figure;
+    double Figure(const ParamEstimate& estimate, double figure) const {
+        return estimate.fIsRedundant ? fSysMis : figure;
     }
 
     BpDimension fStatistics;
     BpComposite fConfidence;
     BpComposite fExpConfidence;
+    double fSysMis;
 };
 
 BpPivotTable OpenTable(BpHeading& heading) {
@@ -85,7 +85,7 @@ void HFITParamEstimatesOutput::FixedCoefficientsSingle(BpHeading& heading, const
     table.Note(BpAnnotation(TargetNote(*fpBuildSettings, *fDataSource)));
     table.Caption(DistributionCaption(*fpStats, *fpBuildSettings, false));
     BpDimension modelTerm = ModelTerm(table);
-    Columns columns(table, *fpBuildSettings);
+    Columns columns(table, *fpBuildSettings, fSysMis);
 
     for (const ParamEstimate& estimate : group.fvParamEstimates) {
         if (!IsThreshold(estimate)) {
@@ -105,7 +105,7 @@ void HFITParamEstimatesOutput::FixedCoefficientsByCategory(BpHeading& heading, c
     BpDimension modelTerm = ModelTerm(table);
     BpDimension target = table.Dimension(BpVariable(variable, BpShow::AsHeader), BpSort::AsIssued);
     target.Position(BpPlace::Rows, 2, false, false);
-    Columns columns(table, *fpBuildSettings);
+    Columns columns(table, *fpBuildSettings, fSysMis);
 
     for (const ParamGroup& group : collect.fvFixedParamEstim) {
         const BpDataValue category(variable, group.fTargetValue.GetObsValue(), BpPreference::AsHeader);

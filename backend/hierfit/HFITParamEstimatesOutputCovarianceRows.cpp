@@ -43,8 +43,11 @@ Overrides OverridesFor(const HFITOutputStats& stats, int distribution, int block
 /// The columns of the statistics, written row by row.
 class Columns {
   public:
-    Columns(BpGroup& statistics, const Overrides& overrides, const BuildSettings& settings)
-        : fStatistics(statistics), fOverrides(overrides), fConfidence(ConfidenceName(kConfidenceInterval, settings)) {}
+    Columns(BpGroup& statistics, const Overrides& overrides, const BuildSettings& settings, double sysMis)
+        : fStatistics(statistics),
+          fOverrides(overrides),
+          fConfidence(ConfidenceName(kConfidenceInterval, settings)),
+          fSysMis(sysMis) {}
 
     void Row(const ParamEstimate& estimate) {
         const double value = fOverrides.fUseOverride ? fOverrides.fOverrideValue : estimate.fEstimate;
@@ -75,8 +78,8 @@ class Columns {
     }
 
     /// A redundant parameter has no figure but its estimate.
-    static double Figure(const ParamEstimate& estimate, double figure) {
-        return estimate.fIsRedundant ? kSystemMissing : figure;
+    double Figure(const ParamEstimate& estimate, double figure) const {
+        return estimate.fIsRedundant ? fSysMis : figure;
     }
 
     double Bound(const ParamEstimate& estimate, double figure) const {
@@ -86,6 +89,7 @@ class Columns {
     BpGroup& fStatistics;
     const Overrides& fOverrides;
     BpComposite fConfidence;
+    double fSysMis;
 };
 
 }  // namespace
@@ -93,7 +97,7 @@ class Columns {
 void HFITParamEstimatesOutput::CovarianceParameterRows(BpGroup& rows, BpGroup& statistics,
                                                        const ParamGroup& paramEstimData, int block) {
     const Overrides overrides = OverridesFor(*fpStats, fpBuildSettings->fDistribution, block);
-    Columns columns(statistics, overrides, *fpBuildSettings);
+    Columns columns(statistics, overrides, *fpBuildSettings, fSysMis);
     for (const ParamEstimate& estimate : paramEstimData.fvParamEstimates) {
         std::string key;
         std::vector<std::string> args;

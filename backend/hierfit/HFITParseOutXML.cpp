@@ -81,7 +81,7 @@ bool HFITParseOutXML::ReadDiagnosticsPart(const SDOMXMLWrapper& root) {
     ModelDiagnostics* record = fpStats->CreateModelDiagnostics();
     SDOMXMLWrapper* diagnostics = FirstElement(root, "PMMLModel/ModelDiagnostics");
     return diagnostics && ReadModelDiagnostics(diagnostics, record) && ReadStructuredDataPart(*diagnostics) &&
-           ReadClassificationPart(*diagnostics);
+           ReadClassificationPart(*diagnostics) && ReadDataGroupsPart(*diagnostics);
 }
 
 bool HFITParseOutXML::ReadStructuredDataPart(const SDOMXMLWrapper& diagnostics) {
@@ -94,6 +94,11 @@ bool HFITParseOutXML::ReadClassificationPart(const SDOMXMLWrapper& diagnostics) 
     SDOMXMLWrapper* matrix = FirstElement(diagnostics, "Matrix");
     if (!matrix || AttributeOr(*matrix, "description") != "classificationTable") return true;
     return ReadMatrix(matrix, fpStats->CreateClassifMatrixData());
+}
+
+bool HFITParseOutXML::ReadDataGroupsPart(const SDOMXMLWrapper& diagnostics) {
+    SDOMXMLIterator* iterator = nullptr;
+    return !diagnostics.GetElementIterator("DataGroup", &iterator, true) || ParseDataGroups(iterator);
 }
 
 bool HFITParseOutXML::ReadTrainingPart(const SDOMXMLWrapper& root) {

@@ -34,6 +34,7 @@ class HFITParseOutXML {
     bool ReadDiagnosticsPart(const SDOMXMLWrapper& root);
     bool ReadStructuredDataPart(const SDOMXMLWrapper& diagnostics);
     bool ReadClassificationPart(const SDOMXMLWrapper& diagnostics);
+    bool ReadDataGroupsPart(const SDOMXMLWrapper& diagnostics);
     bool ReadTrainingPart(const SDOMXMLWrapper& root);
     bool ReadEstimatesPart(SDOMXMLIterator* estimates);
 
@@ -100,6 +101,22 @@ class HFITParseOutXML {
     bool ReadMatrixLabels(const SDOMXMLWrapper& element, MatrixData* record);
     bool UnpackMatrix(const SDOMXMLWrapper& element, const std::vector<double>& v, const std::string& kind, int nbCols,
                       MatrixData* record);
+
+    // Estimated means.
+    bool ParseDataGroups(SDOMXMLIterator* dataGroupElmIter);
+    bool ParseCustomEmmeans(SDOMXMLWrapper* emmeansCustomElm, EmmeansData* record);
+    bool ReadContinuousLabels(const SDOMXMLWrapper& block, std::vector<EmmeansLabel>* labels);
+    bool ReadContinuousLabel(const SDOMXMLWrapper& entry, EmmeansLabel* record);
+    static bool ReadEmmeansIndex(const SDOMXMLWrapper& statistic, int* index);
+    bool ReadEmmeansTables(const SDOMXMLWrapper& block, EmmeansData* record);
+    bool ReadOverallTests(const SDOMXMLWrapper& block, EmmeansData* record);
+    bool ReadEmmeansMessages(const SDOMXMLWrapper& block, EmmeansData* record);
+    bool ParseOverallTest(SDOMXMLWrapper* emmeansOverallTestElm, OverallTest* record);
+    bool ParseEmmeansEstimates(SDOMXMLWrapper* emmeansEstiElm, EstimateData* record);
+    bool ParseEmmeansContrasts(SDOMXMLWrapper* emmeansContrastElm, ContrastData* record);
+    void ReadAdjustedSigLevel(const SDOMXMLWrapper& statistic, ContrastData* record);
+    void ReadFactorColumns(const SDOMXMLWrapper& group, std::vector<Coordinates>* columns);
+    bool ParseCoordinates(SDOMXMLWrapper* coordinatesElm, Coordinates* record);
 
     // Messages.
     bool ParseWarningMessages(SDOMXMLIterator* iterator, std::vector<WarningMessage>* list);

@@ -49,6 +49,12 @@ BpCategory NumberCell(BpGroup& group, const char* name, double number, BpFormatS
     return category;
 }
 
+BpDimension StatisticsDimension(BpPivotTable& table) {
+    BpDimension statistics = table.Dimension(Translated("Statistics"), BpSort::AsIssued);
+    statistics.Position(BpPlace::Columns, 1, true, false);
+    return statistics;
+}
+
 BpComposite TargetOnlyNote(const BuildSettings& settings, const KEST_DataSource& data) {
     return Composite("Target ^1", VariableInText(data, settings.fTargetIndex));
 }

@@ -36,6 +36,9 @@ BpComposite TwoLines(const BpCellText& first, const BpCellText& second);
 /// A category with a translated name, and its one number.
 BpCategory NumberCell(BpGroup& group, const char* name, double number, BpFormatSpec format);
 
+/// The dimension of the statistics, on the columns, with its name hidden.
+BpDimension StatisticsDimension(BpPivotTable& table);
+
 /// "Target ..." with the target variable alone.
 BpComposite TargetOnlyNote(const BuildSettings& settings, const KEST_DataSource& data);
 
