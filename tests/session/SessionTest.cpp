@@ -96,7 +96,8 @@ TEST(Session, TellsWhyThereIsNoOutput) {
     };
     const Case cases[] = {
         {"", statXml, "no element found\n    \n    ^", {0, 1, 1}},
-        {Replaced(pmml, "MiningField name=\"Days\"", "MiningField name=\"Dayz\""), statXml,
+        {Replaced(pmml, "MiningField name=\"Days\"", "MiningField name=\"Dayz\""),
+         statXml,
          R"(PMML/GeneralRegressionModel/MiningSchema/MiningField[2]: "Dayz" is no field of the data dictionary)",
          {0, 42, 7}},
         {pmml, "", "the document is empty", {1, 1, 1}},

@@ -1,0 +1,93 @@
+// Runs the procedure on broken documents and renders what comes out: mutations [COUNT [SEED]]. Each run must end within
+// its time with a report or with a located error, and a report must survive the way through JSON.
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "host/session/Session.h"
+#include "report/html/HtmlReport.h"
+#include "report/json/JsonDocument.h"
+#include "report/text/TextReport.h"
+#include "tests/mutations/Mutation.h"
+#include "tests/support/ExampleFile.h"
+
+namespace hierfit::test {
+
+namespace {
+
+struct Example {
+    std::string fName;
+    std::string fPmml;
+    std::string fStatXml;
+};
+
+std::vector<Example> ReadExamples() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(HIERFIT_EXAMPLES)) {
+        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+    }
+    std::sort(names.begin(), names.end());
+    std::vector<Example> examples;
+    for (const std::string& name : names) {
+        examples.push_back({name, ReadExample(name, "model.pmml"), ReadExample(name, "model.statxml")});
+    }
+    return examples;
+}
+
+/// What is wrong with the outcome; empty when nothing is.
+std::string Judge(const session::Result& result) {
+    if (result.fOutcome == session::Outcome::NotSetUp) return "the installation is not complete";
+    if (result.fOutcome == session::Outcome::Unreadable) {
+        const auto& diagnostics = result.fDocument.fvDiagnostics;
+        return diagnostics.empty() || diagnostics.back().fLevel != 3 ? "no error says why there is no report" : "";
+    }
+    if (report::MakeHtmlReport(result.fDocument).empty()) return "no page";
+    if (report::MakeTextReport(result.fDocument, {}).empty()) return "no text";
+    const auto read = report::ReadJson(report::WriteJson(result.fDocument));
+    if (const auto* error = std::get_if<report::JsonError>(&read)) return error->fPath + ": " + error->fText;
+    return std::get<document::Document>(read) == result.fDocument ? "" : "the document does not survive JSON";
+}
+
+double SecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+int Run(int count, std::uint32_t seed) {
+    const std::vector<Example> examples = ReadExamples();
+    Mutator mutator(seed);
+    int issued = 0;
+    int faults = 0;
+    for (int i = 0; i < count; ++i) {
+        const Example& example = examples[static_cast<std::size_t>(i) % examples.size()];
+        std::string what;
+        const bool changesFields = i % 10 == 9;
+        const std::string pmml = changesFields ? mutator.Mutate(example.fPmml, what) : example.fPmml;
+        const std::string statXml = changesFields ? example.fStatXml : mutator.Mutate(example.fStatXml, what);
+        const auto start = std::chrono::steady_clock::now();
+        const session::Result result = session::Run({"model.pmml", pmml}, {"model.statxml", statXml}, {});
+        std::string fault = Judge(result);
+        if (fault.empty() && SecondsSince(start) > HIERFIT_MOST_SECONDS) fault = "it took too long";
+        if (result.fOutcome == session::Outcome::Issued) ++issued;
+        if (fault.empty()) continue;
+        ++faults;
+        fmt::print("{} ({}), seed {}, run {}: {}\n", example.fName, what, seed, i, fault);
+    }
+    fmt::print("{} runs, {} with a report\n{} passed, {} failed\n", count, issued, count - faults, faults);
+    return faults > 0 || issued == 0 || issued == count ? 1 : 0;
+}
+
+}  // namespace
+
+}  // namespace hierfit::test
+
+int main(int argumentCount, char** arguments) {
+    const int count = argumentCount > 1 ? std::stoi(arguments[1]) : 2000;
+    const auto seed = static_cast<std::uint32_t>(argumentCount > 2 ? std::stoul(arguments[2]) : 1);
+    return hierfit::test::Run(count, seed);
+}
