@@ -17,9 +17,7 @@ Node FindSibling(const Tree& tree, Node node, Node end, NameTable::Id name) {
     return node < end ? node : Document::kNone;
 }
 
-std::string_view Characters(const Tree& tree, std::uint32_t offset, std::uint32_t length) {
-    return std::string_view(tree.fCharacters).substr(offset, length);
-}
+std::string_view Characters(const Tree& tree, std::uint32_t offset) { return tree.fCharacters.data() + offset; }
 
 }  // namespace
 
@@ -55,15 +53,12 @@ std::optional<std::string_view> Document::Attribute(Node node, std::string_view 
     const auto& attributes = fpTree->fvAttributes;
     const std::size_t end = node + 1 < Size() ? fpTree->fvElements[node + 1].fFirstAttribute : attributes.size();
     for (std::size_t i = fpTree->fvElements[node].fFirstAttribute; i < end; ++i) {
-        if (attributes[i].fName == id) return Characters(*fpTree, attributes[i].fValue, attributes[i].fLength);
+        if (attributes[i].fName == id) return Characters(*fpTree, attributes[i].fValue);
     }
     return std::nullopt;
 }
 
-std::string_view Document::Text(Node node) const {
-    const ElementRecord& element = fpTree->fvElements[node];
-    return Characters(*fpTree, element.fText, element.fTextLength);
-}
+std::string_view Document::Text(Node node) const { return Characters(*fpTree, fpTree->fvElements[node].fText); }
 
 Position Document::PositionOf(Node node) const {
     const ElementRecord& element = fpTree->fvElements[node];

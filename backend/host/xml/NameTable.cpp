@@ -8,6 +8,23 @@ namespace {
 
 constexpr std::size_t kFirstSlots = 256;
 
+template <typename Word>
+std::uint64_t Load(const char* bytes) {
+    Word word;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+
+/// Up to eight bytes as one word; loads that overlap spare a loop.
+std::uint64_t LastWord(std::string_view bytes) {
+    const char* const begin = bytes.data();
+    const char* const end = begin + bytes.size();
+    if (bytes.size() == 8) return Load<std::uint64_t>(begin);
+    if (bytes.size() >= 4) return Load<std::uint32_t>(begin) << 32U | Load<std::uint32_t>(end - 4);
+    if (bytes.size() >= 2) return Load<std::uint16_t>(begin) << 16U | Load<std::uint16_t>(end - 2);
+    return bytes.empty() ? 0 : Load<std::uint8_t>(begin);
+}
+
 }  // namespace
 
 // The address is the salt: the system places it anew in each process.
@@ -15,15 +32,14 @@ NameTable::NameTable()
     : fSalt((reinterpret_cast<std::uintptr_t>(this) * 0x9E3779B97F4A7C15U) | 1U), fvSlots(kFirstSlots, kNone) {}
 
 std::uint32_t NameTable::Hash(std::string_view name) const {
+    constexpr std::size_t kWord = sizeof(std::uint64_t);
     std::uint64_t hash = name.size();
-    while (!name.empty()) {
-        std::uint64_t word = 0;
-        const std::size_t count = name.size() < sizeof word ? name.size() : sizeof word;
-        std::memcpy(&word, name.data(), count);
-        hash = (hash ^ word) * fSalt;
+    for (; name.size() > kWord; name.remove_prefix(kWord)) {
+        hash = (hash ^ Load<std::uint64_t>(name.data())) * fSalt;
         hash ^= hash >> 32U;
-        name.remove_prefix(count);
     }
+    hash = (hash ^ LastWord(name)) * fSalt;
+    hash ^= hash >> 32U;
     return static_cast<std::uint32_t>((hash * fSalt) >> 32U);
 }
 

@@ -22,6 +22,8 @@ class NameTable {
     /// The name's number, or kNone.
     Id Find(std::string_view name) const;
 
+    Id Size() const { return static_cast<Id>(fvEntries.size()); }
+
     /// Good until the next `Add`.
     std::string_view Get(Id id) const;
 

@@ -15,7 +15,6 @@ struct ElementRecord {
     std::uint32_t fEnd;             ///< the first element behind this one and all below it
     std::uint32_t fFirstAttribute;  ///< its attributes go on to the first one of the next element
     std::uint32_t fText;            ///< offset in the characters
-    std::uint32_t fTextLength;
     std::uint32_t fLine;
     std::uint32_t fColumn;
 };
@@ -23,15 +22,14 @@ struct ElementRecord {
 struct AttributeRecord {
     NameTable::Id fName;
     std::uint32_t fValue;  ///< offset in the characters
-    std::uint32_t fLength;
 };
 
-/// What a document is made of.
+/// What a document is made of. No character of XML is a NUL.
 struct Tree {
     NameTable fNames;
     std::vector<ElementRecord> fvElements;
     std::vector<AttributeRecord> fvAttributes;
-    std::string fCharacters;  ///< attribute values and texts, one behind the other
+    std::string fCharacters = std::string(1, '\0');  ///< values and texts, each ended by a NUL; an empty one first
 };
 
 }  // namespace hierfit::xml
