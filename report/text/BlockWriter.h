@@ -1,0 +1,55 @@
+#pragma once
+
+#include <vector>
+
+#include "report/text/Sink.h"
+#include "report/text/TablePlan.h"
+
+namespace hierfit::report {
+
+/// Writes one block of a table's columns, with the row headers in front and rules about headers and rows. Grid, plan
+/// and sink must outlive it.
+class BlockWriter {
+  public:
+    BlockWriter(const Grid& grid, const TablePlan& plan, Block block, Sink& sink);
+
+    void Write();
+
+  private:
+    // A text in front of the data and where it stands on the line.
+    struct Label {
+        const CellLines* fpLines;
+        int fStart;
+    };
+    // A column header as far as it stands in the block.
+    struct Heading {
+        const HeaderCell* fpHeader;
+        const CellLines* fpLines;
+        Block fColumns;
+    };
+
+    int StartOf(int column) const { return fvStarts[static_cast<std::size_t>(column - fBlock.fFirst)]; }
+    void WriteRule();
+
+    bool WriteHeaders();
+    void WriteHeaderLevel(int level);
+    void WriteHeaderRules(const std::vector<Heading>& headings);
+    std::vector<Heading> ListHeadings(int level) const;
+    std::vector<Label> ListCorner() const;
+    void PutCorner(const std::vector<Label>& labels, int line, int height);
+    void PutHeading(const Heading& heading, int line, int height, bool isLast);
+
+    void WriteRows();
+    void WriteRow(int row, const std::vector<Label>& labels);
+    void PutLabel(const Label& label, int line);
+    void PutCell(int row, int column, int line);
+
+    const Grid& fGrid;
+    const TablePlan& fPlan;
+    Block fBlock;
+    Sink& fSink;
+    std::vector<int> fvStarts;  ///< of the block's columns
+    int fWidth = 0;
+};
+
+}  // namespace hierfit::report

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "report/layout/Grid.h"
+#include "report/text/CellLines.h"
+
+namespace hierfit::report {
+
+/// Blanks between two columns of text.
+inline constexpr int kGap = 2;
+
+/// A column of data as text.
+struct DataColumn {
+    int fWidth = 0;
+    int fLeft = 0;         ///< room for digits in front of the decimal sign
+    int fRight = 0;        ///< room for the decimal sign and what follows
+    bool fIsText = false;  ///< holds something else than numbers, too
+};
+
+/// Columns of data that are printed side by side, from the first to before the last.
+struct Block {
+    int fFirst;
+    int fEnd;
+};
+
+/// The texts of a grid and the widths of its columns on a terminal. It points into the grid, which must outlive it.
+///
+/// Numbers of a column stand below each other by their decimal signs. Headers are wrapped where they would make their
+/// columns much wider; with a limited width, row labels and texts are wrapped too, and the columns part into blocks.
+class TablePlan {
+  public:
+    /// A limit of 0 is none.
+    TablePlan(const Grid& grid, int limit);
+
+    const CellLines& RowHeader(std::size_t index) const { return fvRowHeaders[index]; }
+    const CellLines& ColumnHeader(std::size_t index) const { return fvColumnHeaders[index]; }
+
+    /// The column headers that stand on a level, from left to right. One of several levels stands on the lowest.
+    const std::vector<std::size_t>& HeadersAt(int level) const { return fvHeadersAt[static_cast<std::size_t>(level)]; }
+
+    const CellLines& Corner(std::size_t index) const { return fvCorner[index]; }
+    const CellLines& Cell(int row, int column) const;
+    const DataColumn& Column(int column) const { return fvColumns[static_cast<std::size_t>(column)]; }
+
+    /// Where a level of row headers starts on the line.
+    int StartOfLevel(int level) const;
+
+    /// Where the first column of a block starts on the line.
+    int StartOfData() const { return StartOfLevel(static_cast<int>(fvLevels.size())); }
+
+    /// Width of neighbouring columns with the gaps between them.
+    int WidthOf(Block columns) const;
+
+    /// Parts the columns so that each block fits the limit where that can be.
+    std::vector<Block> MakeBlocks() const;
+
+  private:
+    void MakeCells();
+    void MakeRowHeaders();
+    void MeasureLevels();
+    void LimitLevels();
+    void MeasureColumns();
+    void MeasureColumn(int column);
+    void MakeColumnHeaders();
+    void FitColumnHeader(const HeaderCell& header, CellLines& lines);
+    void Widen(Block columns, int width);
+
+    const Grid& fGrid;
+    int fLimit;
+    std::vector<CellLines> fvRowHeaders;
+    std::vector<CellLines> fvColumnHeaders;
+    std::vector<std::vector<std::size_t>> fvHeadersAt;
+    std::vector<CellLines> fvCorner;
+    std::vector<CellLines> fvCells;
+    std::vector<int> fvLevels;  ///< widths
+    std::vector<DataColumn> fvColumns;
+};
+
+}  // namespace hierfit::report

@@ -1,0 +1,104 @@
+#include "report/text/TextReport.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "report/text/Sink.h"
+#include "report/text/TableText.h"
+#include "report/text/VisibleText.h"
+
+namespace hierfit::report {
+
+namespace {
+
+constexpr std::string_view kDoubleRule = "\xE2\x95\x90";
+constexpr std::string_view kHeavyRule = "\xE2\x94\x81";
+
+struct Level {
+    Role fRole;
+    std::string_view fWord;
+};
+
+Level FindLevel(int level) {
+    constexpr Level kLevels[] = {
+        {Role::Information, "Information: "}, {Role::Warning, "Warning: "}, {Role::Error, "Error: "}};
+    return kLevels[std::clamp(level, 1, 3) - 1];
+}
+
+/// Writes the items of a document one after the other.
+class Writer {
+  public:
+    Writer(const document::Document& document, const TextOptions& options)
+        : fDocument(document), fWidth(std::max(options.fWidth, 0)), fSink(options.fColor) {}
+
+    std::string Write() {
+        if (!fDocument.fTitle.empty()) WriteTitle(fDocument.fTitle, kDoubleRule);
+        WriteItems(fDocument.fItems);
+        if (!fDocument.fvDiagnostics.empty()) WriteDiagnostics();
+        return fSink.Take();
+    }
+
+  private:
+    void WriteItems(const std::list<document::Item>& items) {
+        for (const document::Item& item : items) {
+            fSink.PartItems();
+            std::visit([this](const auto& content) { WriteItem(content); }, item.fContent);
+        }
+    }
+
+    void WriteItem(const document::Heading& heading) {
+        WriteTitle(heading.fTitle.fWords, kHeavyRule);
+        WriteItems(heading.fItems);
+    }
+
+    void WriteItem(const document::Table& table) { WriteTable(table, fWidth, fSink); }
+
+    void WriteItem(const document::Chart& chart) {
+        fSink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), fWidth);
+    }
+
+    void WriteItem(const document::Message& message) {
+        const Level level = FindLevel(message.fLevel);
+        fSink.WriteParagraph(level.fRole, level.fWord, MakeVisible(message.fText.fWords), fWidth);
+    }
+
+    void WriteTitle(std::string_view words, std::string_view rule) {
+        const std::string title = MakeVisible(words);
+        fSink.WriteParagraph(Role::Heading, "", title, fWidth);
+        int width = 0;
+        for (const std::string& line : WrapLines(title, fWidth)) width = std::max(width, MeasureWidth(line));
+        fSink.PutRule(0, width, rule);
+        fSink.EndLine();
+    }
+
+    void WriteDiagnostics() {
+        fSink.PartItems();
+        WriteTitle("Diagnostics", kHeavyRule);
+        for (const document::Diagnostic& diagnostic : fDocument.fvDiagnostics) {
+            const Level level = FindLevel(diagnostic.fLevel);
+            const std::string text = MakeVisible(diagnostic.fText) + DescribePlace(diagnostic);
+            fSink.WriteParagraph(level.fRole, level.fWord, text, fWidth);
+        }
+    }
+
+    // " (model.statxml:41:7)"
+    std::string DescribePlace(const document::Diagnostic& diagnostic) const {
+        if (!diagnostic.fPlace) return {};
+        const auto source = static_cast<std::size_t>(diagnostic.fPlace->fSource);
+        const std::string name = source < fDocument.fvSources.size() ? MakeVisible(fDocument.fvSources[source]) : "?";
+        return fmt::format(" ({}:{}:{})", name, diagnostic.fPlace->fLine, diagnostic.fPlace->fColumn);
+    }
+
+    const document::Document& fDocument;
+    int fWidth;
+    Sink fSink;
+};
+
+}  // namespace
+
+std::string MakeTextReport(const document::Document& document, const TextOptions& options) {
+    return Writer(document, options).Write();
+}
+
+}  // namespace hierfit::report

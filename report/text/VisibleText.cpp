@@ -1,0 +1,195 @@
+#include "report/text/VisibleText.h"
+
+#include <fmt/format.h>
+#include <utf8proc.h>
+
+#include <algorithm>
+
+namespace hierfit::report {
+
+namespace {
+
+constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
+
+bool IsPlain(char c) { return c >= ' ' && c < '\x7F'; }
+
+bool IsPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return IsPlain(c); });
+}
+
+/// Goes through the characters of a text.
+class Characters {
+  public:
+    explicit Characters(std::string_view text) : fRest(text) {}
+
+    bool Next() {
+        fRest.remove_prefix(fBytes.size());
+        if (fRest.empty()) return false;
+        const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(fRest.data());
+        const auto length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(fRest.size()), &fCharacter);
+        if (length <= 0) fCharacter = -1;
+        fBytes = fRest.substr(0, length <= 0 ? 1 : static_cast<std::size_t>(length));
+        return true;
+    }
+
+    utf8proc_int32_t Get() const { return fCharacter; }  ///< -1 for a byte that is no UTF-8
+    std::string_view Bytes() const { return fBytes; }
+
+  private:
+    std::string_view fRest;
+    std::string_view fBytes;
+    utf8proc_int32_t fCharacter = 0;
+};
+
+bool IsControl(utf8proc_int32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
+
+// Characters that turn the direction of what stands about them, or part lines.
+bool TurnsOrParts(utf8proc_int32_t c) {
+    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
+}
+
+// Control pictures stand 0x2400 above the control characters.
+std::string ShowControl(utf8proc_int32_t c) {
+    if (c == 0x7F) return "\xE2\x90\xA1";
+    if (c < 0x20) return {'\xE2', '\x90', static_cast<char>(0x80 + c)};
+    return fmt::format("\\u{{{:02X}}}", c);
+}
+
+void AddVisible(std::string& visible, const Characters& characters) {
+    const utf8proc_int32_t c = characters.Get();
+    if (c < 0) {
+        visible += kReplacement;
+    } else if (c != '\n' && IsControl(c)) {
+        visible += ShowControl(c);
+    } else if (TurnsOrParts(c)) {
+        visible += fmt::format("\\u{{{:04X}}}", c);
+    } else {
+        visible += characters.Bytes();
+    }
+}
+
+/// Goes through what a reader sees as one character each, and its width.
+class Clusters {
+  public:
+    explicit Clusters(std::string_view text) : fText(text), fCharacters(text) { fHasNext = fCharacters.Next(); }
+
+    bool Next() {
+        if (!fHasNext) return false;
+        const std::size_t start = fEnd;
+        fWidth = 0;
+        utf8proc_int32_t before;
+        do {
+            before = fCharacters.Get();
+            fWidth = std::max(fWidth, utf8proc_charwidth(before));
+            fEnd += fCharacters.Bytes().size();
+            fHasNext = fCharacters.Next();
+        } while (fHasNext && !utf8proc_grapheme_break_stateful(before, fCharacters.Get(), &fState));
+        fBytes = fText.substr(start, fEnd - start);
+        return true;
+    }
+
+    std::string_view Bytes() const { return fBytes; }
+    int Width() const { return fWidth; }
+
+  private:
+    std::string_view fText;
+    Characters fCharacters;
+    bool fHasNext;
+    std::size_t fEnd = 0;
+    std::string_view fBytes;
+    int fWidth = 0;
+    utf8proc_int32_t fState = 0;
+};
+
+template <typename Take>
+void ForEachPart(std::string_view text, char mark, Take take) {
+    for (std::size_t at = 0; at <= text.size();) {
+        const std::size_t end = std::min(text.find(mark, at), text.size());
+        take(text.substr(at, end - at));
+        at = end + 1;
+    }
+}
+
+/// Puts the words of one line into lines of limited width.
+class Wrapping {
+  public:
+    Wrapping(std::vector<std::string>& lines, int width) : fLines(lines), fLimit(width) { fLines.emplace_back(); }
+
+    void Add(std::string_view word) {
+        const int width = MeasureWidth(word);
+        if (!fIsFirst && fWidth + 1 + width > fLimit) {
+            StartLine();
+        } else if (!fIsFirst) {
+            fLines.back() += ' ';
+            ++fWidth;
+        }
+        fIsFirst = false;
+        if (width > fLimit) return AddWide(word);
+        fLines.back() += word;
+        fWidth += width;
+    }
+
+  private:
+    void StartLine() {
+        fLines.emplace_back();
+        fWidth = 0;
+    }
+
+    void AddWide(std::string_view word) {
+        for (Clusters clusters(word); clusters.Next();) {
+            if (fWidth > 0 && fWidth + clusters.Width() > fLimit) StartLine();
+            fLines.back() += clusters.Bytes();
+            fWidth += clusters.Width();
+        }
+    }
+
+    std::vector<std::string>& fLines;
+    int fLimit;
+    int fWidth = 0;
+    bool fIsFirst = true;
+};
+
+}  // namespace
+
+std::string MakeVisible(std::string_view text) {
+    if (IsPlain(text)) return std::string(text);
+    std::string visible;
+    for (Characters characters(text); characters.Next();) AddVisible(visible, characters);
+    return visible;
+}
+
+int MeasureWidth(std::string_view line) {
+    if (IsPlain(line)) return static_cast<int>(line.size());
+    int width = 0;
+    for (Clusters clusters(line); clusters.Next();) width += clusters.Width();
+    return width;
+}
+
+std::vector<std::string> SplitLines(std::string_view text) {
+    std::vector<std::string> lines;
+    ForEachPart(text, '\n', [&](std::string_view line) { lines.emplace_back(line); });
+    return lines;
+}
+
+std::vector<std::string> WrapLines(std::string_view text, int width) {
+    std::vector<std::string> lines;
+    ForEachPart(text, '\n', [&](std::string_view line) {
+        if (width <= 0 || MeasureWidth(line) <= width) {
+            lines.emplace_back(line);
+            return;
+        }
+        Wrapping wrapping(lines, width);
+        ForEachPart(line, ' ', [&](std::string_view word) { wrapping.Add(word); });
+    });
+    return lines;
+}
+
+int MeasureWidestWord(std::string_view text) {
+    int width = 0;
+    ForEachPart(text, '\n', [&](std::string_view line) {
+        ForEachPart(line, ' ', [&](std::string_view word) { width = std::max(width, MeasureWidth(word)); });
+    });
+    return width;
+}
+
+}  // namespace hierfit::report
