@@ -1,0 +1,170 @@
+#include "host/pmml/Dictionary.h"
+
+#include <fmt/format.h>
+
+#include "host/KEST_ValueLabelMap.h"
+
+namespace hierfit::pmml {
+namespace {
+
+std::string Shown(const KEST_Format& format) {
+    return fmt::format("{}{}.{}", format.IsString() ? 'A' : 'F', format.fWidth, format.fDecimals);
+}
+
+/// A field in one line: name "label" type, level, format, categories.
+std::string Shown(const Field& field) {
+    std::string text = fmt::format("{} \"{}\" t{} l{} {}", field.fName, field.fLabel, field.fType,
+                                   field.fMeasurementLevel, Shown(field.fFormat));
+    for (const auto& [value, label] : field.fvCategories) text += fmt::format(" {}={}", value, label);
+    return text;
+}
+
+/// Fields, one a line, and the indices of the variables; or the error with its place.
+std::string Outcome(const std::string& text) {
+    const auto result = Dictionary::Read(text);
+    if (const auto* error = std::get_if<ReadError>(&result)) {
+        return fmt::format("{}:{} {}", error->fLine, error->fColumn, error->fText);
+    }
+    const auto& dictionary = std::get<Dictionary>(result);
+    std::string outcome;
+    for (const Field& field : dictionary.GetFields()) outcome += Shown(field) + '\n';
+    for (int index : dictionary.GetVariables()) outcome += std::to_string(index);
+    return outcome;
+}
+
+std::string OneField(const std::string& attributes, const std::string& children = "") {
+    return "<PMML><DataDictionary><DataField name='x' " + attributes + ">" + children +
+           "</DataField></DataDictionary></PMML>";
+}
+
+TEST(Dictionary, ReadsOneField) {
+    struct Case {
+        std::string fText;
+        const char* fField;
+    };
+    const std::string number = "optype='continuous' dataType='double'";
+    const std::string string = "optype='categorical' dataType='string'";
+    const Case cases[] = {
+        {OneField(number), "x \"\" t2 l3 F8.2"},
+        {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
+        {OneField("optype='categorical' dataType='integer' displayName='The x'"), "x \"The x\" t1 l1 F8.0"},
+        {OneField("dataType='integer'"), "x \"\" t1 l3 F8.0"},
+        {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8.0"},
+        {OneField(""), "x \"\" t0 l1 A8.0"},
+        {OneField(string, "<Value value='a' displayValue='A'/><Value value='l\xC3\xA4nger'/>"),
+         "x \"\" t0 l1 A6.0 a=A l\xC3\xA4nger="},
+        {OneField(string, "<Value value=''/>"), "x \"\" t0 l1 A1.0 ="},
+        {OneField(number,
+                  "<Value value='1' property='valid'/><Value value='2' property='missing'/>"
+                  "<Value value='3' property='invalid'/><Value/><Value value='4'/>"),
+         "x \"\" t2 l3 F8.2 1= 4="},
+        {OneField(number, "<Extension name='other' value='F1.0'/><Extension name='format' value='F5.1'/>"),
+         "x \"\" t2 l3 F5.1"},
+        {OneField(string, "<Extension name='format' value='A12'/>"), "x \"\" t0 l1 A12.0"},
+        {OneField(string, "<Extension name='format' value='F8.2'/>"), "x \"\" t0 l1 A8.0"},
+        {OneField(number, "<Extension name='format' value='A8'/>"), "x \"\" t2 l3 F8.2"},
+    };
+    for (const auto& [text, field] : cases) EXPECT_EQ(Outcome(text), field + std::string("\n0")) << text;
+}
+
+TEST(Dictionary, IgnoresMalformedFormats) {
+    for (const char* format : {"F3", "F1.0", "F40.16"}) {
+        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
+        EXPECT_EQ(Outcome(OneField("dataType='double'", extension)).find("F8.2"), std::string::npos) << format;
+    }
+    for (const char* format : {"", "F", "8.2", "F.2", "F8.", "f8.2", "F8.2 ", " F8.2", "F8.2.1", "F8,2", "F-8.2",
+                               "F8.-2", "F2.2", "F0.0", "F256.2", "F40.17", "F99999999999.2", "E8.2"}) {
+        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
+        EXPECT_EQ(Outcome(OneField("dataType='double'", extension)), "x \"\" t2 l3 F8.2\n0") << format;
+    }
+    for (const char* format : {"A", "A0", "A8.0", "A-1", "A256"}) {
+        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
+        EXPECT_EQ(Outcome(OneField("dataType='string'", extension)), "x \"\" t0 l1 A8.0\n0") << format;
+    }
+}
+
+/// A document of the fields a, b and c, with more elements behind the dictionary.
+std::string WithModel(const std::string& elements) {
+    return "<p:PMML xmlns:p='u'><p:DataDictionary><p:DataField name='a'/><p:DataField name='b'/><p:DataField name='c'/>"
+           "</p:DataDictionary>\n" +
+           elements + "</p:PMML>";
+}
+
+TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
+    struct Case {
+        const char* fElements;
+        const char* fVariables;
+    };
+    const Case cases[] = {
+        {"", "012"},
+        {"<M/>", "012"},
+        {"<M><MiningSchema/></M>", ""},
+        {"<M><MiningSchema><MiningField name='c'/><MiningField name='a' usageType='target'/></MiningSchema></M>", "20"},
+        {"<M><MiningSchema><MiningField name='b'/><MiningField name='b'/></MiningSchema></M>", "1"},
+        {"<M><S><MiningSchema><MiningField name='b'/></MiningSchema></S><MiningSchema/></M>", "1"},
+        {"<Extension><MiningSchema/></Extension><Header><MiningSchema/></Header><M><MiningSchema><MiningField "
+         "name='c'/></MiningSchema></M>",
+         "2"},
+        {"<p:M><p:MiningSchema><p:MiningField name='c'/></p:MiningSchema></p:M>", "2"},
+    };
+    for (const auto& [elements, variables] : cases) {
+        const std::string outcome = Outcome(WithModel(elements));
+        EXPECT_EQ(outcome.substr(outcome.rfind('\n') + 1), variables) << elements;
+    }
+}
+
+TEST(Dictionary, TellsWhatItCannotRead) {
+    struct Case {
+        std::string fText;
+        const char* fError;
+    };
+    const Case cases[] = {
+        {"", "1:1 no element found\n\n^"},
+        {"<PMML>\n</PNML>", "2:3 mismatched tag\n</PNML>\n  ^"},
+        {"\n<PMML/>", "2:1 PMML: element \"DataDictionary\" expected"},
+        {"<PMML><DataDictionary>\n<DataField name='a'/>\n<DataField/></DataDictionary></PMML>",
+         "3:1 PMML/DataDictionary/DataField[2]: attribute \"name\" expected"},
+        {"<PMML><DataDictionary><DataField name=''/></DataDictionary></PMML>",
+         "1:23 PMML/DataDictionary/DataField: attribute \"name\" expected"},
+        {"<PMML><DataDictionary><DataField name='a'/><DataField name='a'/></DataDictionary></PMML>",
+         "1:44 PMML/DataDictionary/DataField[2]: another field is named \"a\""},
+        {WithModel("<M><MiningSchema><MiningField name='a'/><MiningField name='zz'/></MiningSchema></M>"),
+         "2:41 PMML/M/MiningSchema/MiningField[2]: \"zz\" is no field of the data dictionary"},
+        {WithModel("<M><MiningSchema><MiningField/></MiningSchema></M>"),
+         "2:18 PMML/M/MiningSchema/MiningField: attribute \"name\" expected"},
+    };
+    for (const auto& [text, error] : cases) EXPECT_EQ(Outcome(text), error) << text;
+}
+
+TEST(Dictionary, MakesDataSourceAndMetaData) {
+    const auto result = Dictionary::Read(
+        "<PMML><DataDictionary>"
+        "<DataField name='n' displayName='Number' optype='ordinal' dataType='double'>"
+        "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/><Value value='2'/></DataField>"
+        "<DataField name='s' optype='categorical' dataType='string'><Value value='1' displayValue='text'/></DataField>"
+        "<DataField name='i' optype='continuous' dataType='integer'/>"
+        "</DataDictionary></PMML>");
+    const auto& dictionary = std::get<Dictionary>(result);
+    const auto source = MakeDataSource(dictionary);
+    const auto metaData = MakeMetaData(dictionary);
+    ASSERT_EQ(metaData->FieldCount(), 3);
+    const int types[] = {2, 0, 1};
+    for (int i = 0; i < 3; ++i) {
+        EXPECT_EQ(metaData->GetField(i)->GetType(), types[i]);
+        EXPECT_EQ(metaData->GetFieldIndex(source->GetVariable(i)->GetName()), i);
+        EXPECT_EQ(source->FindVarIndex(source->GetVariable(i)->GetName(), 0), i);
+    }
+    EXPECT_EQ(metaData->GetFieldIndex("N"), -1);
+    EXPECT_EQ(metaData->GetField(3), nullptr);
+    EXPECT_EQ(metaData->GetField(-1), nullptr);
+    EXPECT_STREQ(source->GetVariable(0)->GetLabel(), "Number");
+    EXPECT_EQ(source->GetVariable(1)->GetLabel(), nullptr);
+    EXPECT_EQ(source->GetVariable(0)->GetMeasurementLevel(), 2);
+    const KEST_ValueLabelMap numbers(source->GetVariable(0)->GetValueLabels());
+    EXPECT_STREQ(numbers.GetLabel(1.0), "one");
+    EXPECT_EQ(numbers.GetLabel(2.0), nullptr);
+    EXPECT_STREQ(KEST_ValueLabelMap(source->GetVariable(1)->GetValueLabels()).GetLabel(std::string("1")), "text");
+}
+
+}  // namespace
+}  // namespace hierfit::pmml

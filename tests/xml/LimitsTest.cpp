@@ -1,0 +1,59 @@
+#include "Parsed.h"
+
+namespace hierfit::test {
+namespace {
+
+constexpr std::size_t kMebibyte = std::size_t{1} << 20U;
+
+std::string Repeat(const std::string& text, std::size_t count) {
+    std::string all;
+    all.reserve(text.size() * count);
+    for (std::size_t i = 0; i < count; ++i) all += text;
+    return all;
+}
+
+std::string Nested(std::size_t depth) { return Repeat("<a>", depth) + Repeat("</a>", depth); }
+
+std::string WithAttributes(int count) {
+    std::string text = "<a";
+    for (int i = 0; i < count; ++i) text += " a" + std::to_string(i) + "=''";
+    return text + "/>";
+}
+
+/// The first line of the error.
+std::string Reason(const std::string& text) {
+    const std::string error = ErrorOf(text);
+    return error.substr(0, error.find('\n'));
+}
+
+TEST(Limits, HoldExactly) {
+    EXPECT_EQ(Reason(Nested(256)), "read");
+    EXPECT_EQ(Reason(Nested(257)), "1:769 elements are nested deeper than 256 levels");
+    EXPECT_EQ(Reason(WithAttributes(1000)), "read");
+    EXPECT_EQ(Reason(WithAttributes(1001)), "1:1 an element has more than 1,000 attributes");
+    EXPECT_EQ(Reason("<a b='" + std::string(16 * kMebibyte, 'x') + "'/>"), "read");
+    EXPECT_EQ(Reason("<a b='" + std::string(16 * kMebibyte + 1, 'x') + "'/>"),
+              "1:1 an attribute value is longer than 16 MiB");
+    EXPECT_EQ(Reason('<' + std::string(16 * kMebibyte + 1, 'x') + "/>"), "1:1 a name is longer than 16 MiB");
+    EXPECT_EQ(Reason("<a " + std::string(16 * kMebibyte + 1, 'x') + "=''/>"), "1:1 a name is longer than 16 MiB");
+    EXPECT_EQ(Reason("<a>" + Repeat("<b/>", 4'999'999) + "</a>"), "read");
+    EXPECT_EQ(Reason("<a>\n" + Repeat("<b/>", 5'000'000) + "</a>"),
+              "2:19999997 the document has more than 5 million elements");
+    EXPECT_EQ(Reason(std::string(256 * kMebibyte + 1, ' ')), "1:1 the document is larger than 256 MiB");
+}
+
+TEST(Limits, HugeNonsenseEndsSoon) {
+    EXPECT_EQ(Reason(Repeat("<a>", 1'000'000)), "1:769 elements are nested deeper than 256 levels");
+    EXPECT_EQ(Reason("<a b='" + std::string(100'000'000, 'x')), "1:1 unclosed token");
+    EXPECT_EQ(Reason("<a b='" + std::string(100'000'000, 'x') + "'/>"), "1:1 an attribute value is longer than 16 MiB");
+    EXPECT_EQ(Reason(std::string(50'000'000, '<')), "1:2 not well-formed (invalid token)");
+    EXPECT_EQ(Reason("<a>" + std::string(50'000'000, '\r')), "50000001:1 no element found");
+}
+
+TEST(Limits, MixedTextTakesLinearTime) {
+    const auto document = Parsed("<a>" + Repeat("x<b/>", 1'000'000) + "</a>");
+    EXPECT_EQ(document->Text(0).size(), 1'000'000U);
+}
+
+}  // namespace
+}  // namespace hierfit::test

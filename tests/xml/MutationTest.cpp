@@ -1,0 +1,77 @@
+#include <random>
+
+#include "Parsed.h"
+#include "tests/support/ExampleFile.h"
+
+namespace hierfit::test {
+namespace {
+
+/// Bytes that mean something to an XML reader.
+constexpr char kSpice[] = "<>/&;\"'=!?[]-:# \n\r\t\0\xC3\xA4\xFF\xFEx";
+
+std::string Mutate(std::string text, std::mt19937& random) {
+    const auto below = [&random](std::size_t limit) { return limit == 0 ? 0 : random() % limit; };
+    for (std::size_t edits = 1 + below(4); edits > 0; --edits) {
+        const std::size_t at = below(text.size());
+        switch (below(4)) {
+            case 0:
+                text[at] = kSpice[below(sizeof kSpice)];
+                break;
+            case 1:
+                text.erase(at, below(40));
+                break;
+            case 2:
+                text.insert(at, text.substr(below(text.size()), below(40)));
+                break;
+            default:
+                text.insert(at, 1, kSpice[below(sizeof kSpice)]);
+        }
+        if (text.empty()) return text;
+    }
+    return text;
+}
+
+/// Touches all of a tree; gives the number of bytes seen, so that nothing is left out.
+std::size_t WalkAll(const xml::Document& document) {
+    std::size_t size = 0;
+    for (xml::Document::Node node = 0; node < document.Size(); ++node) {
+        size += document.Name(node).size() + document.Text(node).size() + document.PathOf(node).size();
+        size += document.Attribute(node, "name").value_or("").size();
+        EXPECT_GE(document.PositionOf(node).fLine, 1);
+        EXPECT_GE(document.PositionOf(node).fColumn, 1);
+    }
+    return size;
+}
+
+bool IsWellFormedUtf8(const std::string& text) {
+    const auto result = xml::Document::Parse("<a><![CDATA[" + text + "]]></a>");
+    return result.index() == 0;
+}
+
+// What a mutation does to a document cannot be told beforehand; that it ends well, with a place inside the text and an
+// excerpt that can be shown, can.
+TEST(Mutation, AnyTextEndsWell) {
+    std::mt19937 random(20240501);
+    const std::string utf8 = ReadExample("wine", "model.pmml");
+    const std::string sources[] = {utf8, Utf16(utf8.substr(utf8.find("<PMML")), false),
+                                   Utf16(utf8.substr(utf8.find("<PMML")), true), Replaced(utf8, "UTF-8", "ISO-8859-1")};
+    int read = 0;
+    for (int i = 0; i < 4000; ++i) {
+        const std::string text = Mutate(sources[i % 4], random);
+        const auto result = xml::Document::Parse(text);
+        if (const auto* error = std::get_if<xml::ParseError>(&result)) {
+            ASSERT_GE(error->fLine, 1);
+            ASSERT_LE(static_cast<std::size_t>(error->fLine), text.size() + 1);
+            ASSERT_GE(error->fColumn, 1);
+            ASSERT_TRUE(IsWellFormedUtf8(error->fExcerpt)) << error->fExcerpt;
+            ASSERT_LE(error->fExcerpt.size(), 700U);
+        } else {
+            ASSERT_GT(WalkAll(*std::get<0>(result)), 0U);
+            ++read;
+        }
+    }
+    EXPECT_GT(read, 100);
+}
+
+}  // namespace
+}  // namespace hierfit::test

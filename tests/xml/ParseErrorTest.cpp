@@ -1,0 +1,66 @@
+#include "Parsed.h"
+#include "tests/support/ExampleFile.h"
+
+namespace hierfit::test {
+namespace {
+
+using namespace std::string_literals;
+
+TEST(ParseError, SaysReasonPlaceAndLine) {
+    const std::string filler(200, 'x');
+    struct Case {
+        std::string fText;
+        std::string fError;
+    };
+    const Case cases[] = {
+        {"", "1:1 no element found\n\n^"},
+        {" \n", "2:1 no element found\n\n^"},
+        {"hello", "1:1 syntax error\nhello\n^"},
+        {"{\"a\": 1}", "1:1 not well-formed (invalid token)\n{\"a\": 1}\n^"},
+        {"<a>\n  <b>\n  </c>\n</a>", "3:5 mismatched tag\n  </c>\n    ^"},
+        {"<a/>\n<b/>", "2:1 junk after document element\n<b/>\n^"},
+        {"<a>\n", "2:1 no element found\n\n^"},
+        {"<a b='1' b='2'/>", "1:10 duplicate attribute\n<a b='1' b='2'/>\n         ^"},
+        {"<a b='1", "1:1 unclosed token\n<a b='1\n^"},
+        {"<a>&nbsp;</a>", "1:4 undefined entity\n<a>&nbsp;</a>\n   ^"},
+        {"<a>\x01</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
+        {"<a>"s + '\0' + "</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
+        {"<a>\xC3\xA4\xFF</a>", "1:5 not well-formed (invalid token)\n<a>\xC3\xA4\xEF\xBF\xBD</a>\n    ^"},
+        {"<a>\xED\xA0\x80</a>",
+         "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD</a>\n   ^"},
+        {"\t\xE2\x80\xAE<a>\t</b>\r\n</a>", "1:2 syntax error\n \xEF\xBF\xBD<a> </b>\n ^"},
+        {"<?xml version='1.0' encoding='ISO-8859-1'?>\n<a>\xE4</b>", "2:5 mismatched tag\n<a>\xC3\xA4</b>\n    ^"},
+        {"<?xml version='1.0' encoding='EBCDIC'?><a/>",
+         "1:31 unknown encoding\n<?xml version='1.0' encoding='EBCDIC'?><a/>\n                              ^"},
+        {Utf16("<a>\n<b></c></a>", false), "2:4 mismatched tag\n<b></c></a>\n   ^"},
+        {Utf16("<a>\n<b></c></a>", true), "2:4 mismatched tag\n<b></c></a>\n   ^"},
+        {"<a>" + filler + "</b>" + filler + "</a>", "1:204 mismatched tag\n..." + filler.substr(0, 60) + "</b>" +
+                                                        filler.substr(0, 36) + "...\n" + std::string(63, ' ') + '^'},
+        {"<!-- c -->\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>",
+         "2:1 document type declarations are not read\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>\n^"},
+        {"<!DOCTYPE a SYSTEM 'file:///etc/passwd'><a/>",
+         "1:1 document type declarations are not read\n<!DOCTYPE a SYSTEM 'file:///etc/passwd'><a/>\n^"},
+        {Utf16("<!DOCTYPE a>", true), "1:1 document type declarations are not read\n<!DOCTYPE a>\n^"},
+    };
+    for (const auto& [text, error] : cases) EXPECT_EQ(ErrorOf(text), error) << text;
+}
+
+TEST(ParseError, LongCommentsAreNoDocumentType) {
+    std::string comment;
+    while (comment.size() < 5000) comment += "<!DOCTYPE x>";
+    Parsed("<!--" + comment + "--><?p " + comment + "?><a/>");
+    Parsed(Utf16("<!--" + comment + "--><?p " + comment + "?><a/>", false));
+}
+
+TEST(ParseError, NoTruncatedDocumentIsRead) {
+    const std::string text = ReadExample("sleepstudy", "model.pmml");
+    const std::size_t end = text.rfind('>');
+    for (std::size_t size = 0; size <= end; ++size) {
+        ASSERT_NE(ErrorOf(text.substr(0, size)), "read") << size;
+        ASSERT_NE(ErrorOf(Utf16(text.substr(0, size), false)), "read") << size;
+    }
+    EXPECT_EQ(ErrorOf(text), "read");
+}
+
+}  // namespace
+}  // namespace hierfit::test

@@ -1,0 +1,39 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <variant>
+
+#include "host/xml/Document.h"
+
+namespace hierfit::test {
+
+/// The document of a text that must be read.
+inline std::shared_ptr<xml::Document> Parsed(const std::string& text) {
+    auto result = xml::Document::Parse(text);
+    if (const auto* error = std::get_if<xml::ParseError>(&result)) {
+        ADD_FAILURE() << error->fReason << '\n' << error->fExcerpt;
+        return std::get<0>(xml::Document::Parse("<unread/>"));
+    }
+    return std::get<0>(result);
+}
+
+/// Reason, place and excerpt of a text that must not be read.
+inline std::string ErrorOf(const std::string& text) {
+    const auto result = xml::Document::Parse(text);
+    const auto* error = std::get_if<xml::ParseError>(&result);
+    if (!error) return "read";
+    return std::to_string(error->fLine) + ':' + std::to_string(error->fColumn) + ' ' + error->fReason + '\n' +
+           error->fExcerpt;
+}
+
+/// ASCII text as UTF-16 with a byte order mark.
+inline std::string Utf16(const std::string& ascii, bool isBigEndian) {
+    std::string text = isBigEndian ? "\xFE\xFF" : "\xFF\xFE";
+    for (char c : ascii) text += isBigEndian ? std::string{'\0', c} : std::string{c, '\0'};
+    return text;
+}
+
+}  // namespace hierfit::test

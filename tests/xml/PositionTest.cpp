@@ -1,0 +1,62 @@
+#include <cstring>
+
+#include "Parsed.h"
+#include "tests/support/ExampleFile.h"
+
+namespace hierfit::test {
+namespace {
+
+std::string PositionsOf(const xml::Document& document) {
+    std::string text;
+    for (xml::Document::Node node = 0; node < document.Size(); ++node) {
+        const auto [line, column] = document.PositionOf(node);
+        text += (node > 0 ? " " : "") + std::to_string(line) + ':' + std::to_string(column);
+    }
+    return text;
+}
+
+TEST(Position, CountsLinesAndCharacters) {
+    struct Case {
+        std::string fText;
+        const char* fPositions;
+    };
+    const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>";
+    const Case cases[] = {
+        {"<a><b/>\n<b/></a>", "1:1 1:4 2:1"},
+        {"\n\n <a>\n\n\n\t<b\n c='1'/><b/></a>", "3:2 6:2 7:8"},
+        {"<a>\r\n<b/>\r\n\r\n <b/></a>", "1:1 2:1 4:2"},
+        {"<a>\r<b/>\r\r <b/></a>", "1:1 2:1 4:2"},
+        {"<a>\r\n<b/>\r<b/>\n\r<b/></a>", "1:1 2:1 3:1 5:1"},
+        {"\xEF\xBB\xBF<a>\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80<b/></a>", "1:1 1:7"},
+        {"<a>\r\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80<b/></a>", "1:1 2:4"},
+        {latin + "\n<a>\xE4\xE4<b/></a>", "2:1 2:6"},
+        {latin + "\r<a>\xE4\xE4<b/></a>", "2:1 2:6"},
+        {Utf16("<a>\n <b/>\r\n<b/></a>", false), "1:1 2:2 3:1"},
+        {Utf16("<a>\n <b/>\r\n<b/></a>", true), "1:1 2:2 3:1"},
+        {Utf16("<a>", true) + std::string("\xD8\x3D\xDE\x00\x0A\x0A", 6) + Utf16("<b/></a>", true).substr(2),
+         "1:1 1:6"},
+    };
+    for (const auto& [text, positions] : cases) EXPECT_EQ(PositionsOf(*Parsed(text)), positions) << text;
+}
+
+// Each start tag of a real document must be found at its place, counted here in the plainest way.
+TEST(Position, FindsEveryStartTagOfAnExample) {
+    const std::string text = ReadExample("many-means", "model.statxml");
+    const auto document = Parsed(text);
+    std::string expected;
+    int line = 1;
+    int column = 1;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '<' && !std::strchr("/?!", text[i + 1])) {
+            expected += (expected.empty() ? "" : " ") + std::to_string(line) + ':' + std::to_string(column);
+        }
+        column = text[i] == '\n' ? 1 : column + 1;
+        line += text[i] == '\n' ? 1 : 0;
+    }
+    EXPECT_EQ(PositionsOf(*document), expected);
+    EXPECT_EQ(PositionsOf(*Parsed(Utf16(text.substr(text.find("<StatXML")), false))),
+              PositionsOf(*Parsed(text.substr(text.find("<StatXML")))));
+}
+
+}  // namespace
+}  // namespace hierfit::test
