@@ -3,18 +3,18 @@
 "use strict";
 (() => {
   const words = document.body.dataset;
-  const markup = {"&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;"};
-  const escape = text => text.replace(/[&<>"]/g, character => markup[character]);
+  const markup = { "&": "&amp;", "<": "&lt;", ">": "&gt;", "\"": "&quot;" };
+  const escape = (text) => text.replace(/[&<>"]/g, (character) => markup[character]);
 
   // The content of an element as HTML of its own: texts, line breaks and raised letters, without links and classes.
-  const contentOf = element => Array.from(element.childNodes, node => {
+  const contentOf = (element) => Array.from(element.childNodes, (node) => {
     if (node.nodeType === Node.TEXT_NODE) return escape(node.data);
     if (node.localName === "br") return "<br>";
     return node.localName === "sup" ? `<sup>${contentOf(node)}</sup>` : contentOf(node);
   }).join("");
 
   // The content as one line of plain text, without note letters.
-  const lineOf = element => Array.from(element.childNodes, node => {
+  const lineOf = (element) => Array.from(element.childNodes, (node) => {
     if (node.nodeType === Node.TEXT_NODE) return node.data;
     if (node.localName === "br") return " ";
     return node.localName === "sup" ? "" : lineOf(node);
@@ -22,7 +22,7 @@
 
   const rule = "1px solid #000";
   const styleOf = (cell, isFirst, isLast) => {
-    const {textAlign} = getComputedStyle(cell);
+    const { textAlign } = getComputedStyle(cell);
     const isHead = Boolean(cell.closest("thead"));
     return `padding:2px 6px;text-align:${textAlign};vertical-align:${isHead ? "bottom" : "top"};`
       + `font-weight:${isHead ? "bold" : "normal"}`
@@ -32,13 +32,13 @@
   const cellAsHtml = (cell, isFirst, isLast) => {
     const spans = (cell.colSpan > 1 ? ` colspan="${cell.colSpan}"` : "")
       + (cell.rowSpan > 1 ? ` rowspan="${cell.rowSpan}"` : "");
-    const {localName} = cell;
+    const { localName } = cell;
     return `<${localName}${spans} style="${styleOf(cell, isFirst, isLast)}">${contentOf(cell)}</${localName}>`;
   };
 
   // The rule below a section of rows belongs to every cell that reaches its end.
   const sectionAsHtml = (section, isTop, isBottom) => {
-    const {rows} = section;
+    const { rows } = section;
     const lines = Array.from(rows, (row, index) => {
       const cells = Array.from(row.cells, cell =>
         cellAsHtml(cell, isTop && index === 0, isBottom && index + cell.rowSpan >= rows.length));
@@ -47,7 +47,7 @@
     return `<${section.localName}>${lines.join("")}</${section.localName}>`;
   };
 
-  const tableAsHtml = table => {
+  const tableAsHtml = (table) => {
     const sections = table.querySelectorAll("thead, tbody");
     const last = sections.length - 1;
     const parts = Array.from(sections, (section, index) =>
@@ -55,14 +55,15 @@
     return `<table style="border-collapse:collapse">${parts.join("")}</table>`;
   };
 
-  const figureAsHtml = figure => {
+  const figureAsHtml = (figure) => {
     const table = figure.querySelector("table");
-    const notes = Array.from(figure.querySelectorAll("figcaption p"), note => `<p>${contentOf(note)}</p>`);
+    const notes = Array.from(figure.querySelectorAll("figcaption p"), (note) => `<p>${contentOf(note)}</p>`);
     return `<p><b>${contentOf(table.caption)}</b></p>${tableAsHtml(table)}${notes.join("")}`;
   };
 
-  // Each row has a field for each column; a cell of several columns or rows stands in the first.
-  const tableAsText = table => {
+  // Each row has a field for each column. Of several columns a cell stands in the first; of several rows in the first, too,
+  // but a header of columns in the last, right above its data.
+  const tableAsText = (table) => {
     const lines = [];
     Array.from(table.rows, (row, index) => {
       const fields = lines[index] ??= [];
@@ -73,20 +74,21 @@
           const line = lines[index + below] ??= [];
           for (let beside = 0; beside < cell.colSpan; ++beside) line[column + beside] = "";
         }
-        fields[column] = lineOf(cell);
+        const place = row.parentElement.localName === "thead" ? index + cell.rowSpan - 1 : index;
+        lines[place][column] = lineOf(cell);
       }
     });
-    return lines.map(fields => fields.join("\t") + "\n").join("");
+    return lines.map((fields) => fields.join("\t") + "\n").join("");
   };
 
-  // Pages opened from a disk may lack the clipboard; the event that every copying raises is there for all.
+  // The event that every copying raises takes what it is given as it is.
   const copyByEvent = (html, text) => {
-    const fill = event => {
+    const fill = (event) => {
       event.clipboardData.setData("text/html", html);
       event.clipboardData.setData("text/plain", text);
       event.preventDefault();
     };
-    document.addEventListener("copy", fill, {once: true});
+    document.addEventListener("copy", fill, { once: true });
     try {
       return document.execCommand("copy");
     } finally {
@@ -94,14 +96,18 @@
     }
   };
 
-  const copy = async (html, text) => {
-    const asBlob = (type, content) => new Blob([content], {type});
+  // Pages opened from a disk may lack the clipboard, and browsers apply the page's policy, which allows no styles, to what
+  // they put there. So it comes second, for browsers that raise the event with a selection only.
+  const copyByClipboard = async (html, text) => {
+    const asBlob = (type, content) => new Blob([content], { type });
     try {
       await navigator.clipboard.write([new ClipboardItem({
-        "text/html": asBlob("text/html", html), "text/plain": asBlob("text/plain", text)})]);
+        "text/html": asBlob("text/html", html),
+        "text/plain": asBlob("text/plain", text),
+      })]);
       return true;
     } catch {
-      return copyByEvent(html, text);
+      return false;
     }
   };
 
@@ -118,32 +124,33 @@
     }, 2000);
   };
 
-  const addButton = figure => {
+  const addButton = (figure) => {
     const table = figure.querySelector("table");
     const button = document.createElement("button");
     button.type = "button";
     button.className = "copy";
     button.textContent = words.copy;
     button.addEventListener("click", async () => {
-      const isCopied = await copy(figureAsHtml(figure), tableAsText(table));
+      const html = figureAsHtml(figure);
+      const text = tableAsText(table);
+      const isCopied = copyByEvent(html, text) || await copyByClipboard(html, text);
       tell(button, isCopied ? words.copied : words.notCopied);
     });
     figure.prepend(button);
   };
 
-  const setStop = frame => {
+  const setStop = (frame) => {
     const scrolls = frame.scrollWidth > frame.clientWidth || frame.scrollHeight > frame.clientHeight;
     if (scrolls) {
       frame.tabIndex = 0;
-      frame.setAttribute("role", "region");
       frame.setAttribute("aria-label", frame.dataset.label);
     } else {
-      for (const name of ["tabindex", "role", "aria-label"]) frame.removeAttribute(name);
+      for (const name of ["tabindex", "aria-label"]) frame.removeAttribute(name);
     }
   };
 
   const frames = document.querySelectorAll(".scroll");
-  const resizing = new ResizeObserver(changes => changes.forEach(change => setStop(change.target)));
+  const resizing = new ResizeObserver((changes) => changes.forEach((change) => setStop(change.target)));
   for (const frame of frames) {
     frame.dataset.label = frame.getAttribute("aria-label");
     addButton(frame.closest("figure"));
@@ -160,7 +167,7 @@
       frame.style.zoom = Math.min(1, paper / width);
     }
   });
-  addEventListener("afterprint", () => frames.forEach(frame => { frame.style.zoom = ""; }));
+  addEventListener("afterprint", () => frames.forEach((frame) => { frame.style.zoom = ""; }));
 
   if (matchMedia("(max-width: 40rem)").matches) document.querySelector("nav details")?.removeAttribute("open");
 })();

@@ -90,7 +90,7 @@ void AppendFooter(std::string& out, const document::Document& document) {
 
 std::string MakeHtmlReport(const document::Document& document) {
     const std::vector<html::Entry> entries = html::ListEntries(document);
-    std::string out = "<!doctype html>\n<html lang=\"";
+    std::string out = "<!DOCTYPE html>\n<html lang=\"";
     out.append(LanguageTag(document.fLanguage)).append("\">\n");
     AppendHead(out, document);
     AppendBodyTag(out);

@@ -41,7 +41,7 @@ document::Document MakeSmall() {
 }
 
 TEST(HtmlReport, IsOnePage) {
-    EXPECT_EQ(RenderWithoutAssets(MakeSmall()), R"(<!doctype html>
+    EXPECT_EQ(RenderWithoutAssets(MakeSmall()), R"(<!DOCTYPE html>
 <html lang="en">
 <head>
 <meta charset="utf-8">
@@ -87,14 +87,14 @@ TEST(HtmlReport, IsOnePage) {
 </figure>
 </section>
 <figure class="table" id="GrandMean-1">
-<div class="scroll" tabindex="0" role="region" aria-label="Grand Mean, table 1">
+<section class="scroll" tabindex="0" aria-label="Grand Mean, table 1">
 <table>
 <caption><span>Grand Mean</span></caption>
 <tbody>
 <tr><td>2.5</td></tr>
 </tbody>
 </table>
-</div>
+</section>
 </figure>
 <section class="diagnostics" id="Diagnostics">
 <h2>Diagnostics</h2>

@@ -33,7 +33,7 @@ TEST(HtmlTable, TiesDataToTheirHeadersWhereLevelsNest) {
         {"12", "3.5", "", "a", "1", "2", "3", "4"});
     table.fvCells[1].fvNotes.push_back(Words("A note."));
     EXPECT_EQ(Render(table), R"(<figure class="table" id="A-1">
-<div class="scroll" tabindex="0" role="region" aria-label="T, table 1">
+<section class="scroll" tabindex="0" aria-label="T, table 1">
 <table>
 <caption><span>T</span></caption>
 <colgroup span="2"></colgroup><colgroup span="2"></colgroup>
@@ -50,7 +50,7 @@ TEST(HtmlTable, TiesDataToTheirHeadersWhereLevelsNest) {
 <tr><th scope="row" id="t1r5">Share</th><td headers="t1r3 t1r5 t1c0 t1c1">3</td><td headers="t1r3 t1r5 t1c0 t1c2" data-pad=".5">4</td></tr>
 </tbody>
 </table>
-</div>
+</section>
 <figcaption>
 <p class="note" id="t1na"><sup><a href="#t1ma" role="doc-backlink">a</a></sup> A note.</p>
 </figcaption>

@@ -22,8 +22,8 @@ TableParts MakeParts(std::string& out, const Grid& grid, int number) {
 }
 
 void AppendFrame(std::string& out, const Grid& grid, std::string_view title, int number) {
-    out += grid.fRows > kLongRows ? "<div class=\"scroll long\"" : "<div class=\"scroll\"";
-    out += " tabindex=\"0\" role=\"region\" aria-label=\"";
+    out += grid.fRows > kLongRows ? "<section class=\"scroll long\"" : "<section class=\"scroll\"";
+    out += " tabindex=\"0\" aria-label=\"";
     AppendAttribute(out, title);
     out += ", ";
     out += words::kTable;
@@ -70,7 +70,7 @@ void AppendGrid(TableParts& parts, std::string_view title, int number) {
     out += "</span></caption>\n";
     TableHead(parts).Append();
     TableBody(parts).Append();
-    out += "</table>\n</div>\n";
+    out += "</table>\n</section>\n";
 }
 
 void AppendWithoutCells(std::string& out, std::string_view title) {

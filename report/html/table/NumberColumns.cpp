@@ -20,8 +20,10 @@ NumberColumns::NumberColumns(const Grid& grid) : fvColumns(static_cast<std::size
     for (int row = 0; row < grid.fRows; ++row) {
         for (Column& column : fvColumns) {
             const document::Cell* content = (cell++)->fpCell;
-            if (!content || !IsNumber(content->fContent)) continue;
-            column.fHasNumbers = true;
+            if (!content) continue;
+            const bool isNumber = IsNumber(content->fContent);
+            ++(isNumber ? column.fNumbers : column.fTexts);
+            if (!isNumber) continue;
             const std::string_view tail = TailOf(content->fContent.fWords);
             if (tail.size() > column.fTail.size()) column.fTail = tail;
         }

@@ -7,14 +7,14 @@
 
 namespace hierfit::report::html {
 
-/// Which columns of a grid hold numbers, and what it takes to set them below one another at the decimal sign. It points
-/// into the grid's table.
+/// Which columns of a grid are columns of numbers, and what it takes to set them below one another at the decimal sign.
+/// It points into the grid's table.
 class NumberColumns {
   public:
     explicit NumberColumns(const Grid& grid);
 
-    /// Whether all cells of a column are texts.
-    bool IsText(int column) const { return !At(column).fHasNumbers; }
+    /// Whether most cells of a column are texts. Then its few numbers are set as texts are, else they would stand apart.
+    bool IsText(int column) const { return At(column).fTexts >= At(column).fNumbers; }
 
     /// What a number's words lack behind the decimal sign, compared to the longest of the column: room for this, to
     /// the right of the words, aligns them.
@@ -22,7 +22,8 @@ class NumberColumns {
 
   private:
     struct Column {
-        bool fHasNumbers = false;
+        int fTexts = 0;
+        int fNumbers = 0;
         std::string_view fTail;  ///< the longest, from the decimal sign on
     };
 

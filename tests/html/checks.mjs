@@ -1,0 +1,113 @@
+// What holds of every page. Each check gives a list of faults, empty for a good page.
+
+/** Nothing but our own script and style, and no element that a text could have smuggled in. */
+export async function checkElements(page) {
+  return page.evaluate(() => {
+    const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details " +
+      "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br bdi " +
+      "footer script button").split(" "));
+    const faults = [];
+    for (const element of document.querySelectorAll("*")) {
+      if (!allowed.has(element.localName)) faults.push(`<${element.localName}> has no place on a page`);
+      for (const { name } of element.attributes) {
+        if (name.startsWith("on")) faults.push(`<${element.localName} ${name}> runs code`);
+      }
+    }
+    const { length } = document.querySelectorAll("script:not([type='application/json'])");
+    if (length !== 1) faults.push(`${length} scripts`);
+    return faults;
+  });
+}
+
+/** Every link leads to something on the page, and every note can be reached from its mark and back. */
+export async function checkLinks(page) {
+  return page.evaluate(() => Array.from(document.querySelectorAll("a"), (link) => link.getAttribute("href"))
+    .filter((href) => !href.startsWith("#") || !document.getElementById(href.slice(1)))
+    .map((href) => `${href} leads nowhere`));
+}
+
+/** A data cell's headers are the header cells that stand in its row and column. */
+export async function checkHeaders(page) {
+  return page.evaluate(() => {
+    const faults = [];
+    for (const table of document.querySelectorAll("table")) {
+      const covered = [];  // by row and column, the cell that stands there
+      Array.from(table.rows, (row, top) => {
+        let left = 0;
+        for (const cell of row.cells) {
+          while (covered[top]?.[left]) ++left;
+          for (let y = top; y < top + cell.rowSpan; ++y) {
+            covered[y] ??= [];
+            for (let x = left; x < left + cell.colSpan; ++x) {
+              if (covered[y][x]) faults.push(`two cells at row ${y}, column ${x}`);
+              covered[y][x] = cell;
+            }
+          }
+        }
+      });
+      if (covered.length !== table.rows.length) faults.push("a cell goes beyond the last row");
+      if (covered.some((row) => row.length !== covered[0].length)) faults.push("rows differ in length");
+      const levels = Math.max(covered.findIndex((row) => row.at(-1).closest("tbody")), 0);
+      covered.slice(levels).forEach((row, index) => row.forEach((cell, x) => {
+        if (!cell.headers) return;
+        const around = new Set([...row.filter((other) => other.localName === "th"),
+          ...covered.slice(0, levels).map((head) => head[x]).filter((other) => other.localName === "th")]);
+        const named = cell.headers.split(" ").map((id) => document.getElementById(id));
+        if (new Set(named).size !== around.size || named.some((header) => !around.has(header))) {
+          faults.push(`headers="${cell.headers}" of row ${index}, column ${x} are not those around it`);
+        }
+      }));
+    }
+    return faults.slice(0, 5);
+  });
+}
+
+/** The numbers of a column stand below one another at the decimal sign, to half a pixel. */
+export async function checkAlignment(page) {
+  return page.evaluate(() => {
+    const signPlace = (cell) => {
+      const node = cell.firstChild;
+      if (node?.nodeType !== Node.TEXT_NODE || !/^[-<]?\d*\.\d+$/.test(node.data)) return null;
+      const range = document.createRange();
+      const at = node.data.lastIndexOf(".");
+      range.setStart(node, at);
+      range.setEnd(node, at + 1);
+      return range.getBoundingClientRect().left;
+    };
+    const faults = [];
+    for (const table of document.querySelectorAll("table")) {
+      const byColumn = new Map();
+      for (const cell of table.querySelectorAll("tbody td:not(.t)")) {
+        const place = signPlace(cell);
+        if (place === null) continue;
+        const key = cell.parentElement.cells.length - cell.cellIndex;  // row headers differ in number, data do not
+        const first = byColumn.get(key) ?? byColumn.set(key, place).get(key);
+        if (Math.abs(place - first) > 0.5) faults.push(`${cell.textContent} stands ${place - first} px off`);
+      }
+    }
+    return faults.slice(0, 5);
+  });
+}
+
+/** The page itself never scrolls sideways; what is wide does so in a frame of its own. */
+export async function checkPhone(page) {
+  await page.setViewportSize({ width: 360, height: 740 });
+  const width = await page.evaluate(() => document.documentElement.scrollWidth);
+  await page.setViewportSize({ width: 1280, height: 900 });
+  return width > 360 ? [`${width} px wide on a phone of 360`] : [];
+}
+
+/** No finding of axe, in both colour schemes. Its code comes by the debugger's door, which the page's policy leaves open. */
+export async function checkAccessibility(page, axeSource) {
+  const faults = [];
+  for (const colorScheme of ["light", "dark"]) {
+    await page.emulateMedia({ colorScheme });
+    await page.evaluate(axeSource);
+    const { violations } = await page.evaluate(() => globalThis.axe.run(document, { resultTypes: ["violations"] }));
+    for (const { id, help, nodes } of violations) {
+      faults.push(`${id} (${colorScheme}): ${help}: ${nodes.length} times, first ${nodes[0].html.slice(0, 200)}`);
+    }
+  }
+  await page.emulateMedia({ colorScheme: null });
+  return faults;
+}

@@ -1,0 +1,153 @@
+// What holds of single pages among the hand-made ones. Each check gives a list of faults.
+
+function expectEqual(what, actual, expected) {
+  return actual === expected ? [] : [`${what}:\n--- expected\n${expected}\n--- actual\n${actual}`];
+}
+
+// Reads the clipboard as another page would, one without our policy, which a browser applies to what is pasted as well.
+async function readClipboard(page) {
+  const other = await page.context().newPage();
+  await other.goto(import.meta.url);
+  await other.bringToFront();
+  const copied = await other.evaluate(async () => {
+    const [item] = await navigator.clipboard.read();
+    const html = await (await item.getType("text/html")).text();
+    const text = await (await item.getType("text/plain")).text();
+    const { body } = new DOMParser().parseFromString(html, "text/html");
+    const table = body.querySelector("table");
+    const texts = (root, selector) => Array.from(root.querySelectorAll(selector), (element) => element.textContent);
+    return {
+      text,
+      lines: texts(body, "p").join("\n"),
+      letters: texts(table, "sup").join(" "),
+      cellsByRow: Array.from(table.rows, (row) => row.cells.length).join(" "),
+      spans: Array.from(table.querySelectorAll("[rowspan], [colspan]"),
+        (cell) => `${cell.textContent} ${cell.rowSpan}x${cell.colSpan}`).join("\n"),
+      styles: ["thead th", "tbody th", "tbody td"].map((cell) => table.querySelector(cell).style.textAlign).join(" "),
+      strange: body.querySelectorAll("a, button, script, [class], [id], [data-pad]").length,
+    };
+  });
+  await other.close();
+  return copied;
+}
+
+const classification = [
+  "\t\tPredicted\t",
+  "Observed\t\tNo\tYes",
+  "No\tCount\t12\t31",
+  "\t% within Observed\t27.9%\t72.1%",
+  "Yes\tCount\t9\t168",
+  "\t% within Observed\t5.1%\t94.9%",
+  "",
+].join("\n");
+
+const coefficients = [
+  "\t\t\t\t\t95% Confidence Interval\t",
+  "Model Term\tCoefficient\tStd. Error\tt\tSig.\tLower\tUpper",
+  "Intercept\t-2.978\t0.5123\t-5.812\t<.001\t-4.006\t-1.950",
+  "period=1\t1.580\t0.4321\t3.656\t.001\t0.713\t2.447",
+  "period=2\t0.588\t0.4511\t1.304\t.198\t-0.317\t1.493",
+  "period=3\t3.21E-05\t0.4701\t0.000\t.999\t-0.943\t0.943",
+  "period=4\t0.000\t.\t.\t.\t.\t.",
+  "",
+].join("\n");
+
+async function copyTable(page, anchor) {
+  const button = page.locator(`#${anchor} .copy`);
+  await page.bringToFront();
+  await button.click();
+  await page.waitForFunction((id) => document.querySelector(`#${id} .copy`).textContent === "Copied", anchor);
+  const status = await page.locator("[role=status]").textContent();
+  return { status, ...await readClipboard(page) };
+}
+
+async function checkReport(page) {
+  const table = await copyTable(page, "FixedCoefficients-1");
+  const matrix = await copyTable(page, "Classification-1");
+  return [
+    ...expectEqual("status", table.status, "Copied"),
+    ...expectEqual("plain text", table.text, coefficients),
+    ...expectEqual("plain text with two levels of rows", matrix.text, classification),
+    ...expectEqual("lines", table.lines, [
+      "Fixed Coefficients",
+      "Target: Number of new serological cases/Herd size",
+      "a This coefficient is set to zero because it is redundant.",
+      "b Reference category.The last one in ascending order.",
+    ].join("\n")),
+    ...expectEqual("cells by row", table.cellsByRow, "6 3 7 7 7 7 7"),
+    ...expectEqual("spans", table.spans,
+      ["Coefficient 2x1", "Std. Error 2x1", "t 2x1", "Sig. 2x1", "95% Confidence Interval 1x2"].join("\n")),
+    ...expectEqual("letters", table.letters, "a, b a a"),
+    ...expectEqual("styles", table.styles, "right left right"),
+    ...expectEqual("what should stay behind", table.strange, 0),
+  ];
+}
+
+/** Where a browser wants a selection for its event, copying goes by its clipboard; where that is refused, too, the page says so. */
+async function checkFallbacks(browser, url) {
+  const context = await browser.newContext({ permissions: ["clipboard-read", "clipboard-write"] });
+  const page = await context.newPage();
+  await page.goto(url);
+  await page.evaluate(() => { document.execCommand = () => false; });
+  const { text, lines } = await copyTable(page, "Classification-1");
+  await page.evaluate(() => { navigator.clipboard.write = () => Promise.reject(new Error("refused")); });
+  await page.locator("#Classification-1 .copy").click();
+  const status = await page.locator("[role=status]").textContent();
+  await context.close();
+  return [
+    ...expectEqual("plain text by clipboard", text, classification),
+    ...expectEqual("title by clipboard", lines, "Classification (overall percent correct = 81.8%)"),
+    ...expectEqual("status", status, "Not copied"),
+  ];
+}
+
+/** Labels stand on the page as they are. What HTML cannot show stands there as symbols. */
+async function checkHostile(page) {
+  const labels = ["<img src=x onerror=alert(1)>", "</script><script>alert(2)</script>", "\" onmouseover=\"alert(3)\" x='",
+    "&lt;b&gt; &amp; &#60;i&#62;", "</td></table><h1>out</h1>", "\u{FFFD}gpj.exe\u{FFFD} \u{FFFD}isolate",
+    "nul␀bell␇␛[31mred", "broken \u{FFFD}( \u{FFFD}\u{FFFD} UTF-8", "W".repeat(10000)];
+  return page.evaluate((expected) => {
+    const texts = (selector) => new Set(Array.from(document.querySelectorAll(selector), (element) => element.textContent));
+    const places = { headings: "h2", captions: "caption", rows: "tbody th", columns: "thead th", sources: ".sources li",
+      lines: ".caption", remarks: ".remark", charts: ".chart .title" };
+    return Object.entries(places).flatMap(([place, selector]) => {
+      const found = texts(selector);
+      return expected.filter((label) => ![...found].some((text) => text.startsWith(label)))
+        .map((label) => `${label.slice(0, 60)} is not among the ${place}`);
+    });
+  }, labels);
+}
+
+/** Without scripts a page has all its texts and no button. */
+async function checkWithoutScripts(browser, url) {
+  const context = await browser.newContext({ javaScriptEnabled: false });
+  const page = await context.newPage();
+  await page.goto(url);
+  const buttons = await page.locator("button").count();
+  const isOpen = await page.locator("nav ol").first().isVisible();
+  await context.close();
+  return [...expectEqual("buttons", buttons, 0), ...expectEqual("contents are open", isOpen, true)];
+}
+
+/** A long table keeps its header in view, a wide one the labels of its rows. */
+async function checkScrolling(page) {
+  const distance = await page.evaluate(() => {
+    const frame = document.querySelector(".scroll");
+    const sideways = frame.scrollWidth > frame.clientWidth;
+    const pinned = frame.querySelector(sideways ? "tbody th" : "thead th:last-child");
+    frame.scrollTo(200, 500);
+    const box = pinned.getBoundingClientRect();
+    const outer = frame.getBoundingClientRect();
+    return sideways ? box.left - outer.left : box.bottom - outer.top;
+  });
+  return distance >= 0 && distance < 80 ? [] : [`what should stay in view is ${distance} px off`];
+}
+
+/** By name of the page. */
+export const sampleChecks = {
+  report: async (page, browser, url) => [...await checkReport(page), ...await checkFallbacks(browser, url),
+    ...await checkWithoutScripts(browser, url)],
+  hostile: checkHostile,
+  wide: checkScrolling,
+  long: checkScrolling,
+};
