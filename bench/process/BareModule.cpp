@@ -1,0 +1,3 @@
+// The one module that the bare process loads.
+
+extern "C" int Answer() { return 0; }
