@@ -84,7 +84,7 @@ function wantedTexts(source, {isReader = false, isNet = true} = {}) {
     return literalsOf(source).filter(literal => {
         const isCertain = certainty(literal);
         if (isCertain !== undefined || !isNet) return isCertain === true && literal.text !== '';
-        return looksLikeWords(literal.text, isReader) && !untranslated.has(literal.text);
+        return looksLikeWords(literal.text, isReader) && !untranslated.has(literal.text.trim());
     });
 }
 
