@@ -83,7 +83,11 @@ bool HFITParseOutXML::UnpackMatrix(const SDOMXMLWrapper& element, const std::vec
     const bool isDiagonal = kind == "diagonal";
     const bool isSymmetric = kind == "symmetric";
     const std::int64_t size = isDiagonal ? r : isSymmetric ? r * (r + 1) / 2 : r * c;
-    if (r < 0 || c < 0 || size != static_cast<std::int64_t>(v.size())) {
+    if (r < 0 || c < 0) {
+        Diagnose(element, "the matrix has a negative size");
+        return false;
+    }
+    if (size != static_cast<std::int64_t>(v.size())) {
         Diagnose(element, "the matrix has " + std::to_string(v.size()) + " numbers, not " + std::to_string(size));
         return false;
     }

@@ -1,0 +1,151 @@
+#include "tests/hierfit/Drawing.h"
+
+#include <map>
+#include <type_traits>
+
+#include "host/SystemMissing.h"
+
+namespace hierfit::test {
+
+namespace {
+
+template <class... Cases>
+struct Overloaded : Cases... {
+    using Cases::operator()...;
+};
+template <class... Cases>
+Overloaded(Cases...) -> Overloaded<Cases...>;
+
+std::string DrawNumber(double number) {
+    if (number == kSystemMissing) return ".";
+    char buffer[32];
+    std::snprintf(buffer, sizeof buffer, "%.10g", number);
+    return buffer;
+}
+
+std::string DrawArguments(const document::PatternSource& pattern) {
+    std::string drawn;
+    for (const document::Argument& argument : pattern.fvArguments) {
+        std::string texts;
+        for (const document::Text& text : argument.fvTexts) texts += (texts.empty() ? "" : "; ") + DrawText(text);
+        drawn += (drawn.empty() ? "" : "; ") + (argument.fIsSublist ? "[" + texts + "]" : texts);
+    }
+    return drawn;
+}
+
+std::string DrawNotes(const std::vector<document::Text>& notes) {
+    std::string drawn;
+    for (const document::Text& note : notes) drawn += " * " + DrawText(note);
+    return drawn;
+}
+
+using Paths = std::map<int, std::string>;
+
+std::string DrawMembers(const std::list<document::Member>& members, const std::string& path, Paths& paths) {
+    std::string drawn;
+    for (const document::Member& member : members) {
+        drawn += drawn.empty() ? "" : ", ";
+        if (const auto* category = std::get_if<document::Category>(&member.fContent)) {
+            drawn += DrawText(category->fLabel) + DrawNotes(category->fvNotes);
+            paths[category->fId] = path + DrawText(category->fLabel);
+        } else {
+            const auto& group = std::get<document::Group>(member.fContent);
+            const std::string label = DrawText(group.fLabel);
+            drawn += label + (group.fFlag && group.fSort == 2 ? "" : "!") + "{" +
+                     DrawMembers(group.fMembers, path + label + "/", paths) + "}";
+        }
+    }
+    return drawn;
+}
+
+std::string DrawPosition(const document::Dimension& dimension) {
+    if (!dimension.fPositioned) return "by itself";
+    return std::string(dimension.fSide == document::Side::Rows ? "rows " : "columns ") +
+           std::to_string(dimension.fIndex) + (dimension.fHideName ? " -name" : "") +
+           (dimension.fHideLabels ? " -labels" : "");
+}
+
+}  // namespace
+
+std::string DrawText(const document::Text& text) {
+    return std::visit(Overloaded{
+                          [](const document::StringSource& source) {
+                              return source.fTranslate ? source.fString : "'" + source.fString + "'";
+                          },
+                          [](const document::NumberSource& source) {
+                              std::string drawn =
+                                  DrawNumber(source.fNumber) + "CESGNPD"[static_cast<int>(source.fFormat.fName)];
+                              const bool isDigits = source.fFormat.fName == document::FormatName::SigDigit;
+                              if (isDigits && source.fFormat.fArgument != source.fNumber) drawn += "!";
+                              return drawn;
+                          },
+                          [](const document::VariableSource& source) {
+                              return "<" + source.fVariable + "/" + std::to_string(source.fShow) + ">";
+                          },
+                          [](const document::ValueSource& source) {
+                              const auto* number = std::get_if<double>(&source.fValue);
+                              return "<" + source.fVariable + "=" +
+                                     (number ? DrawNumber(*number) : std::get<std::string>(source.fValue)) + "/" +
+                                     std::to_string(source.fPreference) + ">";
+                          },
+                          [](const document::PatternSource& source) {
+                              return (source.fTranslate ? source.fPattern : "'" + source.fPattern + "'") + "(" +
+                                     DrawArguments(source) + ")";
+                          },
+                      },
+                      text.fFrom);
+}
+
+std::string DrawTable(const document::Table& table) {
+    std::string drawn = "table " + DrawText(table.fSubtype) + " " + DrawText(table.fTitle);
+    if (!table.fFlag) drawn += " flag false";
+    if (table.fMinDataColumnWidth) drawn += " width " + std::to_string(*table.fMinDataColumnWidth);
+    drawn += "\n";
+    for (const document::Text& caption : table.fvCaptions) drawn += "caption " + DrawText(caption) + "\n";
+    for (const document::Text& note : table.fvNotes) drawn += "note " + DrawText(note) + "\n";
+    std::vector<Paths> paths;
+    for (const document::Dimension& dimension : table.fvDimensions) {
+        drawn += DrawPosition(dimension) + " " + DrawText(dimension.fName) + (dimension.fSort == 2 ? "" : "!") + ": ";
+        drawn += DrawMembers(dimension.fMembers, "", paths.emplace_back()) + "\n";
+    }
+    for (const document::Cell& cell : table.fvCells) {
+        drawn += DrawText(cell.fContent) + DrawNotes(cell.fvNotes) + " @ ";
+        for (std::size_t i = 0; i < cell.fvAt.size(); ++i) {
+            drawn += (i > 0 ? " | " : "") + (cell.fvAt[i] < 0 ? "-" : paths[i].at(cell.fvAt[i]));
+        }
+        drawn += "\n";
+    }
+    return drawn;
+}
+
+std::string DrawItems(const std::list<document::Item>& items, const std::string& indent) {
+    std::string drawn;
+    for (const document::Item& item : items) {
+        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
+            drawn += indent + "heading " + DrawText(heading->fTitle) + "\n" + DrawItems(heading->fItems, indent + "  ");
+        } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
+            drawn += indent + DrawTable(*table);
+        } else if (const auto* message = std::get_if<document::Message>(&item.fContent)) {
+            drawn += indent + "message " + std::to_string(message->fShow) + " " + std::to_string(message->fLevel) +
+                     " " + DrawText(message->fText) + "\n";
+        }
+    }
+    return drawn;
+}
+
+std::string DrawOutline(const std::list<document::Item>& items) {
+    std::string drawn;
+    for (const document::Item& item : items) {
+        drawn += drawn.empty() ? "" : " ";
+        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
+            drawn += "(" + DrawOutline(heading->fItems) + ")";
+        } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
+            drawn += table->fSubtype.fWords;
+        } else if (std::holds_alternative<document::Message>(item.fContent)) {
+            drawn += "message";
+        }
+    }
+    return drawn;
+}
+
+}  // namespace hierfit::test

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <string>
+
+#include "host/document/Document.h"
+
+namespace hierfit::test {
+
+/// A text's source: a translated text as it is, a fixed one in single quotes, a number with the initial of its format
+/// (Coefficient C, CoefficientSE E, Significance S, GeneralStat G, Count N, Percent P, SigDigit D), "." for the missing
+/// number, <variable/show>, <variable=value/preference>, a pattern with its arguments in round and its sublists in
+/// square brackets.
+std::string DrawText(const document::Text& text);
+
+/// A table, one line each for title, captions, notes, dimensions and cells: "2.75S @ Model|Sig.". "*" parts notes.
+std::string DrawTable(const document::Table& table);
+
+/// The whole output, items of headings indented.
+std::string DrawItems(const std::list<document::Item>& items, const std::string& indent = "");
+
+/// The outline alone: headings, subtypes of tables, messages.
+std::string DrawOutline(const std::list<document::Item>& items);
+
+}  // namespace hierfit::test

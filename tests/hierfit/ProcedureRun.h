@@ -1,0 +1,65 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "hierfit/HFITOutputStats.h"
+#include "hierfit/HFITParseOutXML.h"
+#include "hierfit/HFITProcCustom.h"
+#include "host/context/RunContext.h"
+#include "host/pmml/Dictionary.h"
+
+namespace hierfit::test {
+
+/// A run of the procedure on two texts, without the module and in the language of the source texts.
+class ProcedureRun {
+  public:
+    explicit ProcedureRun(std::string pmml)
+        : fPmml(std::move(pmml)),
+          fDictionary(std::get<pmml::Dictionary>(pmml::Dictionary::Read(fPmml))),
+          fpDataSource(pmml::MakeDataSource(fDictionary)),
+          fpMetaData(pmml::MakeMetaData(fDictionary)) {}
+
+    /// A procedure with what the host gives it. It must not outlive the run.
+    std::unique_ptr<CFProcCustom> MakeProcedure() {
+        auto procedure = std::make_unique<HFITProcCustom>();
+        procedure->fProcedure = &fOutput;
+        procedure->fDataSource = fpDataSource.get();
+        procedure->fMetaData = fpMetaData.get();
+        return procedure;
+    }
+
+    /// Runs the whole procedure.
+    bool Run(const std::string& statXml) { return MakeProcedure()->ProduceOutput(fPmml, {statXml}); }
+
+    /// Reads both documents into a store.
+    bool Read(const std::string& statXml, HFITOutputStats& stats) {
+        stats.SetMetaData(fpMetaData.get());
+        return HFITParseOutXML(fpDataSource.get(), &stats, fPmml, statXml).Parse();
+    }
+
+    const KEST_DataSource* GetDataSource() const { return fpDataSource.get(); }
+
+    /// Whether the host remembers a look-up that failed since the last diagnostic.
+    bool HasMiss() const { return fContext.GetMiss() != nullptr; }
+
+    const document::Document& GetDocument() { return fContext.GetDocument(); }
+
+    /// The texts of the diagnostics, one a line.
+    std::string Diagnostics() {
+        std::string texts;
+        for (const document::Diagnostic& diagnostic : GetDocument().fvDiagnostics) texts += diagnostic.fText + "\n";
+        return texts;
+    }
+
+  private:
+    std::string fPmml;
+    pmml::Dictionary fDictionary;
+    std::unique_ptr<ProcedureDataSource> fpDataSource;
+    std::unique_ptr<CFMetaData> fpMetaData;
+    context::RunContext fContext{{}, nullptr, ""};
+    context::RunContext::Activation fActivation{fContext};
+    BpProcedure fOutput;
+};
+
+}  // namespace hierfit::test

@@ -1,0 +1,110 @@
+#include <gtest/gtest.h>
+
+#include "tests/hierfit/Drawing.h"
+#include "tests/hierfit/ProcedureRun.h"
+#include "tests/hierfit/Samples.h"
+#include "tests/support/ExampleFile.h"
+
+namespace hierfit::test {
+namespace {
+
+/// What is issued for real models, in its order.
+TEST(Procedure, IssuesTablesInOneOrder) {
+    struct Case {
+        const char* fExample;
+        const char* fOutline;
+    };
+    const Case cases[] = {
+        {"sleepstudy",
+         "ModelSummary DataStructure FixedEffects FixedCoefficients (RandomEffects) (CovarianceParametersSummary "
+         "ResidualEffect CovarianceParameters)"},
+        {"cbpp",
+         "ModelSummary DataStructure Classification FixedEffects FixedCoefficients (RandomEffects) "
+         "(CovarianceParametersSummary ResidualEffect CovarianceParameters) GrandMeans (Estimates Contrasts "
+         "OverallTestResults)"},
+        {"housing",
+         "ModelSummary Classification FixedEffects FixedCoefficients (CovarianceParametersSummary ResidualEffect)"},
+        {"messages-only", "ModelSummary DataStructure (CovarianceParametersSummary)"},
+    };
+    for (const Case& one : cases) {
+        SCOPED_TRACE(one.fExample);
+        ProcedureRun run(ReadExample(one.fExample, "model.pmml"));
+        EXPECT_TRUE(run.Run(ReadExample(one.fExample, "model.statxml")));
+        EXPECT_EQ(DrawOutline(run.GetDocument().fItems), one.fOutline);
+    }
+}
+
+TEST(Procedure, TakesOnePairOfDocuments) {
+    const std::string statXml = Sample().Text();
+    struct Case {
+        std::vector<std::string> fvPmml;
+        std::vector<StatXMLBlock> fvBlocks;
+        std::string fSummary;
+        bool fIsRead;
+    };
+    const Case cases[] = {
+        {{SamplePmml()}, {{statXml}}, "", true},   {{}, {{statXml}}, "", false},
+        {{SamplePmml()}, {}, "", false},           {{SamplePmml(), SamplePmml()}, {{statXml}}, "", false},
+        {{SamplePmml()}, {{statXml}}, "x", false}, {{SamplePmml()}, {{statXml}, {statXml}}, "", false},
+        {{"no document"}, {{statXml}}, "", false},
+    };
+    for (const Case& one : cases) {
+        ProcedureRun run(SamplePmml());
+        const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
+        EXPECT_TRUE(procedure->AcceptRun(nullptr, nullptr));
+        std::vector<std::string> pmml = one.fvPmml;
+        std::vector<StatXMLBlock> blocks = one.fvBlocks;
+        std::string summary = one.fSummary;
+        EXPECT_EQ(procedure->ProcessDocuments(pmml, blocks, summary), one.fIsRead);
+        EXPECT_EQ(run.GetDocument().fItems.empty(), !one.fIsRead);
+    }
+}
+
+TEST(Procedure, RefusesToRunWithoutWhatTheHostGives) {
+    for (const int missing : {0, 1, 2}) {
+        ProcedureRun run(SamplePmml());
+        const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
+        if (missing == 0) procedure->fProcedure = nullptr;
+        if (missing == 1) procedure->fDataSource = nullptr;
+        if (missing == 2) procedure->fMetaData = nullptr;
+        EXPECT_FALSE(procedure->ProduceOutput(SamplePmml(), {Sample().Text()}));
+        EXPECT_TRUE(run.GetDocument().fItems.empty());
+        EXPECT_FALSE(run.Diagnostics().empty());
+    }
+}
+
+TEST(Procedure, ReplacesItsRecordsInASecondRun) {
+    ProcedureRun run(SamplePmml());
+    const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
+    for (int i = 0; i < 2; ++i) EXPECT_TRUE(procedure->ProduceOutput(SamplePmml(), {Sample().Text()}));
+    const std::string drawn = DrawItems(run.GetDocument().fItems);
+    EXPECT_EQ(drawn.substr(0, drawn.size() / 2), drawn.substr(drawn.size() / 2));
+}
+
+/// A document with a piece cut out or changed is read, or it fails with its one error and the host knows the place.
+void CheckMutilated(const std::string& pmml, const std::string& statXml) {
+    ProcedureRun run(pmml);
+    if (run.Run(statXml)) return;
+    EXPECT_EQ(DrawItems(run.GetDocument().fItems), "message 2 3 StatXML parsing error ...\n");
+    EXPECT_TRUE(run.HasMiss() || !run.Diagnostics().empty()) << statXml;
+}
+
+TEST(Procedure, SurvivesMutilatedDocuments) {
+    for (const char* example : {"cbpp", "wine"}) {
+        const std::string pmml = ReadExample(example, "model.pmml");
+        const std::string statXml = ReadExample(example, "model.statxml");
+        for (std::size_t end = statXml.find("/>"); end != std::string::npos; end = statXml.find("/>", end + 1)) {
+            std::string text = statXml;
+            const std::size_t begin = text.rfind('<', end);
+            CheckMutilated(pmml, text.erase(begin, end + 2 - begin));
+        }
+        for (std::size_t value = statXml.find("=\""); value != std::string::npos;
+             value = statXml.find("=\"", value + 1)) {
+            std::string text = statXml;
+            CheckMutilated(pmml, text.insert(value + 2, value % 2 == 0 ? "9" : "-"));
+        }
+    }
+}
+
+}  // namespace
+}  // namespace hierfit::test
