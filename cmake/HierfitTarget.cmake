@@ -5,6 +5,8 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release)
 endif()
 
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -DNDEBUG")
+set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O1 -g1")
 set(CMAKE_CXX_STANDARD 20)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -38,11 +40,18 @@ function(hierfit_target target)
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET default VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 
+# How test programs are compiled: the time to build them counts, not their speed. Headers precompiled for them serve these
+# settings only.
+function(hierfit_test_options target)
+  hierfit_target(${target})
+  target_compile_options(${target} PRIVATE -O0 -fPIE)
+endfunction()
+
 # A test program: hierfit_test(NAME SOURCES file... LIBRARIES target...)
 function(hierfit_test name)
   cmake_parse_arguments(PARSE_ARGV 1 TEST "" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${TEST_SOURCES})
-  hierfit_target(${name})
+  hierfit_test_options(${name})
   target_link_libraries(${name} PRIVATE ${TEST_LIBRARIES} hierfit_test_support GTest::gtest_main)
   target_precompile_headers(${name} REUSE_FROM hierfit_test_headers)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${PROJECT_BINARY_DIR}/tests")
