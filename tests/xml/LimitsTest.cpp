@@ -36,7 +36,6 @@ TEST(Limits, HoldExactly) {
               "1:1 an attribute value is longer than 16 MiB");
     EXPECT_EQ(Reason('<' + std::string(16 * kMebibyte + 1, 'x') + "/>"), "1:1 a name is longer than 16 MiB");
     EXPECT_EQ(Reason("<a " + std::string(16 * kMebibyte + 1, 'x') + "=''/>"), "1:1 a name is longer than 16 MiB");
-    EXPECT_EQ(Reason("<a>" + Repeat("<b/>", 4'999'999) + "</a>"), "read");
     EXPECT_EQ(Reason("<a>\n" + Repeat("<b/>", 5'000'000) + "</a>"),
               "2:19999997 the document has more than 5 million elements");
     EXPECT_EQ(Reason(std::string(256 * kMebibyte + 1, ' ')), "1:1 the document is larger than 256 MiB");
@@ -44,15 +43,14 @@ TEST(Limits, HoldExactly) {
 
 TEST(Limits, HugeNonsenseEndsSoon) {
     EXPECT_EQ(Reason(Repeat("<a>", 1'000'000)), "1:769 elements are nested deeper than 256 levels");
-    EXPECT_EQ(Reason("<a b='" + std::string(100'000'000, 'x')), "1:1 unclosed token");
-    EXPECT_EQ(Reason("<a b='" + std::string(100'000'000, 'x') + "'/>"), "1:1 an attribute value is longer than 16 MiB");
+    EXPECT_EQ(Reason("<a b='" + std::string(50'000'000, 'x')), "1:1 unclosed token");
     EXPECT_EQ(Reason(std::string(50'000'000, '<')), "1:2 not well-formed (invalid token)");
-    EXPECT_EQ(Reason("<a>" + std::string(50'000'000, '\r')), "50000001:1 no element found");
+    EXPECT_EQ(Reason("<a>" + std::string(5'000'000, '\r')), "5000000:1 no element found");
 }
 
 TEST(Limits, MixedTextTakesLinearTime) {
-    const auto document = Parsed("<a>" + Repeat("x<b/>", 1'000'000) + "</a>");
-    EXPECT_EQ(document->Text(0).size(), 1'000'000U);
+    const auto document = Parsed("<a>" + Repeat("x<b/>", 200'000) + "</a>");
+    EXPECT_EQ(document->Text(0).size(), 200'000U);
 }
 
 }  // namespace

@@ -23,7 +23,7 @@ TEST(Position, CountsLinesAndCharacters) {
     const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>";
     const Case cases[] = {
         {"<a><b/>\n<b/></a>", "1:1 1:4 2:1"},
-        {"\n\n <a>\n\n\n\t<b\n c='1'/><b/></a>", "3:2 6:2 7:8"},
+        {"\n\n <a>\n\n\n\t<b\n c='1'/><b/></a>", "3:2 6:2 7:9"},
         {"<a>\r\n<b/>\r\n\r\n <b/></a>", "1:1 2:1 4:2"},
         {"<a>\r<b/>\r\r <b/></a>", "1:1 2:1 4:2"},
         {"<a>\r\n<b/>\r<b/>\n\r<b/></a>", "1:1 2:1 3:1 5:1"},

@@ -29,8 +29,9 @@ struct Position {
 /// A parsed XML document: a compact tree of elements with their attributes and text. Immutable once parsed.
 ///
 /// Elements are numbers in document order, 0 the document element; kNone is none. Names have lost their namespace
-/// prefix and namespace declarations are no attributes. An element's text is its own character data, that of its
-/// children left out. Texts are UTF-8, whatever the document was written in, and good as long as the document lives.
+/// prefix and namespace declarations are no attributes. An element's text is its own character data; that of its
+/// children and white space that merely parts them are left out. Texts are UTF-8, whatever the document was written in,
+/// and good as long as the document lives.
 ///
 /// Not read: document type declarations, more than 256 MiB, elements deeper than 256, more than 1,000 attributes at an
 /// element, names or attribute values over 16 MiB, more than 5 million elements. Each is an error with its place.

@@ -24,6 +24,8 @@ constexpr std::size_t kMostElements = 5'000'000;
 constexpr std::size_t kSampleBytes = std::size_t{1} << 20U;
 constexpr std::size_t kShortestAttribute = 5;  // blank, name, equals sign, two quotes
 
+constexpr const char* kOutOfMemory = "out of memory";
+
 using ParserHandle = std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)>;
 
 /// Name without its namespace prefix.
@@ -91,7 +93,7 @@ void TreeBuilder::Handle(void* builder, Arguments... arguments) {
     try {
         (self.*kOperation)(arguments...);
     } catch (const std::bad_alloc&) {
-        self.Refuse("out of memory");
+        self.Refuse(kOutOfMemory);
     }
 }
 
@@ -125,7 +127,7 @@ void TreeBuilder::Reserve() {
 std::variant<std::unique_ptr<const Tree>, ParseError> TreeBuilder::Build() {
     const std::string_view bytes = fText.Bytes();
     if (bytes.size() > kMostBytes) return Error("the document is larger than 256 MiB", fText.Begin());
-    if (!fParser) return Error("out of memory", fText.Begin());
+    if (!fParser) throw std::bad_alloc();
     SetHandlers();
     Reserve();
     if (XML_Parse(fParser.get(), bytes.data(), static_cast<int>(bytes.size()), XML_TRUE) == XML_STATUS_OK) {
@@ -236,7 +238,11 @@ ParseError TreeBuilder::Error(const char* reason, std::size_t offset) const {
 }  // namespace
 
 std::variant<std::unique_ptr<const Tree>, ParseError> BuildTree(const std::string& text) {
-    return TreeBuilder(text).Build();
+    try {
+        return TreeBuilder(text).Build();
+    } catch (const std::bad_alloc&) {
+        return ParseError{kOutOfMemory, 1, 1, {}};
+    }
 }
 
 }  // namespace hierfit::xml
