@@ -34,8 +34,8 @@ TEST(ParseError, SaysReasonPlaceAndLine) {
          "1:31 unknown encoding\n<?xml version='1.0' encoding='EBCDIC'?><a/>\n                              ^"},
         {Utf16("<a>\n<b></c></a>", false), "2:6 mismatched tag\n<b></c></a>\n     ^"},
         {Utf16("<a>\n<b></c></a>", true), "2:6 mismatched tag\n<b></c></a>\n     ^"},
-        {"<a>" + filler + "</b>" + filler + "</a>", "1:204 mismatched tag\n..." + filler.substr(0, 60) + "</b>" +
-                                                        filler.substr(0, 36) + "...\n" + std::string(63, ' ') + '^'},
+        {"<a>" + filler + "</b>" + filler + "</a>", "1:206 mismatched tag\n..." + filler.substr(0, 58) + "</b>" +
+                                                        filler.substr(0, 38) + "...\n" + std::string(63, ' ') + '^'},
         {"<!-- c -->\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>",
          "2:1 document type declarations are not read\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>\n^"},
         {"<!DOCTYPE a SYSTEM 'file:///etc/passwd'><a/>",
