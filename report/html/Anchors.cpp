@@ -8,9 +8,9 @@ constexpr std::size_t kLongest = 64;
 
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-bool IsSlugCharacter(char byte) {
-    return IsDigit(byte) || (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || byte == '_';
-}
+bool IsLetter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }
+
+bool IsSlugCharacter(char byte) { return IsDigit(byte) || IsLetter(byte) || byte == '_'; }
 
 // A pattern without its marks, such as ^1.
 std::string WithoutMarks(std::string_view pattern) {
@@ -94,6 +94,7 @@ std::string MakeSlug(std::string_view text) {
 std::string Anchors::Name(const document::Item& item) {
     std::string name = MakeSlug(std::visit(Named{}, item.fContent));
     if (name.empty()) name = KindOf(item);
+    if (!IsLetter(name.front())) name = std::string(KindOf(item)) + '-' + name;
     const int count = ++fCounts[name];
     return name + '-' + std::to_string(count);
 }

@@ -10,7 +10,7 @@ namespace hierfit::report::html {
 
 /// Names for the items of a page to be linked by. A name comes from what the item is made from, not from its words in
 /// some language, so that links survive a new run: `FixedCoefficients-1` is the first table of that subtype. All names
-/// of one object differ, and each ends in a hyphen and a number.
+/// of one object differ; each begins with a letter and ends in a hyphen and a number.
 class Anchors {
   public:
     std::string Name(const document::Item& item);

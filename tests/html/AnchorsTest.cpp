@@ -30,6 +30,7 @@ TEST(Anchors, ComeFromSourcesAndDiffer) {
 
     EXPECT_EQ(anchors.Name({Heading{Words("\"><script>"), {}}}), "script-1");
     EXPECT_EQ(anchors.Name({Heading{Words("\u05D0"), {}}}), "Section-1");
+    EXPECT_EQ(anchors.Name({Heading{Words("95% level"), {}}}), "Section-95-level-1");
     EXPECT_EQ(anchors.Name({document::Message{Words("Text"), 2, 1}}), "Message-1");
 
     // A title that looks like another's anchor gets one of its own.

@@ -46,8 +46,8 @@ TEST(HtmlTable, TiesDataToTheirHeadersWhereLevelsNest) {
 <tr><th scope="row" id="t1r2">Share</th><td headers="t1r0 t1r2 t1c0 t1c1"></td><td headers="t1r0 t1r2 t1c0 t1c2" class="t">a</td></tr>
 </tbody>
 <tbody>
-<tr><th scope="rowgroup" id="t1r3" rowspan="2">Yes</th><th scope="row" id="t1r4">Count</th><td headers="t1r3 t1r4 t1c0 t1c1">1</td><td headers="t1r3 t1r4 t1c0 t1c2" data-pad=".5">2</td></tr>
-<tr><th scope="row" id="t1r5">Share</th><td headers="t1r3 t1r5 t1c0 t1c1">3</td><td headers="t1r3 t1r5 t1c0 t1c2" data-pad=".5">4</td></tr>
+<tr><th scope="rowgroup" id="t1r3" rowspan="2">Yes</th><th scope="row" id="t1r4">Count</th><td headers="t1r3 t1r4 t1c0 t1c1">1</td><td headers="t1r3 t1r4 t1c0 t1c2" data-pad=".0">2</td></tr>
+<tr><th scope="row" id="t1r5">Share</th><td headers="t1r3 t1r5 t1c0 t1c1">3</td><td headers="t1r3 t1r5 t1c0 t1c2" data-pad=".0">4</td></tr>
 </tbody>
 </table>
 </section>
@@ -88,11 +88,9 @@ struct PaddingCase {
 
 TEST(NumberColumns, AlignAtTheDecimalSign) {
     const PaddingCase cases[] = {
-        {{"1", "2.5", "3.25", "."}, {".25", "5", "", "25"}},
-        {{"12", "3"}, {"", ""}},
-        {{".012", "<.001", "1.000"}, {"", "", ""}},
-        {{"0.5", "3.21E-05"}, {"1E-05", ""}},
-        {{"45", "83.3%"}, {".3%", ""}},
+        {{"1", "2.5", "3.25", "."}, {".00", "0", "", "00"}}, {{"12", "3"}, {"", ""}},
+        {{".012", "<.001", "1.000"}, {"", "", ""}},          {{"0.5", "-3.21E-05"}, {"0E-05", ""}},
+        {{"0.000468", "4E-05"}, {"E-05", ".000000"}},        {{"45", "83.3%"}, {".0%", ""}},
         {{"1", "0." + std::string(100, '0')}, {"", ""}},
     };
     for (const PaddingCase& each : cases) {

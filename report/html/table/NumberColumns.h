@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -13,20 +14,30 @@ class NumberColumns {
   public:
     explicit NumberColumns(const Grid& grid);
 
-    /// Whether most cells of a column are texts. Then its few numbers are set as texts are, else they would stand apart.
+    /// Whether most cells of a column are texts. Then its few numbers are set as texts are, else they would stand
+    /// apart.
     bool IsText(int column) const { return At(column).fTexts >= At(column).fNumbers; }
 
-    /// What a number's words lack behind the decimal sign, compared to the longest of the column: room for this, to
-    /// the right of the words, aligns them.
-    std::string_view PaddingOf(int column, std::string_view words) const;
+    /// What a number's words lack behind the decimal sign, compared to the whole column: room for this, to the right of
+    /// the words, aligns them in every font whose digits are equally wide.
+    std::string PaddingOf(int column, std::string_view words) const;
 
   private:
+    /// What stands behind a number's integer part.
+    struct Tail {
+        bool fHasSign = false;  ///< the decimal sign
+        std::size_t fDigits = 0;
+        std::string_view fSuffix;  ///< an exponent or a percent sign
+    };
+
     struct Column {
         int fTexts = 0;
         int fNumbers = 0;
-        std::string_view fTail;  ///< the longest, from the decimal sign on
+        Tail fTail;  ///< of each part the longest
     };
 
+    static Tail TailOf(std::string_view words);
+    static void Add(Column& column, const document::Text& content);
     const Column& At(int column) const { return fvColumns[static_cast<std::size_t>(column)]; }
 
     std::vector<Column> fvColumns;

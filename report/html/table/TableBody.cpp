@@ -108,7 +108,7 @@ void TableBody::AppendHeadersAttribute(int column) {
 void TableBody::AppendContent(int column, const document::Text& text) {
     const bool isNumber = IsNumber(text) && !fParts.fColumns.IsText(column);
     if (!isNumber) fOut += " class=\"t\"";
-    const std::string_view padding = isNumber ? fParts.fColumns.PaddingOf(column, text.fWords) : std::string_view{};
+    const std::string padding = isNumber ? fParts.fColumns.PaddingOf(column, text.fWords) : std::string();
     if (!padding.empty()) {
         fOut += " data-pad=\"";
         AppendAttribute(fOut, padding);
