@@ -39,6 +39,7 @@ double ToMilliseconds(const timeval& time) {
 
 std::vector<char*> MakeArguments(const std::vector<std::string>& command) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command) arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
     return arguments;

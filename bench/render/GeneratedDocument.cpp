@@ -25,7 +25,7 @@ constexpr int kColumns = 10;
 constexpr int kRowsOfGroup = 10;
 constexpr int kRowsToNote = 100;
 
-Text MakeText(std::string words) { return {words, StringSource{words, true}}; }
+Text MakeText(const std::string& words) { return {words, StringSource{words, true}}; }
 
 Dimension MakeRows(int rows) {
     Dimension dimension{MakeText("Parameter"), 2, true, Side::Rows, 1, false, false, {}};

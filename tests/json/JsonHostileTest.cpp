@@ -20,8 +20,9 @@ std::string FindFailure(const std::string& json) {
 
 /// A document of messages; the last is within `depth` headings whose kind stands last.
 std::string MakeHeadings(int depth, const std::string& innermost) {
-    return R"({"format": "hierfit-output", "version": 1, "producer": "", "language": "", "title": "", "sources": [],
-               "diagnostics": [], "items": [)" +
+    return std::string(
+               R"({"format": "hierfit-output", "version": 1, "producer": "", "language": "", "title": "", "sources": [],
+               "diagnostics": [], "items": [)") +
            Repeat(R"({"title": {"text": "", "from": {"string": "", "translate": false}}, "items": [)", depth) +
            innermost + Repeat(R"(], "kind": "heading"})", depth) + "]}";
 }
@@ -29,22 +30,24 @@ std::string MakeHeadings(int depth, const std::string& innermost) {
 TEST(JsonHostile, NestingIsLimited) {
     constexpr int kDeep = 200'000;
     for (const std::string open : {"[", "{\"a\":", "[[{\"kind\":"}) {
-        EXPECT_EQ(FindFailure("{\"extra\": " + Repeat(open, kDeep)), "at most 100 levels of nesting expected");
+        EXPECT_EQ(FindFailure(std::string("{\"extra\": ") + Repeat(open, kDeep)),
+                  "at most 100 levels of nesting expected");
     }
-    EXPECT_EQ(FindFailure("{\"extra\": " + Repeat("[", 99) + Repeat("]", 99) + "}"), "key \"format\" expected");
+    EXPECT_EQ(FindFailure(std::string("{\"extra\": ") + Repeat("[", 99) + Repeat("]", 99) + "}"),
+              "key \"format\" expected");
     EXPECT_EQ(FindFailure(MakeHeadings(48, "")), "");
     EXPECT_EQ(FindFailure(MakeHeadings(49, "")), "at most 100 levels of nesting expected");
 }
 
 TEST(JsonHostile, LookingForKindsIsLimited) {
-    const std::string extra = "{\"extra\": [" + Repeat("0, ", 300'000) + "0], \"kind\": \"\"}";
+    const std::string extra = std::string("{\"extra\": [") + Repeat("0, ", 300'000) + "0], \"kind\": \"\"}";
     EXPECT_EQ(FindFailure(MakeHeadings(40, extra)), "\"kind\" as the first key expected");
     EXPECT_EQ(FindFailure(MakeHeadings(5, extra)), "\"heading\", \"table\", \"chart\" or \"message\" expected");
 }
 
 TEST(JsonHostile, ListsAreLimited) {
-    const std::string many = "[" + Repeat("0,", 10'000'000);
-    EXPECT_EQ(FindFailure(R"({"items": [{"kind": "table", "cells": [{"at": )" + many),
+    const std::string many = std::string("[") + Repeat("0,", 10'000'000);
+    EXPECT_EQ(FindFailure(std::string(R"({"items": [{"kind": "table", "cells": [{"at": )") + many),
               "at most 10000000 elements in all lists expected");
 }
 
