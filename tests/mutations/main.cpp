@@ -1,4 +1,4 @@
-// Runs the procedure on broken documents and renders what comes out: mutations [COUNT [SEED]]. Each run must end within
+// Runs the procedure on broken documents and renders what comes out: run_mutations [COUNT [SEED]]. Each run must end within
 // its time with a report or with a located error, and a report must survive the way through JSON.
 
 #include <fmt/format.h>
