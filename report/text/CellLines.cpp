@@ -34,6 +34,12 @@ int MeasureWidest(const std::vector<std::string>& lines) {
 
 }  // namespace
 
+int CellLines::WidestWord() const {
+    int width = 0;
+    for (const std::string& line : fvLines) width = std::max(width, MeasureWidestWord(line));
+    return width;
+}
+
 void CellLines::Wrap(int width) {
     if (width <= 0 || fWidth <= width) return;
     std::string text;

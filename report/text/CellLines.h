@@ -15,6 +15,9 @@ struct CellLines {
     bool fIsNumber = false;
     bool fIsMissing = false;  ///< a number that is only "."
 
+    int WidestWord() const;
+
+    /// Makes lines of at most that many columns; 0 is no limit.
     void Wrap(int width);
 };
 

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <numeric>
 
-#include "report/text/VisibleText.h"
-
 namespace hierfit::report {
 
 namespace {
@@ -12,7 +10,7 @@ namespace {
 constexpr int kHeaderWidth = 16;     // a header of one column is not wrapped to less
 constexpr int kGroupWidth = 24;      // nor one of several to less
 constexpr int kLeastLevelWidth = 8;  // a level of row headers
-constexpr int kLeastTextWidth = 20;  // a column of texts
+constexpr int kLeastTextWidth = 8;   // a column of texts
 constexpr int kPixelsPerCharacter = 8;
 constexpr int kMostLeastWidth = 40;  // what a table may ask for as least width of a column
 
@@ -59,20 +57,17 @@ void TablePlan::MakeRowHeaders() {
 
 // Headers of one level first; those of several then widen their last level where they need more.
 void TablePlan::MeasureLevels() {
-    const auto fit = [this](int first, int end, int width, bool single) {
-        if ((end - first == 1) != single) return;
-        const int before = StartOfLevel(end) - StartOfLevel(first) - kGap;
-        if (width > before) fvLevels[static_cast<std::size_t>(end - 1)] += width - before;
-    };
     for (const bool single : {true, false}) {
         for (std::size_t i = 0; i < fvRowHeaders.size(); ++i) {
             const HeaderCell& header = fGrid.fvRowHeaders[i];
-            fit(header.fLevel, EndLevel(header), fvRowHeaders[i].fWidth, single);
+            if ((header.fLevels == 1) == single) WidenLevels(header.fLevel, header.fLevels, fvRowHeaders[i].fWidth);
         }
-        for (std::size_t i = 0; i < fvCorner.size(); ++i) {
-            const CornerCell& corner = fGrid.fvCorner[i];
-            fit(corner.fLevel, corner.fLevel + corner.fLevels, fvCorner[i].fWidth, single);
-        }
+    }
+    for (std::size_t i = 0; i < fvCorner.size(); ++i) {
+        const CornerCell& corner = fGrid.fvCorner[i];
+        fvCorner[i].Wrap(
+            std::max({WidthOfLevels(corner.fLevel, corner.fLevels), kHeaderWidth, fvCorner[i].WidestWord()}));
+        WidenLevels(corner.fLevel, corner.fLevels, fvCorner[i].fWidth);
     }
 }
 
@@ -82,12 +77,25 @@ void TablePlan::LimitLevels() {
     fvLevels = ShareOut(fvLevels, allowed);
     for (std::size_t i = 0; i < fvRowHeaders.size(); ++i) {
         const HeaderCell& header = fGrid.fvRowHeaders[i];
-        fvRowHeaders[i].Wrap(StartOfLevel(EndLevel(header)) - StartOfLevel(header.fLevel) - kGap);
+        fvRowHeaders[i].Wrap(WidthOfLevels(header.fLevel, header.fLevels));
     }
     for (std::size_t i = 0; i < fvCorner.size(); ++i) {
         const CornerCell& corner = fGrid.fvCorner[i];
-        fvCorner[i].Wrap(StartOfLevel(corner.fLevel + corner.fLevels) - StartOfLevel(corner.fLevel) - kGap);
+        fvCorner[i].Wrap(WidthOfLevels(corner.fLevel, corner.fLevels));
     }
+    // Wrapped at blanks, they may need less than their share.
+    fvLevels.assign(fvLevels.size(), 0);
+    MeasureLevels();
+}
+
+int TablePlan::WidthOfLevels(int first, int count) const {
+    const auto start = fvLevels.begin() + first;
+    return std::accumulate(start, start + count, kGap * (count - 1));
+}
+
+void TablePlan::WidenLevels(int first, int count, int width) {
+    const int more = width - WidthOfLevels(first, count);
+    if (more > 0) fvLevels[static_cast<std::size_t>(first + count - 1)] += more;
 }
 
 int TablePlan::StartOfLevel(int level) const {
@@ -154,10 +162,8 @@ void TablePlan::MakeColumnHeaders() {
 
 void TablePlan::FitColumnHeader(const HeaderCell& header, CellLines& lines) {
     const Block columns{header.fFirst, header.fFirst + header.fSpan};
-    int widestWord = 0;
-    for (const std::string& line : lines.fvLines) widestWord = std::max(widestWord, MeasureWidestWord(line));
     const int least = header.fSpan == 1 ? kHeaderWidth : kGroupWidth;
-    int width = std::max({WidthOf(columns), least, widestWord});
+    int width = std::max({WidthOf(columns), least, lines.WidestWord()});
     if (fLimit > 0) width = std::min(width, std::max(kLeastTextWidth, fLimit - StartOfData()));
     lines.Wrap(width);
     Widen(columns, lines.fWidth);

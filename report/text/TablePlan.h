@@ -61,6 +61,8 @@ class TablePlan {
     void MakeRowHeaders();
     void MeasureLevels();
     void LimitLevels();
+    int WidthOfLevels(int first, int count) const;
+    void WidenLevels(int first, int count, int width);
     void MeasureColumns();
     void MeasureColumn(int column);
     void MakeColumnHeaders();

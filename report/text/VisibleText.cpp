@@ -135,8 +135,19 @@ class Wrapping {
         fWidth = 0;
     }
 
+    // Parts a word behind the signs that join its parts, such as those of an effect, else anywhere.
     void AddWide(std::string_view word) {
-        for (Clusters clusters(word); clusters.Next();) {
+        while (!word.empty()) {
+            const std::size_t sign = std::min(word.find_first_of("*,;/"), word.size() - 1);
+            AddPart(word.substr(0, sign + 1));
+            word.remove_prefix(sign + 1);
+        }
+    }
+
+    void AddPart(std::string_view part) {
+        const int width = MeasureWidth(part);
+        if (fWidth > 0 && fWidth + width > fLimit) StartLine();
+        for (Clusters clusters(part); clusters.Next();) {
             if (fWidth > 0 && fWidth + clusters.Width() > fLimit) StartLine();
             fLines.back() += clusters.Bytes();
             fWidth += clusters.Width();
@@ -184,11 +195,9 @@ std::vector<std::string> WrapLines(std::string_view text, int width) {
     return lines;
 }
 
-int MeasureWidestWord(std::string_view text) {
+int MeasureWidestWord(std::string_view line) {
     int width = 0;
-    ForEachPart(text, '\n', [&](std::string_view line) {
-        ForEachPart(line, ' ', [&](std::string_view word) { width = std::max(width, MeasureWidth(word)); });
-    });
+    ForEachPart(line, ' ', [&](std::string_view word) { width = std::max(width, MeasureWidth(word)); });
     return width;
 }
 

@@ -19,7 +19,7 @@ std::vector<std::string> SplitLines(std::string_view text);
 /// Lines of at most that many columns, parted at blanks, and within words that are wider. 0 is no limit.
 std::vector<std::string> WrapLines(std::string_view text, int width);
 
-/// Columns of the widest word.
-int MeasureWidestWord(std::string_view text);
+/// Columns of the widest word of a line.
+int MeasureWidestWord(std::string_view line);
 
 }  // namespace hierfit::report

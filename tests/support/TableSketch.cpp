@@ -29,6 +29,7 @@ document::Text MakeContent(std::string_view words) {
 std::string Spell(std::string_view token) {
     std::string words(token);
     std::replace(words.begin(), words.end(), '_', ' ');
+    std::replace(words.begin(), words.end(), '|', '\n');
     return words;
 }
 

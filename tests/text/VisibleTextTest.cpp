@@ -14,7 +14,9 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
         {"bell\a, tab\t, null" + std::string(1, '\0'), "bell␇, tab␉, null␀"},
         {"lines\nstay\r\n", "lines\nstay␍\n"},
         {"delete\x7F", "delete␡"},
-        {"\xC2\x9B" "31m", "\\u{9B}31m"},
+        {"\xC2\x9B"
+         "31m",
+         "\\u{9B}31m"},
         {"right\u202Eto left", "right\\u{202E}to left"},
         {"\u200F\u2066\u061C\u2028", "\\u{200F}\\u{2066}\\u{061C}\\u{2028}"},
         {"Größe 身長 e\u0301", "Größe 身長 e\u0301"},
@@ -30,7 +32,8 @@ TEST(VisibleText, MeasuresColumns) {
         int fWidth;
     };
     const Case cases[] = {
-        {"", 0}, {"plain", 5}, {"Größe", 5}, {"身長", 4}, {"e\u0301", 1}, {"👨‍👩‍👧", 2}, {"한", 2}, {"␛", 1}, {"─", 1},
+        {"", 0},   {"plain", 5}, {"Größe", 5}, {"身長", 4}, {"e\u0301", 1}, {"👨‍👩‍👧", 2},
+        {"한", 2}, {"␛", 1},     {"─", 1},
     };
     for (const Case& test : cases) EXPECT_EQ(report::MeasureWidth(test.fText), test.fWidth) << test.fText;
 }
@@ -47,6 +50,7 @@ TEST(VisibleText, Wraps) {
         {"one two three", 7, {"one two", "three"}},
         {"one two three", 3, {"one", "two", "thr", "ee"}},
         {"a line\n\nand another", 7, {"a line", "", "and", "another"}},
+        {"[A=1]*[Boy=2]*[C=3]", 9, {"[A=1]*", "[Boy=2]*", "[C=3]"}},
         {"wide: abcdefgh x", 6, {"wide:", "abcdef", "gh x"}},
         {"身長と体重", 5, {"身長", "と体", "重"}},
         {"身", 1, {"身"}},
