@@ -53,6 +53,7 @@ class HFITEmmeansOutput {
     const EmmeansSpec& SpecOf(const EmmeansData& block) const;
     BpComposite ContinuousCaption(const std::vector<EmmeansLabel>& labels) const;
     void PrintContrastTable(BpHeading& heading, const EmmeansData& block);
+    BpComposite ContrastOf(const ContrastData& contrasts, const KEST_Variable* compare, std::size_t row);
 
     /// Reports that the back-end refused a part of the block.
     static void ReportRefusal(const EmmeansData& block, const std::string& text);

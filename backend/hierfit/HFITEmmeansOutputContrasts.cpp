@@ -28,6 +28,9 @@ void AdjustmentCaption(BpPivotTable& table, int adjustment) {
     }
 }
 
+/// A deviation is from the mean of all levels: there is no second level.
+bool IsDeviation(const ContrastData& contrasts) { return contrasts.fContrastKind == ContrastKind::DEVIATION; }
+
 std::vector<FigureColumn> Figures(const ContrastData& contrasts) {
     return {{"Contrast Estimate", &contrasts.fContrastEstimate, BpProcedure::Coefficient()},
             {"Std. Error", &contrasts.fStdErr, BpProcedure::Coefficient()},
@@ -88,10 +91,7 @@ void HFITEmmeansOutput::PrintContrastTable(BpHeading& heading, const EmmeansData
     const std::vector<Coordinates>& factorCoords = contrasts.fvFactorCoords;
     const std::size_t nFactor = factorCoords.size();
     const std::size_t nOther = nFactor - 2;
-    const std::vector<std::string>& firstTerms = factorCoords[nFactor - 2].fvValues;
-    const std::vector<std::string>& secondTerms = factorCoords[nFactor - 1].fvValues;
     const auto kind = static_cast<std::size_t>(contrasts.fContrastKind);
-    const bool isDeviation = contrasts.fContrastKind == ContrastKind::DEVIATION;
 
     BpPivotTable table = heading.PivotTable(Translated(kTitles[kind]), Plain("Contrasts"), true);
     AdjustmentCaption(table, fpBuildSettings->fPAdjustment);
@@ -106,23 +106,29 @@ void HFITEmmeansOutput::PrintContrastTable(BpHeading& heading, const EmmeansData
     FigureColumns columns(table, *fpBuildSettings, fSysMis, Figures(contrasts), contrasts.fCILower, contrasts.fCIUpper);
 
     const std::string name = NameOfTable("Contrasts", block);
-    const std::size_t nRows = CountRows(factorCoords, isDeviation ? nFactor - 1 : nFactor, name);
+    const std::size_t nRows = CountRows(factorCoords, IsDeviation(contrasts) ? nFactor - 1 : nFactor, name);
     columns.Check(name, nRows);
     for (std::size_t r = 0; r < nRows; ++r) {
         for (std::size_t j = 0; j < nOther; ++j) {
             factors[j].fDimension.Category(Level(factors[j].fpVariable, factorCoords[j].fvValues[r]));
         }
-        BpComposite contrast("^1 - ^2", true);
-        contrast.Add(Level(compare, firstTerms[r]));
-        if (isDeviation) {
-            contrast.Add(Translated("Mean"));
-        } else {
-            contrast.Add(Level(compare, secondTerms[r]));
-        }
-        contrast.Finish();
-        terms.Category(contrast);
+        terms.Category(ContrastOf(contrasts, compare, r));
         columns.Row(r);
     }
+}
+
+BpComposite HFITEmmeansOutput::ContrastOf(const ContrastData& contrasts, const KEST_Variable* compare,
+                                          std::size_t row) {
+    const std::size_t nFactor = contrasts.fvFactorCoords.size();
+    BpComposite contrast("^1 - ^2", true);
+    contrast.Add(Level(compare, contrasts.fvFactorCoords[nFactor - 2].fvValues[row]));
+    if (IsDeviation(contrasts)) {
+        contrast.Add(Translated("Mean"));
+    } else {
+        contrast.Add(Level(compare, contrasts.fvFactorCoords[nFactor - 1].fvValues[row]));
+    }
+    contrast.Finish();
+    return contrast;
 }
 
 }  // namespace hierfit

@@ -92,7 +92,7 @@ bool HFITParseOutXML::ReadStructuredDataPart(const SDOMXMLWrapper& diagnostics) 
 
 bool HFITParseOutXML::ReadClassificationPart(const SDOMXMLWrapper& diagnostics) {
     SDOMXMLWrapper* matrix = FirstElement(diagnostics, "Matrix");
-    if (!matrix || AttributeOr(*matrix, "description") != "classificationTable") return true;
+    if (!matrix || AttributeText(*matrix, "description") != "classificationTable") return true;
     return ReadMatrix(matrix, fpStats->CreateClassifMatrixData());
 }
 

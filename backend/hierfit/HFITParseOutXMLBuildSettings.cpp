@@ -90,7 +90,7 @@ bool HFITParseOutXML::ReadParameter(const SDOMXMLWrapper& element, BuildSettings
     std::string name;
     if (!element.GetAttribute("name", name)) return false;
     for (const PlainParameter& parameter : kPlainParameters) {
-        if (parameter.fName == name) parameter.fpStore(AttributeOr(element, "value"), *record);
+        if (parameter.fName == name) parameter.fpStore(AttributeText(element, "value"), *record);
     }
     for (const StructuredParameter& parameter : kStructuredParameters) {
         if (parameter.fName == name) return (this->*parameter.fpRead)(element, record);
@@ -105,13 +105,13 @@ int HFITParseOutXML::FindNamedField(const SDOMXMLWrapper& element, const std::st
 }
 
 bool HFITParseOutXML::ReadTargetField(const SDOMXMLWrapper& element, BuildSettings* record) {
-    record->fTarget = AttributeOr(element, "value");
+    record->fTarget = AttributeText(element, "value");
     record->fTargetIndex = FindNamedField(element, record->fTarget);
     return true;
 }
 
 bool HFITParseOutXML::ReadTrialsField(const SDOMXMLWrapper& element, BuildSettings* record) {
-    record->fTrials = AttributeOr(element, "value");
+    record->fTrials = AttributeText(element, "value");
     record->fTrialsIndex = FindNamedField(element, record->fTrials);
     return true;
 }
@@ -150,11 +150,11 @@ bool HFITParseOutXML::ReadEffect(const SDOMXMLWrapper& element, EffectStruct* re
 }
 
 bool HFITParseOutXML::ReadEffectAttribute(const SDOMXMLWrapper& element, EffectStruct* record) {
-    const std::string name = AttributeOr(element, "name");
+    const std::string name = AttributeText(element, "name");
     const SDOMXMLWrapper* listValue = FirstElement(element, "ListValue");
     if (!listValue) return false;
     for (const SDOMXMLWrapper& item : Elements(*listValue, "Value")) {
-        const std::string value = AttributeOr(item, "value");
+        const std::string value = AttributeText(item, "value");
         if (name == "Fields") {
             record->fvFieldNames.push_back(value);
             const int index = fDataSource->FindVarIndex(value, 0);
@@ -169,7 +169,7 @@ bool HFITParseOutXML::ReadEffectAttribute(const SDOMXMLWrapper& element, EffectS
 
 void HFITParseOutXML::ReadValueList(const SDOMXMLWrapper* listValue, std::vector<std::string>* values) {
     if (!listValue) return;
-    for (const SDOMXMLWrapper& value : Elements(*listValue, "Value")) values->push_back(AttributeOr(value, "value"));
+    for (const SDOMXMLWrapper& value : Elements(*listValue, "Value")) values->push_back(AttributeText(value, "value"));
 }
 
 }  // namespace hierfit

@@ -6,7 +6,7 @@ namespace hierfit {
 
 bool HFITParseOutXML::ParseDataGroups(SDOMXMLIterator* dataGroupElmIter) {
     for (SDOMXMLWrapper& element : Elements(dataGroupElmIter)) {
-        const std::string description = AttributeOr(element, "description");
+        const std::string description = AttributeText(element, "description");
         if (description == "Emmeans") {
             if (!fpStats->GetEmmeansEstimates()) fpStats->CreateEmmeansEstimates();
             SDOMXMLWrapper* data = FirstElement(element, "MultivariateData");
@@ -93,7 +93,7 @@ bool HFITParseOutXML::ReadEmmeansMessages(const SDOMXMLWrapper& block, EmmeansDa
 }
 
 bool HFITParseOutXML::ParseOverallTest(SDOMXMLWrapper* emmeansOverallTestElm, OverallTest* record) {
-    record->fTestID = IntegerOr(AttributeOr(*emmeansOverallTestElm, "testID"), -1);
+    record->fTestID = IntegerOr(AttributeText(*emmeansOverallTestElm, "testID"), -1);
     SDOMXMLWrapper* segment = FirstElement(*emmeansOverallTestElm, "SegmentInfo");
     if (segment && !ReadFieldInfo(segment, &record->fSegment)) return false;
     const SDOMXMLWrapper* figures = FirstElement(*emmeansOverallTestElm, "FTest");

@@ -95,10 +95,10 @@ bool HFITParseOutXML::ReadCovariate(SDOMXMLWrapper* element, CovariateTerm* reco
 
 bool HFITParseOutXML::ReadFactor(SDOMXMLWrapper* element, FactorTerm* record) {
     if (!element->GetAttribute("field", record->fField)) return false;
-    record->fValue.SetStringValue(AttributeOr(*element, "value"));
+    record->fValue.SetStringValue(AttributeText(*element, "value"));
     record->fVarIndex = fDataSource->FindVarIndex(record->fField, 0);
     if (!record->fValue.LoadObsValue(fDataSource->GetVariable(record->fVarIndex), 0)) return false;
-    record->fNest = IsTrue(AttributeOr(*element, "nest"));
+    record->fNest = IsTrue(AttributeText(*element, "nest"));
     return true;
 }
 

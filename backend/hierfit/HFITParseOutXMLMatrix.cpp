@@ -49,9 +49,9 @@ void UnpackFull(const std::vector<double>& v, std::size_t nRows, std::size_t nCo
 bool HFITParseOutXML::ReadMatrix(SDOMXMLWrapper* element, MatrixData* record) {
     std::string nbRows;
     if (!element->GetAttribute("nbRows", nbRows)) return false;
-    const std::string kind = AttributeOr(*element, "kind");
+    const std::string kind = AttributeText(*element, "kind");
     record->fNbRows = String2Integer(nbRows);
-    const int nColumns = IntegerOr(AttributeOr(*element, "nbCols"), 0);
+    const int nColumns = IntegerOr(AttributeText(*element, "nbCols"), 0);
     if (!fpBuildSettings->fUseTrials && !ReadMatrixLabels(*element, record)) return false;
 
     const SDOMXMLWrapper* array = FirstElement(*element, "Array");

@@ -64,7 +64,7 @@ bool HFITParseOutXML::ParseEmmeansContrasts(SDOMXMLWrapper* emmeansContrastElm, 
         ReadAdjustedSigLevel(*statistic, record);
     }
     if (const SDOMXMLWrapper* group = FirstElement(*emmeansContrastElm, "CoordinatesGroup")) {
-        record->fContrastKind = IndexOf(kContrastKinds, AttributeOr(*group, "description"));
+        record->fContrastKind = IndexOf(kContrastKinds, AttributeText(*group, "description"));
         ReadFactorColumns(*group, &record->fvFactorCoords);
     }
     const Elements columns(*emmeansContrastElm, "Coordinates");
@@ -79,7 +79,7 @@ bool HFITParseOutXML::ParseEmmeansContrasts(SDOMXMLWrapper* emmeansContrastElm, 
 
 void HFITParseOutXML::ReadAdjustedSigLevel(const SDOMXMLWrapper& statistic, ContrastData* record) {
     std::string value;
-    if (AttributeOr(statistic, "name") != "adjustedSigLevel" || !statistic.GetAttribute("value", value)) return;
+    if (AttributeText(statistic, "name") != "adjustedSigLevel" || !statistic.GetAttribute("value", value)) return;
     record->fAdjustedSigLevel = NumberOr(value, fSysMis);
 }
 
@@ -90,7 +90,7 @@ void HFITParseOutXML::ReadFactorColumns(const SDOMXMLWrapper& group, std::vector
 }
 
 bool HFITParseOutXML::ParseCoordinates(SDOMXMLWrapper* coordinatesElm, Coordinates* record) {
-    record->fFeature = IndexOf(kFeatures, AttributeOr(*coordinatesElm, "feature"));
+    record->fFeature = IndexOf(kFeatures, AttributeText(*coordinatesElm, "feature"));
     coordinatesElm->GetAttribute("field", record->fField);
     coordinatesElm->GetAttribute("statistic", record->fStatistic);
     const SDOMXMLWrapper* array = FirstElement(*coordinatesElm, "Array");

@@ -53,7 +53,7 @@ void Store(Record& record, const NamedFigure<Record, Figure> (&figures)[n], cons
 
 void ReadTotalFreq(const SDOMXMLWrapper& element, int& totalFreq) {
     if (const SDOMXMLWrapper* counts = FirstElement(element, "Counts")) {
-        totalFreq = IntegerOr(AttributeOr(*counts, "totalFreq"), 0);
+        totalFreq = IntegerOr(AttributeText(*counts, "totalFreq"), 0);
     }
 }
 
@@ -127,8 +127,8 @@ bool HFITParseOutXML::ReadTargetDistribution(SDOMXMLIterator* iterator, TargetDi
         ok = !statistics.Empty();
         if (!ok) continue;
         for (const SDOMXMLWrapper& statistic : statistics) {
-            const double figure = NumberOr(AttributeOr(statistic, "value"), 0);
-            Store(*record, kDistributionFigures, AttributeOr(statistic, "name"), figure);
+            const double figure = NumberOr(AttributeText(statistic, "value"), 0);
+            Store(*record, kDistributionFigures, AttributeText(statistic, "name"), figure);
         }
 
         const Elements columns(element, "Coordinates");
@@ -162,20 +162,20 @@ bool HFITParseOutXML::ReadPredByObserved(SDOMXMLIterator* iterator, PredByObserv
 
 bool HFITParseOutXML::ReadModelTests(SDOMXMLIterator* iterator, EffectStatData* record) {
     for (const SDOMXMLWrapper& element : Elements(iterator)) {
-        const std::string description = AttributeOr(element, "description");
-        const std::string testType = AttributeOr(element, "testType");
+        const std::string description = AttributeText(element, "description");
+        const std::string testType = AttributeText(element, "testType");
         EffectTest test;
         test.fTestType = testType.empty() ? 0 : Roman2Integer(testType);
         if (const SDOMXMLWrapper* figures = FirstElement(element, "FTest")) {
-            test.fFStatistic = NumberOr(AttributeOr(*figures, "fStatistic"), fSysMis);
-            test.fSig = NumberOr(AttributeOr(*figures, "sig"), fSysMis);
-            test.fDf1 = NumberOr(AttributeOr(*figures, "df1"), fSysMis);
-            test.fDf2 = NumberOr(AttributeOr(*figures, "df2"), fSysMis);
+            test.fFStatistic = NumberOr(AttributeText(*figures, "fStatistic"), fSysMis);
+            test.fSig = NumberOr(AttributeText(*figures, "sig"), fSysMis);
+            test.fDf1 = NumberOr(AttributeText(*figures, "df1"), fSysMis);
+            test.fDf2 = NumberOr(AttributeText(*figures, "df2"), fSysMis);
         }
         if (description == "correctedModel") {
             record->fCorrectedModel = test;
         } else if (description == "fixedEffect") {
-            test.fTestID = IntegerOr(AttributeOr(element, "testID"), 0);
+            test.fTestID = IntegerOr(AttributeText(element, "testID"), 0);
             record->fvFixedEffectTests.push_back(test);
         }
     }

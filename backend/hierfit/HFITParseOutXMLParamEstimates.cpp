@@ -79,7 +79,7 @@ bool HFITParseOutXML::FileParameterGroup(const SDOMXMLWrapper& element, const st
 
 bool HFITParseOutXML::FileRandomGroup(const SDOMXMLWrapper& element, ParamGroup group,
                                       std::vector<RandomParamBlock>* blocks) {
-    const int block = IntegerOr(AttributeOr(element, "block"), 0);
+    const int block = IntegerOr(AttributeText(element, "block"), 0);
     const std::size_t nSpecs = fpBuildSettings->fvRandomSpecs.size();
     const std::size_t nBlocks = nSpecs > 0 ? nSpecs : kBlocksWithoutSpecs;
     const auto at = static_cast<std::size_t>(block);

@@ -19,8 +19,8 @@ constexpr int kNoMap = -1;
 
 bool HFITParseOutXML::ReadPrintableList(SDOMXMLWrapper* element, PrintableList* record) {
     element->GetAttribute("pattern", record->fPattern);
-    record->fIsKey = IsTrue(AttributeOr(*element, "isKey"));
-    record->fMapId = IntegerOr(AttributeOr(*element, "mapId"), kNoMap);
+    record->fIsKey = IsTrue(AttributeText(*element, "isKey"));
+    record->fMapId = IntegerOr(AttributeText(*element, "mapId"), kNoMap);
     for (SDOMXMLWrapper& child : Elements(*element, "PrintableList")) {
         PrintableList list;
         if (!ReadPrintableList(&child, &list)) return false;
@@ -39,7 +39,7 @@ bool HFITParseOutXML::ReadPrintableValue(SDOMXMLWrapper* element, PrintableValue
     if (!element->GetAttribute("storage", storage)) return false;
     record->fStorage = StorageOf(storage);
     if (!element->GetAttribute("value", record->fValue)) return false;
-    record->fIsNull = IsTrue(AttributeOr(*element, "isNull"));
+    record->fIsNull = IsTrue(AttributeText(*element, "isNull"));
     element->GetAttribute("label", record->fLabel);
     return true;
 }
@@ -48,12 +48,12 @@ bool HFITParseOutXML::ReadStringMaps(SDOMXMLIterator* iterator, StringMapCollect
     bool ok = true;  // the last step decides
     for (const SDOMXMLWrapper& element : Elements(iterator)) {
         StringMap map;
-        map.fMapId = IntegerOr(AttributeOr(element, "mapId"), kNoMap);
+        map.fMapId = IntegerOr(AttributeText(element, "mapId"), kNoMap);
         const Elements entries(element, "MapEntry");
         ok = !entries.Empty();
         for (const SDOMXMLWrapper& child : entries) {
             StringMapEntry entry;
-            entry.fName = AttributeOr(child, "name");
+            entry.fName = AttributeText(child, "name");
             SDOMXMLWrapper* parameter = FirstElement(child, "Label/RegressionParameter");
             ok = parameter && ReadRegressionParameter(parameter, &entry.fParam);
             if (ok) map.Append(std::move(entry));

@@ -20,8 +20,8 @@ bool HFITParseOutXML::ReadRandomSpecs(const SDOMXMLWrapper& element, BuildSettin
 }
 
 bool HFITParseOutXML::ReadRandomAttribute(const SDOMXMLWrapper& element, RandomSpec* record) {
-    const std::string name = AttributeOr(element, "name");
-    const std::string value = AttributeOr(element, "value");
+    const std::string name = AttributeText(element, "name");
+    const std::string value = AttributeText(element, "value");
     if (name == "EffectList") return ReadEffectList(FirstElement(element, "ListValue"), &record->fvEffectList);
     if (name == "SubjectSpec") {
         const SDOMXMLWrapper* effect = FirstElement(element, "StructuredValue");
@@ -56,8 +56,8 @@ bool HFITParseOutXML::ReadEmmeansSpec(const SDOMXMLWrapper& element, EmmeansSpec
 }
 
 bool HFITParseOutXML::ReadEmmeansAttribute(const SDOMXMLWrapper& element, EmmeansSpec* record) {
-    const std::string name = AttributeOr(element, "name");
-    const std::string value = AttributeOr(element, "value");
+    const std::string name = AttributeText(element, "name");
+    const std::string value = AttributeText(element, "value");
     if (name == "Factors") {
         const SDOMXMLWrapper* effect = FirstElement(element, "StructuredValue");
         return effect && ReadEffect(*effect, &record->fFactors);

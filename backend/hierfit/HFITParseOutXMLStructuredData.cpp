@@ -37,7 +37,7 @@ bool HFITParseOutXML::ReadFirstSubjectRecords(SDOMXMLWrapper* element, Structure
 }
 
 bool HFITParseOutXML::ReadRecordColumns(const SDOMXMLWrapper& group, StructuredData* record) {
-    const std::string description = AttributeOr(group, "description");
+    const std::string description = AttributeText(group, "description");
     if (description != "repeatedMeasures" && description != "target") {
         Diagnose(group,
                  "a group of columns is described \"" + description + "\", not \"repeatedMeasures\" or \"target\"");
@@ -79,7 +79,7 @@ bool HFITParseOutXML::ReadTargetColumn(const SDOMXMLWrapper& column, StructuredD
 bool HFITParseOutXML::ReadRandomEffectCovariances(SDOMXMLWrapper* element, RandEffCovars* record) {
     const SDOMXMLWrapper* statistic = FirstElement(*element, "Statistic");
     if (!statistic || !statistic->GetAttribute("name", record->fStatName)) return false;
-    record->fStatistic = NumberOr(AttributeOr(*statistic, "value"), fSysMis);
+    record->fStatistic = NumberOr(AttributeText(*statistic, "value"), fSysMis);
 
     const SDOMXMLWrapper* rowColLabels = FirstElement(*element, "MatrixLabels/RowColLabels");
     if (!rowColLabels || !ReadEffectLabels(*rowColLabels, &record->fvLabels)) return false;

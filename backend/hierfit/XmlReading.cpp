@@ -14,7 +14,7 @@ SDOMXMLWrapper* FirstElement(const SDOMXMLWrapper& element, const char* path) {
     return element.GetFirstElement(path, &found, true) ? found : nullptr;
 }
 
-std::string AttributeOr(const SDOMXMLWrapper& element, const char* name) {
+std::string AttributeText(const SDOMXMLWrapper& element, const char* name) {
     std::string text;
     element.GetAttribute(name, text);
     return text;

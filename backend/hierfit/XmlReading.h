@@ -50,7 +50,7 @@ class Elements {
 SDOMXMLWrapper* FirstElement(const SDOMXMLWrapper& element, const char* path);
 
 /// An attribute's text, empty when the element has no such attribute.
-std::string AttributeOr(const SDOMXMLWrapper& element, const char* name);
+std::string AttributeText(const SDOMXMLWrapper& element, const char* name);
 
 /// A boolean attribute is true when its text is exactly that.
 inline bool IsTrue(const std::string& text) { return text == "true"; }

@@ -90,19 +90,16 @@ void CheckMutilated(const std::string& pmml, const std::string& statXml) {
 }
 
 TEST(Procedure, SurvivesMutilatedDocuments) {
-    for (const char* example : {"cbpp", "wine"}) {
-        const std::string pmml = ReadExample(example, "model.pmml");
-        const std::string statXml = ReadExample(example, "model.statxml");
-        for (std::size_t end = statXml.find("/>"); end != std::string::npos; end = statXml.find("/>", end + 1)) {
-            std::string text = statXml;
-            const std::size_t begin = text.rfind('<', end);
-            CheckMutilated(pmml, text.erase(begin, end + 2 - begin));
-        }
-        for (std::size_t value = statXml.find("=\""); value != std::string::npos;
-             value = statXml.find("=\"", value + 1)) {
-            std::string text = statXml;
-            CheckMutilated(pmml, text.insert(value + 2, value % 2 == 0 ? "9" : "-"));
-        }
+    const std::string pmml = ReadExample("cbpp", "model.pmml");
+    const std::string statXml = ReadExample("cbpp", "model.statxml");
+    for (std::size_t end = statXml.find("/>"); end != std::string::npos; end = statXml.find("/>", end + 1)) {
+        std::string text = statXml;
+        const std::size_t begin = text.rfind('<', end);
+        CheckMutilated(pmml, text.erase(begin, end + 2 - begin));
+    }
+    for (std::size_t value = statXml.find("=\""); value != std::string::npos; value = statXml.find("=\"", value + 1)) {
+        std::string text = statXml;
+        CheckMutilated(pmml, text.insert(value + 2, value % 2 == 0 ? "9" : "-"));
     }
 }
 
