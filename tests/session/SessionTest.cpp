@@ -71,8 +71,8 @@ INSTANTIATE_TEST_SUITE_P(
                 R"(<Message><PrintableList pattern="x"/></Message><Message><PrintableList pattern="y"/></Message>)",
                 "x|y|"},
         Message{"an empty pattern", R"(<Message><PrintableList pattern=""/></Message>)", ""}),
-    [](const auto& info) {
-        std::string name = info.param.fWhat;
+    [](const auto& test) {
+        std::string name = test.param.fWhat;
         for (char& c : name) c = c == ' ' ? '_' : c;
         return name;
     });
@@ -111,7 +111,9 @@ TEST(Session, TellsWhyThereIsNoOutput) {
         EXPECT_EQ(last.fText.substr(0, std::string(one.fText).size()), one.fText);
         EXPECT_EQ(last.fLevel, 3);
         ASSERT_TRUE(last.fPlace);
-        if (one.fPlace.fLine > 0) EXPECT_EQ(*last.fPlace, one.fPlace);
+        if (one.fPlace.fLine > 0) {
+            EXPECT_EQ(*last.fPlace, one.fPlace);
+        }
     }
 }
 
