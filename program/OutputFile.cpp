@@ -14,8 +14,6 @@ namespace hierfit::program {
 
 namespace {
 
-FileError SystemError(const std::string& path) { return {path + ": " + std::strerror(errno)}; }
-
 bool WriteAll(int descriptor, std::string_view text) {
     while (!text.empty()) {
         const ssize_t written = write(descriptor, text.data(), text.size());
@@ -35,10 +33,9 @@ std::string FollowLinks(const std::string& path) {
     return target;
 }
 
-std::optional<FileError> WriteDirectly(const std::string& path, std::string_view text) {
+bool WriteDirectly(const std::string& path, std::string_view text) {
     Descriptor file(open(path.c_str(), O_WRONLY | O_CLOEXEC));
-    if (!file.IsOpen() || !WriteAll(file.Get(), text) || !file.Close()) return SystemError(path);
-    return {};
+    return file.IsOpen() && WriteAll(file.Get(), text) && file.Close();
 }
 
 /// Access rights of the file to come: those of the one it replaces, else what the system gives to new files.
@@ -49,35 +46,39 @@ mode_t ChooseMode(const struct stat* present) {
     return 0666 & ~mask;
 }
 
-std::optional<FileError> WriteBeside(const std::string& path, std::string_view text, const struct stat* present) {
+bool WriteBeside(const std::string& path, std::string_view text, const struct stat* present) {
     std::string temporary = path + ".XXXXXX";
     Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-    if (!file.IsOpen()) return SystemError(path);
+    if (!file.IsOpen()) return false;
     if (WriteAll(file.Get(), text) && fchmod(file.Get(), ChooseMode(present)) == 0 && file.Close() &&
         rename(temporary.c_str(), path.c_str()) == 0) {
-        return {};
+        return true;
     }
-    const FileError error = SystemError(path);
+    const int reason = errno;
     unlink(temporary.c_str());
-    return error;
+    errno = reason;
+    return false;
 }
 
-}  // namespace
-
-std::optional<FileError> WriteOutput(const std::string& path, std::string_view text) {
-    if (path == "-") {
-        if (!WriteAll(STDOUT_FILENO, text)) return SystemError("standard output");
-        return {};
-    }
+/// Each of the above leaves the reason of a failure in errno.
+bool WriteFile(const std::string& path, std::string_view text) {
     const std::string target = FollowLinks(path);
     struct stat status {};
     const bool exists = stat(target.c_str(), &status) == 0;
     if (exists && S_ISDIR(status.st_mode)) {
         errno = EISDIR;
-        return SystemError(path);
+        return false;
     }
     if (exists && !S_ISREG(status.st_mode)) return WriteDirectly(target, text);
     return WriteBeside(target, text, exists ? &status : nullptr);
+}
+
+}  // namespace
+
+std::optional<FileError> WriteOutput(const std::string& path, std::string_view text) {
+    const bool isStandardOutput = path == "-";
+    if (isStandardOutput ? WriteAll(STDOUT_FILENO, text) : WriteFile(path, text)) return {};
+    return FileError{(isStandardOutput ? "standard output" : path) + ": " + std::strerror(errno)};
 }
 
 }  // namespace hierfit::program

@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <variant>
 
+#include "report/text/VisibleText.h"
+
 namespace hierfit::program {
 
 namespace {
@@ -16,7 +18,7 @@ const char* LevelWord(int level) {
 
 }  // namespace
 
-void PrintError(const std::string& text) { fmt::print(stderr, "hierfit: {}\n", text); }
+void PrintError(const std::string& text) { fmt::print(stderr, "hierfit: {}\n", report::MakeVisible(text)); }
 
 void PrintMessages(const std::list<document::Item>& items) {
     for (const document::Item& item : items) {
@@ -35,7 +37,7 @@ void PrintErrors(const document::Document& document, const std::vector<std::stri
         }
         const document::Place& place = *diagnostic.fPlace;
         fmt::print(stderr, "{}:{}:{}: {}\n", paths[static_cast<std::size_t>(place.fSource)], place.fLine, place.fColumn,
-                   diagnostic.fText);
+                   report::MakeVisible(diagnostic.fText));
     }
 }
 

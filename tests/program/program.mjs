@@ -32,22 +32,22 @@ function shell(command) {
 // ---- documents that cannot be read: [name, pmml, statxml, standard error]; no output may appear
 
 const before = (text, marker) => text.slice(0, text.indexOf(marker));
-const error = "hierfit: error: The results document could not be read.\n";
+const error = "hierfit: error: The StatXML document of the model could not be read.\n";
 const unreadable = [
   ["an empty statxml", pmml, "", "d/model.statxml:1:1: the document is empty\n"],
   ["a statxml that is no XML", pmml, "data,1\n",
-    `${error}d/model.statxml:1:1: syntax error\n    data,1\n    ^\n`],
+    `${error}d/model.statxml:1:1: syntax error\ndata,1\n^\n`],
   ["a missing attribute", pmml, statXml.replace('name="AICC" value=', 'name="AICC" was='),
     `${error}d/model.statxml:XX: StatXML/PMMLModel/ModelDiagnostics/Statistic[2]: attribute "value" expected\n`],
   ["another algorithm", pmml, statXml.replace('algorithmName="GLMM"', 'algorithmName="glmm"'),
-    `${error}d/model.statxml:XX: StatXML/PMMLModel/PredictiveSummary: algorithmName "GLMM" expected, "glmm" found\n`],
+    `${error}d/model.statxml:XX: StatXML/PMMLModel/PredictiveSummary: the algorithm is "glmm", not "GLMM"\n`],
   ["an unknown field of an effect", pmml, statXml.replaceAll('<Value value="Days"/>', '<Value value="Dayz"/>')
       .replace(/<Attribute name="NestingLevels">[^]*?<\/Attribute>/g, ""),
     `${error}d/model.statxml:XX: StatXML/BuildSettings/Parameter[12]/ListValue/StructuredValue/Attribute/ListValue/Value: ` +
     `"Dayz" is no field of the data source\n`],
   ["a PMML without fields", "<PMML/>", statXml, "d/model.pmml:1:1: PMML: element \"DataDictionary\" expected\n"],
   ["a document type", pmml, '<!DOCTYPE a [<!ENTITY b "c">]>\n<a>&b;</a>',
-    `${error}d/model.statxml:1:1: document type declarations are not read\n    <!DOCTYPE a [<!ENTITY b "c">]>\n    ^\n`],
+    `${error}d/model.statxml:1:1: document type declarations are not read\n<!DOCTYPE a [<!ENTITY b "c">]>\n^\n`],
 ];
 
 mkdirSync("d");

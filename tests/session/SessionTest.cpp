@@ -95,11 +95,11 @@ TEST(Session, TellsWhyThereIsNoOutput) {
         document::Place fPlace;
     };
     const Case cases[] = {
-        {"", statXml, "no element found\n    \n    ^", {0, 1, 1}},
+        {"", statXml, "no element found\n\n^", {0, 1, 1}},
         {Replaced(pmml, "MiningField name=\"Days\"", "MiningField name=\"Dayz\""),
          statXml,
          R"(PMML/GeneralRegressionModel/MiningSchema/MiningField[2]: "Dayz" is no field of the data dictionary)",
-         {0, 42, 7}},
+         {0, 52, 7}},
         {pmml, "", "the document is empty", {1, 1, 1}},
         {pmml, Replaced(statXml, "<TrainingSummary", "<Other"), "mismatched tag", {1, 0, 0}},
     };
