@@ -14,13 +14,6 @@ int CountLines(const CellLines& lines) { return static_cast<int>(lines.fvLines.s
 
 const std::string& LineOf(const CellLines& lines, int line) { return lines.fvLines[static_cast<std::size_t>(line)]; }
 
-template <typename Labels>
-int HeightOf(const Labels& labels) {
-    int height = 0;
-    for (const auto& label : labels) height = std::max(height, CountLines(*label.fpLines));
-    return height;
-}
-
 }  // namespace
 
 BlockWriter::BlockWriter(const Grid& grid, const TablePlan& plan, Block block, Sink& sink)
@@ -45,6 +38,12 @@ void BlockWriter::WriteRule() {
     fSink.EndLine();
 }
 
+int BlockWriter::HeightOf(const std::vector<Label>& labels) {
+    int height = 0;
+    for (const Label& label : labels) height = std::max(height, CountLines(*label.fpLines));
+    return height;
+}
+
 bool BlockWriter::WriteHeaders() {
     for (int level = 0; level < fGrid.fColumnLevels; ++level) WriteHeaderLevel(level);
     if (fGrid.fColumnLevels > 0) return true;
@@ -61,7 +60,8 @@ void BlockWriter::WriteHeaderLevel(int level) {
     const bool isLast = level == fGrid.fColumnLevels - 1;
     const std::vector<Heading> headings = ListHeadings(level);
     const std::vector<Label> corner = isLast ? ListCorner() : std::vector<Label>();
-    const int height = std::max(HeightOf(corner), HeightOf(headings));
+    int height = HeightOf(corner);
+    for (const Heading& heading : headings) height = std::max(height, CountLines(heading.fLines));
     for (int line = 0; line < height; ++line) {
         PutCorner(corner, line, height);
         for (const Heading& heading : headings) PutHeading(heading, line, height, isLast);
@@ -72,7 +72,7 @@ void BlockWriter::WriteHeaderLevel(int level) {
 
 void BlockWriter::WriteHeaderRules(const std::vector<Heading>& headings) {
     for (const Heading& heading : headings) {
-        if (heading.fpLines->fvLines.empty()) continue;
+        if (heading.fLines.fvLines.empty()) continue;
         fSink.PutRule(StartOf(heading.fColumns.fFirst), fPlan.WidthOf(heading.fColumns), kRule);
     }
     fSink.EndLine();
@@ -90,9 +90,19 @@ std::vector<BlockWriter::Heading> BlockWriter::ListHeadings(int level) const {
         if (header.fFirst >= fBlock.fEnd) break;
         const Block columns{std::max(header.fFirst, fBlock.fFirst),
                             std::min(header.fFirst + header.fSpan, fBlock.fEnd)};
-        headings.push_back({&header, &fPlan.ColumnHeader(*next), columns});
+        headings.push_back({&header, fPlan.ColumnHeader(*next), columns});
+        headings.back().fLines.Wrap(RoomFor(headings.back()));
     }
     return headings;
+}
+
+// A header cut off by the end of the block is wrapped again. A long word may stand out at the right where there is
+// room.
+int BlockWriter::RoomFor(const Heading& heading) const {
+    const int width = fPlan.WidthOf(heading.fColumns);
+    if (heading.fColumns.fEnd < fBlock.fEnd) return width;
+    const int rest = fPlan.GetLimit() - StartOf(heading.fColumns.fFirst);
+    return std::max(width, std::min(heading.fLines.WidestWord(), rest));
 }
 
 std::vector<BlockWriter::Label> BlockWriter::ListCorner() const {
@@ -112,9 +122,9 @@ void BlockWriter::PutCorner(const std::vector<Label>& labels, int line, int heig
 }
 
 void BlockWriter::PutHeading(const Heading& heading, int line, int height, bool isLast) {
-    const int own = line - (height - CountLines(*heading.fpLines));
+    const int own = line - (height - CountLines(heading.fLines));
     if (own < 0) return;
-    const std::string& text = LineOf(*heading.fpLines, own);
+    const std::string& text = LineOf(heading.fLines, own);
     const int room = std::max(fPlan.WidthOf(heading.fColumns) - MeasureWidth(text), 0);
     const bool isCentred = !isLast || heading.fpHeader->fSpan > 1;
     const bool isText = fPlan.Column(heading.fColumns.fFirst).fIsText;

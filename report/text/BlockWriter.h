@@ -24,17 +24,19 @@ class BlockWriter {
     // A column header as far as it stands in the block.
     struct Heading {
         const HeaderCell* fpHeader;
-        const CellLines* fpLines;
+        CellLines fLines;
         Block fColumns;
     };
 
     int StartOf(int column) const { return fvStarts[static_cast<std::size_t>(column - fBlock.fFirst)]; }
     void WriteRule();
+    static int HeightOf(const std::vector<Label>& labels);
 
     bool WriteHeaders();
     void WriteHeaderLevel(int level);
     void WriteHeaderRules(const std::vector<Heading>& headings);
     std::vector<Heading> ListHeadings(int level) const;
+    int RoomFor(const Heading& heading) const;
     std::vector<Label> ListCorner() const;
     void PutCorner(const std::vector<Label>& labels, int line, int height);
     void PutHeading(const Heading& heading, int line, int height, bool isLast);

@@ -185,19 +185,33 @@ void TablePlan::Widen(Block columns, int width) {
 }
 
 std::vector<Block> TablePlan::MakeBlocks() const {
+    const std::vector<int> groups = FindGroups();
     std::vector<Block> blocks;
-    int width = 0;
-    for (int column = 0; column < fGrid.fColumns; ++column) {
-        const int needed = kGap + Column(column).fWidth;
-        const bool fits = fLimit <= 0 || StartOfData() + width + needed - kGap <= fLimit;
-        if (blocks.empty() || !fits) {
-            blocks.push_back({column, column});
-            width = 0;
-        }
-        blocks.back().fEnd = column + 1;
-        width += needed;
-    }
+    for (int first = 0; first < fGrid.fColumns; first = blocks.back().fEnd)
+        blocks.push_back({first, FindEnd(first, groups)});
     return blocks;
+}
+
+// For each column the first of the innermost header of several columns that it stands under.
+std::vector<int> TablePlan::FindGroups() const {
+    std::vector<int> groups(fvColumns.size(), 0);
+    for (const HeaderCell& header : fGrid.fvColumnHeaders) {
+        if (header.fSpan == 1) continue;
+        const auto start = groups.begin() + header.fFirst;
+        std::for_each(start, start + header.fSpan, [&](int& group) { group = std::max(group, header.fFirst); });
+    }
+    return groups;
+}
+
+int TablePlan::FindEnd(int first, const std::vector<int>& groups) const {
+    int width = StartOfData() - kGap;
+    for (int column = first; column < fGrid.fColumns; ++column) {
+        width += kGap + Column(column).fWidth;
+        if (fLimit <= 0 || width <= fLimit || column == first) continue;
+        const int group = groups[static_cast<std::size_t>(column)];
+        return group > first ? group : column;
+    }
+    return fGrid.fColumns;
 }
 
 }  // namespace hierfit::report

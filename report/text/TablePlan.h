@@ -34,6 +34,8 @@ class TablePlan {
     /// A limit of 0 is none.
     TablePlan(const Grid& grid, int limit);
 
+    int GetLimit() const { return fLimit; }
+
     const CellLines& RowHeader(std::size_t index) const { return fvRowHeaders[index]; }
     const CellLines& ColumnHeader(std::size_t index) const { return fvColumnHeaders[index]; }
 
@@ -53,7 +55,7 @@ class TablePlan {
     /// Width of neighbouring columns with the gaps between them.
     int WidthOf(Block columns) const;
 
-    /// Parts the columns so that each block fits the limit where that can be.
+    /// Parts the columns so that each block fits the limit where that can be, and between groups rather than in them.
     std::vector<Block> MakeBlocks() const;
 
   private:
@@ -68,6 +70,8 @@ class TablePlan {
     void MakeColumnHeaders();
     void FitColumnHeader(const HeaderCell& header, CellLines& lines);
     void Widen(Block columns, int width);
+    std::vector<int> FindGroups() const;
+    int FindEnd(int first, const std::vector<int>& groups) const;
 
     const Grid& fGrid;
     int fLimit;

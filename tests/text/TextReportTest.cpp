@@ -127,7 +127,7 @@ Name
 a     x
 ───────
 )"},
-    {"columns in blocks; a group goes on in the next", 36, R"(
+    {"columns in blocks, parted between groups", 30, R"(
 title Wide
 caption A_caption_that_needs_more_than_one_line_of_such_a_width.
 rows 1 Term : Intercept age
@@ -137,25 +137,67 @@ cells Intercept,Upper=#3.0 age,Sig.=#.031
 )",
      R"(
 Wide
-─────────────────────────────────
-                       Interval
-                     ────────────
-Term       Estimate  Lower  Upper
-─────────────────────────────────
-Intercept  1.000[a]    2.0    3.0
+───────────────────
+Term       Estimate
+───────────────────
+Intercept  1.000[a]
 age
-─────────────────────────────────
+───────────────────
 
-───────────────
-Term       Sig.
-───────────────
-Intercept
-age        .031
-───────────────
-A caption that needs more than one
-line of such a width.
-a. A note of more than one line,
-   too, behind its letter.
+─────────────────────────────
+             Interval
+           ────────────
+Term       Lower  Upper  Sig.
+─────────────────────────────
+Intercept    2.0    3.0
+age                      .031
+─────────────────────────────
+A caption that needs more than
+one line of such a width.
+a. A note of more than one
+   line, too, behind its
+   letter.
+)"},
+    {"a group parted all the same, since it is wider than the room", 24, R"(
+title Wide
+rows 1 Term : a
+columns 1 -name S : x Confidence_Interval(Lower_bound+Upper_bound+Middle)
+cells a,x=#1 a,Lower_bound=#2 a,Upper_bound=#3 a,Middle=#4
+)",
+     R"(
+Wide
+───────
+Term  x
+───────
+a     1
+───────
+
+─────────────────
+      Confidence
+       Interval
+      ───────────
+Term  Lower bound
+─────────────────
+a               2
+─────────────────
+
+─────────────────
+      Confidence
+       Interval
+      ───────────
+Term  Upper bound
+─────────────────
+a               3
+─────────────────
+
+────────────
+      Confidence
+      Interval
+      ──────
+Term  Middle
+────────────
+a          4
+────────────
 )"},
     {"labels and texts in a narrow room", 40, R"(
 title Narrow
@@ -165,14 +207,14 @@ cells #0,v=a_text_that_is_longer_than_the_room_for_it #1,v=x
 )",
      R"(
 Narrow
-───────────────────────────────────────
-                        v
-───────────────────────────────────────
-Infl=Low/               a text that is
-Type=Apartment          longer than the
-                        room for it
-a label of many words   x
-───────────────────────────────────────
+──────────────────────────────────────
+                       v
+──────────────────────────────────────
+Infl=Low/              a text that is
+Type=Apartment         longer than the
+                       room for it
+a label of many words  x
+──────────────────────────────────────
 )"},
 };
 
