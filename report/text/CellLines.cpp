@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "report/layout/CellContent.h"
 #include "report/text/VisibleText.h"
 
 namespace hierfit::report {
@@ -14,13 +15,6 @@ std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
     for (const int note : notes)
         marks += (marks.empty() ? "[" : ",") + grid.fvNotes[static_cast<std::size_t>(note)].fLetter;
     return marks.empty() ? marks : marks + "]";
-}
-
-// A number, "." for a missing one and "<.001" among them.
-bool IsNumber(std::string_view words) {
-    if (words == ".") return true;
-    return words.find_first_not_of("0123456789.<>+-eE%") == std::string_view::npos &&
-           words.find_first_of("0123456789") != std::string_view::npos;
 }
 
 // Everything in front of the decimal sign, or of a percent sign or exponent where there is none.
@@ -51,7 +45,7 @@ void CellLines::Wrap(int width) {
 CellLines MakeCellLines(const document::Text* text, const std::vector<int>& notes, const Grid& grid) {
     CellLines cell;
     if (!text) return cell;
-    cell.fIsNumber = IsNumber(text->fWords);
+    cell.fIsNumber = IsNumber(*text);
     cell.fIsMissing = text->fWords == ".";
     if (cell.fIsNumber) cell.fLeft = CountLeft(text->fWords);
     cell.fvLines = SplitLines(MakeVisible(text->fWords));

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "report/layout/CellContent.h"
+
 namespace hierfit::report::html {
 
 namespace {
@@ -52,7 +54,5 @@ std::string NumberColumns::PaddingOf(int column, std::string_view words) const {
     if (tail.fSuffix.size() < whole.fSuffix.size()) padding += whole.fSuffix.substr(tail.fSuffix.size());
     return padding;
 }
-
-bool IsNumber(const document::Text& text) { return std::holds_alternative<document::NumberSource>(text.fFrom); }
 
 }  // namespace hierfit::report::html

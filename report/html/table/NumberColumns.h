@@ -43,7 +43,4 @@ class NumberColumns {
     std::vector<Column> fvColumns;
 };
 
-/// Whether a text is a number to the reader, a missing one included.
-bool IsNumber(const document::Text& text);
-
 }  // namespace hierfit::report::html

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "report/html/HtmlEscape.h"
+#include "report/layout/CellContent.h"
 
 namespace hierfit::report::html {
 
