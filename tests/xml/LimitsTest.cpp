@@ -41,9 +41,42 @@ TEST(Limits, HoldExactly) {
     EXPECT_EQ(Reason(std::string(256 * kMebibyte + 1, ' ')), "1:1 the document is larger than 256 MiB");
 }
 
+// Names and values are measured where they stand, whatever stands around them.
+TEST(Limits, SeeMarkupAsItIs) {
+    const std::string blanks(6000, ' ');
+    const std::string many = WithAttributes(1001);
+    struct Case {
+        std::string fText;
+        const char* fReason;
+    };
+    const Case cases[] = {
+        {"<a><!--" + many + "--><![CDATA[" + many + "]]><?p " + many + "?></a>", "read"},
+        {"<a><!-- <!DOCTYPE x> --><![CDATA[<!DOCTYPE x>]]><?p <!DOCTYPE x>?></a>", "read"},
+        {"<a>" + blanks + "<b c='>" + Repeat("\"", 1001) + "'/></a>", "read"},
+        {"<a " + blanks + "b='1'" + blanks + "/>", "read"},
+        {"<a>\n" + many + "</a>", "2:1 an element has more than 1,000 attributes"},
+        {Utf16("<a>\n" + many + "</a>", false), "2:1 an element has more than 1,000 attributes"},
+        {Utf16("<a>\n" + many + "</a>", true), "2:1 an element has more than 1,000 attributes"},
+        {Utf16("<a>\n<!-- '<--><![CDATA['<]]>" + WithAttributes(1000) + "</a>", true), "read"},
+        {"<a></b>" + many, "1:6 mismatched tag"},
+        {"<a/>" + many, "1:5 an element has more than 1,000 attributes"},
+        {"<a>" + Repeat("<b c='" + blanks, 500), "1:6010 not well-formed (invalid token)"},
+        {"<a/><!DOCTYPE a>", "1:5 document type declarations are not read"},
+        {"<a>]\r<!DOCTYPE a>", "2:1 document type declarations are not read"},
+    };
+    for (const auto& [text, reason] : cases) EXPECT_EQ(Reason(text), reason) << text.substr(0, 100);
+}
+
+TEST(Limits, DifferentNamesAreCounted) {
+    std::string text = "<a>\n";
+    for (int i = 0; i < 100'001; ++i) text += "<b" + std::to_string(i) + "/>";
+    EXPECT_EQ(Reason(text + "</a>"), "2:888891 the document has more than 100,000 different names");
+}
+
 TEST(Limits, HugeNonsenseEndsSoon) {
     EXPECT_EQ(Reason(Repeat("<a>", 1'000'000)), "1:769 elements are nested deeper than 256 levels");
-    EXPECT_EQ(Reason("<a b='" + std::string(50'000'000, 'x')), "1:1 unclosed token");
+    EXPECT_EQ(Reason("<a b='" + std::string(50'000'000, 'x')), "1:1 an attribute value is longer than 16 MiB");
+    EXPECT_EQ(Reason(WithAttributes(3'000'000)), "1:1 an element has more than 1,000 attributes");
     EXPECT_EQ(Reason(std::string(50'000'000, '<')), "1:2 not well-formed (invalid token)");
     EXPECT_EQ(Reason("<a>" + std::string(5'000'000, '\r')), "5000000:1 no element found");
 }

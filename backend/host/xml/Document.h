@@ -34,7 +34,8 @@ struct Position {
 /// and good as long as the document lives.
 ///
 /// Not read: document type declarations, more than 256 MiB, elements deeper than 256, more than 1,000 attributes at an
-/// element, names or attribute values over 16 MiB, more than 5 million elements. Each is an error with its place.
+/// element, names or attribute values over 16 MiB as written, more than 5 million elements, more than 100,000 different
+/// names. Each is an error with its place.
 class Document {
   public:
     using Node = std::uint32_t;

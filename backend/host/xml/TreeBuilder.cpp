@@ -4,12 +4,14 @@
 
 #include <algorithm>
 #include <new>
+#include <optional>
 #include <string_view>
 #include <utility>
 
 #include "host/xml/Excerpt.h"
 #include "host/xml/LargeMemory.h"
 #include "host/xml/LineCounter.h"
+#include "host/xml/MarkupScan.h"
 #include "host/xml/SourceText.h"
 
 namespace hierfit::xml {
@@ -17,10 +19,9 @@ namespace hierfit::xml {
 namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{256} << 20U;
-constexpr std::size_t kMostValueBytes = std::size_t{16} << 20U;
 constexpr std::size_t kMostDepth = 256;
-constexpr std::size_t kMostAttributes = 1000;
 constexpr std::size_t kMostElements = 5'000'000;
+constexpr std::size_t kMostNames = 100'000;
 constexpr std::size_t kSampleBytes = std::size_t{1} << 20U;
 constexpr std::size_t kShortestAttribute = 5;  // blank, name, equals sign, two quotes
 
@@ -57,17 +58,16 @@ class TreeBuilder {
     static void Handle(void* builder, Arguments... arguments);
 
     void SetHandlers();
+    XML_Error ParseUpTo(std::size_t end);
     void Reserve();
     void Declare(const char* version, const char* encoding, int standalone);
     void Start(const char* name, const char** attributes);
     void AddAttributes(const char** attributes);
-    bool AddAttribute(std::string_view name, std::string_view value);
     void AddText(const char* text, int length);
     void End(const char* name);
-    void Other(const char* text, int length);
 
     NameTable::Id AddName(std::string_view name);
-    bool Refuse(const char* reason);
+    void Refuse(const char* reason);
     std::size_t CurrentOffset() const;
     std::uint32_t AddCharacters(std::string_view characters);
     ParseError Error(const char* reason, std::size_t offset) const;
@@ -79,8 +79,7 @@ class TreeBuilder {
     std::vector<NameTable::Id> fvLocalNames;  ///< for each name, the one without its prefix
     std::vector<OpenElement> fvOpen;
     std::string fPending;  ///< texts of the open elements so far, the innermost one's last
-    const char* fpRefusal = nullptr;
-    std::size_t fRefusedAt = 0;
+    std::optional<Refusal> fRefusal;
 };
 
 TreeBuilder::TreeBuilder(const std::string& text)
@@ -89,7 +88,7 @@ TreeBuilder::TreeBuilder(const std::string& text)
 template <auto kOperation, typename... Arguments>
 void TreeBuilder::Handle(void* builder, Arguments... arguments) {
     auto& self = *static_cast<TreeBuilder*>(builder);
-    if (self.fpRefusal) return;
+    if (self.fRefusal) return;
     try {
         (self.*kOperation)(arguments...);
     } catch (const std::bad_alloc&) {
@@ -97,7 +96,6 @@ void TreeBuilder::Handle(void* builder, Arguments... arguments) {
     }
 }
 
-// Comments and processing instructions have a handler, which does nothing, to keep them from the default one.
 void TreeBuilder::SetHandlers() {
     XML_Parser parser = fParser.get();
     XML_SetUserData(parser, this);
@@ -105,9 +103,6 @@ void TreeBuilder::SetHandlers() {
     XML_SetElementHandler(parser, Handle<&TreeBuilder::Start, const char*, const char**>,
                           Handle<&TreeBuilder::End, const char*>);
     XML_SetCharacterDataHandler(parser, Handle<&TreeBuilder::AddText, const char*, int>);
-    XML_SetCommentHandler(parser, [](void*, const char*) {});
-    XML_SetProcessingInstructionHandler(parser, [](void*, const char*, const char*) {});
-    XML_SetDefaultHandler(parser, Handle<&TreeBuilder::Other, const char*, int>);
 }
 
 // Room for what the text will hold if it goes on as it begins, so that little moves while the tree grows. What is not
@@ -130,11 +125,21 @@ std::variant<std::unique_ptr<const Tree>, ParseError> TreeBuilder::Build() {
     if (!fParser) throw std::bad_alloc();
     SetHandlers();
     Reserve();
-    if (XML_Parse(fParser.get(), bytes.data(), static_cast<int>(bytes.size()), XML_TRUE) == XML_STATUS_OK) {
-        return std::unique_ptr<const Tree>(std::move(fpTree));
+    const std::optional<Refusal> markup = FindRefusal(fText);
+    const XML_Error error = ParseUpTo(markup ? markup->fOffset : bytes.size());
+    if (fRefusal) return Error(fRefusal->fReason, fRefusal->fOffset);
+    if (error != XML_ERROR_NONE && !(markup && error == XML_ERROR_NO_ELEMENTS)) {
+        return Error(XML_ErrorString(error), CurrentOffset());
     }
-    if (fpRefusal) return Error(fpRefusal, fRefusedAt);
-    return Error(XML_ErrorString(XML_GetErrorCode(fParser.get())), CurrentOffset());
+    if (markup) return Error(markup->fReason, markup->fOffset);
+    return std::unique_ptr<const Tree>(std::move(fpTree));
+}
+
+/// Parses so many bytes as the whole text: if they end before markup that is not read and have no fault of their own,
+/// what expat misses is an element.
+XML_Error TreeBuilder::ParseUpTo(std::size_t end) {
+    XML_Parse(fParser.get(), fText.Bytes().data(), static_cast<int>(end), XML_TRUE);
+    return XML_GetErrorCode(fParser.get());
 }
 
 void TreeBuilder::Declare(const char*, const char* encoding, int) {
@@ -143,14 +148,13 @@ void TreeBuilder::Declare(const char*, const char* encoding, int) {
 
 void TreeBuilder::Start(const char* name, const char** attributes) {
     std::vector<ElementRecord>& elements = fpTree->fvElements;
-    const std::string_view fullName = name;
-    if (fvOpen.size() == kMostDepth) return void(Refuse("elements are nested deeper than 256 levels"));
-    if (elements.size() == kMostElements) return void(Refuse("the document has more than 5 million elements"));
-    if (fullName.size() > kMostValueBytes) return void(Refuse("a name is longer than 16 MiB"));
+    if (fvOpen.size() == kMostDepth) return Refuse("elements are nested deeper than 256 levels");
+    if (elements.size() == kMostElements) return Refuse("the document has more than 5 million elements");
+    if (fpTree->fNames.Size() > kMostNames) return Refuse("the document has more than 100,000 different names");
 
     const auto index = static_cast<std::uint32_t>(elements.size());
     const Position position = fLines.MoveTo(CurrentOffset());
-    elements.push_back({.fName = AddName(fullName),
+    elements.push_back({.fName = AddName(name),
                         .fParent = fvOpen.empty() ? index : fvOpen.back().fElement,
                         .fEnd = index + 1,
                         .fFirstAttribute = static_cast<std::uint32_t>(fpTree->fvAttributes.size()),
@@ -162,19 +166,11 @@ void TreeBuilder::Start(const char* name, const char** attributes) {
 }
 
 void TreeBuilder::AddAttributes(const char** attributes) {
-    std::size_t count = 0;
     for (; *attributes; attributes += 2) {
-        if (++count > kMostAttributes) return void(Refuse("an element has more than 1,000 attributes"));
-        if (!AddAttribute(attributes[0], attributes[1])) return;
+        const std::string_view name = attributes[0];
+        if (IsNamespaceDeclaration(name)) continue;
+        fpTree->fvAttributes.push_back({AddName(name), AddCharacters(attributes[1])});
     }
-}
-
-bool TreeBuilder::AddAttribute(std::string_view name, std::string_view value) {
-    if (name.size() > kMostValueBytes) return Refuse("a name is longer than 16 MiB");
-    if (value.size() > kMostValueBytes) return Refuse("an attribute value is longer than 16 MiB");
-    if (IsNamespaceDeclaration(name)) return true;
-    fpTree->fvAttributes.push_back({AddName(name), AddCharacters(value)});
-    return true;
 }
 
 void TreeBuilder::AddText(const char* text, int length) {
@@ -194,11 +190,6 @@ void TreeBuilder::End(const char*) {
     fvOpen.pop_back();
 }
 
-void TreeBuilder::Other(const char* text, int length) {
-    const std::string_view token(text, static_cast<std::size_t>(length));
-    if (token.starts_with("<!DOCTYPE")) Refuse("document type declarations are not read");
-}
-
 /// Number of the name without its prefix.
 NameTable::Id TreeBuilder::AddName(std::string_view name) {
     NameTable& names = fpTree->fNames;
@@ -210,12 +201,9 @@ NameTable::Id TreeBuilder::AddName(std::string_view name) {
     return fvLocalNames[id];
 }
 
-/// False always, so that a caller can hand it on.
-bool TreeBuilder::Refuse(const char* reason) {
-    fpRefusal = reason;
-    fRefusedAt = CurrentOffset();
+void TreeBuilder::Refuse(const char* reason) {
+    fRefusal = Refusal{reason, CurrentOffset()};
     XML_StopParser(fParser.get(), XML_FALSE);
-    return false;
 }
 
 std::size_t TreeBuilder::CurrentOffset() const {
