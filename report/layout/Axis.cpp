@@ -37,8 +37,8 @@ struct Axis::Drawing {
         header.fFirst = fLine;
         header.fLevel = level;
         header.fLevels = levels;
-        for (int covered = 0; covered < levels; ++covered) {
-            fvOpen[static_cast<std::size_t>(level + covered)] = fvHeaders.size();
+        for (int covered = level; covered < level + levels; ++covered) {
+            fvOpen[static_cast<std::size_t>(covered)] = fvHeaders.size();
         }
         return fvHeaders.emplace_back(std::move(header));
     }
@@ -121,13 +121,7 @@ void Axis::DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) cons
     for (std::size_t index = 0; index < fvParts.size(); ++index) {
         const Part& part = fvParts[index];
         if (part.fpDimension->fHideLabels) continue;
-        if (part.fNameLevels > 0 && (isFirst || index > changed)) {
-            HeaderCell& header = drawing.Open(part.fFirstLevel, 1);
-            header.fpLabel = &part.fpDimension->fName;
-            header.fIsDimensionName = true;
-        } else {
-            drawing.Grow(part.fFirstLevel, part.fNameLevels);
-        }
+        DrawName(drawing, part, isFirst || index > changed);
         if (index < changed) {
             drawing.Grow(part.fFirstLevel + part.fNameLevels, part.fLabelLevels);
             continue;
@@ -137,6 +131,14 @@ void Axis::DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) cons
         DrawLabels(drawing, part, leaf,
                    isWithinGroups ? CountSharedGroups(leaf, part.fOrder.At(part.fvPlaces[before])) : 0);
     }
+}
+
+void Axis::DrawName(Drawing& drawing, const Part& part, bool isNew) {
+    if (part.fNameLevels == 0) return;
+    if (!isNew) return drawing.Grow(part.fFirstLevel, 1);
+    HeaderCell& header = drawing.Open(part.fFirstLevel, 1);
+    header.fpLabel = &part.fpDimension->fName;
+    header.fIsDimensionName = true;
 }
 
 void Axis::DrawLabels(Drawing& drawing, const Part& part, const Leaf& leaf, std::size_t sharedGroups) {

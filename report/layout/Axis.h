@@ -44,6 +44,7 @@ class Axis {
     std::vector<std::size_t> SortCells(std::size_t count) const;
     void SetLines(const std::vector<std::size_t>& sortedCells);
     std::size_t FindFirstDifference(std::size_t cell, std::size_t other) const;
+    static void DrawName(Drawing& drawing, const Part& part, bool isNew);
     static void DrawLabels(Drawing& drawing, const Part& part, const Leaf& leaf, std::size_t sharedGroups);
     void DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) const;
 
