@@ -18,8 +18,8 @@ namespace hierfit::test {
 /// Underscores stand for blanks, "|" for line feeds, "*" parts notes, "+" the members of a group. Before a dimension's
 /// name "-name" and "-labels" hide, "<" and ">" there and behind a group sort up and down. A cell names a category of
 /// each dimension, in their order: by its label, by the path of labels where the label stands in several groups, by "#"
-/// and its id, or "-" for none. A content behind "#" is a number. Throws std::invalid_argument or std::out_of_range when
-/// the sketch cannot be read.
+/// and its id, or "-" for none. A content behind "#" is a number. Throws std::invalid_argument or std::out_of_range
+/// when the sketch cannot be read.
 document::Table SketchTable(std::string_view sketch);
 
 /// A fixed text of those words.
