@@ -11,7 +11,9 @@ namespace {
 // No number format goes further; a text that does is not worth the room.
 constexpr std::size_t kLongestTail = 24;
 
-constexpr std::string_view kDigits = "0123456789";
+bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
+
+bool IsIntegerPart(char byte) { return IsDigit(byte) || byte == '-' || byte == '+' || byte == '<' || byte == '>'; }
 
 }  // namespace
 
@@ -38,12 +40,13 @@ void NumberColumns::Add(Column& column, const document::Text& content) {
 }
 
 NumberColumns::Tail NumberColumns::TailOf(std::string_view words) {
-    const std::size_t begin = words.find_first_not_of("<>+-0123456789");
-    if (begin == std::string_view::npos || words.size() - begin > kLongestTail) return {};
-    const bool hasSign = words[begin] == '.';
-    if (!hasSign) return {false, 0, words.substr(begin)};
-    const std::size_t end = std::min(words.find_first_not_of(kDigits, begin + 1), words.size());
-    return {true, end - begin - 1, words.substr(end)};
+    words.remove_prefix(
+        static_cast<std::size_t>(std::find_if_not(words.begin(), words.end(), IsIntegerPart) - words.begin()));
+    if (words.empty() || words.size() > kLongestTail) return {};
+    if (words.front() != '.') return {false, 0, words};
+    words.remove_prefix(1);
+    const auto digits = static_cast<std::size_t>(std::find_if_not(words.begin(), words.end(), IsDigit) - words.begin());
+    return {true, digits, words.substr(digits)};
 }
 
 std::string NumberColumns::PaddingOf(int column, std::string_view words) const {
