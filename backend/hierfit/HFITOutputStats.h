@@ -112,6 +112,8 @@ class HFITOutputStats {
     std::vector<WarningMessage> fvWarningList;
     std::unique_ptr<StringMapCollect> fpStringMapCollect;
 
+    mutable std::size_t fTermCharacters = 0;  ///< in labels so far
+
     // The keys of the first `fIndexedWarnings` messages; messages are appended and never removed.
     mutable std::unordered_set<std::string> fWarningKeys;
     mutable std::size_t fIndexedWarnings = 0;

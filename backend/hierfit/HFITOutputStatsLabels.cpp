@@ -9,6 +9,9 @@ namespace {
 
 constexpr const char* kVarOfEffect = "VarOfEffect";
 
+/// A short name in a document stands for a text of any length, as often as it likes.
+constexpr std::size_t kMostTermCharacters = 64'000'000;
+
 /// Covariates with their powers written out: "a*a*b".
 std::string CovariatesText(const std::vector<CovariateTerm>& covariates) {
     std::string text;
@@ -56,7 +59,13 @@ bool HFITOutputStats::PrintableText(const PrintableList& list, std::string& text
     }
     const RegressionParameter* term =
         fpStringMapCollect ? fpStringMapCollect->Find(list.fMapId, list.fPattern) : nullptr;
-    return term && RegressionParameterText(*term, text);
+    if (!term || fTermCharacters > kMostTermCharacters) return false;
+    RegressionParameterText(*term, text);
+    fTermCharacters += text.size();
+    if (fTermCharacters > kMostTermCharacters) {
+        Diagnose("the labels of model terms are too long, and those that follow are left empty");
+    }
+    return true;
 }
 
 bool HFITOutputStats::RegressionParameterText(const RegressionParameter& parameter, std::string& text) const {
@@ -110,9 +119,9 @@ bool HFITOutputStats::CovarianceParameterLabel(const PrintableList& list, int bl
     if (key == kVarOfEffect) {
         if (!EffectVarianceArgs(list, block, args)) return false;
     } else {
+        if (list.fvLists.size() > 2) return false;
         for (const PrintableList& nested : list.fvLists) PrintableText(nested, args.emplace_back());
     }
-    if (args.size() > 2) return false;
     label = Translate(key, args.empty() ? nullptr : args[0].c_str(), args.size() < 2 ? nullptr : args[1].c_str());
     return true;
 }

@@ -37,10 +37,10 @@ void HFITParamEstimatesOutput::FixedEffects() {
     const std::size_t n = fpBuildSettings->fvFixedEffectList.size();
     if (n == 0 && !fpBuildSettings->fIntercept) return;
     const EffectStatData* data = fpStats->GetEffectStatData();
-    const std::size_t nTests = data ? data->fvFixedEffectTests.size() : 0;
-    if (!data || nTests != n) {
-        Diagnose("table \"Fixed Effects\" is left out: there are " + std::to_string(nTests) + " tests for " +
-                 std::to_string(n) + " effects" + (data ? "" : " and none of the model"));
+    if (!data) return;
+    if (data->fvFixedEffectTests.size() != n) {
+        Diagnose("table \"Fixed Effects\" is left out: there are " + std::to_string(data->fvFixedEffectTests.size()) +
+                 " tests for " + std::to_string(n) + " effects");
         return;
     }
 

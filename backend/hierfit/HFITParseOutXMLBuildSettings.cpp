@@ -112,7 +112,7 @@ bool HFITParseOutXML::ReadTargetField(const SDOMXMLWrapper& element, BuildSettin
 
 bool HFITParseOutXML::ReadTrialsField(const SDOMXMLWrapper& element, BuildSettings* record) {
     record->fTrials = AttributeText(element, "value");
-    record->fTrialsIndex = FindNamedField(element, record->fTrials);
+    record->fTrialsIndex = record->fTrials.empty() ? -1 : FindNamedField(element, record->fTrials);
     return true;
 }
 

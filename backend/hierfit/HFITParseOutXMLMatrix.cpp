@@ -8,7 +8,7 @@ namespace hierfit {
 namespace {
 
 /// Cells that all diagonal matrices of a document may have beyond those that it states.
-constexpr std::int64_t kMostFilledCells = 4'000'000;
+constexpr std::int64_t kMostFilledCells = 16'000'000;
 
 MatrixRow& AppendRow(MatrixData& matrix, std::size_t nColumns) {
     MatrixRow& row = matrix.fvRows.emplace_back();

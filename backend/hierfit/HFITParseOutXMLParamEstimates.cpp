@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "hierfit/HFITParseOutXML.h"
 #include "hierfit/XmlReading.h"
 #include "host/Conversions.h"
@@ -27,8 +29,8 @@ constexpr NamedNumber kNumbers[] = {
     {"expCIUpper", &ParamEstimate::fExpCIUpper},
 };
 
-/// Number of blocks that a document without random specifications may count.
-constexpr std::size_t kBlocksWithoutSpecs = 1000;
+/// Blocks that a document may count, however few its settings describe; tables of the others are left out.
+constexpr std::size_t kLeastBlocks = 1000;
 
 }  // namespace
 
@@ -80,12 +82,11 @@ bool HFITParseOutXML::FileParameterGroup(const SDOMXMLWrapper& element, const st
 bool HFITParseOutXML::FileRandomGroup(const SDOMXMLWrapper& element, ParamGroup group,
                                       std::vector<RandomParamBlock>* blocks) {
     const int block = IntegerOr(AttributeText(element, "block"), 0);
-    const std::size_t nSpecs = fpBuildSettings->fvRandomSpecs.size();
-    const std::size_t nBlocks = nSpecs > 0 ? nSpecs : kBlocksWithoutSpecs;
+    const std::size_t nBlocks = std::max(fpBuildSettings->fvRandomSpecs.size(), kLeastBlocks);
     const auto at = static_cast<std::size_t>(block);
     if (block < 0 || at >= nBlocks) {
-        Diagnose(element, "the block " + std::to_string(block) + " is not one of the " + std::to_string(nBlocks) +
-                              " random effect blocks, which count from 0");
+        Diagnose(element, "the random effect block " + std::to_string(block) + " is not between 0 and " +
+                              std::to_string(nBlocks - 1));
         return false;
     }
     while (blocks->size() <= at) blocks->push_back({block, {}});

@@ -28,8 +28,8 @@ class SDOMXMLWrapper {
     /// be parsed.
     const SDOMXMLWrapper* LoadFromString(const std::string& text);
 
-    /// True, with `*element` set, when an element exists at the path; the first one in document order is taken at each
-    /// step. False otherwise, with `*element` unchanged. The last argument is true at every call.
+    /// True, with `*element` set to the first one in document order, when an element exists at the path. False otherwise,
+    /// with `*element` unchanged. The last argument is true at every call.
     bool GetFirstElement(const std::string& path, SDOMXMLWrapper** element, bool relative) const;
 
     /// True, with `*iterator` set, when at least one element exists at the path: the last step is iterated below the

@@ -230,13 +230,10 @@ const Outcome kOutcomes[] = {
      Estimates("parameterType='fixed'", Segment({"y", "yes"}), {{"p", {}}}), false},
     {"a random block that is not there", &Sample::fTraining,
      Estimates("parameterType='random' block='1000'", "", {{"p", {}}}), false,
-     "StatXML/PMMLModel/TrainingSummary/ParameterEstimates: the block 1000 is not one of the 1000 random effect "
-     "blocks, "
-     "which count from 0\n"},
+     "StatXML/PMMLModel/TrainingSummary/ParameterEstimates: the random effect block 1000 is not between 0 and 999\n"},
     {"a random block below 0", &Sample::fTraining, Estimates("parameterType='random' block='-1'", "", {{"p", {}}}),
      false,
-     "StatXML/PMMLModel/TrainingSummary/ParameterEstimates: the block -1 is not one of the 1000 random effect blocks, "
-     "which count from 0\n"},
+     "StatXML/PMMLModel/TrainingSummary/ParameterEstimates: the random effect block -1 is not between 0 and 999\n"},
     {"a block that does not matter", &Sample::fTraining, Estimates("parameterType='fixed' block='-1'", "", {{"p", {}}}),
      true},
 };

@@ -39,6 +39,14 @@ std::list<document::Item>& RunContext::InnermostItems() {
     return fvOpenHeadings.empty() ? fDocument.fItems : *fvOpenHeadings.back().lock();
 }
 
+bool RunContext::HasRoomForWarning() {
+    constexpr std::size_t kMostWarnings = 100;
+    const std::size_t count = fDocument.fvDiagnostics.size();
+    fHasMiss = false;
+    if (count == kMostWarnings) AddDiagnostic(2, "there are more warnings, which are not listed", {});
+    return count < kMostWarnings;
+}
+
 void RunContext::AddDiagnostic(int level, std::string text, std::optional<document::Place> place) {
     fDocument.fvDiagnostics.push_back({level, std::move(text), place});
     fHasMiss = false;

@@ -7,7 +7,8 @@
 namespace hierfit {
 
 void Diagnose(const std::string& text) {
-    if (auto* run = context::RunContext::CurrentOrNull()) run->AddDiagnostic(2, text, std::nullopt);
+    auto* run = context::RunContext::CurrentOrNull();
+    if (run && run->HasRoomForWarning()) run->AddDiagnostic(2, text, std::nullopt);
 }
 
 }  // namespace hierfit

@@ -26,16 +26,18 @@ void SetMiss(Miss::Kind kind, std::string_view name, Node node) {
     if (RunContext* run = RunContext::CurrentOrNull()) run->SetMiss(kind, name, {}, node);
 }
 
-/// The first element at a path below a node, or kNone and the miss of the step that fails.
+/// The first element at a path below a node in document order, or kNone and the miss of the last step that failed. A
+/// step that leads no further is left for the next one of its name.
 Node Walk(const xml::Document& document, Node node, std::string_view path) {
-    while (true) {
-        const std::size_t slash = path.find('/');
-        const Node child = document.FirstChild(node, path.substr(0, slash));
-        if (child == xml::Document::kNone) SetMiss(Miss::Kind::Element, path, node);
-        if (child == xml::Document::kNone || slash == std::string_view::npos) return child;
-        node = child;
-        path.remove_prefix(slash + 1);
+    const std::size_t slash = path.find('/');
+    Node child = document.FirstChild(node, path.substr(0, slash));
+    if (child == xml::Document::kNone) SetMiss(Miss::Kind::Element, path, node);
+    if (slash == std::string_view::npos) return child;
+    for (; child != xml::Document::kNone; child = document.NextOfName(child)) {
+        const Node found = Walk(document, child, path.substr(slash + 1));
+        if (found != xml::Document::kNone) return found;
     }
+    return xml::Document::kNone;
 }
 
 void TellError(const xml::ParseError& error) {
@@ -120,7 +122,7 @@ bool SDOMXMLIterator::Next(SDOMXMLWrapper** element) {
 
 void Diagnose(const SDOMXMLWrapper& element, const std::string& text) {
     RunContext* run = RunContext::CurrentOrNull();
-    if (!run) return;
+    if (!run || !run->HasRoomForWarning()) return;
     if (!element.fpPool) return run->AddDiagnostic(2, text, std::nullopt);
     const xml::Document& document = element.fpPool->GetDocument();
     const auto [line, column] = document.PositionOf(element.fNode);

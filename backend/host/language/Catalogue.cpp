@@ -97,14 +97,23 @@ std::vector<std::string> ListLanguages(const std::string& folder) {
     return languages;
 }
 
+namespace {
+
+/// A pattern may come from a document, and its arguments too: what they make together must not get out of proportion.
+constexpr int kMostMarks = 32;
+
+}  // namespace
+
 std::string FillMarks(std::string_view text, const std::vector<std::string_view>& arguments) {
     std::string filled;
     filled.reserve(text.size());
+    int left = kMostMarks;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const char digit = text[i] == '^' && i + 1 < text.size() ? text[i + 1] : '0';
         const auto number = static_cast<std::size_t>(digit - '1');
-        const bool isFilled = digit >= '1' && digit <= '9' && number < arguments.size() && arguments[number].data();
-        if (isFilled) {
+        const bool isMark = digit >= '1' && digit <= '9' && number < arguments.size() && arguments[number].data();
+        if (isMark && left > 0) {
+            --left;
             filled += arguments[number];
             ++i;
         } else {

@@ -87,7 +87,7 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
         std::string words = Words(context, message);
-        if (IsShown(shown, message, words)) continue;
+        if (IsShown(shown, message, words) || !context.HasRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
         context.AddDiagnostic(2, std::move(words),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});

@@ -101,7 +101,9 @@ bool RunGuarded(Host& host, CFProcCustomFactory factory, Input& pmml, Input& sta
             host.GetContext().AddDiagnostic(3, "the document is empty",
                                             document::Place{document::kStatXmlSource, 1, 1});
         }
-        return host.RunProcedure(factory, std::move(pmml.fText), std::move(statXml.fText));
+        if (!host.RunProcedure(factory, std::move(pmml.fText), std::move(statXml.fText))) return false;
+        DiagnoseUnseenMessages(host.GetContext());
+        return true;
     } catch (const std::exception& error) {
         host.GetContext().AddDiagnostic(3, std::string("the run broke off: ") + error.what(), {});
         return false;
@@ -124,11 +126,7 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
     Host host(paths, settings, std::move(catalogue));
     host.Describe(pmml, statXml);
     const bool issued = RunGuarded(host, std::get<CFProcCustomFactory>(module), pmml, statXml);
-    if (issued) {
-        DiagnoseUnseenMessages(host.GetContext());
-    } else {
-        ExplainFailure(host.GetContext());
-    }
+    if (!issued) ExplainFailure(host.GetContext());
     return {issued ? Outcome::Issued : Outcome::Unreadable, std::move(host.GetContext().GetDocument())};
 }
 

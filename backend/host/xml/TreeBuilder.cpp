@@ -165,11 +165,14 @@ void TreeBuilder::Start(const char* name, const char** attributes) {
     AddAttributes(attributes);
 }
 
+/// Those with a prefix come last, so that the plain one of two is found.
 void TreeBuilder::AddAttributes(const char** attributes) {
-    for (; *attributes; attributes += 2) {
-        const std::string_view name = attributes[0];
-        if (IsNamespaceDeclaration(name)) continue;
-        fpTree->fvAttributes.push_back({AddName(name), AddCharacters(attributes[1])});
+    for (const bool isPrefixed : {false, true}) {
+        for (const char** attribute = attributes; *attribute; attribute += 2) {
+            const std::string_view name = attribute[0];
+            if (IsNamespaceDeclaration(name) || (name.find(':') != std::string_view::npos) != isPrefixed) continue;
+            fpTree->fvAttributes.push_back({AddName(name), AddCharacters(attribute[1])});
+        }
     }
 }
 
