@@ -119,9 +119,9 @@ bool HFITOutputStats::CovarianceParameterLabel(const PrintableList& list, int bl
     if (key == kVarOfEffect) {
         if (!EffectVarianceArgs(list, block, args)) return false;
     } else {
-        if (list.fvLists.size() > 2) return false;
         for (const PrintableList& nested : list.fvLists) PrintableText(nested, args.emplace_back());
     }
+    if (args.size() > 2) return false;
     label = Translate(key, args.empty() ? nullptr : args[0].c_str(), args.size() < 2 ? nullptr : args[1].c_str());
     return true;
 }

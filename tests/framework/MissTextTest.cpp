@@ -63,7 +63,7 @@ TEST_F(MissText, TellsEachKindWithItsPlace) {
     fRoot.GetFirstElement("M/MatrixLabels/RowColLabels", &fpElement, true);
     EXPECT_EQ(Described(), "StatXML/M: element \"MatrixLabels/RowColLabels\" expected @2:2");
     At("M").GetElementIterator("Statistic/Z", &fpIterator, true);
-    EXPECT_EQ(Described(), "StatXML/M/Statistic[1]: element \"Z\" expected @3:3");
+    EXPECT_EQ(Described(), "StatXML/M/Statistic[2]: element \"Z\" expected @3:24");
     At("M/Array").GetSimpleArray(fvTokens);
     EXPECT_EQ(Described(), "StatXML/M/Array: the array's quotes do not close @4:3");
     At("M/Statistic").GetAttribute("name", fText);

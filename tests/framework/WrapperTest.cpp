@@ -36,18 +36,20 @@ TEST(Wrapper, FindsElementsAndAttributes) {
     EXPECT_EQ(text, "2");
 
     SDOMXMLWrapper* const before = element;
-    for (const char* path : {"R", "S", "P/S", "p", "", "/", "P/", "/P", "P//B", "B/n"}) {
+    for (const char* path : {"R", "S", "P/R", "p", "", "/", "P/", "/P", "P//B", "B/n"}) {
         EXPECT_FALSE(root.GetFirstElement(path, &element, true)) << path;
     }
     EXPECT_EQ(element, before);
 }
 
-TEST(Wrapper, IteratesBelowTheFirstMatchOfTheStepsBefore) {
+TEST(Wrapper, TakesTheFirstBranchThatLeadsOn) {
     SDOMXMLWrapper root;
     ASSERT_NE(root.LoadFromString(kText), nullptr);
     SDOMXMLIterator* iterator = nullptr;
-    EXPECT_FALSE(root.GetElementIterator("P/S", &iterator, true));
+    EXPECT_FALSE(root.GetElementIterator("P/R", &iterator, true));
     EXPECT_EQ(iterator, nullptr);
+    ASSERT_TRUE(root.GetElementIterator("P/S", &iterator, true));
+    EXPECT_EQ(ValuesOf(iterator), "ab");
     ASSERT_TRUE(root.GetElementIterator("P", &iterator, true));
     SDOMXMLWrapper* part = nullptr;
     SDOMXMLIterator* inner = nullptr;

@@ -271,10 +271,10 @@ TEST(Reader, FailsOnTextThatIsNoDocument) {
 
 TEST(Reader, FillsDiagonalMatricesUpToALimit) {
     std::string array;
-    for (int i = 0; i < 1500; ++i) array += "1 ";
+    for (int i = 0; i < 3000; ++i) array += "1 ";
     const std::string labels =
         "<Statistic name='s'/><MatrixLabels><RowColLabels>" + kLabel + "</RowColLabels></MatrixLabels>";
-    const std::string segment = "<SegmentData><SegmentInfo/><Matrix nbRows='1500' kind='diagonal'><Array>" + array +
+    const std::string segment = "<SegmentData><SegmentInfo/><Matrix nbRows='3000' kind='diagonal'><Array>" + array +
                                 "</Array></Matrix></SegmentData>";
     for (const int nMatrices : {1, 2}) {
         std::string segments;

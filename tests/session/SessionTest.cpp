@@ -85,6 +85,29 @@ TEST(Session, IsSilentAboutMessagesThatTheOutputShows) {
     }
 }
 
+TEST(Session, KnowsAMessageThatIsShownWithoutItsParameters) {
+    const std::string refusal =
+        R"(<Message><PrintableList pattern="kGLMM_C19_1"><PrintableValue storage="string" value="period"/>)"
+        "</PrintableList></Message></DataGroup>";
+    std::string statXml = ReadExample("cbpp", "model.statxml");
+    statXml.replace(statXml.rfind("</DataGroup>"), 12, refusal);
+    Settings settings;
+    settings.fLanguage = "C";
+    const Result result = RunTexts(ReadExample("cbpp", "model.pmml"), statXml, settings);
+    ASSERT_EQ(result.fOutcome, Outcome::Issued);
+    EXPECT_TRUE(result.fDocument.fvDiagnostics.empty());
+}
+
+TEST(Session, ListsAHundredWarningsAndSaysWhenThereAreMore) {
+    std::string messages;
+    for (int i = 0; i < 150; ++i) messages += R"(<Message><PrintableList pattern="x"/></Message>)";
+    const std::string statXml =
+        Replaced(ReadExample("sleepstudy", "model.statxml"), "</TrainingSummary>", messages + "</TrainingSummary>");
+    const Result result = RunTexts(ReadExample("sleepstudy", "model.pmml"), statXml);
+    ASSERT_EQ(result.fDocument.fvDiagnostics.size(), 101u);
+    EXPECT_EQ(result.fDocument.fvDiagnostics.back().fText, "there are more warnings, which are not listed");
+}
+
 TEST(Session, TellsWhyThereIsNoOutput) {
     const std::string pmml = ReadExample("sleepstudy", "model.pmml");
     const std::string statXml = ReadExample("sleepstudy", "model.statxml");

@@ -45,16 +45,23 @@ void ReadMessagesBelow(const xml::Document& xml, Node parent, std::vector<BackEn
     }
 }
 
-/// The message in the run's language; parameters that the wording has no mark for stand behind it.
-std::string Words(const context::RunContext& context, const BackEndMessage& message) {
+/// A message in the run's language.
+struct Words {
+    std::string fFilled;  ///< as a table or message would show it
+    std::string fWhole;   ///< with the parameters that the wording has no mark for behind it
+};
+
+Words PutTogether(const context::RunContext& context, const BackEndMessage& message) {
     const std::string_view pattern = context.Translate(message.fKey);
-    std::string words = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
+    Words words;
+    words.fFilled = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
     std::string rest;
     for (std::size_t i = 0; i < message.fvParameters.size(); ++i) {
         if (pattern.find("^" + std::to_string(i + 1)) != std::string_view::npos) continue;
         rest += (rest.empty() ? "" : "; ") + message.fvParameters[i];
     }
-    return rest.empty() ? words : words + " (" + rest + ")";
+    words.fWhole = rest.empty() ? words.fFilled : words.fFilled + " (" + rest + ")";
+    return words;
 }
 
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
@@ -86,10 +93,10 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     if (messages.empty()) return;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
-        std::string words = Words(context, message);
-        if (IsShown(shown, message, words) || !context.HasRoomForWarning()) continue;
+        Words words = PutTogether(context, message);
+        if (IsShown(shown, message, words.fFilled) || !context.HasRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
-        context.AddDiagnostic(2, std::move(words),
+        context.AddDiagnostic(2, std::move(words.fWhole),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
     }
 }
