@@ -30,6 +30,7 @@ NumberColumns::NumberColumns(const Grid& grid) : fvColumns(static_cast<std::size
 void NumberColumns::Add(Column& column, const document::Text& content) {
     if (!IsNumber(content)) {
         ++column.fTexts;
+        column.fHasValueLabels = column.fHasValueLabels || std::holds_alternative<document::ValueSource>(content.fFrom);
         return;
     }
     ++column.fNumbers;

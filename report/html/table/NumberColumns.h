@@ -14,9 +14,9 @@ class NumberColumns {
   public:
     explicit NumberColumns(const Grid& grid);
 
-    /// Whether most cells of a column are texts. Then its few numbers are set as texts are, else they would stand
-    /// apart.
-    bool IsText(int column) const { return At(column).fTexts >= At(column).fNumbers; }
+    /// Whether a column is one of texts: most of its cells are, or some are labels of the values that the others show.
+    /// Then its numbers are set as texts are, else they would stand apart.
+    bool IsText(int column) const { return At(column).fHasValueLabels || At(column).fTexts >= At(column).fNumbers; }
 
     /// What a number's words lack behind the decimal sign, compared to the whole column: room for this, to the right of
     /// the words, aligns them in every font whose digits are equally wide.
@@ -33,6 +33,7 @@ class NumberColumns {
     struct Column {
         int fTexts = 0;
         int fNumbers = 0;
+        bool fHasValueLabels = false;
         Tail fTail;  ///< of each part the longest
     };
 
