@@ -39,7 +39,7 @@ TEST(Document, HoldsNamesAttributesAndTexts) {
         {"<r a='&quot;x&#10;y&apos;'/>", "r [a=\"x\ny']\n"},
         {"<p:r xmlns:p='u' xmlns='v'><p:x p:a='1'/><q:x q:b='2'/></p:r>", "r\nr/x[1] [a=1]\nr/x[2] [b=2]\n"},
         {"<xmlns><x: a:b:a='1'/></xmlns>", "xmlns\nxmlns/x: [a=1]\n"},
-        {"<r p:a='first' a='second'/>", "r [a=first]\n"},
+        {"<r p:a='first' a='second'/>", "r [a=second]\n"},
         {"<r>\r\none\rtwo</r>", "r \"\none\ntwo\"\n"},
     };
     for (const auto& [text, tree] : cases) EXPECT_EQ(Shown(*Parsed(text)), tree) << text;
