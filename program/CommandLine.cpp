@@ -5,6 +5,7 @@
 #include <CLI/Formatter.hpp>
 #include <algorithm>
 #include <iterator>
+#include <memory>
 #include <string_view>
 #include <utility>
 
@@ -32,6 +33,16 @@ constexpr const char* kExamples =
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
     "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
     "  hierfit report -f json FOLDER | jq .items             the document for a program\n";
+
+/// Help with usage lines in the words of the project.
+class HelpFormatter : public CLI::Formatter {
+  public:
+    explicit HelpFormatter(std::string usage) : fUsage(std::move(usage)) {}
+    std::string make_usage(const CLI::App*, std::string) const override { return "Usage: " + fUsage + "\n"; }
+
+  private:
+    std::string fUsage;
+};
 
 /// An option whose value is one of a few words.
 template <typename Target, typename Value>
@@ -131,6 +142,7 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     app.set_help_flag("-h,--help", "Print this help");
     app.footer(std::string(kExamples) + "\n" + kExitStatus);
     app.require_subcommand(1);
+    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render [OPTIONS] ..."));
 
     ReportCommand reportCommand;
     CLI::App* report = app.add_subcommand("report", "Read a model's two documents and write the report");
@@ -140,6 +152,8 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
         ->required()
         ->expected(1, 2)
         ->option_text("MODEL.pmml MODEL.statxml | FOLDER");
+    report->formatter(std::make_shared<HelpFormatter>(
+        "hierfit report [OPTIONS] MODEL.pmml MODEL.statxml\n       hierfit report [OPTIONS] FOLDER"));
     AddSettings(*report, reportCommand.fSettings);
     AddOutputOptions(*report, reportCommand.fOutput);
 
@@ -148,6 +162,7 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     render->add_option("document", renderCommand.fDocument, "The saved document; - is standard input")
         ->required()
         ->option_text("FILE.json");
+    render->formatter(std::make_shared<HelpFormatter>("hierfit render [OPTIONS] FILE.json"));
     AddOutputOptions(*render, renderCommand.fOutput);
 
     for (CLI::App* command : {report, render}) command->footer(kExitStatus);
