@@ -95,13 +95,16 @@ const char* MarkupScan::CheckTag(std::size_t begin, std::size_t end) const {
 
 std::optional<Refusal> MarkupScan::Run() const {
     const std::size_t size = fText.Bytes().size();
+    std::size_t elements = 0;
     std::size_t at = Find("<", fText.Begin());
     while (size - at > fUnit) {
         const char32_t kind = fText.At(at + fUnit).fCode;
         const bool isSpecial = kind == '!' || kind == '?';
         if (isSpecial && IsAt("<!DOCTYPE", at)) return Refusal{"document type declarations are not read", at};
+        const bool isTag = !isSpecial && kind != '/';
+        if (isTag && ++elements > kMostElements) return Refusal{"the document has more than 5 million elements", at};
         const std::size_t next = Find("<", isSpecial ? BehindSpecial(at) : at + fUnit);
-        if (!isSpecial && next - at > kHarmlessTag) {
+        if (isTag && next - at > kHarmlessTag) {
             if (const char* reason = CheckTag(at, next)) return Refusal{reason, at};
         }
         at = next;

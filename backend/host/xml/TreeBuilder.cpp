@@ -20,7 +20,6 @@ namespace {
 
 constexpr std::size_t kMostBytes = std::size_t{256} << 20U;
 constexpr std::size_t kMostDepth = 256;
-constexpr std::size_t kMostElements = 5'000'000;
 constexpr std::size_t kMostNames = 100'000;
 constexpr std::size_t kSampleBytes = std::size_t{1} << 20U;
 constexpr std::size_t kShortestAttribute = 5;  // blank, name, equals sign, two quotes
@@ -149,7 +148,6 @@ void TreeBuilder::Declare(const char*, const char* encoding, int) {
 void TreeBuilder::Start(const char* name, const char** attributes) {
     std::vector<ElementRecord>& elements = fpTree->fvElements;
     if (fvOpen.size() == kMostDepth) return Refuse("elements are nested deeper than 256 levels");
-    if (elements.size() == kMostElements) return Refuse("the document has more than 5 million elements");
     if (fpTree->fNames.Size() > kMostNames) return Refuse("the document has more than 100,000 different names");
 
     const auto index = static_cast<std::uint32_t>(elements.size());
