@@ -63,9 +63,10 @@ bool MarkupScan::IsAt(std::string_view ascii, std::size_t offset) const {
     return fUnit == 1 ? bytes.starts_with(ascii) : bytes.starts_with(Encoded(ascii));
 }
 
-/// Where a comment, a CDATA section or a processing instruction ends, or behind the opening of other markup.
+/// Where a comment, a CDATA section or a processing instruction ends, or behind the opening of other markup. In a
+/// comment two hyphens can only be the end.
 std::size_t MarkupScan::BehindSpecial(std::size_t markup) const {
-    constexpr std::string_view kPairs[][2] = {{"<!--", "-->"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
+    constexpr std::string_view kPairs[][2] = {{"<!--", "--"}, {"<![CDATA[", "]]>"}, {"<?", "?>"}};
     for (const auto& [opening, closing] : kPairs) {
         if (IsAt(opening, markup)) return Find(closing, markup + opening.size() * fUnit);
     }
