@@ -22,7 +22,7 @@ build: setup
 test: setup
 	@scripts/build release $(JOBS)
 	@scripts/build sanitize $(JOBS)
-	ctest --preset sanitize -LE release-only
+	ctest --preset sanitize
 	ctest --preset release
 
 bench: build
