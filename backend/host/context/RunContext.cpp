@@ -39,7 +39,7 @@ std::list<document::Item>& RunContext::InnermostItems() {
     return fvOpenHeadings.empty() ? fDocument.fItems : *fvOpenHeadings.back().lock();
 }
 
-bool RunContext::HasRoomForWarning() {
+bool RunContext::TakeRoomForWarning() {
     constexpr std::size_t kMostWarnings = 100;
     const std::size_t count = fDocument.fvDiagnostics.size();
     fHasMiss = false;

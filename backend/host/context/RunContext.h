@@ -92,9 +92,9 @@ class RunContext {
     /// The items of the innermost open heading, else those of the document.
     std::list<document::Item>& InnermostItems();
 
-    /// Whether another warning finds room: a run has at most 100 of them, and a last one that says so.
-    /// The miss before it is forgotten either way.
-    bool HasRoomForWarning();
+    /// True when one more warning may be added: a run has at most 100. The first one that may not is told by a last
+    /// warning, which this adds. The miss before it is forgotten either way.
+    bool TakeRoomForWarning();
 
     /// Adds to the document's diagnostics and forgets the miss before it.
     void AddDiagnostic(int level, std::string text, std::optional<document::Place> place);

@@ -8,7 +8,7 @@ namespace hierfit {
 
 void Diagnose(const std::string& text) {
     auto* run = context::RunContext::CurrentOrNull();
-    if (run && run->HasRoomForWarning()) run->AddDiagnostic(2, text, std::nullopt);
+    if (run && run->TakeRoomForWarning()) run->AddDiagnostic(2, text, std::nullopt);
 }
 
 }  // namespace hierfit

@@ -122,7 +122,7 @@ bool SDOMXMLIterator::Next(SDOMXMLWrapper** element) {
 
 void Diagnose(const SDOMXMLWrapper& element, const std::string& text) {
     RunContext* run = RunContext::CurrentOrNull();
-    if (!run || !run->HasRoomForWarning()) return;
+    if (!run || !run->TakeRoomForWarning()) return;
     if (!element.fpPool) return run->AddDiagnostic(2, text, std::nullopt);
     const xml::Document& document = element.fpPool->GetDocument();
     const auto [line, column] = document.PositionOf(element.fNode);

@@ -94,7 +94,7 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
         Words words = PutTogether(context, message);
-        if (IsShown(shown, message, words.fFilled) || !context.HasRoomForWarning()) continue;
+        if (IsShown(shown, message, words.fFilled) || !context.TakeRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
         context.AddDiagnostic(2, std::move(words.fWhole),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
