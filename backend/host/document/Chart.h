@@ -43,6 +43,15 @@ struct ChartSetting {
     bool operator==(const ChartSetting&) const = default;
 };
 
+/// What a chart shows, for readers who do not see it: a sentence and the values behind its marks, as shown.
+struct ChartShown {
+    std::string fSentence;  ///< kind, axes, number of marks, range
+    std::vector<std::string> fvColumns;
+    std::vector<std::vector<std::string>> fvRows;  ///< as many cells as there are columns; empty where nothing is shown
+
+    bool operator==(const ChartShown&) const = default;
+};
+
 struct Chart {
     std::string fDescription;
     std::array<bool, 3> fSendArguments;
@@ -51,7 +60,8 @@ struct Chart {
     std::string fXml;  ///< as it was sent
     std::vector<ChartSource> fvData;
     std::vector<ChartSetting> fvSettings;
-    std::string fView;  ///< JSON: the picture's specification
+    std::string fView;  ///< JSON: the picture's specification, without `fShown`; empty when there is no picture
+    ChartShown fShown;  ///< goes with the view
 
     bool operator==(const Chart&) const = default;
 };

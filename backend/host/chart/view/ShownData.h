@@ -1,0 +1,77 @@
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/chart/specification/Specification.h"
+#include "host/chart/view/VariableSetting.h"
+#include "host/document/Chart.h"
+
+namespace hierfit::chart {
+
+/// One data variable as a chart shows it: its label, and each of its values as a number and as words. It borrows the
+/// values, the field and the setting.
+class ShownVariable {
+  public:
+    ShownVariable(const document::ChartVariable& variable, const Field* field, const VariableSetting* setting);
+
+    std::size_t Rows() const { return fpVariable->fvValues.size(); }
+    const document::ChartValue& At(std::size_t row) const { return fpVariable->fvValues[row]; }
+
+    /// Whether any value was written.
+    bool IsWritten() const { return fIsWritten; }
+
+    /// The finite number at a row that is not the system-missing value; a text is none.
+    std::optional<double> NumberAt(std::size_t row) const;
+
+    const std::string& Label() const { return fLabel; }
+
+    /// A value in words: prefix, then the label given for it, else its value label, else the number in the format, else
+    /// the text as it is. Empty for a value that was never written.
+    std::string Words(const document::ChartValue& value) const;
+
+    /// Words of a number that is a figure: the format alone counts.
+    std::string Figure(double number) const;
+
+    /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f".
+    std::string AxisFormat() const;
+
+    const VariableSetting* Setting() const { return fpSetting; }
+
+  private:
+    const document::ChartVariable* fpVariable;
+    const VariableSetting* fpSetting;
+    std::string fLabel;
+    std::string fPrefix;
+    KEST_Format fFormat;
+    bool fIsWritten = false;
+    std::unordered_map<std::string_view, std::string_view> fLabels;
+};
+
+/// The variables of a chart, found by slot or by name.
+class ShownData {
+  public:
+    /// All three must outlive it.
+    ShownData(const Specification& specification, const std::vector<document::ChartSource>& data,
+              const std::vector<VariableSetting>& settings);
+
+    /// The variable that a reference of a mark means, or null when there is none or nothing was written to it. Without
+    /// a source the first variable of that slot or name counts.
+    const ShownVariable* Find(std::string_view source, std::string_view reference) const;
+
+  private:
+    struct Entry {
+        std::string_view fSource;
+        std::string_view fName;
+        ShownVariable fVariable;
+    };
+    const Specification* fpSpecification;
+    std::deque<Entry> fvEntries;
+};
+
+}  // namespace hierfit::chart
