@@ -1,6 +1,7 @@
 #include "hierfit/HFITEmmeansOutput.h"
 
 #include "hierfit/EffectNaming.h"
+#include "hierfit/HFITChartOutput.h"
 #include "hierfit/MessageKeys.h"
 #include "hierfit/TableParts.h"
 #include "host/BpError.h"
@@ -65,6 +66,8 @@ void HFITEmmeansOutput::PrintBlock(const EmmeansData& block) {
         return;
     }
     PrintEstimates(heading, block);
+    HFITChartOutput charts(fProcedure, fDataSource, fpStats);
+    charts.BuildCustomEffectsChart(block);
     PrintContrasts(heading, block);
     PrintOverallTests(heading, block);
 }

@@ -1,4 +1,5 @@
 #include "hierfit/FigureColumns.h"
+#include "hierfit/HFITChartOutput.h"
 #include "hierfit/HFITEmmeansOutput.h"
 #include "hierfit/MessageKeys.h"
 #include "hierfit/TableParts.h"
@@ -115,6 +116,7 @@ void HFITEmmeansOutput::PrintContrastTable(BpHeading& heading, const EmmeansData
         terms.Category(ContrastOf(contrasts, compare, r));
         columns.Row(r);
     }
+    HFITChartOutput(fProcedure, fDataSource, fpStats).BuildContrastChart(block);
 }
 
 BpComposite HFITEmmeansOutput::ContrastOf(const ContrastData& contrasts, const KEST_Variable* compare,

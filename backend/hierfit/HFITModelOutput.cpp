@@ -1,5 +1,6 @@
 #include "hierfit/HFITModelOutput.h"
 
+#include "hierfit/HFITChartOutput.h"
 #include "hierfit/HFITEmmeansOutput.h"
 #include "hierfit/HFITParamEstimatesOutput.h"
 
@@ -15,12 +16,17 @@ HFITModelOutput::HFITModelOutput(BpProcedure* procedure, KEST_DataSource* dataSo
 void HFITModelOutput::Run() {
     ModelSummary();
     DataStructure();
+    HFITChartOutput charts(fProcedure, fDataSource, fpStats);
+    charts.BuildPredictedByObservedChart();
     Classification();
     HFITParamEstimatesOutput estimates(fProcedure, fDataSource, fpStats);
     estimates.FixedEffects();
+    charts.BuildFixedEffectsDiagram();
     estimates.FixedCoefficients();
+    charts.BuildFixedCoefficientsDiagram();
     estimates.RandomEffectCovariances();
     estimates.CovarianceParametersSummary();
+    charts.BuildTopMeansCharts();
     HFITEmmeansOutput(fProcedure, fDataSource, fpStats).Run();
 }
 
