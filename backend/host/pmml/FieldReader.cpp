@@ -4,7 +4,7 @@
 #include <optional>
 #include <string_view>
 
-#include "host/pmml/PrintFormat.h"
+#include "host/data/PrintFormat.h"
 
 namespace hierfit::pmml {
 
@@ -46,7 +46,7 @@ std::optional<KEST_Format> ReadFormat(const Document& document, Node field) {
     for (Node extension = document.FirstChild(field, "Extension"); extension != Document::kNone;
          extension = document.NextOfName(extension)) {
         if (document.Attribute(extension, "name") != "format") continue;
-        return ParsePrintFormat(AttributeOrEmpty(document, extension, "value"));
+        return data::ParsePrintFormat(AttributeOrEmpty(document, extension, "value"));
     }
     return {};
 }

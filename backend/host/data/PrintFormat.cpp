@@ -1,9 +1,11 @@
-#include "host/pmml/PrintFormat.h"
+#include "host/data/PrintFormat.h"
+
+#include <fmt/format.h>
 
 #include <charconv>
 #include <system_error>
 
-namespace hierfit::pmml {
+namespace hierfit::data {
 
 namespace {
 
@@ -32,4 +34,9 @@ std::optional<KEST_Format> ParsePrintFormat(std::string_view text) {
                        static_cast<std::uint8_t>(*decimals)};
 }
 
-}  // namespace hierfit::pmml
+std::string PrintFormatText(const KEST_Format& format) {
+    return format.IsString() ? fmt::format("A{}", format.fWidth)
+                             : fmt::format("F{}.{}", format.fWidth, format.fDecimals);
+}
+
+}  // namespace hierfit::data
