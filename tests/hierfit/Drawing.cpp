@@ -33,6 +33,28 @@ std::string DrawArguments(const document::PatternSource& pattern) {
     return drawn;
 }
 
+std::string DrawValue(const document::ChartValue& value) {
+    return std::visit(
+        Overloaded{[](std::monostate) { return std::string("-"); }, [](double number) { return DrawNumber(number); },
+                   [](const std::string& text) { return "'" + text + "'"; }},
+        value);
+}
+
+std::string DrawArguments(const document::ChartCall& call) {
+    std::string drawn;
+    for (const document::ChartCall::Argument& argument : call.fvArguments) {
+        drawn += drawn.empty() ? "" : ",";
+        drawn += std::visit(Overloaded{[](bool flag) { return std::string(flag ? "true" : "false"); },
+                                       [](const std::string& text) { return text; },
+                                       [](const std::array<int, 3>& format) {
+                                           return std::to_string(format[0]) + "." + std::to_string(format[1]) + "." +
+                                                  std::to_string(format[2]);
+                                       }},
+                            argument);
+    }
+    return "(" + drawn + ")";
+}
+
 std::string DrawNotes(const std::vector<document::Text>& notes) {
     std::string drawn;
     for (const document::Text& note : notes) drawn += " * " + DrawText(note);
@@ -113,6 +135,23 @@ std::string DrawTable(const document::Table& table) {
         for (std::size_t i = 0; i < cell.fvAt.size(); ++i) {
             drawn += (i > 0 ? " | " : "") + (cell.fvAt[i] < 0 ? "-" : paths[i].at(cell.fvAt[i]));
         }
+        drawn += "\n";
+    }
+    return drawn;
+}
+
+std::string DrawChart(const document::Chart& chart) {
+    std::string drawn = "chart " + chart.fTemplate + " " + chart.fDescription + "\n";
+    for (const document::ChartSource& source : chart.fvData) {
+        for (const document::ChartVariable& variable : source.fvVariables) {
+            drawn += source.fName + "." + variable.fName + ":";
+            for (const document::ChartValue& value : variable.fvValues) drawn += " " + DrawValue(value);
+            drawn += "\n";
+        }
+    }
+    for (const document::ChartSetting& setting : chart.fvSettings) {
+        drawn += setting.fName + "[" + std::to_string(setting.fIndex) + "]:";
+        for (const document::ChartCall& call : setting.fvCalls) drawn += " " + call.fName + DrawArguments(call);
         drawn += "\n";
     }
     return drawn;

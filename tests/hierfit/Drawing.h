@@ -15,6 +15,10 @@ std::string DrawText(const document::Text& text);
 /// A table, one line each for title, captions, notes, dimensions and cells: "2.75S @ Model|Sig.". "*" parts notes.
 std::string DrawTable(const document::Table& table);
 
+/// A chart without its XML: template and description, a line for each variable of each source, such as
+/// "source0.X: 1 'lo' -", where "-" was never written, and one for the calls on each variable's settings.
+std::string DrawChart(const document::Chart& chart);
+
 /// The whole output, items of headings indented.
 std::string DrawItems(const std::list<document::Item>& items, const std::string& indent = "");
 

@@ -11,14 +11,16 @@
 
 namespace hierfit::test {
 
-/// A run of the procedure on two texts, without the module and in the language of the source texts.
+/// A run of the procedure on two texts, without the module and, without a translator, in
+/// the language of the source texts.
 class ProcedureRun {
   public:
-    explicit ProcedureRun(std::string pmml)
+    explicit ProcedureRun(std::string pmml, const context::Translator* translator = nullptr)
         : fPmml(std::move(pmml)),
           fDictionary(std::get<pmml::Dictionary>(pmml::Dictionary::Read(fPmml))),
           fpDataSource(pmml::MakeDataSource(fDictionary)),
-          fpMetaData(pmml::MakeMetaData(fDictionary)) {}
+          fpMetaData(pmml::MakeMetaData(fDictionary)),
+          fContext({}, translator, HIERFIT_SHARE) {}
 
     /// A procedure with what the host gives it. It must not outlive the run.
     std::unique_ptr<CFProcCustom> MakeProcedure() {
@@ -38,7 +40,9 @@ class ProcedureRun {
         return HFITParseOutXML(fpDataSource.get(), &stats, fPmml, statXml).Parse();
     }
 
-    const KEST_DataSource* GetDataSource() const { return fpDataSource.get(); }
+    KEST_DataSource* GetDataSource() const { return fpDataSource.get(); }
+    const CFMetaData* GetMetaData() const { return fpMetaData.get(); }
+    BpProcedure& GetOutput() { return fOutput; }
 
     /// Whether the host remembers a look-up that failed since the last diagnostic.
     bool HasMiss() const { return fContext.GetMiss() != nullptr; }
@@ -57,7 +61,7 @@ class ProcedureRun {
     pmml::Dictionary fDictionary;
     std::unique_ptr<ProcedureDataSource> fpDataSource;
     std::unique_ptr<CFMetaData> fpMetaData;
-    context::RunContext fContext{{}, nullptr, ""};
+    context::RunContext fContext;
     context::RunContext::Activation fActivation{fContext};
     BpProcedure fOutput;
 };
