@@ -1,5 +1,6 @@
 #include "host/xml/Document.h"
 
+#include <span>
 #include <utility>
 
 #include "host/xml/Tree.h"
@@ -18,6 +19,13 @@ Node FindSibling(const Tree& tree, Node node, Node end, NameTable::Id name) {
 }
 
 std::string_view Characters(const Tree& tree, std::uint32_t offset) { return tree.fCharacters.data() + offset; }
+
+std::span<const AttributeRecord> AttributesOf(const Tree& tree, Node node) {
+    const auto& elements = tree.fvElements;
+    const std::size_t first = elements[node].fFirstAttribute;
+    const std::size_t end = node + 1 < elements.size() ? elements[node + 1].fFirstAttribute : tree.fvAttributes.size();
+    return std::span(tree.fvAttributes).subspan(first, end - first);
+}
 
 }  // namespace
 
@@ -50,12 +58,17 @@ Node Document::NextOfName(Node node) const {
 
 std::optional<std::string_view> Document::Attribute(Node node, std::string_view name) const {
     const NameTable::Id id = fpTree->fNames.Find(name);
-    const auto& attributes = fpTree->fvAttributes;
-    const std::size_t end = node + 1 < Size() ? fpTree->fvElements[node + 1].fFirstAttribute : attributes.size();
-    for (std::size_t i = fpTree->fvElements[node].fFirstAttribute; i < end; ++i) {
-        if (attributes[i].fName == id) return Characters(*fpTree, attributes[i].fValue);
+    for (const AttributeRecord& attribute : AttributesOf(*fpTree, node)) {
+        if (attribute.fName == id) return Characters(*fpTree, attribute.fValue);
     }
     return std::nullopt;
+}
+
+std::vector<std::string_view> Document::AttributeNames(Node node) const {
+    std::vector<std::string_view> names;
+    for (const AttributeRecord& attribute : AttributesOf(*fpTree, node))
+        names.push_back(fpTree->fNames.Get(attribute.fName));
+    return names;
 }
 
 std::string_view Document::Text(Node node) const { return Characters(*fpTree, fpTree->fvElements[node].fText); }

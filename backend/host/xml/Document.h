@@ -62,6 +62,10 @@ class Document {
     Node NextOfName(Node node) const;
 
     std::optional<std::string_view> Attribute(Node node, std::string_view name) const;
+
+    /// The names of the element's attributes, in their order.
+    std::vector<std::string_view> AttributeNames(Node node) const;
+
     std::string_view Text(Node node) const;
 
     /// Where the element's start tag begins.
