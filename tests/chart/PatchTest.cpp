@@ -1,6 +1,4 @@
-#include <algorithm>
 #include <map>
-#include <set>
 
 #include "hierfit/charts/ChartText.h"
 #include "host/ViZEditor.h"
@@ -30,14 +28,6 @@ std::string Cleaned(const std::string& label) {
 }
 
 constexpr const char* kPlain = "@@";
-
-/// Where the procedure itself takes a label for a marker: the search for one begins in the label, or the cut of the
-/// surplus guides ends in it. Such a chart may lose words or be left out, and no more than that.
-bool IsTakenForMarker(const std::string& chart, const std::string& label) {
-    static const std::set<std::string> kOfGuides{"whenText", "y=", "y=\"00\"", "</lineGuide>"};
-    return (chart.starts_with("levels") && kOfGuides.contains(label)) ||
-           (chart.starts_with("custom") && label == "popup2");
-}
 
 TEST_F(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
     const auto plain = MakePatchedCharts(kPlain);

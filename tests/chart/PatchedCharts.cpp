@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/ContrastGroup.h"
@@ -201,6 +202,12 @@ std::vector<PatchedChart> MakePatchedCharts(const std::string& label) {
         }
     }
     return charts;
+}
+
+bool IsTakenForMarker(const std::string& chart, const std::string& label) {
+    constexpr std::array<std::string_view, 4> kOfGuides{"whenText", "y=", "y=\"00\"", "</lineGuide>"};
+    if (chart.starts_with("levels")) return std::ranges::find(kOfGuides, label) != kOfGuides.end();
+    return chart.starts_with("custom") && label == "popup2";
 }
 
 std::vector<Label> HostileLabels() {

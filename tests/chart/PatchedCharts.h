@@ -21,4 +21,8 @@ struct Label {
 };
 std::vector<Label> HostileLabels();
 
+/// Where the procedure itself takes a label for a marker: the search for one begins in the label, or the cut of the
+/// surplus guides ends in it. Such a chart may lose words or be left out, and no more than that.
+bool IsTakenForMarker(const std::string& chart, const std::string& label);
+
 }  // namespace hierfit::test
