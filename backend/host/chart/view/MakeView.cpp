@@ -1,0 +1,38 @@
+#include "host/chart/view/MakeView.h"
+
+#include <algorithm>
+
+#include "host/chart/view/Drawing.h"
+#include "host/chart/view/parts/FrameView.h"
+
+namespace hierfit::chart {
+
+namespace {
+
+bool HasLinks(const Plot& plot) {
+    return std::any_of(plot.fvMarks.begin(), plot.fvMarks.end(), [](const Mark& mark) {
+        return mark.fKind == Mark::Kind::Links || mark.fKind == Mark::Kind::Anchor;
+    });
+}
+
+Drawing MakeDrawing(const ViewContext& context) {
+    const Plot& plot = context.fSpecification.fPlot;
+    if (plot.fArrange == Plot::Arrange::Levels) return MakeLevelsDrawing(context);
+    if (plot.fArrange == Plot::Arrange::Circle) return MakeCircleDrawing(context);
+    if (plot.fBars) return MakeHistogramDrawing(context);
+    return HasLinks(plot) ? MakeDiagramDrawing(context) : MakeScatterDrawing(context);
+}
+
+}  // namespace
+
+View MakeView(const Specification& specification, const std::vector<document::ChartSource>& data,
+              const std::vector<VariableSetting>& settings) {
+    const ShownData shownData(specification, data, settings);
+    Drawing drawing = MakeDrawing({specification, shownData});
+    View view;
+    view.fJson = FrameView(specification, drawing);
+    view.fShown = std::move(drawing.fShown);
+    return view;
+}
+
+}  // namespace hierfit::chart

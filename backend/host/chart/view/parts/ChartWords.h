@@ -1,0 +1,36 @@
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "host/chart/specification/Specification.h"
+
+namespace hierfit::chart {
+
+/// A text of the run's string table; the key itself without a run or an entry.
+std::string Translated(std::string_view key);
+
+/// The same with the marks ^1, ^2, ... filled in. What is filled in is not looked at for marks.
+std::string Translated(std::string_view key, std::initializer_list<std::string_view> arguments);
+
+/// The words as they stand, or from the string table.
+std::string InWords(const Words& words);
+
+/// The title that the specification gives an axis, else the label.
+std::string AxisTitleOr(const Specification& specification, bool isX, const std::string& label);
+
+/// What a variable is called in tips: as the specification has it for the reference, else the label.
+std::string PopupOr(const Specification& specification, std::string_view reference, const std::string& label);
+
+/// The first legend for a variable; null when there is none or it is not shown.
+const Legend* FindLegend(const Specification& specification, std::string_view reference);
+
+/// The legend's heading, else the label.
+std::string LegendTitleOr(const Legend& legend, const std::string& label);
+
+/// The title of the chart in one line, for sentences; empty where it has none.
+std::string TitleInWords(const Specification& specification);
+
+}  // namespace hierfit::chart

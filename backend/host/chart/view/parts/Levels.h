@@ -1,0 +1,45 @@
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "host/chart/view/ShownData.h"
+
+namespace hierfit::chart {
+
+/// The distinct values of a variable in order of their first appearance, each under a number: two values of one label
+/// stay two. It borrows the variable; without one there are no levels.
+class Levels {
+  public:
+    explicit Levels(const ShownVariable* variable);
+
+    std::size_t Count() const { return fvTexts.size(); }
+
+    /// The level at a row; nothing where no value was written, where it is missing or not finite, or past the end.
+    std::optional<std::size_t> At(std::size_t row) const;
+
+    const document::ChartValue& Value(std::size_t level) const { return *fvpValues[level]; }
+
+    /// In words, in full.
+    const std::string& Text(std::size_t level) const { return fvTexts[level]; }
+    const std::vector<std::string>& Texts() const { return fvTexts; }
+
+    /// The words in lines as long as the width allows, one line each.
+    std::vector<std::string> CutTexts(double width) const;
+
+  private:
+    std::size_t Find(const document::ChartValue& value);
+
+    const ShownVariable* fpVariable;
+    std::vector<int> fvLevelOfRow;  ///< -1 where there is none
+    std::vector<const document::ChartValue*> fvpValues;
+    std::vector<std::string> fvTexts;
+    std::unordered_map<double, std::size_t> fOfNumbers;
+    std::unordered_map<std::string_view, std::size_t> fOfTexts;
+};
+
+}  // namespace hierfit::chart
