@@ -32,25 +32,31 @@ class ShownVariable {
     const std::string& Label() const { return fLabel; }
 
     /// A value in words: prefix, then the label given for it, else its value label, else the number in the format, else
-    /// the text as it is. Empty for a value that was never written.
+    /// the text as it is. Very long words are cut. Empty for a value that was never written.
     std::string Words(const document::ChartValue& value) const;
 
     /// Words of a number that is a figure: the format alone counts.
     std::string Figure(double number) const;
 
-    /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f".
+    /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f". Empty where the
+    /// variable has no format for numbers.
     std::string AxisFormat() const;
 
     const VariableSetting* Setting() const { return fpSetting; }
 
   private:
+    std::optional<std::string_view> GivenLabel(std::string_view key) const;
+    std::optional<std::string_view> ValueLabel(const document::ChartValue& value) const;
+    std::string Unprefixed(const document::ChartValue& value) const;
+
     const document::ChartVariable* fpVariable;
     const VariableSetting* fpSetting;
     std::string fLabel;
     std::string fPrefix;
-    KEST_Format fFormat;
+    std::optional<KEST_Format> fFormat;
     bool fIsWritten = false;
     std::unordered_map<std::string_view, std::string_view> fLabels;
+    std::unordered_map<std::string_view, std::string_view> fLabelsOfStripped;  ///< by key without leading zeros
 };
 
 /// The variables of a chart, found by slot or by name.
@@ -70,6 +76,12 @@ class ShownData {
         std::string_view fName;
         ShownVariable fVariable;
     };
+
+    const Field* FieldOf(std::string_view source, std::string_view name) const;
+    static const VariableSetting* SettingOf(const std::vector<VariableSetting>& settings, std::string_view name,
+                                            int index);
+    const ShownVariable* FindNamed(std::string_view source, std::string_view name) const;
+
     const Specification* fpSpecification;
     std::deque<Entry> fvEntries;
 };

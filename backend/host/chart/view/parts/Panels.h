@@ -2,58 +2,56 @@
 
 #include <optional>
 #include <string_view>
+#include <vector>
 
 #include "host/chart/view/Drawing.h"
 #include "host/chart/view/parts/Levels.h"
 
 namespace hierfit::chart {
 
-/// The panels of a chart: one for each level of its facet variable, or for each pair of levels of two. The levels of
-/// the first go into field "p" of a view's data, those of the second into "q".
+/// The panels of a chart: one for each level of its facet variable, or for each pair of levels of two. In a view's data
+/// field "p" tells the level that stands across, "q" the one that stands down. It borrows the context.
 class Panels {
   public:
-    /// A facet variable that is absent or was never written is left out.
+    struct Place {
+        std::size_t fAcross = 0;
+        std::size_t fDown = 0;
+    };
+
+    /// A facet variable that is absent or was never written is left out. Without a facet variable there is one panel.
     Panels(const ViewContext& context, std::string_view source);
 
-    bool HasAny() const { return fAcross.Count() != 0; }
-    bool HasTwo() const { return fDown.Count() != 0; }
-
-    /// The levels side by side, wrapped into rows where they are the only ones.
-    const Levels& Across() const { return fAcross; }
+    bool HasHeadings() const { return fpAcross != nullptr; }
+    bool HasTwoVariables() const { return fpDown != nullptr; }
     const ShownVariable* AcrossVariable() const { return fpAcross; }
-
-    /// The levels below each other, of two facet variables.
-    const Levels& Down() const { return fDown; }
     const ShownVariable* DownVariable() const { return fpDown; }
+    const Levels& Across() const { return fAcross; }
+    const Levels& Down() const { return fDown; }
 
-    /// The number of panels abreast, and of rows of them. 1 without panels.
+    /// The specification's first variable stands down, its second across.
+    bool IsSwapped() const { return fIsSwapped; }
+
+    /// Panels abreast, and rows of them; at least 1.
     std::size_t Columns() const;
     std::size_t Rows() const;
 
-    /// Whether the last row of panels is shorter than the others.
-    bool IsUneven() const;
+    /// The panel of a row of the data; nothing where a facet variable has no value.
+    std::optional<Place> At(std::size_t row) const;
 
-    /// Whether a row of the data belongs to a panel; always without panels.
-    bool Has(std::size_t row) const;
+    /// Writes "p" and "q" into an item of a view's data.
+    void Mark(const Place& place, Json& item) const;
 
-    /// Writes "p" and "q" of a row of the data into an item of the view's.
-    void Mark(std::size_t row, Json& item) const;
-
-    /// Whether a line guide is drawn in the panel of these levels: not where its `unless` tells this panel out. Levels of
-    /// facet variables in the order of the specification.
-    bool IsGuided(const LineGuide& guide, std::size_t across, std::size_t down) const;
-
-    /// The view of all panels: of the panel that is given and of the data. `ownAxes`: each panel has an axis of its own
-    /// along "x" where rows of panels are uneven. Without panels it is the view given, with its data.
+    /// The view of all panels, from the view of one of them and the data. Where the last row of panels is shorter than
+    /// the others each panel has an axis of its own along x.
     Json Arrange(Json panel, Json values) const;
 
-    /// Adds the words of the levels; a heading's width is that of a panel.
+    /// The words over and beside the panels, cut to the size of a panel.
     void AddTexts(std::vector<LevelTexts>& texts, double panelWidth, double panelHeight) const;
 
   private:
     const ShownVariable* fpAcross = nullptr;
     const ShownVariable* fpDown = nullptr;
-    bool fIsSwapped = false;  ///< the specification's first variable goes down
+    bool fIsSwapped = false;
     std::size_t fWrap;
     Levels fAcross;
     Levels fDown;

@@ -1,0 +1,149 @@
+#include "host/chart/view/ShownData.h"
+
+#include <fmt/format.h>
+
+#include <cmath>
+
+#include "host/SystemMissing.h"
+#include "host/chart/view/text/TextWidth.h"
+
+namespace hierfit::chart {
+
+namespace {
+
+/// Longer words are cut: each level's stand in the tips of all its marks.
+constexpr std::size_t kMostCharacters = 300;
+
+bool IsUsable(double number) { return std::isfinite(number) && number != kSystemMissing; }
+
+/// Leading zeros do not tell two values apart where labels are looked for.
+std::string_view WithoutLeadingZeros(std::string_view key) {
+    while (key.size() > 1 && key.front() == '0') key.remove_prefix(1);
+    return key;
+}
+
+std::string PlainText(double number) { return IsUsable(number) ? fmt::format("{}", number) : std::string("."); }
+
+std::string LabelOf(const Field* field, const VariableSetting* setting) {
+    if (setting != nullptr && setting->fLabel) return *setting->fLabel;
+    return field == nullptr ? std::string() : field->fLabel;
+}
+
+std::optional<KEST_Format> FormatOf(const Field* field, const VariableSetting* setting) {
+    if (setting != nullptr && setting->fFormat) return setting->fFormat;
+    if (setting != nullptr && setting->fpVariable != nullptr) return setting->fpVariable->GetFormat();
+    return field == nullptr ? std::nullopt : field->fFormat;
+}
+
+}  // namespace
+
+ShownVariable::ShownVariable(const document::ChartVariable& variable, const Field* field,
+                             const VariableSetting* setting)
+    : fpVariable(&variable), fpSetting(setting), fLabel(LabelOf(field, setting)), fFormat(FormatOf(field, setting)) {
+    for (const document::ChartValue& value : variable.fvValues) {
+        fIsWritten = fIsWritten || !std::holds_alternative<std::monostate>(value);
+    }
+    if (setting == nullptr) return;
+    fPrefix = setting->fPrefix;
+    for (const auto& [key, label] : setting->fvLabels) {
+        fLabels.insert_or_assign(key, label);
+        fLabelsOfStripped.insert_or_assign(WithoutLeadingZeros(key), label);
+    }
+}
+
+std::optional<double> ShownVariable::NumberAt(std::size_t row) const {
+    if (row >= Rows()) return std::nullopt;
+    const double* number = std::get_if<double>(&At(row));
+    if (number == nullptr || !IsUsable(*number)) return std::nullopt;
+    return *number;
+}
+
+std::optional<std::string_view> ShownVariable::GivenLabel(std::string_view key) const {
+    if (const auto exact = fLabels.find(key); exact != fLabels.end()) return exact->second;
+    const auto stripped = fLabelsOfStripped.find(WithoutLeadingZeros(key));
+    if (stripped == fLabelsOfStripped.end()) return std::nullopt;
+    return stripped->second;
+}
+
+std::optional<std::string_view> ShownVariable::ValueLabel(const document::ChartValue& value) const {
+    if (fpSetting == nullptr || !fpSetting->fUsesValueLabels || fpSetting->fpVariable == nullptr) return std::nullopt;
+    const KEST_ValueLabelMap map(fpSetting->fpVariable->GetValueLabels());
+    const double* number = std::get_if<double>(&value);
+    const char* label = number != nullptr ? map.GetLabel(*number) : map.GetLabel(std::get<std::string>(value));
+    if (label == nullptr) return std::nullopt;
+    return label;
+}
+
+std::string ShownVariable::Unprefixed(const document::ChartValue& value) const {
+    const double* number = std::get_if<double>(&value);
+    const std::string key = number != nullptr ? PlainText(*number) : std::get<std::string>(value);
+    if (const auto label = GivenLabel(key)) return std::string(*label);
+    if (const auto label = ValueLabel(value)) return std::string(*label);
+    return number != nullptr ? Figure(*number) : key;
+}
+
+std::string ShownVariable::Words(const document::ChartValue& value) const {
+    if (std::holds_alternative<std::monostate>(value)) return {};
+    return CutCharacters(fPrefix + Unprefixed(value), kMostCharacters);
+}
+
+std::string ShownVariable::Figure(double number) const {
+    if (!fFormat || fFormat->IsString()) return PlainText(number);
+    const OBS value(number);
+    return ToString(&value, *fFormat);
+}
+
+std::string ShownVariable::AxisFormat() const {
+    if (!fFormat || fFormat->IsString()) return {};
+    return fmt::format(".{}~f", fFormat->fDecimals);
+}
+
+ShownData::ShownData(const Specification& specification, const std::vector<document::ChartSource>& data,
+                     const std::vector<VariableSetting>& settings)
+    : fpSpecification(&specification) {
+    std::unordered_map<std::string_view, int> counts;
+    for (const document::ChartSource& source : data) {
+        for (const document::ChartVariable& variable : source.fvVariables) {
+            const int index = counts[variable.fName]++;
+            fvEntries.push_back({source.fName, variable.fName,
+                                 ShownVariable(variable, FieldOf(source.fName, variable.fName),
+                                               SettingOf(settings, variable.fName, index))});
+        }
+    }
+}
+
+const Field* ShownData::FieldOf(std::string_view source, std::string_view name) const {
+    for (const Field& field : fpSpecification->fvFields) {
+        if (field.fName == name && (field.fSource.empty() || field.fSource == source)) return &field;
+    }
+    return nullptr;
+}
+
+const VariableSetting* ShownData::SettingOf(const std::vector<VariableSetting>& settings, std::string_view name,
+                                            int index) {
+    for (const VariableSetting& setting : settings) {
+        if (setting.fName == name && setting.fIndex == index) return &setting;
+    }
+    return nullptr;
+}
+
+const ShownVariable* ShownData::FindNamed(std::string_view source, std::string_view name) const {
+    for (const Entry& entry : fvEntries) {
+        const bool isMeant = entry.fName == name && (source.empty() || entry.fSource == source);
+        if (isMeant) return entry.fVariable.IsWritten() ? &entry.fVariable : nullptr;
+    }
+    return nullptr;
+}
+
+const ShownVariable* ShownData::Find(std::string_view source, std::string_view reference) const {
+    if (reference.empty()) return nullptr;
+    for (const Field& field : fpSpecification->fvFields) {
+        const bool isSourceMeant = source.empty() || field.fSource.empty() || field.fSource == source;
+        if (field.fSlot == reference && isSourceMeant) {
+            return FindNamed(field.fSource.empty() ? source : field.fSource, field.fName);
+        }
+    }
+    return FindNamed(source, reference);
+}
+
+}  // namespace hierfit::chart
