@@ -42,6 +42,9 @@ class ShownVariable {
     /// variable has no format for numbers.
     std::string AxisFormat() const;
 
+    /// Of the format for numbers; 0 without one.
+    int Decimals() const { return fFormat && !fFormat->IsString() ? fFormat->fDecimals : 0; }
+
     const VariableSetting* Setting() const { return fpSetting; }
 
   private:

@@ -1,7 +1,136 @@
-#include "host/chart/view/Drawing.h"
+#include <algorithm>
+#include <cmath>
+
+#include "host/chart/view/levels/LevelsLayers.h"
+#include "host/chart/view/levels/LevelsValues.h"
+#include "host/chart/view/levels/LevelsWords.h"
+#include "host/chart/view/parts/ChartWords.h"
+#include "host/chart/view/parts/ViewExpressions.h"
+#include "host/chart/view/text/WrapText.h"
 
 namespace hierfit::chart {
 
-Drawing MakeLevelsDrawing(const ViewContext&) { return {Json::object(), {}, 0, {}}; }
+namespace {
+
+constexpr double kAxisRoom = 64;     // of the figures and the title beside them
+constexpr double kLegendText = 180;  // pixels
+constexpr std::size_t kDenseLevels = 24;
+
+bool IsHidden(const Specification& specification, std::string_view reference) {
+    return std::any_of(specification.fvLegends.begin(), specification.fvLegends.end(),
+                       [&](const Legend& legend) { return legend.fOf == reference && !legend.fIsVisible; });
+}
+
+Json MarkLegend() {
+    return {{"title", nullptr},          {"orient", "top"},
+            {"direction", "horizontal"}, {"labelExpr", expression::kTypeText},
+            {"symbolType", "circle"},    {"symbolOpacity", 1}};
+}
+
+/// Columns are added rather than that the legend grows longer than the plot.
+Json ColorLegend(const Specification& specification, const LevelsMarks& marks, const LevelsItems& items,
+                 double height) {
+    const Legend* legend = FindLegend(specification, marks.fColorReference);
+    const std::string label = marks.fpColor->Label();
+    const auto rows = std::max<std::size_t>(static_cast<std::size_t>(height / 22), 4);
+    const std::size_t columns = (items.fColors.Count() + rows - 1) / rows;
+    return {
+        {"title", WrapText(legend == nullptr ? label : LegendTitleOr(*legend, label), kLegendText, {12.5, false}, 3)},
+        {"labelExpr", expression::kColorText},
+        {"symbolLimit", 0},
+        {"columns", std::min<std::size_t>(columns, 4)},
+        {"symbolOpacity", 1}};
+}
+
+Json LegendOf(const Specification& specification, const LevelsMarks& marks, const LevelsItems& items, double height) {
+    const Mark* marked = nullptr;
+    for (const Mark& mark : specification.fPlot.fvMarks) marked = mark.fMark.empty() ? marked : &mark;
+    if (marks.fIsContrast) return marked && IsHidden(specification, marked->fMark) ? Json() : MarkLegend();
+    if (marks.fpColor == nullptr || IsHidden(specification, marks.fColorReference)) return {};
+    return ColorLegend(specification, marks, items, height);
+}
+
+Json NumberChannel(const LevelsMarks& marks, const Specification& specification, double width) {
+    Json scale = {{"zero", false}, {"nice", false}, {"padding", 14}};
+    if (specification.fPlot.fX.fMin) scale["domainMin"] = *specification.fPlot.fX.fMin;
+    if (specification.fPlot.fX.fMax) scale["domainMax"] = *specification.fPlot.fX.fMax;
+    Json axis = {{"grid", false}, {"tickCount", width < 300 ? 4 : 8}, {"labelOverlap", true}};
+    if (const std::string format = marks.fpX->AxisFormat(); !format.empty()) axis["format"] = format;
+    return {{"field", "at"},
+            {"type", "quantitative"},
+            {"title", WrapText(marks.fXTitle, width, {12.5, false}, 3)},
+            {"scale", scale},
+            {"axis", axis}};
+}
+
+std::vector<std::string> Joined(const std::vector<std::vector<std::string>>& texts) {
+    std::vector<std::string> joined;
+    for (const std::vector<std::string>& lines : texts) {
+        std::string& text = joined.emplace_back();
+        for (const std::string& line : lines) text += (&line == &lines.front() ? "" : "\n") + line;
+    }
+    return joined;
+}
+
+std::vector<LevelTexts> TextsOf(const LevelsMarks& marks, const LevelsItems& items, const LevelsAxis& axis) {
+    std::vector<LevelTexts> texts;
+    if (!items.fIsLinear) texts.push_back({expression::kXNames, Joined(axis.fvTexts)});
+    if (marks.fpColor != nullptr) texts.push_back({expression::kColorNames, items.fColors.CutTexts(kLegendText)});
+    if (marks.fIsContrast) {
+        texts.push_back({expression::kTypeNames, {Translated("Not Significant"), Translated("Significant")}});
+    }
+    items.fPanels.AddTexts(texts, axis.fWidth, axis.fHeight);
+    return texts;
+}
+
+double WholeWidth(const LevelsMarks& marks, const LevelsItems& items, const LevelsAxis& axis) {
+    double width = kAxisRoom + static_cast<double>(items.fPanels.Columns()) * (axis.fWidth + 18) - 18;
+    if (axis.fIsTurned) width += std::min(axis.fRoom, 120.0);
+    if (marks.fpColor == nullptr) return width;
+    double words = TextWidth(marks.fColorName, {12.5, false});
+    for (const std::string& text : items.fColors.Texts()) words = std::max(words, TextWidth(text, {11.5, false}));
+    return width + std::min(words, kLegendText) + 40;
+}
+
+Json LayersOf(const LevelsMarks& marks, const LevelsItems& items, const LevelsStyle& style) {
+    if (marks.fIsContrast) return ContrastLayers(style);
+    return items.fIsLinear ? LinearLayers(style) : MeansLayers(style);
+}
+
+LevelsAxis LinearLayout(const LevelsItems& items) {
+    LevelsAxis axis = LayOutLevels(items, true);
+    axis.fWidth = items.fPanels.HasHeadings() ? std::max(axis.fWidth, 180.0) : 560;
+    return axis;
+}
+
+}  // namespace
+
+Drawing MakeLevelsDrawing(const ViewContext& context) {
+    const Specification& specification = context.fSpecification;
+    const LevelsMarks marks = FindLevelsMarks(context);
+    const LevelsItems items(context, marks);
+    const LevelsAxis axis = items.fIsLinear ? LinearLayout(items) : LayOutLevels(items, marks.fIsContrast);
+    const std::vector<PanelGuide> guides = GuidesOf(specification, items);
+    std::vector<double> heights;
+    for (const PanelGuide& guide : guides) heights.push_back(guide.fHeight);
+
+    LevelsStyle style;
+    style.fIsTurned = axis.fIsTurned;
+    style.fValues = MakeValueAxis(context, marks, items, heights, axis.fIsTurned ? axis.fWidth : axis.fHeight);
+    style.fLevels = items.fIsLinear ? NumberChannel(marks, specification, axis.fWidth) : axis.Channel(marks.fXTitle);
+    style.fHasColors = marks.fpColor != nullptr;
+    style.fColors = items.fColors.Count();
+    style.fIsDense = items.fX.Count() > kDenseLevels;
+    style.fColorLegend = LegendOf(specification, marks, items, axis.fHeight);
+
+    Json panel = {{"width", std::round(axis.fWidth)}, {"height", std::round(axis.fHeight)}};
+    panel.update(LayersOf(marks, items, style));
+    Drawing drawing;
+    drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides));
+    drawing.fvTexts = TextsOf(marks, items, axis);
+    drawing.fWidth = WholeWidth(marks, items, axis);
+    drawing.fShown = ShowLevels(marks, items);
+    return drawing;
+}
 
 }  // namespace hierfit::chart

@@ -14,23 +14,20 @@ inline constexpr std::string_view kTypeNames = "type_text";
 
 /// All expressions that a view may hold. Labels are data and never part of one.
 inline constexpr std::string_view kXText = "x_text[datum.value]";
+inline constexpr std::string_view kXLines = "split(x_text[datum.value], '\\n')";
 inline constexpr std::string_view kColorText = "color_text[datum.value]";
 inline constexpr std::string_view kFacetText = "facet_text[datum.value]";
 inline constexpr std::string_view kSecondFacetText = "facet2_text[datum.value]";
 inline constexpr std::string_view kTypeText = "type_text[datum.value]";
 inline constexpr std::string_view kHasMean = "isValid(datum.m)";
 inline constexpr std::string_view kHasBase = "isValid(datum.base)";
-inline constexpr std::string_view kHasLow = "isValid(datum.lo)";
-inline constexpr std::string_view kHasHigh = "isValid(datum.hi)";
-inline constexpr std::string_view kHasRange = "isValid(datum.lo) && isValid(datum.hi)";
 inline constexpr std::string_view kLegendLayout =
     "{bottom: {anchor: 'start', direction: 'vertical', margin: 10}, "
     "top: {anchor: 'start', direction: 'vertical', margin: 8}}";
 
 /// The list that a view is checked against.
 inline constexpr std::array kAll = {
-    kXText,   kColorText, kFacetText, kSecondFacetText, kTypeText,     kHasMean,
-    kHasBase, kHasLow,    kHasHigh,   kHasRange,        kLegendLayout,
+    kXText, kXLines, kColorText, kFacetText, kSecondFacetText, kTypeText, kHasMean, kHasBase, kLegendLayout,
 };
 
 }  // namespace hierfit::chart::expression

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <vector>
+
+#include "host/chart/view/levels/LevelsAxis.h"
+#include "host/chart/view/levels/LineGuides.h"
+
+namespace hierfit::chart {
+
+/// A horizontal line of one panel.
+struct PanelGuide {
+    Panels::Place fPlace;
+    double fHeight;
+};
+
+/// The lines of the panels that have means.
+std::vector<PanelGuide> GuidesOf(const Specification& specification, const LevelsItems& items);
+
+/// The data of the view: one object for each mean and each line.
+Json LevelsValues(const LevelsMarks& marks, const LevelsItems& items, const LevelsAxis& axis,
+                  const std::vector<PanelGuide>& guides);
+
+}  // namespace hierfit::chart

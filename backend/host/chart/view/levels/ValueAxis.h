@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/chart/view/levels/LevelsItems.h"
+
+namespace hierfit::chart {
+
+/// The axis of means: what its channels have in common.
+struct ValueAxis {
+    std::vector<std::string> fvTitle;
+    Json fScale;
+    std::string fFormat;  ///< empty: the renderer's own
+    int fTickCount = 6;
+
+    /// The definition of a channel for a field of the data.
+    Json Channel(std::string_view field) const;
+};
+
+/// `length`: of the axis in pixels. Heights of guides count for its range.
+ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, const LevelsItems& items,
+                        const std::vector<double>& guides, double length);
+
+}  // namespace hierfit::chart
