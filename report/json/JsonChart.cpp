@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "report/json/JsonForms.h"
+#include "report/json/JsonView.h"
 
 namespace hierfit::report {
 
@@ -14,29 +15,6 @@ using document::ChartValue;
 using document::ChartVariable;
 using Layout = JsonOutput::Layout;
 using PrintFormat = std::array<int, 3>;
-
-namespace {
-
-/// The view without blanks between its tokens; an empty object where it is none.
-std::string MakeCompact(const std::string& view) {
-    try {
-        JsonTokens tokens(view);
-        std::string compact;
-        const bool isObject = tokens.Peek() == JsonTokens::Kind::Object;
-        tokens.CopyCompact(compact);
-        tokens.Finish();
-        return isObject ? compact : "{}";
-    } catch (const JsonFailure&) {
-        return "{}";
-    }
-}
-
-/// The view of a chart as text; empty for an empty object.
-struct View {
-    std::string& fTarget;
-};
-
-}  // namespace
 
 // Static rather than in the unnamed namespace: there the templates for lists and members would not find them.
 
@@ -99,7 +77,7 @@ void WriteMembers(JsonOutput& out, const Chart& chart) {
     WriteList(out, "data", chart.fvData, Layout::Block);
     WriteList(out, "variables", chart.fvSettings, Layout::Block);
     out.Key("view");
-    out.Verbatim(MakeCompact(chart.fView));
+    WriteView(out, chart);
 }
 
 static void Read(JsonReader& in, ChartValue& value) {
@@ -166,16 +144,20 @@ static void Read(JsonReader& in, ChartSetting& setting) {
     in.ReadObject(Field("name", setting.fName), Field("index", setting.fIndex), Field("calls", setting.fvCalls));
 }
 
-static void Read(JsonReader& in, View& view) {
-    in.Expect(JsonTokens::Kind::Object, "object expected");
-    in.GetTokens().CopyCompact(view.fTarget);
-    if (view.fTarget == "{}") view.fTarget.clear();
-}
+namespace {
+
+struct View {
+    Chart& fTarget;
+};
+
+void Read(JsonReader& in, View& view) { ReadView(in, view.fTarget); }
+
+}  // namespace
 
 void Read(JsonReader& in, Chart& chart) {
     in.ReadObject(Field("description", chart.fDescription), Field("sendArguments", chart.fSendArguments),
                   Field("editor", chart.fEditor), Field("template", chart.fTemplate), Field("xml", chart.fXml),
-                  Field("data", chart.fvData), Field("variables", chart.fvSettings), Field("view", View{chart.fView}));
+                  Field("data", chart.fvData), Field("variables", chart.fvSettings), Field("view", View{chart}));
 }
 
 }  // namespace hierfit::report

@@ -65,6 +65,10 @@ class JsonReader {
     template <typename Target>
     void Require(const Field<Target>& field) const;
 
+    /// Reads the value of a key that was taken: `readValue()` takes it. The key must outlive the reader.
+    template <typename ReadValue>
+    void ReadValueOf(std::string_view key, ReadValue readValue);
+
     /// Reads a list: `readElement(index)` takes each. Tells how many there were.
     template <typename ReadElement>
     std::size_t ReadList(ReadElement readElement);
@@ -135,11 +139,18 @@ void JsonReader::Require(const Field<Target>& field) const {
 template <typename Target>
 bool JsonReader::TryField(std::string_view key, Field<Target>& field) {
     if (key != field.fKey) return false;
-    fvPath.push_back({field.fKey, kNoIndex});
-    if (std::exchange(field.fIsSeen, true)) Fail("key expected once");
-    Read(*this, field.fTarget);
-    fvPath.pop_back();
+    ReadValueOf(field.fKey, [&] {
+        if (std::exchange(field.fIsSeen, true)) Fail("key expected once");
+        Read(*this, field.fTarget);
+    });
     return true;
+}
+
+template <typename ReadValue>
+void JsonReader::ReadValueOf(std::string_view key, ReadValue readValue) {
+    fvPath.push_back({key, kNoIndex});
+    readValue();
+    fvPath.pop_back();
 }
 
 template <typename ReadElement>

@@ -60,8 +60,10 @@ struct Chart {
     std::string fXml;  ///< as it was sent
     std::vector<ChartSource> fvData;
     std::vector<ChartSetting> fvSettings;
-    std::string fView;  ///< JSON: the picture's specification, without `fShown`; empty when there is no picture
-    ChartShown fShown;  ///< goes with the view
+    /// JSON: the picture's specification, without `fShown`'s table; empty when there is no picture. It holds to
+    /// `ViewExpressions.h`.
+    std::string fView;
+    ChartShown fShown;  ///< goes with the view, whose "description" is the sentence
 
     bool operator==(const Chart&) const = default;
 };

@@ -2,17 +2,18 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 /// What a chart's view may hold, for those who write views and those who read them back. A view runs nothing and
 /// fetches nothing: its expressions are the few below, to the letter, and its keys draw. Whoever gives a view a new key
-/// or expression adds it here; both lists are sorted.
+/// or expression adds it here; the lists are sorted.
 namespace hierfit::document {
 
 /// The keys of a view whose texts are expressions.
 inline constexpr std::array<std::string_view, 3> kExpressionKeys{"expr", "filter", "labelExpr"};
 
-inline constexpr std::array<std::string_view, 13> kViewExpressions{
+inline constexpr std::string_view kViewExpressions[] = {
     "color_text[datum.value]",
     "datum.base",
     "datum.side",
@@ -20,6 +21,9 @@ inline constexpr std::array<std::string_view, 13> kViewExpressions{
     "facet2_text[datum.value]",
     "facet_text[datum.value]",
     "isValid(datum.base)",
+    "isValid(datum.hi)",
+    "isValid(datum.lo)",
+    "isValid(datum.lo) && isValid(datum.hi)",
     "isValid(datum.lx)",
     "isValid(datum.m)",
     "isValid(datum.x2)",
@@ -33,245 +37,37 @@ inline constexpr std::string_view kLegendLayout =
     "{bottom: {anchor: 'start', direction: 'vertical', margin: 10}, top: {anchor: 'start', direction: 'vertical', "
     "margin: 8}}";
 
-/// Keys outside rows of data, whose names are free.
-inline constexpr auto kViewKeys = std::to_array<std::string_view>({
-    "$schema",
-    "align",
-    "anchor",
-    "angle",
-    "area",
-    "aria",
-    "ariaRole",
-    "ariaRoleDescription",
-    "autosize",
-    "axes",
-    "axis",
-    "axisX",
-    "axisY",
-    "background",
-    "bandPosition",
-    "bandSize",
-    "bar",
-    "base",
-    "baseline",
-    "binSpacing",
-    "bounds",
-    "category",
-    "center",
-    "circle",
-    "clamp",
-    "clip",
-    "clipHeight",
-    "color",
-    "column",
-    "columnPadding",
-    "columns",
-    "concat",
-    "condition",
-    "config",
-    "constant",
-    "contains",
-    "continuousBandSize",
-    "cornerRadius",
-    "cornerRadiusEnd",
-    "data",
-    "datum",
-    "description",
-    "detail",
-    "dir",
-    "direction",
-    "discreteBandSize",
-    "diverging",
-    "domain",
-    "domainColor",
-    "domainDash",
-    "domainMax",
-    "domainMin",
-    "domainOpacity",
-    "domainWidth",
-    "dx",
-    "dy",
-    "ellipsis",
-    "encoding",
-    "exponent",
-    "expr",
-    "facet",
-    "field",
-    "fill",
-    "filled",
-    "filter",
-    "font",
-    "fontSize",
-    "fontStyle",
-    "fontWeight",
-    "format",
-    "frame",
-    "gradientLength",
-    "grid",
-    "gridAlign",
-    "gridColor",
-    "gridDash",
-    "gridOpacity",
-    "gridWidth",
-    "hconcat",
-    "header",
-    "headerColumn",
-    "headerFacet",
-    "headerRow",
-    "heatmap",
-    "height",
-    "independent",
-    "interpolate",
-    "invalid",
-    "labelAlign",
-    "labelAnchor",
-    "labelAngle",
-    "labelBaseline",
-    "labelBound",
-    "labelColor",
-    "labelExpr",
-    "labelFlush",
-    "labelFont",
-    "labelFontSize",
-    "labelFontStyle",
-    "labelFontWeight",
-    "labelLimit",
-    "labelLineHeight",
-    "labelOffset",
-    "labelOrient",
-    "labelOverlap",
-    "labelPadding",
-    "labelSeparation",
-    "layer",
-    "layout",
-    "legend",
-    "legends",
-    "limit",
-    "line",
-    "lineBreak",
-    "lineHeight",
-    "mark",
-    "maxExtent",
-    "minExtent",
-    "name",
-    "nice",
-    "offset",
-    "opacity",
-    "order",
-    "ordinal",
-    "orient",
-    "padding",
-    "paddingInner",
-    "paddingOuter",
-    "params",
-    "point",
-    "position",
-    "radius",
-    "radius2",
-    "ramp",
-    "range",
-    "rangeMax",
-    "rangeMin",
-    "rect",
-    "resize",
-    "resolve",
-    "reverse",
-    "round",
-    "row",
-    "rowPadding",
-    "rule",
-    "scale",
-    "shape",
-    "shared",
-    "size",
-    "sort",
-    "spacing",
-    "spec",
-    "square",
-    "stack",
-    "stroke",
-    "strokeCap",
-    "strokeDash",
-    "strokeDashOffset",
-    "strokeJoin",
-    "strokeMiterLimit",
-    "strokeOpacity",
-    "strokeWidth",
-    "style",
-    "subtitle",
-    "subtitleColor",
-    "subtitleFont",
-    "subtitleFontSize",
-    "subtitleFontStyle",
-    "subtitleFontWeight",
-    "subtitleLineHeight",
-    "subtitlePadding",
-    "symbol",
-    "symbolDash",
-    "symbolDirection",
-    "symbolFillColor",
-    "symbolLimit",
-    "symbolOffset",
-    "symbolOpacity",
-    "symbolSize",
-    "symbolStrokeColor",
-    "symbolStrokeWidth",
-    "symbolType",
-    "tension",
-    "text",
-    "theta",
-    "theta2",
-    "thickness",
-    "tick",
-    "tickBand",
-    "tickColor",
-    "tickCount",
-    "tickExtra",
-    "tickMinStep",
-    "tickOffset",
-    "tickOpacity",
-    "tickRound",
-    "tickSize",
-    "tickWidth",
-    "ticks",
-    "title",
-    "titleAlign",
-    "titleAnchor",
-    "titleAngle",
-    "titleBaseline",
-    "titleColor",
-    "titleFont",
-    "titleFontSize",
-    "titleFontStyle",
-    "titleFontWeight",
-    "titleLimit",
-    "titleLineHeight",
-    "titleOrient",
-    "titlePadding",
-    "titleX",
-    "titleY",
-    "tooltip",
-    "trail",
-    "transform",
-    "translate",
-    "type",
-    "value",
-    "values",
-    "vconcat",
-    "view",
-    "width",
-    "x",
-    "x2",
-    "x2Offset",
-    "xOffset",
-    "y",
-    "y2",
-    "yOffset",
-    "zero",
-    "zindex",
-});
+/// Keys outside rows of data, whose names are free; a blank before and behind each.
+inline constexpr std::string_view kViewKeys =
+    " $schema align anchor angle area aria ariaRole ariaRoleDescription autosize axes axis axisX axisY background "
+    "bandPosition bandSize bar base baseline binSpacing bounds category center circle clamp clip clipHeight "
+    "color column columnPadding columns concat condition config constant contains continuousBandSize "
+    "cornerRadius cornerRadiusEnd data datum description detail dir direction discreteBandSize diverging domain "
+    "domainColor domainDash domainMax domainMin domainOpacity domainWidth dx dy ellipsis encoding exponent expr "
+    "facet field fill filled filter font fontSize fontStyle fontWeight format frame gradientLength grid "
+    "gridAlign gridColor gridDash gridOpacity gridWidth hconcat header headerColumn headerFacet headerRow "
+    "heatmap height independent interpolate invalid labelAlign labelAnchor labelAngle labelBaseline labelBound "
+    "labelColor labelExpr labelFlush labelFont labelFontSize labelFontStyle labelFontWeight labelLimit "
+    "labelLineHeight labelOffset labelOrient labelOverlap labelPadding labelSeparation layer layout legend "
+    "legends limit line lineBreak lineHeight mark maxExtent minExtent name nice offset opacity order ordinal "
+    "orient padding paddingInner paddingOuter params point position radius radius2 ramp range rangeMax rangeMin "
+    "rect resize resolve reverse round row rowPadding rule scale shape shared size sort spacing spec square "
+    "stack stroke strokeCap strokeDash strokeDashOffset strokeJoin strokeMiterLimit strokeOpacity strokeWidth "
+    "style subtitle subtitleColor subtitleFont subtitleFontSize subtitleFontStyle subtitleFontWeight "
+    "subtitleLineHeight subtitlePadding symbol symbolDash symbolDirection symbolFillColor symbolLimit "
+    "symbolOffset symbolOpacity symbolSize symbolStrokeColor symbolStrokeWidth symbolType tension text theta "
+    "theta2 thickness tick tickBand tickColor tickCount tickExtra tickMinStep tickOffset tickOpacity tickRound "
+    "tickSize tickWidth ticks title titleAlign titleAnchor titleAngle titleBaseline titleColor titleFont "
+    "titleFontSize titleFontStyle titleFontWeight titleLimit titleLineHeight titleOrient titlePadding titleX "
+    "titleY tooltip trail transform translate type value values vconcat view width x x2 x2Offset xOffset y y2 "
+    "yOffset zero zindex ";
 
-inline bool IsViewKey(std::string_view key) { return std::ranges::binary_search(kViewKeys, key); }
+/// The key where it stands in the list, which lives as long as the program; empty when it is not there.
+inline std::string_view FindViewKey(std::string_view key) {
+    if (key.find(' ') != std::string_view::npos) return {};
+    const std::size_t at = kViewKeys.find(' ' + std::string(key) + ' ');
+    return at == std::string_view::npos ? std::string_view() : kViewKeys.substr(at + 1, key.size());
+}
 
 inline bool IsExpressionKey(std::string_view key) { return std::ranges::binary_search(kExpressionKeys, key); }
 
