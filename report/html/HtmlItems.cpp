@@ -2,9 +2,11 @@
 
 #include <algorithm>
 
+#include "report/html/ChartFigure.h"
 #include "report/html/HtmlEscape.h"
 #include "report/html/Words.h"
 #include "report/html/table/HtmlTable.h"
+#include "report/layout/ShownTable.h"
 
 namespace hierfit::report::html {
 
@@ -15,7 +17,7 @@ int HeadingLevel(int depth) { return std::min(depth + 2, 6); }
 
 class ItemWriter {
   public:
-    explicit ItemWriter(std::string& out) : fOut(out) {}
+    ItemWriter(std::string& out, const std::vector<std::string>* pictures) : fOut(out), fpPictures(pictures) {}
 
     void Append(const Entry& entry) {
         CloseSections(entry.fDepth);
@@ -39,12 +41,11 @@ class ItemWriter {
         AppendTable(fOut, table, TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
     }
 
-    void operator()(const document::Chart&) {
-        fOut.append("<figure class=\"chart\" id=\"")
-            .append(fpEntry->fAnchor)
-            .append("\">\n<figcaption class=\"title\">");
-        AppendText(fOut, TitleOf(*fpEntry->fpItem));
-        fOut.append("</figcaption>\n<p>").append(words::kNotDrawn).append("</p>\n</figure>\n");
+    void operator()(const document::Chart& chart) {
+        const std::string* picture = fpPictures ? &fpPictures->at(fCharts) : nullptr;
+        AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1, picture});
+        ++fCharts;
+        if (HasTable(chart.fShown)) ++fTables;
     }
 
     void operator()(const document::Message& message) {
@@ -57,9 +58,11 @@ class ItemWriter {
 
   private:
     std::string& fOut;
+    const std::vector<std::string>* fpPictures;  ///< of the charts; null where the page draws them
     const Entry* fpEntry = nullptr;
     int fDepth = 0;  ///< open sections
     int fTables = 0;
+    std::size_t fCharts = 0;
 };
 
 void AppendPlace(std::string& out, const document::Document& document, const document::Place& place) {
@@ -83,8 +86,8 @@ void AppendDiagnostic(std::string& out, const document::Document& document, cons
 
 }  // namespace
 
-void AppendItems(std::string& out, const std::vector<Entry>& entries) {
-    ItemWriter writer(out);
+void AppendItems(std::string& out, const std::vector<Entry>& entries, const std::vector<std::string>* pictures) {
+    ItemWriter writer(out, pictures);
     for (const Entry& entry : entries) writer.Append(entry);
     writer.CloseSections(0);
 }

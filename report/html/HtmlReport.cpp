@@ -33,17 +33,18 @@ std::string_view TitleOf(const document::Document& document) {
 }
 
 // Nothing is fetched, and no script or style counts but our own.
-void AppendPolicy(std::string& out) {
+void AppendPolicy(std::string& out, bool drawsCharts) {
     out += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '";
     out += html::StyleSheet().fHash;
     out += "'; script-src '";
     out += html::Script().fHash;
+    if (drawsCharts) out.append("' '").append(html::ChartScript().fHash);
     out += "'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
 }
 
-void AppendHead(std::string& out, const document::Document& document) {
+void AppendHead(std::string& out, const document::Document& document, bool drawsCharts) {
     out += "<head>\n<meta charset=\"utf-8\">\n";
-    AppendPolicy(out);
+    AppendPolicy(out, drawsCharts);
     out += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
     out += "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"generator\" content=\"";
     AppendAttribute(out, document.fProducer);
@@ -62,7 +63,8 @@ void AppendHead(std::string& out, const document::Document& document) {
 void AppendBodyTag(std::string& out) {
     out.append("<body data-copy=\"").append(html::words::kCopy);
     out.append("\" data-copied=\"").append(html::words::kCopied);
-    out.append("\" data-not-copied=\"").append(html::words::kNotCopied).append("\">\n");
+    out.append("\" data-not-copied=\"").append(html::words::kNotCopied);
+    out.append("\" data-not-drawn=\"").append(html::words::kNotDrawn).append("\">\n");
 }
 
 void AppendHeader(std::string& out, const document::Document& document) {
@@ -86,22 +88,34 @@ void AppendFooter(std::string& out, const document::Document& document) {
     out += "</footer>\n";
 }
 
+bool HasView(const html::Entry& entry) {
+    const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent);
+    return chart && !chart->fView.empty();
+}
+
+void AppendScript(std::string& out, const html::Asset& script) {
+    out.append("<script>").append(script.fText).append("</script>\n");
+}
+
 }  // namespace
 
-std::string MakeHtmlReport(const document::Document& document) {
+std::string MakeHtmlReport(const document::Document& document, const std::vector<std::string>* pictures) {
     const std::vector<html::Entry> entries = html::ListEntries(document);
+    const bool drawsCharts = !pictures && std::any_of(entries.begin(), entries.end(), HasView);
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
     out.append(LanguageTag(document.fLanguage)).append("\">\n");
-    AppendHead(out, document);
+    AppendHead(out, document, drawsCharts);
     AppendBodyTag(out);
     AppendHeader(out, document);
     html::AppendContents(out, entries, !document.fvDiagnostics.empty());
     out += "<main id=\"main\">\n";
-    html::AppendItems(out, entries);
+    html::AppendItems(out, entries, pictures);
     html::AppendDiagnostics(out, document);
     out += "</main>\n";
     AppendFooter(out, document);
-    out.append("<script>").append(html::Script().fText).append("</script>\n</body>\n</html>\n");
+    AppendScript(out, html::Script());
+    if (drawsCharts) AppendScript(out, html::ChartScript());
+    out += "</body>\n</html>\n";
     return out;
 }
 

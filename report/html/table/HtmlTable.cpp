@@ -83,6 +83,12 @@ void AppendWithoutCells(std::string& out, std::string_view title) {
 
 }  // namespace
 
+void AppendPlainTable(std::string& out, const document::Table& table, std::string_view title, int number) {
+    const Grid grid = MakeGrid(table);
+    TableParts parts = MakeParts(out, grid, number);
+    AppendGrid(parts, title, number);
+}
+
 void AppendTable(std::string& out, const document::Table& table, std::string_view title, std::string_view anchor,
                  int number) {
     const Grid grid = MakeGrid(table);

@@ -12,4 +12,7 @@ namespace hierfit::report::html {
 void AppendTable(std::string& out, const document::Table& table, std::string_view title, std::string_view anchor,
                  int number);
 
+/// Appends the table itself, without figure and notes. It must have cells.
+void AppendPlainTable(std::string& out, const document::Table& table, std::string_view title, int number);
+
 }  // namespace hierfit::report::html

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "host/document/Chart.h"
+
+namespace hierfit::report::html {
+
+/// What a chart's figure needs to know of the page around it.
+struct ChartPlace {
+    std::string_view fTitle;
+    std::string_view fAnchor;
+    int fTable;  ///< number that the table of values takes among the page's tables; ids inside it hold it
+    const std::string* fpPicture;  ///< SVG, empty where there is none; null for a chart that the page draws itself
+};
+
+/// Appends a chart as a figure named by its title: the picture, the sentence about it, and the values that it shows as
+/// a table to unfold, which stands open where there is no picture.
+void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place);
+
+}  // namespace hierfit::report::html
