@@ -153,7 +153,7 @@
   const resizing = new ResizeObserver((changes) => changes.forEach((change) => setStop(change.target)));
   for (const frame of frames) {
     frame.dataset.label = frame.getAttribute("aria-label");
-    addButton(frame.closest("figure"));
+    addButton(frame.parentElement);
     resizing.observe(frame);
   }
   document.body.append(status);
