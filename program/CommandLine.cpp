@@ -32,6 +32,7 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
     "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
+    "  hierfit report -f svg -o charts/ FOLDER              each chart as a picture\n"
     "  hierfit report -f json FOLDER | jq .items             the document for a program\n";
 
 /// Help with usage lines in the words of the project.
@@ -58,11 +59,13 @@ void AddChoice(CLI::App& app, const std::string& name, Target& target, const Cho
 
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
-    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat,
-                                             {{"html", Format::Html}, {"text", Format::Text}, {"json", Format::Json}},
-                                             "FORMAT",
-                                             "html, text or json; by default FILE's ending tells, else\n"
-                                             "text goes to a terminal and html elsewhere");
+    AddChoice<std::optional<Format>, Format>(
+        app, "-f,--format", output.fFormat,
+        {{"html", Format::Html}, {"text", Format::Text}, {"json", Format::Json}, {"svg", Format::Svg}}, "FORMAT",
+        "html, text, json, or svg, which puts each chart into the\n"
+        "folder FILE; by default FILE's ending tells, else text\n"
+        "goes to a terminal and html elsewhere");
+    app.add_flag("--static", output.fIsStatic, "HTML with static pictures in place of scripts");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
@@ -83,8 +86,10 @@ void AddSettings(CLI::App& app, session::Settings& settings) {
         ->option_text("DIR");
 }
 
-/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open.
+/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open. Pictures need a
+/// folder.
 std::optional<std::string> SettleFormat(OutputOptions& output) {
+    if (output.fFormat == Format::Svg && output.fFile == "-") return "--format svg: --output must name a folder";
     if (output.fFormat || output.fFile == "-") return {};
     const std::size_t slash = output.fFile.find_last_of('/');
     const std::string name = slash == std::string::npos ? output.fFile : output.fFile.substr(slash + 1);

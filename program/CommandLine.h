@@ -10,15 +10,16 @@
 namespace hierfit::program {
 
 /// The formats that the program writes. The order is that of `kFormats`.
-enum class Format { Html, Text, Json };
+enum class Format { Html, Text, Json, Svg };
 
 enum class Color { Auto, Always, Never };
 
 /// What to write and where.
 struct OutputOptions {
-    std::string fFile = "-";        ///< "-" is standard output
+    std::string fFile = "-";        ///< "-" is standard output; a folder for SVG
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
+    bool fIsStatic = false;  ///< HTML with static pictures in place of scripts
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

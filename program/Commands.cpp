@@ -8,6 +8,7 @@
 
 #include "Files.h"
 #include "OutputFile.h"
+#include "PictureFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
 #include "report/html/HtmlReport.h"
@@ -53,12 +54,19 @@ std::string Render(const document::Document& document, const OutputOptions& outp
         case Format::Json:
             return report::WriteJson(document);
         case Format::Html:
+        case Format::Svg:
             break;
     }
-    return report::MakeHtmlReport(document);
+    if (!output.fIsStatic) return report::MakeHtmlReport(document);
+    const std::vector<std::string> pictures = DrawCharts(document).fvSvg;
+    return report::MakeHtmlReport(document, &pictures);
 }
 
 int Write(const document::Document& document, const OutputOptions& output) {
+    if (output.fFormat == Format::Svg) {
+        const auto error = WritePictures(DrawCharts(document), output.fFile);
+        return error ? Fail(kUnwritable, error->fText) : kWritten;
+    }
     if (const auto error = WriteOutput(output.fFile, Render(document, output))) return Fail(kUnwritable, error->fText);
     return kWritten;
 }

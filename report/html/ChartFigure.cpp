@@ -1,6 +1,7 @@
 #include "report/html/ChartFigure.h"
 
 #include "report/html/HtmlEscape.h"
+#include "report/html/SafeSvg.h"
 #include "report/html/Words.h"
 #include "report/html/table/HtmlTable.h"
 #include "report/layout/ShownTable.h"
@@ -33,16 +34,18 @@ void AppendLive(std::string& out, std::string_view view) {
     out.append("</script></div>\n<noscript><p>").append(words::kNeedsScript).append("</p></noscript>\n");
 }
 
-bool AppendDrawing(std::string& out, const document::Chart& chart, const std::string* picture) {
+bool AppendDrawing(std::string& out, const document::Chart& chart, const ChartPlace& place) {
+    const std::string* picture = place.fpPicture;
     if (!picture && !chart.fView.empty()) {
         AppendLive(out, chart.fView);
         return true;
     }
-    if (!picture || picture->empty()) {
+    const auto safe = picture ? MakeSafeSvg(*picture, std::string(place.fAnchor) + '-') : std::nullopt;
+    if (!safe) {
         out.append("<p>").append(words::kNoPicture).append("</p>\n");
         return false;
     }
-    out.append("<div class=\"drawing\">").append(*picture).append("</div>\n");
+    out.append("<div class=\"drawing\">").append(*safe).append("</div>\n");
     return true;
 }
 
@@ -65,7 +68,7 @@ void AppendValues(std::string& out, const document::ChartShown& shown, const Cha
 
 void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place) {
     AppendTag(out, place);
-    const bool isDrawn = AppendDrawing(out, chart, place.fpPicture);
+    const bool isDrawn = AppendDrawing(out, chart, place);
     AppendSentence(out, chart.fShown.fSentence);
     AppendValues(out, chart.fShown, place, !isDrawn);
     out += "</figure>\n";

@@ -1,0 +1,40 @@
+#include "report/pictures/module/ScriptEngine.h"
+
+#include <memory>
+#include <type_traits>
+
+namespace hierfit::report {
+
+namespace {
+
+struct Release {
+    void operator()(JSStringRef text) const { JSStringRelease(text); }
+};
+using String = std::unique_ptr<std::remove_pointer_t<JSStringRef>, Release>;
+
+String MakeString(const char* text) { return String(JSStringCreateWithUTF8CString(text)); }
+
+}  // namespace
+
+bool ScriptEngine::Run(const char* script) {
+    JSValueRef exception = nullptr;
+    JSEvaluateScript(fContext, MakeString(script).get(), nullptr, nullptr, 1, &exception);
+    return !exception;
+}
+
+void ScriptEngine::SetText(const char* name, const char* text) {
+    JSObjectSetProperty(fContext, JSContextGetGlobalObject(fContext), MakeString(name).get(),
+                        JSValueMakeString(fContext, MakeString(text).get()), kJSPropertyAttributeNone, nullptr);
+}
+
+bool ScriptEngine::GetText(const char* name, std::string& text) {
+    JSValueRef value =
+        JSObjectGetProperty(fContext, JSContextGetGlobalObject(fContext), MakeString(name).get(), nullptr);
+    if (!value || !JSValueIsString(fContext, value)) return false;
+    const String string(JSValueToStringCopy(fContext, value, nullptr));
+    text.resize(JSStringGetMaximumUTF8CStringSize(string.get()));
+    text.resize(JSStringGetUTF8CString(string.get(), text.data(), text.size()) - 1);
+    return true;
+}
+
+}  // namespace hierfit::report

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <JavaScriptCore/JavaScript.h>
+
+#include <string>
+
+namespace hierfit::report {
+
+/// A script engine with one global scope, on JavaScriptCore's C interface. Promises that a call settles have had their
+/// say when it returns. All texts are UTF-8.
+class ScriptEngine {
+  public:
+    ScriptEngine() : fContext(JSGlobalContextCreate(nullptr)) {}
+    ScriptEngine(const ScriptEngine&) = delete;
+    ScriptEngine& operator=(const ScriptEngine&) = delete;
+    ~ScriptEngine() { JSGlobalContextRelease(fContext); }
+
+    /// False when the script throws.
+    bool Run(const char* script);
+
+    void SetText(const char* name, const char* text);
+
+    /// The text that a global name holds; false when it holds none.
+    bool GetText(const char* name, std::string& text);
+
+  private:
+    JSGlobalContextRef fContext;
+};
+
+}  // namespace hierfit::report
