@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "report/text/ChartText.h"
 #include "report/text/Sink.h"
 #include "report/text/TableText.h"
 #include "report/text/VisibleText.h"
@@ -54,9 +55,7 @@ class Writer {
 
     void WriteItem(const document::Table& table) { WriteTable(table, fWidth, fSink); }
 
-    void WriteItem(const document::Chart& chart) {
-        fSink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), fWidth);
-    }
+    void WriteItem(const document::Chart& chart) { WriteChart(chart, fWidth, fSink); }
 
     void WriteItem(const document::Message& message) {
         const Level level = FindLevel(message.fLevel);

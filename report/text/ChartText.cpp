@@ -1,0 +1,31 @@
+#include "report/text/ChartText.h"
+
+#include <fmt/format.h>
+
+#include "report/layout/ShownTable.h"
+#include "report/text/TableText.h"
+#include "report/text/VisibleText.h"
+
+namespace hierfit::report {
+
+namespace {
+
+constexpr std::size_t kMostRows = 20;
+
+void WriteValues(const document::ChartShown& shown, int width, Sink& sink) {
+    WriteTable(MakeShownTable(shown, kMostRows), width, sink);
+    if (shown.fvRows.size() <= kMostRows) return;
+    const std::size_t more = shown.fvRows.size() - kMostRows;
+    sink.WriteParagraph(Role::Plain, "", fmt::format("... and {} more {}", more, more == 1 ? "row" : "rows"), width);
+}
+
+}  // namespace
+
+void WriteChart(const document::Chart& chart, int width, Sink& sink) {
+    sink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), width);
+    const document::ChartShown& shown = chart.fShown;
+    if (!shown.fSentence.empty()) sink.WriteParagraph(Role::Plain, "", MakeVisible(shown.fSentence), width);
+    if (HasTable(shown)) WriteValues(shown, width, sink);
+}
+
+}  // namespace hierfit::report
