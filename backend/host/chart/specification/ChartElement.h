@@ -11,18 +11,22 @@
 
 namespace hierfit::chart {
 
-/// One element of chart XML while it is read: its attributes by kind, and a word about what cannot be taken. It borrows
-/// document and remarks.
+/// One element of chart XML while it is read: its known attributes by kind, and a word about what cannot be taken. It
+/// borrows document, names and remarks.
 class ChartElement {
   public:
     using Node = xml::Document::Node;
 
-    ChartElement(const xml::Document& document, Node node, Remarks& remarks)
-        : fDocument(document), fNode(node), fRemarks(remarks) {}
+    /// The known attributes are names parted by blanks; all others are as if they were not there.
+    ChartElement(const xml::Document& document, Node node, std::string_view known, Remarks& remarks)
+        : fDocument(document), fNode(node), fKnown(known), fRemarks(remarks) {}
+
+    /// Remarks on the attributes that are not known.
+    void RemarkUnknown() const;
 
     std::string_view Name() const { return fDocument.Name(fNode); }
     std::string_view Content() const { return fDocument.Text(fNode); }
-    bool Has(std::string_view attribute) const { return fDocument.Attribute(fNode, attribute).has_value(); }
+    bool Has(std::string_view attribute) const { return Find(attribute).has_value(); }
 
     /// Empty where there is no such attribute.
     std::string Text(std::string_view attribute) const;
@@ -43,15 +47,13 @@ class ChartElement {
 
     void Remark(std::string text) const { fRemarks.Add(std::move(text)); }
 
-    const xml::Document& GetDocument() const { return fDocument; }
-    Node GetNode() const { return fNode; }
-    Remarks& GetRemarks() const { return fRemarks; }
-
   private:
+    std::optional<std::string_view> Find(std::string_view attribute) const;
     void RemarkValue(std::string_view attribute, std::string_view value) const;
 
     const xml::Document& fDocument;
     Node fNode;
+    std::string_view fKnown;
     Remarks& fRemarks;
 };
 

@@ -14,15 +14,6 @@ namespace {
 
 constexpr std::string_view kChart = "chart";
 
-bool HasWord(std::string_view words, std::string_view word) {
-    while (!words.empty()) {
-        const std::size_t end = std::min(words.find(' '), words.size());
-        if (words.substr(0, end) == word) return true;
-        words.remove_prefix(std::min(end + 1, words.size()));
-    }
-    return false;
-}
-
 const ElementRule* FindRule(std::string_view name, std::string_view parent) {
     for (const auto rules : {PlotRules(), GuideRules(), WordRules()}) {
         for (const ElementRule& rule : rules) {
@@ -32,19 +23,11 @@ const ElementRule* FindRule(std::string_view name, std::string_view parent) {
     return nullptr;
 }
 
-void CheckAttributes(const ChartElement& element, std::string_view known) {
-    for (const std::string_view name : element.GetDocument().AttributeNames(element.GetNode())) {
-        if (!HasWord(known, name)) {
-            element.Remark("unknown attribute " + Quote(name) + " of " + std::string(element.Name()));
-        }
-    }
-}
-
 }  // namespace
 
 Specification TreeReader::Read() {
-    const ChartElement chart(fDocument, fRoot, fRemarks);
-    CheckAttributes(chart, "version template");
+    const ChartElement chart(fDocument, fRoot, "version template", fRemarks);
+    chart.RemarkUnknown();
     fSpecification.fTemplate = chart.Text("template");
     for (Node node = fRoot + 1; node < fDocument.Size() && fDocument.Parent(node) >= fRoot;) {
         node = ReadElement(node) ? node + 1 : EndOf(node);
@@ -56,37 +39,39 @@ Specification TreeReader::Read() {
 
 /// Whether to go on below it.
 bool TreeReader::ReadElement(Node node) {
-    const ChartElement element(fDocument, node, fRemarks);
-    const std::string_view name = element.Name();
+    const std::string_view name = fDocument.Name(node);
     const std::string_view parent = fDocument.Name(fDocument.Parent(node));
-    if (const ElementRule* rule = FindRule(name, parent)) return ReadByRule(*rule, element);
+    if (const ElementRule* rule = FindRule(name, parent)) return ReadByRule(*rule, node);
     if (name == "use") {
-        element.Remark("fragment " + Quote(element.Text("fragment")) + " cannot be used");
+        const ChartElement use(fDocument, node, "fragment", fRemarks);
+        use.Remark("fragment " + Quote(use.Text("fragment")) + " cannot be used");
     } else if (name == "inset" && parent == kChart && fRoot == 0) {
-        ReadInset(element);
+        ReadInset(node);
     } else {
-        element.Remark("unknown element " + Quote(name) + " in " + std::string(parent));
+        fRemarks.Add("unknown element " + Quote(name) + " in " + std::string(parent));
     }
     return false;
 }
 
-bool TreeReader::ReadByRule(const ElementRule& rule, const ChartElement& element) {
+bool TreeReader::ReadByRule(const ElementRule& rule, Node node) {
+    const ChartElement element(fDocument, node, rule.fAttributes, fRemarks);
     if (++fCounts[&rule] > rule.fMost) {
         element.Remark("more than " + std::to_string(rule.fMost) + " of element " + std::string(rule.fName));
         return false;
     }
-    CheckAttributes(element, rule.fAttributes);
+    element.RemarkUnknown();
     return rule.fpRead(element, fSpecification);
 }
 
-void TreeReader::ReadInset(const ChartElement& element) {
+void TreeReader::ReadInset(Node node) {
     constexpr int kUnknownFieldType = 6;
-    CheckAttributes(element, "at fieldType");
-    const Node chart = fDocument.FirstChild(element.GetNode(), kChart);
-    const Node stream = fDocument.FirstChild(element.GetNode(), "stream");
+    const ChartElement element(fDocument, node, "at fieldType", fRemarks);
+    element.RemarkUnknown();
+    const Node chart = fDocument.FirstChild(node, kChart);
+    const Node stream = fDocument.FirstChild(node, "stream");
     const bool isWhole = chart != xml::Document::kNone && stream != xml::Document::kNone;
     auto data = isWhole ? ReadDataStream(fDocument.Text(stream)) : std::nullopt;
-    if (fSpecification.fInset || !data) return element.Remark("an inset cannot be read");
+    if (fSpecification.fInset || !data) return fRemarks.Add("an inset cannot be read");
     fSpecification.fInset =
         Inset{element.Text("at"), element.Count("fieldType", 0, kUnknownFieldType).value_or(kUnknownFieldType),
               std::make_unique<Specification>(TreeReader(fDocument, chart, fRemarks).Read()), std::move(*data)};

@@ -20,8 +20,8 @@ class TreeReader {
 
   private:
     bool ReadElement(Node node);
-    bool ReadByRule(const ElementRule& rule, const ChartElement& element);
-    void ReadInset(const ChartElement& element);
+    bool ReadByRule(const ElementRule& rule, Node node);
+    void ReadInset(Node node);
     Node EndOf(Node node) const;
 
     const xml::Document& fDocument;

@@ -1,0 +1,215 @@
+#include <optional>
+
+#include "host/BpProcedure.h"
+#include "host/ViZEditor.h"
+#include "host/XDocument.h"
+#include "host/XViZTemplate.h"
+#include "tests/chart/ChartRun.h"
+#include "tests/chart/Describe.h"
+#include "tests/language/TemporaryFolder.h"
+
+namespace hierfit::test {
+
+namespace {
+
+using document::ChartCall;
+using document::ChartSetting;
+using language::test::TemporaryFolder;
+
+constexpr const char* kChart = "<chart version=\"1\" template=\"T\"><plot arrange=\"free\"/></chart>";
+
+bool Send(const std::string& xml, const char* description = "D") {
+    XDocument document(xml);
+    document.SetDescription(ChartString(description));
+    return document.SendChart(true, false, false);
+}
+
+KEST_Variable MakeVariable() {
+    KEST_VariableDefinition definition;
+    definition.fName = "trt";
+    definition.fFormat = {12, KEST_FormatType::Numeric, 1};
+    return KEST_Variable(std::move(definition));
+}
+
+TEST(SendTest, ChartsGoUnderTheInnermostOpenHeading) {
+    ChartRun run;
+    BpProcedure output;
+    EXPECT_TRUE(Send(kChart, "first"));
+    std::optional<BpHeading> outer(output.Heading(BpString("outer", false)));
+    {
+        BpHeading inner = outer->Heading(BpString("inner", false));
+        EXPECT_TRUE(Send(kChart, "second"));
+    }
+    EXPECT_TRUE(Send(kChart, "third"));
+    outer.reset();
+    EXPECT_TRUE(Send(kChart, "fourth"));
+
+    const auto& items = run->GetDocument().fItems;
+    ASSERT_EQ(items.size(), 3U);
+    const auto describe = [](const document::Item& item) {
+        return std::get<document::Chart>(item.fContent).fDescription;
+    };
+    EXPECT_EQ(describe(items.front()), "first");
+    EXPECT_EQ(describe(items.back()), "fourth");
+    const auto& heading = std::get<document::Heading>(std::next(items.begin())->fContent);
+    ASSERT_EQ(heading.fItems.size(), 2U);
+    EXPECT_EQ(describe(std::get<document::Heading>(heading.fItems.front().fContent).fItems.front()), "second");
+    EXPECT_EQ(describe(heading.fItems.back()), "third");
+}
+
+TEST(SendTest, ChartHoldsWhatWasSentAndEveryCall) {
+    ChartRun run;
+    const KEST_Variable variable = MakeVariable();
+    VarDataProcessor processor;
+    processor.AddDataSource("s", 2);
+    processor.AddVariable("s", "x", nullptr);
+    {
+        XDocument document(kChart);
+        document.setEditor(2);
+        document.setLanguage();
+        document.SetDescription(ChartString("D"));
+        document.SetChartData(&processor);
+        XGraph graph = document.getExternalGraph();
+        XVariable x = graph.getVariable("x", 0);
+        x.setLabel(ChartString("L"));
+        graph.getVariable("x", 1).setCategorical(false);
+        graph.getVariable("absent", 0);
+        x.setKESTVariable(&variable);
+        x.setKESTVariable(nullptr);
+        x.setFormatBasedOnKESTVariable(&variable);
+        x.setFormat({40, KEST_FormatType::Numeric, 2});
+        graph.getVariable("x", 0).addRelabels();
+        x.addRelabel(1, ChartString("one"));
+        x.addRelabel(ChartString("07"), ChartString("seven"));
+        x.SetFormatPrefix(ChartString("p = "));
+        processor.SetVariableValue("s", "x", 2, 5);  // written late, sent all the same
+        EXPECT_TRUE(document.SendChart(true, false, true));
+    }
+    const auto& chart = std::get<document::Chart>(run->GetDocument().fItems.front().fContent);
+    EXPECT_EQ(chart.fXml, kChart);
+    EXPECT_EQ(chart.fTemplate, "T");
+    EXPECT_EQ(chart.fEditor, 2);
+    EXPECT_EQ(chart.fSendArguments, (std::array<bool, 3>{true, false, true}));
+    EXPECT_EQ(chart.fvData, (std::vector<document::ChartSource>{{"s", 2, {{"x", {{}, {}, 5.0}}}}}));
+
+    using Arguments = std::vector<ChartCall::Argument>;
+    const auto text = [](const char* word) { return ChartCall::Argument(std::string(word)); };
+    const std::vector<ChartSetting> expected{{"x",
+                                              0,
+                                              {{"setLabel", {text("L")}},
+                                               {"setKESTVariable", {text("trt")}},
+                                               {"setKESTVariable", {}},
+                                               {"setFormatBasedOnKESTVariable", {text("trt")}},
+                                               {"setFormat", Arguments{std::array<int, 3>{40, 5, 2}}},
+                                               {"addRelabels", {}},
+                                               {"addRelabel", {text("1"), text("one")}},
+                                               {"addRelabel", {text("07"), text("seven")}},
+                                               {"SetFormatPrefix", {text("p = ")}}}},
+                                             {"x", 1, {{"setCategorical", Arguments{false}}}},
+                                             {"absent", 0, {}}};
+    EXPECT_EQ(chart.fvSettings, expected);
+}
+
+TEST(SendTest, WhatIsNoChartIsLeftOutAndSaysWhere) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"", "it has no XML"},
+        {"<chart>\n <plot></chart>", "line 2, column 10 of its XML: mismatched tag"},
+        {"<graph/>", "line 1, column 1 of its XML: element \"chart\" expected"},
+        {"<!DOCTYPE chart><chart/>", "line 1, column 1 of its XML: document type declarations are not read"},
+        {"\n  <chart version=\"2\"/>", "line 2, column 3 of its XML: version 1 expected"},
+        {"<chart>" + std::string(std::size_t{16} << 20U, ' ') + "</chart>", "its XML is larger than 16 MiB"},
+    };
+    for (const auto& [xml, reason] : cases) {
+        ChartRun run;
+        EXPECT_FALSE(Send(xml));
+        EXPECT_EQ(run.Diagnostics(), "chart \"D\" was left out: " + reason + "\n");
+        EXPECT_TRUE(run->GetDocument().fItems.empty());
+    }
+    EXPECT_FALSE(Send(kChart)) << "without a run";
+}
+
+TEST(SendTest, WhatIsUnknownIsToldOnceInARun) {
+    ChartRun run;
+    const std::string xml =
+        "<chart version=\"1\" template=\"T\"><plot arrange=\"free\" hue=\"1\"><dots/><dots/></plot></chart>";
+    EXPECT_TRUE(Send(xml) && Send(xml));
+    EXPECT_EQ(run.Diagnostics(),
+              "chart T: unknown attribute \"hue\" of plot\nchart T: unknown element \"dots\" in plot\n");
+}
+
+TEST(SendTest, TemplatesThatAreNoneConvertToNothing) {
+    const TemporaryFolder folder;
+    folder.Write("GLMMEmMeans.xml", "no chart");
+    folder.Write("Own.xml", "<chart version=\"1\" template=\"Own\"><plot/></chart><!-- -->");
+    context::Settings settings;
+    settings.fTemplateFolder = folder.Path("");
+    ChartRun run(settings);
+    const auto convert = [](const char* name) {
+        XViZTemplate chart;
+        chart.setTemplateInternalName(name);
+        chart.addLabel(0, "a<b=\"c\"\n");
+        chart.addLabel(1, "no title");
+        chart.addVariable("s", "v", true, "", "src", nullptr, "");
+        std::string xml = "before";
+        std::string second = "before";
+        chart.convert(xml, second);
+        EXPECT_EQ(second, "");
+        return xml;
+    };
+    EXPECT_EQ(convert("Absent"), "");
+    EXPECT_EQ(convert("GLMMEmMeans"), "");
+    EXPECT_EQ(convert("Own"),
+              "<chart version=\"1\" template=\"Own\"><plot/>"
+              "  <title>a&lt;b&#61;&quot;c&quot;&#10;</title>\n"
+              "  <field slot=\"s\" name=\"v\" source=\"src\" role=\"factor\"/>\n</chart><!-- -->");
+    EXPECT_EQ(run.Diagnostics(),
+              "there is no chart template Absent.xml\nchart template GLMMEmMeans.xml holds no chart\n");
+}
+
+TEST(SendTest, HistogramIsMergedWhereAllThreeCanBeRead) {
+    const std::string histogram = "<?xml version=\"1.0\"?><!-- </chart> --><chart version=\"1\"><plot/></chart>";
+    const std::string stream = R"([{"source":"s","rows":0,"variables":[{"name":"</chart>&","values":["]]>"]}]}])";
+    struct Case {
+        std::string fGraph;
+        std::string fHistogram;
+        std::string fStream;
+        bool fIsMerged;
+    };
+    const Case cases[] = {{kChart, histogram, stream, true},
+                          {kChart, histogram, "[]", true},
+                          {kChart, histogram, "[", false},
+                          {kChart, "<chart>", stream, false},
+                          {kChart, "<graph/>", stream, false},
+                          {kChart, "", stream, false},
+                          {"<chart><plot></chart>", histogram, stream, false},
+                          {"", histogram, stream, false},
+                          {"</chart>", histogram, stream, false}};
+    ChartRun run;
+    EXPECT_EQ(ViZEditor::GetInstance().EmbedHistogramInGraph(kChart, histogram, "[]", 2, 2), "") << "not started";
+    EXPECT_TRUE(KestJVM::GetInstance().StartJVM());
+    EXPECT_TRUE(ViZEditor::GetInstance().StartEditorHeadless(nullptr));
+    for (const auto& [graph, inner, data, isMerged] : cases) {
+        const std::string merged =
+            ViZEditor::GetInstance().EmbedHistogramInGraph(graph, inner, data.data(), static_cast<int>(data.size()), 9);
+        EXPECT_EQ(!merged.empty(), isMerged) << graph << inner << data;
+        if (!isMerged) continue;
+        const std::string sources = data == "[]" ? "0" : "1";
+        EXPECT_EQ(DescribeXml(merged),
+                  "chart template=T\nplot 0 margin=0\ninset at=anchor type=6 sources=" + sources +
+                      " (\nchart\nplot 0 margin=0\n)\nremark: attribute fieldType of inset cannot be \"9\"\n");
+    }
+}
+
+TEST(SendTest, MachineMayRefuseToStart) {
+    context::Settings settings;
+    settings.fMachineRefusesToStart = true;
+    ChartRun run(settings);
+    KestJVM machine = KestJVM::GetInstance();
+    EXPECT_FALSE(machine.StartJVM() || machine.IsStarted() || machine.AttachCurrentThread(nullptr));
+    EXPECT_FALSE(ViZEditor::GetInstance().StartEditorHeadless(machine.GetEnv()) ||
+                 ViZEditor::GetInstance().IsStartedHeadless());
+}
+
+}  // namespace
+
+}  // namespace hierfit::test
