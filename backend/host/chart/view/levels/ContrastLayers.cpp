@@ -45,19 +45,16 @@ Json PointLayer(const LevelsStyle& style) {
 }  // namespace
 
 Json ContrastLayers(const LevelsStyle& style) {
-    const double cap = style.fIsDense ? 50 : 90;
     Json marks = Json::array();
-    marks.push_back(StemLayer(style));
-    marks.push_back(RangeLayer(style, {{"type", "rule"}, {"strokeWidth", 1.2}, {"aria", false}}, "lo", "hi"));
-    marks.push_back(CapLayer(style, "lo", cap, 1.2));
-    marks.push_back(CapLayer(style, "hi", cap, 1.2));
+    if (style.fHasStems) marks.push_back(StemLayer(style));
+    for (Json& layer : CappedRanges(style, style.fIsDense ? 50 : 90, 1.2)) marks.push_back(std::move(layer));
     marks.push_back(PointLayer(style));
     Json levels = {
         {"transform", {{{"filter", expression::kHasMean}}}},
         {"encoding", {{"x", style.fLevels}, {"stroke", MarkChannel(style, palette::kSetOff, palette::kQuiet)}}},
         {"layer", std::move(marks)}};
     Json layers = Json::array();
-    layers.push_back(GuideLayer(style));
+    if (style.fHasGuides) layers.push_back(GuideLayer(style));
     layers.push_back(std::move(levels));
     return {{"layer", std::move(layers)}};
 }

@@ -6,6 +6,13 @@ namespace {
 
 std::string_view ValueKey(const LevelsStyle& style) { return style.fIsTurned ? "x" : "y"; }
 
+Json CapLayer(const LevelsStyle& style, std::string_view field, double size, double strokeWidth) {
+    const Json mark = {{"type", "point"}, {"shape", "stroke"},          {"filled", false},
+                       {"size", size},    {"strokeWidth", strokeWidth}, {"angle", style.fIsTurned ? 90 : 0},
+                       {"aria", false}};
+    return ValueLayer(style, mark, field);
+}
+
 }  // namespace
 
 Json ValueLayer(const LevelsStyle& style, Json mark, std::string_view field) {
@@ -20,11 +27,10 @@ Json RangeLayer(const LevelsStyle& style, Json mark, std::string_view from, std:
     return layer;
 }
 
-Json CapLayer(const LevelsStyle& style, std::string_view field, double size, double strokeWidth) {
-    const Json mark = {{"type", "point"}, {"shape", "stroke"},          {"filled", false},
-                       {"size", size},    {"strokeWidth", strokeWidth}, {"angle", style.fIsTurned ? 90 : 0},
-                       {"aria", false}};
-    return ValueLayer(style, mark, field);
+std::vector<Json> CappedRanges(const LevelsStyle& style, double capSize, double strokeWidth) {
+    if (!style.fHasRanges) return {};
+    return {RangeLayer(style, {{"type", "rule"}, {"strokeWidth", strokeWidth}, {"aria", false}}, "lo", "hi"),
+            CapLayer(style, "lo", capSize, strokeWidth), CapLayer(style, "hi", capSize, strokeWidth)};
 }
 
 void AddTips(Json& layer) {

@@ -9,9 +9,11 @@ namespace hierfit::chart {
 /// A layer over one field of values.
 Json ValueLayer(const LevelsStyle& style, Json mark, std::string_view field);
 
-/// A line from one field of values to another, and one cap at an end of it.
+/// From one field of values to another.
 Json RangeLayer(const LevelsStyle& style, Json mark, std::string_view from, std::string_view to);
-Json CapLayer(const LevelsStyle& style, std::string_view field, double size, double strokeWidth);
+
+/// Lines from "lo" to "hi" with caps at both ends; nothing where there are no ranges.
+std::vector<Json> CappedRanges(const LevelsStyle& style, double capSize, double strokeWidth);
 
 /// Lets the marks of a layer tell what they stand for.
 void AddTips(Json& layer);

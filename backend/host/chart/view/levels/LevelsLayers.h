@@ -16,7 +16,10 @@ struct LevelsStyle {
     Json fColorLegend;  ///< of colours, where there are any; null to hide it
     std::size_t fColors = 0;
     bool fHasColors = false;
-    bool fIsDense = false;  ///< marks are made smaller
+    bool fIsDense = false;   ///< marks are made smaller
+    bool fHasRanges = true;  ///< layers without any values are left out
+    bool fHasStems = true;
+    bool fHasGuides = true;
 };
 
 /// The view of one panel, without size or data: means with capped ranges, joined where they are few series.

@@ -1,7 +1,6 @@
 #include "host/chart/view/levels/LevelsValues.h"
 
 #include <cmath>
-#include <unordered_set>
 
 #include "host/chart/view/levels/LevelsWords.h"
 #include "host/chart/view/parts/ChartWords.h"
@@ -46,18 +45,6 @@ Json GuideValue(const LevelsMarks& marks, const LevelsItems& items, const PanelG
 }
 
 }  // namespace
-
-std::vector<PanelGuide> GuidesOf(const Specification& specification, const LevelsItems& items) {
-    const LineGuides lines(specification);
-    std::vector<PanelGuide> guides;
-    std::unordered_set<std::size_t> seen;
-    for (const LevelsItem& item : items.fvItems) {
-        const std::size_t panel = item.fPlace.fDown * items.fPanels.Across().Count() + item.fPlace.fAcross;
-        if (!seen.insert(panel).second) continue;
-        for (const double height : lines.In(items.fPanels, item.fPlace)) guides.push_back({item.fPlace, height});
-    }
-    return guides;
-}
 
 Json LevelsValues(const LevelsMarks& marks, const LevelsItems& items, const LevelsAxis& axis,
                   const std::vector<PanelGuide>& guides) {

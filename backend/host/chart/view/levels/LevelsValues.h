@@ -7,15 +7,6 @@
 
 namespace hierfit::chart {
 
-/// A horizontal line of one panel.
-struct PanelGuide {
-    Panels::Place fPlace;
-    double fHeight;
-};
-
-/// The lines of the panels that have means.
-std::vector<PanelGuide> GuidesOf(const Specification& specification, const LevelsItems& items);
-
 /// The data of the view: one object for each mean and each line.
 Json LevelsValues(const LevelsMarks& marks, const LevelsItems& items, const LevelsAxis& axis,
                   const std::vector<PanelGuide>& guides);

@@ -4,6 +4,7 @@
 
 #include <charconv>
 #include <cmath>
+#include <unordered_set>
 
 namespace hierfit::chart {
 
@@ -103,6 +104,18 @@ std::vector<double> LineGuides::In(const Panels& panels, const Panels::Place& pl
         Append(heights, number->second);
     }
     return heights;
+}
+
+std::vector<PanelGuide> GuidesOf(const Specification& specification, const LevelsItems& items) {
+    const LineGuides lines(specification);
+    std::vector<PanelGuide> guides;
+    std::unordered_set<std::size_t> seen;
+    for (const LevelsItem& item : items.fvItems) {
+        const std::size_t panel = item.fPlace.fDown * items.fPanels.Across().Count() + item.fPlace.fAcross;
+        if (!seen.insert(panel).second) continue;
+        for (const double height : lines.In(items.fPanels, item.fPlace)) guides.push_back({item.fPlace, height});
+    }
+    return guides;
 }
 
 }  // namespace hierfit::chart

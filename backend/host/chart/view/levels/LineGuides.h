@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/chart/view/parts/Panels.h"
+#include "host/chart/view/levels/LevelsItems.h"
 
 namespace hierfit::chart {
 
@@ -27,5 +27,14 @@ class LineGuides {
     Heights fOfConditions;
     Heights fOfNumbers;  ///< by condition with each number in its shortest form
 };
+
+/// A horizontal line of one panel.
+struct PanelGuide {
+    Panels::Place fPlace;
+    double fHeight;
+};
+
+/// The lines of the panels that have means.
+std::vector<PanelGuide> GuidesOf(const Specification& specification, const LevelsItems& items);
 
 }  // namespace hierfit::chart

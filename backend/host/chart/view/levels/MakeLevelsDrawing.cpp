@@ -103,28 +103,33 @@ LevelsAxis LinearLayout(const LevelsItems& items) {
     return axis;
 }
 
-}  // namespace
-
-Drawing MakeLevelsDrawing(const ViewContext& context) {
+LevelsStyle StyleOf(const ViewContext& context, const LevelsMarks& marks, const LevelsItems& items,
+                    const LevelsAxis& axis, const std::vector<PanelGuide>& guides) {
     const Specification& specification = context.fSpecification;
-    const LevelsMarks marks = FindLevelsMarks(context);
-    const LevelsItems items(context, marks);
-    const LevelsAxis axis = items.fIsLinear ? LinearLayout(items) : LayOutLevels(items, marks.fIsContrast);
-    const std::vector<PanelGuide> guides = GuidesOf(specification, items);
-    std::vector<double> heights;
-    for (const PanelGuide& guide : guides) heights.push_back(guide.fHeight);
-
+    const auto any = [&](auto has) { return std::any_of(items.fvItems.begin(), items.fvItems.end(), has); };
     LevelsStyle style;
     style.fIsTurned = axis.fIsTurned;
-    style.fValues = MakeValueAxis(context, marks, items, heights, axis.fIsTurned ? axis.fWidth : axis.fHeight);
+    style.fValues = MakeValueAxis(context, marks, items, guides, axis.fIsTurned ? axis.fWidth : axis.fHeight);
     style.fLevels = items.fIsLinear ? NumberChannel(marks, specification, axis.fWidth) : axis.Channel(marks.fXTitle);
     style.fHasColors = marks.fpColor != nullptr;
     style.fColors = items.fColors.Count();
-    style.fIsDense = items.fX.Count() > kDenseLevels;
     style.fColorLegend = LegendOf(specification, marks, items, axis.fHeight);
+    style.fIsDense = items.fX.Count() > kDenseLevels;
+    style.fHasRanges = any([](const LevelsItem& item) { return item.fRange.has_value(); });
+    style.fHasStems = any([](const LevelsItem& item) { return item.fBase.has_value(); });
+    style.fHasGuides = !guides.empty();
+    return style;
+}
 
+}  // namespace
+
+Drawing MakeLevelsDrawing(const ViewContext& context) {
+    const LevelsMarks marks = FindLevelsMarks(context);
+    const LevelsItems items(context, marks);
+    const LevelsAxis axis = items.fIsLinear ? LinearLayout(items) : LayOutLevels(items, marks.fIsContrast);
+    const std::vector<PanelGuide> guides = GuidesOf(context.fSpecification, items);
     Json panel = {{"width", std::round(axis.fWidth)}, {"height", std::round(axis.fHeight)}};
-    panel.update(LayersOf(marks, items, style));
+    panel.update(LayersOf(marks, items, StyleOf(context, marks, items, axis, guides)));
     Drawing drawing;
     drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides));
     drawing.fvTexts = TextsOf(marks, items, axis);

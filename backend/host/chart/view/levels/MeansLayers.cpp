@@ -63,18 +63,17 @@ Json OnLevels(const LevelsStyle& style, Json layers) {
 Json MeansLayers(const LevelsStyle& style) {
     Json layers = Json::array();
     if (style.fHasColors && style.fColors <= kMostJoined) layers.push_back(JoiningLine(style, 1.2, 0.45));
-    layers.push_back(RangeLayer(style, {{"type", "rule"}, {"strokeWidth", 1.5}, {"aria", false}}, "lo", "hi"));
-    const double cap = style.fIsDense ? 30 : 56;
-    layers.push_back(CapLayer(style, "lo", cap, 1.5));
-    layers.push_back(CapLayer(style, "hi", cap, 1.5));
-    for (std::size_t i = layers.size() - 3; i < layers.size(); ++i) ColorLine(style, layers[i]);
+    for (Json& layer : CappedRanges(style, style.fIsDense ? 30 : 56, 1.5)) {
+        ColorLine(style, layer);
+        layers.push_back(std::move(layer));
+    }
     layers.push_back(MeanPoints(style, style.fIsDense ? 44 : 62));
     return OnLevels(style, std::move(layers));
 }
 
 Json LinearLayers(const LevelsStyle& style) {
     Json layers = Json::array();
-    layers.push_back(Band(style));
+    if (style.fHasRanges) layers.push_back(Band(style));
     layers.push_back(JoiningLine(style, 2, 1));
     layers.push_back(MeanPoints(style, style.fHasColors ? 56 : 40));
     return OnLevels(style, std::move(layers));

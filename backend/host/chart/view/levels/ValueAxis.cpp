@@ -23,7 +23,7 @@ struct Extent {
     }
 };
 
-Extent ExtentOf(const LevelsItems& items, const std::vector<double>& guides) {
+Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides) {
     Extent extent;
     for (const LevelsItem& item : items.fvItems) {
         extent.Add(item.fMean);
@@ -32,7 +32,7 @@ Extent ExtentOf(const LevelsItems& items, const std::vector<double>& guides) {
         extent.Add(item.fRange->fLow);
         extent.Add(item.fRange->fHigh);
     }
-    for (const double guide : guides) extent.Add(guide);
+    for (const PanelGuide& guide : guides) extent.Add(guide.fHeight);
     return extent;
 }
 
@@ -66,7 +66,7 @@ Json ValueAxis::Channel(std::string_view field) const {
 }
 
 ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, const LevelsItems& items,
-                        const std::vector<double>& guides, double length) {
+                        const std::vector<PanelGuide>& guides, double length) {
     const Extent extent = ExtentOf(items, guides);
     ValueAxis axis;
     axis.fvTitle = WrapText(marks.fMeanTitle, length, {12.5, false}, 3);

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/chart/view/levels/LevelsItems.h"
+#include "host/chart/view/levels/LineGuides.h"
 
 namespace hierfit::chart {
 
@@ -21,6 +22,6 @@ struct ValueAxis {
 
 /// `length`: of the axis in pixels. Heights of guides count for its range.
 ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, const LevelsItems& items,
-                        const std::vector<double>& guides, double length);
+                        const std::vector<PanelGuide>& guides, double length);
 
 }  // namespace hierfit::chart
