@@ -2,7 +2,7 @@
 
 #include <cmath>
 #include <limits>
-#include <set>
+#include <map>
 
 namespace hierfit::chart {
 
@@ -67,19 +67,25 @@ std::string Text(const ChartValue& value) {
     return text == nullptr ? "0" : *text;
 }
 
-/// One line for each panel, each at a height of its own.
-void AddGuides(Sample& sample, const std::vector<SampleMean>& means, double base) {
-    std::set<std::string> conditions;
-    for (const SampleMean& mean : means) {
-        std::string condition = mean.fvLevels.size() < 2 ? "false" : "";
-        for (std::size_t factor = 1; factor < mean.fvLevels.size(); ++factor) {
-            condition += (factor == 1 ? "facet" : "||facet") + std::to_string(factor) + "!=&quot;" +
-                         Text(mean.fvLevels[factor]) + "&quot;";
-        }
-        if (!conditions.insert(condition).second) continue;
-        const double height = base * (1 + 0.01 * static_cast<double>(conditions.size() - 1));
-        sample.fSpecification.fPlot.fvLineGuides.push_back({height, condition});
+/// The condition that names a mean's panel.
+std::string ConditionOf(const SampleMean& mean) {
+    std::string condition = mean.fvLevels.size() < 2 ? "false" : "";
+    for (std::size_t factor = 1; factor < mean.fvLevels.size(); ++factor) {
+        condition += (factor == 1 ? "facet" : "||facet") + std::to_string(factor) + "!=&quot;" +
+                     Text(mean.fvLevels[factor]) + "&quot;";
     }
+    return condition;
+}
+
+/// One line for each panel, each at a height of its own; the heights by condition.
+std::map<std::string, double> AddGuides(Plot& plot, const std::vector<SampleMean>& means, double base) {
+    std::map<std::string, double> heights;
+    for (const SampleMean& mean : means) {
+        const double height = base * (1 + 0.01 * static_cast<double>(heights.size()));
+        const auto [place, isNew] = heights.emplace(ConditionOf(mean), height);
+        if (isNew) plot.fvLineGuides.push_back({place->second, place->first});
+    }
+    return heights;
 }
 
 std::vector<ChartValue> Weeks(int count) {
@@ -237,13 +243,14 @@ Sample ContrastSample(std::string name, std::vector<std::string> factors, std::v
         "The sequential Bonferroni adjusted significance level is 0.05.\nConfidence interval bounds are approximate.",
         {}};
     std::vector<ChartVariable>& variables = sample.fvData[0].fvVariables;
+    const std::map<std::string, double> heights = AddGuides(plot, means, base);
     int count = 0;
     const auto type = [&](const SampleMean&) { return count++ % 6 < 2 ? 1.0 : 0.0; };
     const auto tip = [](const SampleMean& mean) {
         return "Average reaction time (ms) of " + Text(mean.fvLevels[0]) + " is higher";
     };
     variables.push_back({"value", Paired(
-                                      means, [&](const SampleMean&) { return base; },
+                                      means, [&](const SampleMean& mean) { return heights.at(ConditionOf(mean)); },
                                       [](const SampleMean& mean) { return mean.fMean; })});
     variables.push_back({"category", Doubled(means, 0)});
     variables.push_back({"type", Paired(means, type, type)});
@@ -258,7 +265,6 @@ Sample ContrastSample(std::string name, std::vector<std::string> factors, std::v
         specification.fFaceting->fvVariables.push_back(variable);
         specification.fFaceting->fvAlongColumns.push_back(factor == 1);
     }
-    AddGuides(sample, means, base);
     for (const char* each : {"value", "confMargin"}) specification.fvFields.push_back(FieldFor(each, ""));
     return sample;
 }

@@ -129,13 +129,12 @@ const VariableSetting* ShownData::SettingOf(const std::vector<VariableSetting>& 
 
 const ShownVariable* ShownData::FindNamed(std::string_view source, std::string_view name) const {
     for (const Entry& entry : fvEntries) {
-        const bool isMeant = entry.fName == name && (source.empty() || entry.fSource == source);
-        if (isMeant) return entry.fVariable.IsWritten() ? &entry.fVariable : nullptr;
+        if (entry.fName == name && (source.empty() || entry.fSource == source)) return &entry.fVariable;
     }
     return nullptr;
 }
 
-const ShownVariable* ShownData::Find(std::string_view source, std::string_view reference) const {
+const ShownVariable* ShownData::FindAny(std::string_view source, std::string_view reference) const {
     if (reference.empty()) return nullptr;
     for (const Field& field : fpSpecification->fvFields) {
         const bool isSourceMeant = source.empty() || field.fSource.empty() || field.fSource == source;
@@ -144,6 +143,16 @@ const ShownVariable* ShownData::Find(std::string_view source, std::string_view r
         }
     }
     return FindNamed(source, reference);
+}
+
+const ShownVariable* ShownData::Find(std::string_view source, std::string_view reference) const {
+    const ShownVariable* variable = FindAny(source, reference);
+    return variable != nullptr && variable->IsWritten() ? variable : nullptr;
+}
+
+std::string ShownData::LabelOf(std::string_view source, std::string_view reference) const {
+    const ShownVariable* variable = FindAny(source, reference);
+    return variable == nullptr ? std::string() : variable->Label();
 }
 
 }  // namespace hierfit::chart

@@ -73,6 +73,9 @@ class ShownData {
     /// a source the first variable of that slot or name counts.
     const ShownVariable* Find(std::string_view source, std::string_view reference) const;
 
+    /// The label of the variable that a reference means, written to or not; empty when there is none.
+    std::string LabelOf(std::string_view source, std::string_view reference) const;
+
   private:
     struct Entry {
         std::string_view fSource;
@@ -83,6 +86,7 @@ class ShownData {
     const Field* FieldOf(std::string_view source, std::string_view name) const;
     static const VariableSetting* SettingOf(const std::vector<VariableSetting>& settings, std::string_view name,
                                             int index);
+    const ShownVariable* FindAny(std::string_view source, std::string_view reference) const;
     const ShownVariable* FindNamed(std::string_view source, std::string_view name) const;
 
     const Specification* fpSpecification;

@@ -13,14 +13,15 @@ constexpr TextStyle kLabelStyle{11.5, false};
 constexpr double kWideWidth = 560;
 constexpr double kMostWidth = 640;
 constexpr double kHeight = 320;
-constexpr double kGap = 10;           // between the words of two levels side by side
+constexpr double kGap = 8;            // between the words of two levels side by side
 constexpr double kLeastSlot = 16;     // for words that stand
 constexpr double kLeastSlanted = 24;  // for words that slant
 constexpr double kSlantedRoom = 150;
 constexpr double kTurnedSlot = 20;
 constexpr double kTurnedRoom = 260;
 constexpr double kMostDodge = 26;
-constexpr double kLeastDodge = 9;
+constexpr double kLeastDodge = 9;        // below each other
+constexpr double kNarrowestDodge = 5.4;  // side by side
 constexpr std::size_t kFlatLines = 3;
 
 double LongestWord(const std::string& text) {
@@ -87,7 +88,7 @@ bool BearsSlant(const LevelsItems& items, const LevelsAxis& axis) {
 }
 
 bool HasRoomForColors(const LevelsItems& items, const LevelsAxis& axis) {
-    return axis.fSlot * 0.8 >= kLeastDodge * static_cast<double>(items.fColors.Count());
+    return axis.fSlot * 0.8 >= kNarrowestDodge * static_cast<double>(items.fColors.Count());
 }
 
 }  // namespace

@@ -6,8 +6,6 @@ namespace hierfit::chart {
 
 namespace {
 
-std::string LabelOf(const ShownVariable* variable) { return variable == nullptr ? std::string() : variable->Label(); }
-
 void SetIfMissing(std::string& reference, const std::string& given) {
     if (reference.empty()) reference = given;
 }
@@ -37,12 +35,13 @@ LevelsMarks FindLevelsMarks(const ViewContext& context) {
     marks.fColorReference = specification.fPlot.fColor;
     marks.fpColor = context.fData.Find(marks.fSource, marks.fColorReference);
     const std::string mean = Translated("Estimated Mean");
-    const std::string meanLabel = LabelOf(marks.fpMean);
-    marks.fXTitle = AxisTitleOr(specification, true, LabelOf(marks.fpX));
+    const auto label = [&](const std::string& reference) { return context.fData.LabelOf(marks.fSource, reference); };
+    const std::string meanLabel = label(marks.fMeanReference);
+    marks.fXTitle = AxisTitleOr(specification, true, label(marks.fXReference));
     marks.fMeanTitle = AxisTitleOr(specification, false, meanLabel.empty() ? mean : meanLabel);
-    marks.fXName = PopupOr(specification, marks.fXReference, LabelOf(marks.fpX));
+    marks.fXName = PopupOr(specification, marks.fXReference, label(marks.fXReference));
     marks.fMeanName = PopupOr(specification, marks.fMeanReference, mean);
-    marks.fColorName = PopupOr(specification, marks.fColorReference, LabelOf(marks.fpColor));
+    marks.fColorName = PopupOr(specification, marks.fColorReference, label(marks.fColorReference));
     return marks;
 }
 

@@ -116,7 +116,8 @@ Json Panels::Arrange(Json panel, Json values) const {
         view["facet"] = across;
     }
     view["spec"] = std::move(panel);
-    if (fAcross.Count() % Columns() != 0) view["resolve"] = {{"axis", {{"x", "independent"}}}};
+    const bool hasOwnAxes = !HasTwoVariables() && (Rows() == 1 || fAcross.Count() % Columns() != 0);
+    if (hasOwnAxes) view["resolve"] = {{"axis", {{"x", "independent"}}}};
     return view;
 }
 

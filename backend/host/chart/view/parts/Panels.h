@@ -41,8 +41,8 @@ class Panels {
     /// Writes "p" and "q" into an item of a view's data.
     void Mark(const Place& place, Json& item) const;
 
-    /// The view of all panels, from the view of one of them and the data. Where the last row of panels is shorter than
-    /// the others each panel has an axis of its own along x.
+    /// The view of all panels, from the view of one of them and the data. Panels have an axis of their own along x where
+    /// they stand in one row, and where the last of several rows is shorter than the others.
     Json Arrange(Json panel, Json values) const;
 
     /// The words over and beside the panels, cut to the size of a panel.
