@@ -1,7 +1,116 @@
 #include "host/chart/view/Drawing.h"
+#include "host/chart/view/histogram/Histogram.h"
+#include "host/chart/view/network/DiagramLayout.h"
+#include "host/chart/view/network/DiagramMarks.h"
+#include "host/chart/view/network/ReadDiagram.h"
+#include "host/chart/view/parts/ChartWords.h"
+#include "host/chart/view/parts/Numbers.h"
+#include "host/chart/view/parts/ViewExpressions.h"
+#include "host/chart/view/text/WrapText.h"
 
 namespace hierfit::chart {
 
-Drawing MakeDiagramDrawing(const ViewContext&) { return {Json::object(), {}, 0, {}}; }
+namespace {
+
+Histogram ReadInset(const Specification& specification) {
+    if (!specification.fInset || specification.fInset->fpChart == nullptr) return {};
+    const Inset& inset = *specification.fInset;
+    const std::vector<VariableSetting> noSettings;
+    const ShownData data(*inset.fpChart, inset.fvData, noSettings);
+    return ReadHistogram(*inset.fpChart, data, inset.fFieldType);
+}
+
+std::vector<std::string> KeepAllBlanks(const std::vector<std::string>& texts) {
+    std::vector<std::string> kept;
+    for (const std::string& text : texts) kept.push_back(KeepBlanks(text));
+    return kept;
+}
+
+std::vector<LevelTexts> Texts(const Diagram& diagram) {
+    std::vector<LevelTexts> texts;
+    const auto add = [&texts](std::string_view name, const std::vector<std::string>& words) {
+        if (!words.empty()) texts.push_back({name, KeepAllBlanks(words)});
+    };
+    if (diagram.fvNodes.empty()) return texts;
+    add(expression::kWeightNames, diagram.fWeights.fvWords);
+    add(expression::kTypeNames, diagram.fTypes.fvWords);
+    add(expression::kSignNames, diagram.fSigns.fvWords);
+    return texts;
+}
+
+/// The columns of the nodes that say anything; those of the histogram's bins follow them.
+void ShowNodes(const Diagram& diagram, document::ChartShown& shown) {
+    const std::vector<std::string> titles = {Translated("Node"), diagram.fTypes.fTitle, diagram.fWeights.fTitle,
+                                             diagram.fSigns.fTitle};
+    std::vector<std::size_t> used;
+    if (!diagram.fvNodes.empty()) used.push_back(0);
+    for (std::size_t column = 1; column < titles.size(); ++column) {
+        if (!titles[column].empty()) used.push_back(column);
+    }
+    for (const std::size_t column : used) shown.fvColumns.push_back(titles[column]);
+    for (const std::vector<std::string>& row : diagram.fvRows) {
+        shown.fvRows.emplace_back();
+        for (const std::size_t column : used) shown.fvRows.back().push_back(row[column]);
+    }
+}
+
+void ShowBins(const Histogram& histogram, document::ChartShown& shown) {
+    if (histogram.fBins.fvBins.empty()) return;
+    const std::size_t before = shown.fvColumns.size();
+    shown.fvColumns.insert(shown.fvColumns.end(), {histogram.fLabel, histogram.fCountLabel});
+    for (std::vector<std::string>& row : shown.fvRows) row.resize(before + 2);
+    for (const Bin& bin : histogram.fBins.fvBins) {
+        std::vector<std::string>& row = shown.fvRows.emplace_back(before);
+        row.push_back(histogram.RangeInWords(bin));
+        row.push_back(ShortNumber(bin.fCount));
+    }
+}
+
+std::string Sentence(const Specification& specification, const Diagram& diagram, const Histogram& histogram) {
+    std::string sentence =
+        Translated("Diagram: ^1. Target: ^2. Nodes: ^3.",
+                   {TitleInWords(specification), diagram.fTarget.fName, std::to_string(diagram.fvNodes.size())});
+    if (!diagram.fvLinks.empty() && !diagram.fWeights.fTitle.empty()) {
+        const DiagramWeights& weights = diagram.fWeights;
+        sentence += " " + Translated("Width of the lines: ^1, from ^2 to ^3.",
+                                     {weights.fTitle, weights.InWords(diagram.fvLinks.back().fWeight),
+                                      weights.InWords(diagram.fvLinks.front().fWeight)});
+    }
+    if (histogram.fBins.fvBins.empty()) return sentence;
+    return sentence + " " + HistogramSentence(histogram);
+}
+
+document::ChartShown Show(const Specification& specification, const Diagram& diagram, const Histogram& histogram) {
+    document::ChartShown shown;
+    shown.fSentence = Sentence(specification, diagram, histogram);
+    ShowNodes(diagram, shown);
+    ShowBins(histogram, shown);
+    return shown;
+}
+
+}  // namespace
+
+Drawing MakeDiagramDrawing(const ViewContext& context) {
+    Diagram diagram = ReadDiagram(context);
+    const Histogram histogram = ReadInset(context.fSpecification);
+    if (diagram.fTarget.fName.empty()) diagram.fTarget.fName = histogram.fLabel;
+    if (diagram.fTarget.fTip.empty()) diagram.fTarget.fTip = diagram.fTarget.fName;
+    const bool hasHistogram = !histogram.fBins.fvBins.empty();
+    const DiagramLayout layout = LayDiagramOut(context.fSpecification.fPlot, diagram, hasHistogram);
+    Json layers = Json::array();
+    if (!diagram.fvNodes.empty()) layers.push_back(DiagramMarks(diagram, layout));
+    for (Json& layer : TargetBoxLayers(layout.fBox, diagram.fTarget, histogram, layout.fHeight)) {
+        layers.push_back(std::move(layer));
+    }
+    Drawing drawing;
+    drawing.fView = {{"width", Rounded(layout.fWidth)},
+                     {"height", Rounded(layout.fHeight)},
+                     {"layer", std::move(layers)},
+                     {"resolve", {{"scale", {{"x", "independent"}, {"y", "independent"}}}}}};
+    drawing.fvTexts = Texts(diagram);
+    drawing.fWidth = layout.fWidth;
+    drawing.fShown = Show(context.fSpecification, diagram, histogram);
+    return drawing;
+}
 
 }  // namespace hierfit::chart

@@ -16,6 +16,9 @@ inline constexpr std::string_view kFirst = "#0072b2";
 inline constexpr std::string_view kSetOff = "#d55e00";  ///< what is significant
 inline constexpr std::string_view kQuiet = "#7f8a96";   ///< what is not
 inline constexpr std::string_view kPaper = "#ffffff";
+inline constexpr std::string_view kBar = "#c6d3e1";
+inline constexpr std::string_view kBoxEdge = "#c9ced6";
+inline constexpr std::string_view kPlainLink = "#7f93a8";
 }  // namespace palette
 
 /// Colours that tell eight levels apart, for any kind of sight; a ramp beyond eight.

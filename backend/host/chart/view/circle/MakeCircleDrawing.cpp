@@ -1,0 +1,87 @@
+#include "host/chart/view/Drawing.h"
+#include "host/chart/view/circle/CircleLayout.h"
+#include "host/chart/view/circle/PairwiseMarks.h"
+#include "host/chart/view/circle/ReadPairwise.h"
+#include "host/chart/view/parts/ChartWords.h"
+#include "host/chart/view/parts/ViewExpressions.h"
+#include "host/chart/view/text/WrapText.h"
+
+namespace hierfit::chart {
+
+namespace {
+
+std::vector<std::vector<std::string>> NamesOf(const Pairwise& pairwise) {
+    std::vector<std::vector<std::string>> names;
+    for (const PairwisePanel& panel : pairwise.fvPanels) names.push_back(panel.fvNames);
+    return names;
+}
+
+std::vector<LevelTexts> Texts(const Pairwise& pairwise, const CircleLayout& layout, const Panels& panels) {
+    std::vector<LevelTexts> texts = {
+        {expression::kTypeNames, {KeepBlanks(pairwise.fRestInWords), KeepBlanks(pairwise.fSetOffInWords)}}};
+    panels.AddTexts(texts, layout.Width(), layout.Height());
+    return texts;
+}
+
+std::string Sentence(const Specification& specification, const Pairwise& pairwise) {
+    std::size_t nodes = 0;
+    std::size_t lines = 0;
+    std::size_t setOff = 0;
+    for (const PairwisePanel& panel : pairwise.fvPanels) {
+        nodes += panel.fvNames.size();
+        lines += panel.fvLinks.size();
+        for (const PairwiseLink& link : panel.fvLinks) setOff += link.fIsSetOff ? 1 : 0;
+    }
+    return Translated("Graph of pairs: ^1. Nodes: ^2. Lines: ^3; ^4: ^5.",
+                      {TitleInWords(specification), std::to_string(nodes), std::to_string(lines),
+                       pairwise.fSetOffInWords, std::to_string(setOff)});
+}
+
+/// The panel in words, a cell for each facet variable.
+std::vector<std::string> PanelCells(const Panels& panels, const Panels::Place& place) {
+    std::vector<std::string> cells;
+    if (panels.HasHeadings()) cells.push_back(panels.Across().Text(place.fAcross));
+    if (panels.HasTwoVariables()) cells.push_back(panels.Down().Text(place.fDown));
+    return cells;
+}
+
+std::vector<std::string> Columns(const Pairwise& pairwise, const Panels& panels) {
+    std::vector<std::string> columns;
+    if (panels.HasHeadings()) columns.push_back(panels.AcrossVariable()->Label());
+    if (panels.HasTwoVariables()) columns.push_back(panels.DownVariable()->Label());
+    columns.push_back(Translated("^1 (first)", {pairwise.fNodeTitle}));
+    columns.push_back(Translated("^1 (second)", {pairwise.fNodeTitle}));
+    columns.insert(columns.end(), pairwise.fvFigureTitles.begin(), pairwise.fvFigureTitles.end());
+    columns.push_back(Translated("E62317"));
+    return columns;
+}
+
+document::ChartShown Show(const Specification& specification, const Pairwise& pairwise, const Panels& panels) {
+    document::ChartShown shown{Sentence(specification, pairwise), Columns(pairwise, panels), {}};
+    for (const PairwisePanel& panel : pairwise.fvPanels) {
+        for (const PairwiseLink& link : panel.fvLinks) {
+            std::vector<std::string>& row = shown.fvRows.emplace_back(PanelCells(panels, panel.fPlace));
+            row.push_back(panel.fvNames[link.fFrom]);
+            row.push_back(panel.fvNames[link.fTo]);
+            row.insert(row.end(), link.fvFigures.begin(), link.fvFigures.end());
+            row.push_back(link.fIsSetOff ? pairwise.fSetOffInWords : pairwise.fRestInWords);
+        }
+    }
+    return shown;
+}
+
+}  // namespace
+
+Drawing MakeCircleDrawing(const ViewContext& context) {
+    const Panels panels = PairwisePanels(context);
+    const Pairwise pairwise = ReadPairwise(context, panels);
+    const CircleLayout layout(NamesOf(pairwise), panels.Columns());
+    Drawing drawing;
+    drawing.fView = panels.Arrange(PairwiseLayers(pairwise, layout), PairwiseValues(pairwise, layout, panels));
+    drawing.fvTexts = Texts(pairwise, layout, panels);
+    drawing.fWidth = layout.Width() * static_cast<double>(panels.Columns());
+    drawing.fShown = Show(context.fSpecification, pairwise, panels);
+    return drawing;
+}
+
+}  // namespace hierfit::chart

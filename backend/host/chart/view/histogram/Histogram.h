@@ -1,0 +1,33 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "host/chart/specification/Specification.h"
+#include "host/chart/view/ShownData.h"
+#include "host/chart/view/histogram/Bins.h"
+#include "host/chart/view/histogram/DistributionCurve.h"
+
+namespace hierfit::chart {
+
+/// Frequencies in bins with the distribution of a model over them. It owns all that it holds.
+struct Histogram {
+    Bins fBins;
+    DistributionCurve fCurve;
+    std::string fLabel;       ///< of what is in the bins
+    std::string fCountLabel;  ///< of their heights
+
+    /// The end of the axis of counts. A curve with a pole does not flatten the bars: it may be cut.
+    double Top() const;
+
+    /// The range of a bin in words, or its one value.
+    std::string RangeInWords(const Bin& bin) const;
+};
+
+/// Reads the bars and the curve of a specification. Without a field type the target counts as continuous.
+Histogram ReadHistogram(const Specification& specification, const ShownData& data, std::optional<int> fieldType);
+
+/// What the histogram shows, in one sentence or two.
+std::string HistogramSentence(const Histogram& histogram);
+
+}  // namespace hierfit::chart

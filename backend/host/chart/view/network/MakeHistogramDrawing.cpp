@@ -1,7 +1,0 @@
-#include "host/chart/view/Drawing.h"
-
-namespace hierfit::chart {
-
-Drawing MakeHistogramDrawing(const ViewContext&) { return {Json::object(), {}, 0, {}}; }
-
-}  // namespace hierfit::chart

@@ -1,0 +1,39 @@
+#include "host/chart/view/parts/Numbers.h"
+
+#include <fmt/format.h>
+
+#include <charconv>
+#include <cmath>
+
+namespace hierfit::chart {
+
+namespace {
+
+constexpr double kLargestPlaceable = 1e300;
+
+}  // namespace
+
+std::string ShortNumber(double number) { return fmt::format("{:.6g}", number == 0 ? 0.0 : number); }
+
+double Rounded(double number) {
+    const std::string text = ShortNumber(number);
+    double rounded = number;
+    std::from_chars(text.data(), text.data() + text.size(), rounded);
+    return rounded;
+}
+
+std::optional<double> Placeable(std::optional<double> number) {
+    const bool isPlaceable = number && std::isfinite(*number) && std::abs(*number) <= kLargestPlaceable;
+    return isPlaceable ? number : std::nullopt;
+}
+
+std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row) {
+    if (variable == nullptr || row >= variable->Rows()) return std::nullopt;
+    return Placeable(variable->NumberAt(row));
+}
+
+std::string WordsAt(const ShownVariable* variable, std::size_t row) {
+    return variable == nullptr || row >= variable->Rows() ? std::string() : variable->Words(variable->At(row));
+}
+
+}  // namespace hierfit::chart

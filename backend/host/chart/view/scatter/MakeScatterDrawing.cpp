@@ -1,0 +1,141 @@
+#include <algorithm>
+#include <cmath>
+
+#include "host/chart/view/Drawing.h"
+#include "host/chart/view/parts/ChartWords.h"
+#include "host/chart/view/parts/Encodings.h"
+#include "host/chart/view/parts/Numbers.h"
+#include "host/chart/view/parts/Palette.h"
+#include "host/chart/view/scatter/ReadScatter.h"
+#include "host/chart/view/text/WrapText.h"
+
+namespace hierfit::chart {
+
+namespace {
+
+constexpr double kSquare = 420;
+constexpr double kWidth = 560;
+constexpr double kHeight = 360;
+constexpr double kRoomForAxis = 70;
+constexpr double kRoomForLegend = 90;
+constexpr double kPalest = 0.22;
+constexpr double kLegendSteps = 4;
+constexpr TextStyle kTitleStyle{12.5, false};
+
+Json Channel(std::string_view field, const ScatterAxis& axis, double length) {
+    Json look = {{"grid", true}, {"tickCount", 6}, {"labelOverlap", "parity"}};
+    if (!axis.fFormat.empty()) look["format"] = axis.fFormat;
+    return {{"field", field},
+            {"type", "quantitative"},
+            {"title", WrapText(axis.fTitle, length, kTitleStyle, 3)},
+            {"scale", {{"domain", {Rounded(axis.fLow), Rounded(axis.fHigh)}}, {"nice", false}, {"zero", false}}},
+            {"axis", look}};
+}
+
+/// A few frequencies from 1 to the most frequent, a whole and even step apart.
+std::vector<double> LegendValues(double most) {
+    const double step = std::max(1.0, std::ceil(most / kLegendSteps));
+    std::vector<double> values;
+    if (step > 1) values.push_back(1);
+    for (double value = step; value <= most; value += step) values.push_back(value);
+    return values;
+}
+
+Json OpacityChannel(const Specification& specification, const Scatter& scatter) {
+    Json channel = {
+        {"field", "f"},
+        {"type", "quantitative"},
+        {"title", scatter.fFrequencyTitle},
+        {"scale", {{"domain", {0, std::max(2.0, scatter.fMostFrequent)}}, {"range", {kPalest, 1}}, {"nice", false}}},
+        {"legend", nullptr}};
+    const Legend* legend = FindLegend(specification, scatter.fReference);
+    if (legend == nullptr || scatter.fvPoints.empty()) return channel;
+    const std::vector<double> values = LegendValues(scatter.fMostFrequent);
+    channel["title"] = WrapText(LegendTitleOr(*legend, scatter.fFrequencyTitle), 160, kTitleStyle, 3);
+    channel["legend"] = {{"values", values},
+                         {"tickCount", values.size() * 2},
+                         {"symbolType", "circle"},
+                         {"symbolFillColor", palette::kFirst},
+                         {"symbolStrokeColor", nullptr},
+                         {"symbolStrokeWidth", 0}};
+    return channel;
+}
+
+/// The line on which both axes agree, as far as both reach.
+Json DiagonalLayer(const Scatter& scatter, const Json& x, const Json& y) {
+    const double low = std::max(scatter.fX.fLow, scatter.fY.fLow);
+    const double high = std::min(scatter.fX.fHigh, scatter.fY.fHigh);
+    Json values = Json::array();
+    if (low < high) values.push_back({{"a", Rounded(low)}, {"b", Rounded(high)}});
+    Json encoding = {{"x", x}, {"x2", {{"field", "b"}}}, {"y", y}, {"y2", {{"field", "b"}}}};
+    encoding["x"]["field"] = "a";
+    encoding["y"]["field"] = "a";
+    return {{"data", {{"values", values}}},
+            {"mark",
+             {{"type", "rule"},
+              {"stroke", palette::kSoftInk},
+              {"strokeDash", {5, 4}},
+              {"strokeWidth", 1.2},
+              {"clip", true},
+              {"aria", false}}},
+            {"encoding", encoding}};
+}
+
+std::string Tip(const Scatter& scatter, const ScatterPoint& point) {
+    std::string tip = scatter.fX.fTitle + ": " + point.fXInWords + "\n" + scatter.fY.fTitle + ": " + point.fYInWords;
+    if (!scatter.fReference.empty()) tip += "\n" + scatter.fFrequencyTitle + ": " + point.fFrequencyInWords;
+    return tip;
+}
+
+Json PointLayer(const Specification& specification, const Scatter& scatter, const Json& x, const Json& y) {
+    Json values = Json::array();
+    for (const ScatterPoint& point : scatter.fvPoints) {
+        values.push_back({{"x", Rounded(point.fX)},
+                          {"y", Rounded(point.fY)},
+                          {"f", Rounded(point.fFrequency)},
+                          {"tip", Tip(scatter, point)}});
+    }
+    Json encoding = {{"x", x}, {"y", y}};
+    if (!scatter.fReference.empty()) encoding["opacity"] = OpacityChannel(specification, scatter);
+    AddTip(encoding);
+    Json mark = {{"type", "point"}, {"shape", "circle"},        {"size", 72},
+                 {"filled", true},  {"color", palette::kFirst}, {"strokeWidth", 0}};
+    if (scatter.fReference.empty()) mark["opacity"] = 0.5;
+    return {{"data", {{"values", std::move(values)}}}, {"mark", mark}, {"encoding", encoding}};
+}
+
+document::ChartShown Show(const Scatter& scatter) {
+    document::ChartShown shown;
+    shown.fSentence = Translated("Scatter plot of ^1 by ^2. Points: ^3, from ^4 to ^5.",
+                                 {scatter.fY.fTitle, scatter.fX.fTitle, std::to_string(scatter.fvPoints.size()),
+                                  ShortNumber(std::min(scatter.fX.fLow, scatter.fY.fLow)),
+                                  ShortNumber(std::max(scatter.fX.fHigh, scatter.fY.fHigh))});
+    shown.fvColumns = {scatter.fX.fTitle, scatter.fY.fTitle};
+    if (!scatter.fReference.empty()) shown.fvColumns.push_back(scatter.fFrequencyTitle);
+    for (const ScatterPoint& point : scatter.fvPoints) {
+        shown.fvRows.push_back({point.fXInWords, point.fYInWords});
+        if (!scatter.fReference.empty()) shown.fvRows.back().push_back(point.fFrequencyInWords);
+    }
+    return shown;
+}
+
+}  // namespace
+
+Drawing MakeScatterDrawing(const ViewContext& context) {
+    const Scatter scatter = ReadScatter(context);
+    const Plot& plot = context.fSpecification.fPlot;
+    const double width = plot.fSquare ? kSquare : kWidth;
+    const double height = plot.fSquare ? kSquare : kHeight;
+    const Json x = Channel("x", scatter.fX, width);
+    const Json y = Channel("y", scatter.fY, height);
+    Json layers = Json::array();
+    if (plot.fHasDiagonal) layers.push_back(DiagonalLayer(scatter, x, y));
+    layers.push_back(PointLayer(context.fSpecification, scatter, x, y));
+    Drawing drawing;
+    drawing.fView = {{"width", width}, {"height", height}, {"layer", std::move(layers)}};
+    drawing.fWidth = width + kRoomForAxis + kRoomForLegend;
+    drawing.fShown = Show(scatter);
+    return drawing;
+}
+
+}  // namespace hierfit::chart
