@@ -51,9 +51,9 @@ bool AppendDrawing(std::string& out, const document::Chart& chart, const ChartPl
 
 void AppendSentence(std::string& out, const std::string& sentence) {
     if (sentence.empty()) return;
-    out += "<figcaption><p>";
+    out += "<p>";
     AppendText(out, sentence);
-    out += "</p></figcaption>\n";
+    out += "</p>\n";
 }
 
 void AppendValues(std::string& out, const document::ChartShown& shown, const ChartPlace& place, bool isOpen) {

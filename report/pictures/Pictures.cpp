@@ -34,8 +34,9 @@ class Drawer {
 
     /// Empty when it cannot be drawn.
     std::string Draw(const std::string& view) {
-        const char* svg = fpFunctions->fpDraw(fpEngine.get(), view.c_str());
-        return svg ? html::MakeSafeSvg(svg, {}).value_or("") : "";
+        std::size_t size = 0;
+        const char* svg = fpFunctions->fpDraw(fpEngine.get(), view.c_str(), &size);
+        return svg ? html::MakeSafeSvg({svg, size}, {}).value_or("") : "";
     }
 
   private:

@@ -7,6 +7,7 @@ import { existsSync, readFileSync, readdirSync } from "node:fs";
 import { createRequire } from "node:module";
 import { basename, join, resolve } from "node:path";
 import { fileURLToPath, pathToFileURL } from "node:url";
+import * as charts from "./charts.mjs";
 import * as checks from "./checks.mjs";
 import { sampleChecks } from "./samples.mjs";
 
@@ -61,7 +62,7 @@ async function judge(browser, path, sampleCheck) {
   const watched = watch(page, url);
   await page.goto(url);
   const faults = [...checkValidity(path)];
-  for (const check of [checks.checkElements, checks.checkLinks, checks.checkHeaders, checks.checkAlignment, checks.checkPhone]) {
+  for (const check of [charts.checkDrawn, charts.checkTips, checks.checkElements, checks.checkLinks, checks.checkHeaders, checks.checkAlignment, checks.checkPhone]) {
     faults.push(...await check(page));
   }
   faults.push(...await checks.checkAccessibility(page, axeSource));

@@ -11,7 +11,7 @@ const countParts = (item) => (item.items ?? []).reduce((sum, mark) => sum + (mar
 
 function draw(drawing, tip) {
   const source = drawing.querySelector("script");
-  const view = makeView(JSON.parse(source.textContent)).run();
+  const view = makeView(JSON.parse(source.textContent));
   const picture = document.createElement("div");
   drawing.append(picture);
   const isLarge = countMarks(view.scenegraph().root) > mostElements;
@@ -43,6 +43,6 @@ export function drawPage() {
   };
   const step = () => drawNext() && setTimeout(step);
   addEventListener("beforeprint", () => { while (drawNext()); });
-  addEventListener("scroll", () => tip.hide(), { passive: true, capture: true });
+  addEventListener("scroll", () => tip.settle(), { passive: true, capture: true });
   step();
 }

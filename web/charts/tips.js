@@ -17,11 +17,32 @@ const makeTip = () => {
   return tip;
 };
 
+const markOf = (element) => {
+  const item = element?.__data__;
+  const found = Array.isArray(item) ? item[0] : item;
+  return found?.tooltip ? found : undefined;
+};
+
 /** The one tip of a page. */
 export class Tip {
   #element = makeTip();
+  #mark = null;
 
-  show(value, x, y) {
+  /** Shows the tip of a mark's element beside it, and keeps it there. */
+  showAt(mark) {
+    const { left, top, width, height } = mark.getBoundingClientRect();
+    this.#show(markOf(mark).tooltip, left + width / 2, top + height / 2);
+    this.#mark = mark;
+  }
+
+  /** When the page was scrolled: a tip by a mark goes with it, one by the pointer goes away. */
+  settle() {
+    if (this.#mark) this.showAt(this.#mark);
+    else this.hide();
+  }
+
+  #show(value, x, y) {
+    this.#mark = null;
     const element = this.#element;
     element.textContent = textOf(value);
     element.hidden = false;
@@ -34,6 +55,7 @@ export class Tip {
   }
 
   hide() {
+    this.#mark = null;
     this.#element.hidden = true;
     this.#element.textContent = "";
   }
@@ -42,25 +64,15 @@ export class Tip {
   handler() {
     return (_, event, item, value) => {
       if (value === null || value === undefined || value === "") this.hide();
-      else this.show(value, event.clientX, event.clientY);
+      else this.#show(value, event.clientX, event.clientY);
     };
   }
 }
-
-const markOf = (element) => {
-  const item = element?.__data__;
-  const found = Array.isArray(item) ? item[0] : item;
-  return found?.tooltip ? found : undefined;
-};
 
 /** Lets the marks of a drawing be reached by touch and by the arrow keys. */
 export function listenForTips(drawing, tip) {
   let marks;
   let place = -1;
-  const showAt = (element) => {
-    const { left, top, width, height } = element.getBoundingClientRect();
-    tip.show(markOf(element).tooltip, left + width / 2, top + height / 2);
-  };
   const leave = () => {
     marks?.[place]?.classList.remove("at");
     place = -1;
@@ -71,11 +83,11 @@ export function listenForTips(drawing, tip) {
     place = (next + marks.length) % marks.length;
     marks[place].classList.add("at");
     marks[place].scrollIntoView({ block: "nearest", inline: "nearest" });
-    showAt(marks[place]);
+    tip.showAt(marks[place]);
   };
 
   drawing.addEventListener("pointerdown", (event) => {
-    if (event.pointerType === "touch") markOf(event.target) ? showAt(event.target) : leave();
+    if (event.pointerType === "touch") markOf(event.target) ? tip.showAt(event.target) : leave();
   });
   drawing.addEventListener("keydown", (event) => {
     if (event.key === "Escape") return leave();

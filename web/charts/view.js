@@ -12,10 +12,18 @@ const loader = {
   sanitize: () => Promise.reject(new Error("nothing is linked")),
 };
 
-/** A view that nothing shows yet. */
+// Something that shows nothing is nothing to hear of either.
+function silenceEmpty(mark) {
+  if (mark.items.length === 0) mark.aria = false;
+  for (const item of mark.items) item.items?.forEach((part) => part.items && silenceEmpty(part));
+}
+
+/** A view that has run and that nothing shows yet. */
 export function makeView(specification) {
   const quiet = logger(ErrorLevel);
   const { spec } = compile(specification, { logger: quiet });
-  const runtime = parse(spec, {}, { ast: true });
-  return new View(runtime, { expr: expressionInterpreter, renderer: "none", loader, logger: quiet });
+  const runtime = parse(spec, { events: { bind: "none" } }, { ast: true });
+  const view = new View(runtime, { expr: expressionInterpreter, renderer: "none", loader, logger: quiet }).run();
+  silenceEmpty(view.scenegraph().root);
+  return view;
 }

@@ -41,10 +41,11 @@ HierfitPictures* Open(const char* script) {
     return pictures.release();
 }
 
-const char* Draw(HierfitPictures* pictures, const char* view) {
+const char* Draw(HierfitPictures* pictures, const char* view, std::size_t* size) {
     ScriptEngine& engine = pictures->fEngine;
     engine.SetText("view", view);
     if (!engine.Run(kDraw) || !engine.GetText("picture", pictures->fPicture)) return nullptr;
+    *size = pictures->fPicture.size();
     return pictures->fPicture.c_str();
 }
 

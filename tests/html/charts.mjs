@@ -1,0 +1,41 @@
+// What holds of every chart on a page. Each check gives a list of faults.
+
+/** Every view is drawn as a picture, and none where its page has static ones; each figure has a name, and a table unless
+ * its chart shows no values. */
+export async function checkDrawn(page) {
+  const drawn = () => Array.from(document.querySelectorAll(".drawing"))
+    .every((drawing) => drawing.querySelector("svg, canvas, p"));
+  const isDone = await page.waitForFunction(drawn, null, { timeout: 60000 }).then(() => true, () => false);
+  return page.evaluate((done) => {
+    const faults = done ? [] : ["a chart is neither drawn nor said to have failed"];
+    for (const figure of document.querySelectorAll("figure.chart")) {
+      const name = document.getElementById(figure.getAttribute("aria-labelledby"))?.textContent;
+      if (figure.getAttribute("role") !== "group" || !name) faults.push(`#${figure.id} has no name`);
+      const drawing = figure.querySelector(".drawing");
+      if (drawing && !drawing.querySelector("svg")?.getBoundingClientRect().width && !drawing.querySelector("canvas")) {
+        faults.push(`#${figure.id} is not drawn: ${drawing.textContent.slice(0, 80)}`);
+      }
+    }
+    const ids = Array.from(document.querySelectorAll("[id]"), ({ id }) => id);
+    for (const id of ids.filter((id, place) => ids.indexOf(id) !== place)) faults.push(`two elements are #${id}`);
+    return faults;
+  }, isDone);
+}
+
+/** The arrow keys lead through the marks, and each one's tip is a text, to the letter. */
+export async function checkTips(page) {
+  const faults = [];
+  for (const drawing of await page.locator(".drawing[tabindex]").all()) {
+    const expected = await drawing.evaluate((element) => Array.from(element.querySelectorAll("svg *"))
+      .map(({ __data__: item }) => (Array.isArray(item) ? item[0] : item)?.tooltip).find((tip) => tip));
+    if (!expected) continue;
+    await drawing.focus();
+    await page.keyboard.press("ArrowRight");
+    const [shown, elements] = await page.locator(".tip").evaluate((tip) => [tip.hidden ? "" : tip.textContent, tip.childElementCount]);
+    if (shown !== expected) faults.push(`the tip is ${JSON.stringify(shown)}, not ${JSON.stringify(expected)}`);
+    if (elements > 0) faults.push(`the tip ${expected} holds elements`);
+    await page.keyboard.press("Escape");
+    if (await page.locator(".tip").isVisible()) faults.push("the tip stays");
+  }
+  return faults;
+}
