@@ -31,7 +31,7 @@ std::string RenderWithoutAssets(const document::Document& document) {
 }
 
 document::Document MakeSmall() {
-    const Item chart{document::Chart{"Means", {}, 2, "GLMMEmMeans", "", {}, {}, ""}};
+    const Item chart{document::Chart{"Means", {}, 2, "GLMMEmMeans", "", {}, {}, "", {}}};
     std::list<Item> items{{Heading{Words("Fixed & Random"), {{Message{Words("Is 1 < 2?"), 2, 2}}, chart}}}};
     items.push_back({test::MakeTable("Grand Mean", {}, {"2.5"})});
     document::Document document = MakeDocument("Models", std::move(items));

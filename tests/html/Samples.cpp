@@ -75,7 +75,7 @@ Table MakeCovariances() {
 Item MakeMessage(int level, const std::string& words) { return {document::Message{Words(words), 2, level}}; }
 
 Item MakeChart(const std::string& description, const std::string& file) {
-    return {document::Chart{description, {}, 2, file, description, {}, {}, description}};
+    return {document::Chart{description, {}, 2, file, description, {}, {}, description, {}}};
 }
 
 document::Document MakeReport() {
