@@ -28,22 +28,10 @@ caption Probability Distribution ^1, Link Function ^2 ...('Normal'; 'Identity')
 note Target ^1(<y/1>)
 rows 1 Source: Corrected Model, 'a', 'a(b * t)', 'Intercept'
 columns 1 -name Statistics: F, df1, df2, Sig.
-2.5G @ Corrected Model | F
-1N @ Corrected Model | df1
-10N @ Corrected Model | df2
-0.25S @ Corrected Model | Sig.
-3G @ 'a' | F
-1N @ 'a' | df1
-10N @ 'a' | df2
-0.5S @ 'a' | Sig.
-.G @ 'a(b * t)' | F
-.N @ 'a(b * t)' | df1
-10N @ 'a(b * t)' | df2
-.S @ 'a(b * t)' | Sig.
-.G @ 'Intercept' | F
-.N @ 'Intercept' | df1
-.N @ 'Intercept' | df2
-.S @ 'Intercept' | Sig.
+Corrected Model: 2.5G 1N 10N 0.25S
+'a': 3G 1N 10N 0.5S
+'a(b * t)': .G .N 10N .S
+'Intercept': .G .N .N .S
 )"},
     {"an intercept alone, a link with a parameter, fixed trials",
      {.fSettings = Settings(Parameter("LinkFunctionType", "POWER") + Parameter("LinkFunctionParam", "2") +
@@ -56,10 +44,7 @@ caption Probability Distribution ^1, Link Function ^2 with ^3 ...('Normal'; 'Pow
 note Target ^1/^2(<y/1>; 5N)
 rows 1 Source: Corrected Model * Fixed effects intercept only ...
 columns 1 -name Statistics: F, df1, df2, Sig.
-2.5G @ Corrected Model | F
-1N @ Corrected Model | df1
-10N @ Corrected Model | df2
-0.25S @ Corrected Model | Sig.
+Corrected Model: 2.5G 1N 10N 0.25S
 )"},
     {"no fixed part",
      {.fSettings = Settings(Parameter("Intercept", "false")), .fDiagnostics = kModel},
@@ -99,21 +84,8 @@ caption Probability Distribution ^1, Link Function ^2 ...('Normal'; 'Identity')
 note Target ^1(<y/1>)
 rows 1 Model Term: 'Intercept', 'a=1'
 columns 1 -name Statistics: Coefficient, Std. Error, t, Sig., ^1% Confidence Interval(95D){Lower, Upper}, Exp(Coefficient), ^1% Confidence Interval for Exp(Coefficient)(95D){Lower, Upper}
-0.5C @ 'Intercept' | Coefficient
-0.1E @ 'Intercept' | Std. Error
-2G @ 'Intercept' | t
-0.05S @ 'Intercept' | Sig.
--1C @ 'Intercept' | ^1% Confidence Interval(95D)/Lower
-1C @ 'Intercept' | ^1% Confidence Interval(95D)/Upper
-0N * Redundant coefficient, zero ... @ 'a=1' | Coefficient
-.E @ 'a=1' | Std. Error
-.G @ 'a=1' | t
-.S @ 'a=1' | Sig.
-.C @ 'a=1' | ^1% Confidence Interval(95D)/Lower
-.C @ 'a=1' | ^1% Confidence Interval(95D)/Upper
-.C @ 'a=1' | Exp(Coefficient)
-.C @ 'a=1' | ^1% Confidence Interval for Exp(Coefficient)(95D)/Lower
-.C @ 'a=1' | ^1% Confidence Interval for Exp(Coefficient)(95D)/Upper
+'Intercept': 0.5C 0.1E 2G 0.05S -1C 1C _ _ _
+'a=1': 0N * Redundant coefficient, zero ... .E .G .S .C .C .C .C .C
 )"},
     {"thresholds of an ordinal target",
      {.fSettings =
@@ -129,18 +101,8 @@ caption Probability Distribution ^1, Link Function ^2 ...('Multinomial'; 'Unknow
 note Target ^1(<t/1>)
 rows 1 Model Term: Threshold for ^1=(<t/1>){<t=1/0>}, 'x'
 columns 1 -name Statistics: Coefficient, Std. Error, t, Sig., ^1% Confidence Interval(90D){Lower, Upper}
--1C @ Threshold for ^1=(<t/1>)/<t=1/0> | Coefficient
-.E @ Threshold for ^1=(<t/1>)/<t=1/0> | Std. Error
-.G @ Threshold for ^1=(<t/1>)/<t=1/0> | t
-.S @ Threshold for ^1=(<t/1>)/<t=1/0> | Sig.
-.C @ Threshold for ^1=(<t/1>)/<t=1/0> | ^1% Confidence Interval(90D)/Lower
-.C @ Threshold for ^1=(<t/1>)/<t=1/0> | ^1% Confidence Interval(90D)/Upper
-2C @ 'x' | Coefficient
-.E @ 'x' | Std. Error
-.G @ 'x' | t
-.S @ 'x' | Sig.
-.C @ 'x' | ^1% Confidence Interval(90D)/Lower
-.C @ 'x' | ^1% Confidence Interval(90D)/Upper
+Threshold for ^1=(<t/1>)/<t=1/0>: -1C .E .G .S .C .C
+'x': 2C .E .G .S .C .C
 )",
      "table \"Fixed Coefficients\": the threshold \"T2\" is left out, since it names no category of the target\n"},
     {"a nominal target with trials",
@@ -155,18 +117,8 @@ note Target ^1(<r/1>)
 rows 1 Model Term: 'x'
 rows 2 <r/2>: <r=no/2>, <r=yes/2>
 columns 1 -name Statistics: Coefficient, Std. Error, t, Sig., ^1% Confidence Interval(95D){Lower, Upper}
-1C @ 'x' | <r=no/2> | Coefficient
-.E @ 'x' | <r=no/2> | Std. Error
-.G @ 'x' | <r=no/2> | t
-.S @ 'x' | <r=no/2> | Sig.
-.C @ 'x' | <r=no/2> | ^1% Confidence Interval(95D)/Lower
-.C @ 'x' | <r=no/2> | ^1% Confidence Interval(95D)/Upper
-2C @ 'x' | <r=yes/2> | Coefficient
-.E @ 'x' | <r=yes/2> | Std. Error
-.G @ 'x' | <r=yes/2> | t
-.S @ 'x' | <r=yes/2> | Sig.
-.C @ 'x' | <r=yes/2> | ^1% Confidence Interval(95D)/Lower
-.C @ 'x' | <r=yes/2> | ^1% Confidence Interval(95D)/Upper
+'x' | <r=no/2>: 1C .E .G .S .C .C
+'x' | <r=yes/2>: 2C .E .G .S .C .C
 )"},
     {"two sets of one target",
      {.fTraining = Sample().fTraining + Sample().fTraining},

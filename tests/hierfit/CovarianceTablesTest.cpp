@@ -40,19 +40,19 @@ const TableCase kSummaries[] = {
 table 'CovarianceParametersSummary' Covariance Parameters Summary
 caption Common Subjects are based on ...
 rows 1 -name Content: Covariance Parameters{Residual Effect, Random Effects}, Design Matrix Columns{Fixed Effects, Random Effects}, Common Subjects
-1N @ Covariance Parameters/Residual Effect
-2N @ Covariance Parameters/Random Effects
-3N @ Design Matrix Columns/Fixed Effects
-4N * Number of common subject ... @ Design Matrix Columns/Random Effects
--1N @ Common Subjects
+Covariance Parameters/Residual Effect: 1N
+Covariance Parameters/Random Effects: 2N
+Design Matrix Columns/Fixed Effects: 3N
+Design Matrix Columns/Random Effects: 4N * Number of common subject ...
+Common Subjects: -1N
 )"},
     {"no common subjects", {.fTraining = Messages({"kGLMM_C9"})}, "CovarianceParametersSummary", R"(
 table 'CovarianceParametersSummary' Covariance Parameters Summary
 rows 1 -name Content: Covariance Parameters{Residual Effect, Random Effects}, Design Matrix Columns{Fixed Effects, Random Effects}
--1N @ Covariance Parameters/Residual Effect
--1N @ Covariance Parameters/Random Effects
--1N @ Design Matrix Columns/Fixed Effects
--1N @ Design Matrix Columns/Random Effects
+Covariance Parameters/Residual Effect: -1N
+Covariance Parameters/Random Effects: -1N
+Design Matrix Columns/Fixed Effects: -1N
+Design Matrix Columns/Random Effects: -1N
 )"},
 };
 
@@ -69,12 +69,7 @@ table 'ResidualEffect' Residual Effect
 caption Covariance Structure ^1 Subject Specification ^2 ...('First-order autoregressive'; 'a(b)'; [kGLMM_C18; kGLMM_C23; kGLMM_C28])
 rows 1 Residual Effect: 'Variance ' * This is the scale parameter.
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, 'Z', Sig., ^1% Confidence Interval(95D){Lower, Upper}
-0.5C * kGLMM_C10 @ 'Variance ' | Estimate
-0.1C @ 'Variance ' | Std. Error
-3C @ 'Variance ' | 'Z'
-0.05S @ 'Variance ' | Sig.
--1C @ 'Variance ' | ^1% Confidence Interval(95D)/Lower
-1C @ 'Variance ' | ^1% Confidence Interval(95D)/Upper
+'Variance ': 0.5C * kGLMM_C10 0.1C 3C 0.05S -1C 1C
 )"},
     {"a redundant parameter of an ordinal target",
      {.fSettings = WithDistribution("ORDINAL", Parameter("ResidualCovarianceType", "ID")),
@@ -86,12 +81,7 @@ table 'ResidualEffect' Residual Effect
 caption Covariance Structure ^1 ...('Scaled Identity')
 rows 1 Residual Effect: 'Variance'
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, 'Z', Sig., ^1% Confidence Interval(95D){Lower, Upper}
-0.5C * Parameter redundant @ 'Variance' | Estimate
-.C @ 'Variance' | Std. Error
-.C @ 'Variance' | 'Z'
-.S @ 'Variance' | Sig.
-.C @ 'Variance' | ^1% Confidence Interval(95D)/Lower
-.C @ 'Variance' | ^1% Confidence Interval(95D)/Upper
+'Variance': 0.5C * Parameter redundant .C .C .S .C .C
 )"},
     {"a scale that is fixed, by two grouping fields",
      {.fSettings = WithDistribution("POISSON", ParameterOf("ResidualGroupSpec", List("<Value value='a'/>"))),
@@ -105,8 +95,8 @@ caption Covariance Structure ^1 ...('Unknown')
 rows 1 Residual Effect: 'v'
 rows 2 Grouping: EffectVar2([<a/2>; <a=1/2>; <b/2>; <b=lo/2>]), EffectVar1([<a/2>; <a=2/2>])
 columns 1 -name 'Residual Effect Covariance Column': Estimate, ^1% Confidence Interval(95D){}
-1C * Parameter redundant * kGLMM_C9 @ 'v' | EffectVar2([<a/2>; <a=1/2>; <b/2>; <b=lo/2>]) | Estimate
-1C * kGLMM_C9 @ 'v' | EffectVar1([<a/2>; <a=2/2>]) | Estimate
+'v' | EffectVar2([<a/2>; <a=1/2>; <b/2>; <b=lo/2>]): 1C * Parameter redundant * kGLMM_C9
+'v' | EffectVar1([<a/2>; <a=2/2>]): 1C * kGLMM_C9
 )"},
     {"two sets without grouping",
      {.fTraining = kResidual + kResidual},
@@ -185,10 +175,8 @@ table 'RandomEffects' Random Effect Block ^1(1N)
 caption Covariance Structure ^1 Subject Specification ^2 ...('Variance components'; a)
 rows 1 Random Effect Block: Intercept, x
 columns 1 -name 'Random Effect Block Column': Intercept, x
-1G @ Intercept | Intercept
-2G @ Intercept | x
-2G @ x | Intercept
-.G @ x | x
+Intercept: 1G 2G
+x: 2G .G
 )"},
     {"two blocks, the second by groups",
      {.fSettings = Settings(Random(kBlock + kGrouped)),
@@ -203,7 +191,7 @@ caption Covariance Structure ^1 Subject Specification ^2 ...('Diagonal'; '(None)
 rows 1 Random Effect Block: x
 rows 2 Grouping: EffectVar1([<a/2>; <a=1/2>])
 columns 1 -name Random Effect Block Column: x
-3G @ x | EffectVar1([<a/2>; <a=1/2>]) | x
+x | EffectVar1([<a/2>; <a=1/2>]): 3G
 )",
      "table \"Random Effect Covariances\" of random effect block 1 is left out: there are 2 sets of parameters, not "
      "one\n"
@@ -220,7 +208,7 @@ caption Covariance Structure ^1 Subject Specification ^2 ...('Variance component
 rows 1 Random Effect Block: x
 rows 2 <r/2>: <r=yes/2>
 columns 1 -name Random Effect Block Column: x
-3G @ x | <r=yes/2> | x
+x | <r=yes/2>: 3G
 )",
      "table \"Random Effect Covariances\" of random effect block 1: a target category is left out, since 0 values "
      "stand for "
@@ -246,10 +234,7 @@ table 'CovarianceParameters' Random Effect
 caption Covariance Structure ^1 Subject Specification ^2 ...('Variance components'; a; [kGLMM_C28])
 rows 1 Random Effect Covariance: 'VarOfEffect'
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, ^1% Confidence Interval(95D){Lower, Upper}
-0C @ 'VarOfEffect' | Estimate
-0C @ 'VarOfEffect' | Std. Error
-0C @ 'VarOfEffect' | ^1% Confidence Interval(95D)/Lower
-0C @ 'VarOfEffect' | ^1% Confidence Interval(95D)/Upper
+'VarOfEffect': 0C 0C 0C 0C
 )"},
     {"a block by groups behind one without parameters",
      {.fSettings = Settings(Random(kBlock + kGrouped)),
@@ -267,12 +252,7 @@ caption Covariance Structure ^1 Subject Specification ^2 ...('Diagonal'; '(None)
 rows 1 Random Effect Block: 'UN (1,1)'
 rows 2 Grouping: EffectVar1([<a/2>; <a=3/2>])
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, 'Z', Sig., ^1% Confidence Interval(95D){Lower, Upper}
-0.5C * kGLMM_C10 @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | Estimate
-0.1C @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | Std. Error
-3C @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | 'Z'
-0.05S @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | Sig.
--1C @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | ^1% Confidence Interval(95D)/Lower
-1C @ 'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]) | ^1% Confidence Interval(95D)/Upper
+'UN (1,1)' | EffectVar1([<a/2>; <a=3/2>]): 0.5C * kGLMM_C10 0.1C 3C 0.05S -1C 1C
 )"},
     {"the only block, of a nominal target",
      {.fSettings = kNominal + Random(kBlock),
@@ -285,10 +265,7 @@ caption Covariance Structure ^1 Subject Specification ^2 ...('Variance component
 rows 1 Random Effect Covariance: 'v'
 rows 2 <r/2>: <r=no/2>
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, ^1% Confidence Interval(95D){Lower, Upper}
-0C @ 'v' | <r=no/2> | Estimate
-0C @ 'v' | <r=no/2> | Std. Error
-0C @ 'v' | <r=no/2> | ^1% Confidence Interval(95D)/Lower
-0C @ 'v' | <r=no/2> | ^1% Confidence Interval(95D)/Upper
+'v' | <r=no/2>: 0C 0C 0C 0C
 )"},
     {"a gap before a block without segments",
      {.fSettings = Settings(Random(kBlock + kBlock)), .fTraining = Parameters(kSecond, "", Printable("v"))},
@@ -298,12 +275,7 @@ table 'CovarianceParameters' Random Effect Block ^1(2N)
 caption Covariance Structure ^1 Subject Specification ^2 ...('Variance components'; a)
 rows 1 Random Effect Covariance: 'v'
 columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, 'Z', Sig., ^1% Confidence Interval(95D){Lower, Upper}
-0.5C @ 'v' | Estimate
-0.1C @ 'v' | Std. Error
-3C @ 'v' | 'Z'
-0.05S @ 'v' | Sig.
--1C @ 'v' | ^1% Confidence Interval(95D)/Lower
-1C @ 'v' | ^1% Confidence Interval(95D)/Upper
+'v': 0.5C 0.1C 3C 0.05S -1C 1C
 )",
      "table \"Random Effect\" of random effect block 2 is left out: there are 0 sets of parameters, not one\n"},
 };

@@ -1,9 +1,11 @@
 #include "tests/hierfit/Drawing.h"
 
-#include <map>
+#include <algorithm>
 #include <type_traits>
+#include <utility>
 
 #include "host/SystemMissing.h"
+#include "tests/hierfit/Samples.h"
 
 namespace hierfit::test {
 
@@ -61,7 +63,8 @@ std::string DrawNotes(const std::vector<document::Text>& notes) {
     return drawn;
 }
 
-using Paths = std::map<int, std::string>;
+/// The categories of a dimension in their order, each with its path.
+using Paths = std::vector<std::pair<int, std::string>>;
 
 std::string DrawMembers(const std::list<document::Member>& members, const std::string& path, Paths& paths) {
     std::string drawn;
@@ -69,7 +72,7 @@ std::string DrawMembers(const std::list<document::Member>& members, const std::s
         drawn += drawn.empty() ? "" : ", ";
         if (const auto* category = std::get_if<document::Category>(&member.fContent)) {
             drawn += DrawText(category->fLabel) + DrawNotes(category->fvNotes);
-            paths[category->fId] = path + DrawText(category->fLabel);
+            paths.emplace_back(category->fId, path + DrawText(category->fLabel));
         } else {
             const auto& group = std::get<document::Group>(member.fContent);
             const std::string label = DrawText(group.fLabel);
@@ -85,6 +88,36 @@ std::string DrawPosition(const document::Dimension& dimension) {
     return std::string(dimension.fSide == document::Side::Rows ? "rows " : "columns ") +
            std::to_string(dimension.fIndex) + (dimension.fHideName ? " -name" : "") +
            (dimension.fHideLabels ? " -labels" : "");
+}
+
+std::size_t PlaceOf(const Paths& paths, int id) {
+    const auto found = std::find_if(paths.begin(), paths.end(), [&](const auto& path) { return path.first == id; });
+    return static_cast<std::size_t>(found - paths.begin());
+}
+
+/// A line for each row, with a place for each column.
+std::string DrawCells(const document::Table& table, const std::vector<Paths>& paths) {
+    const bool hasColumns = table.fvDimensions.back().fSide == document::Side::Columns;
+    const std::size_t rowDimensions = paths.size() - (hasColumns ? 1 : 0);
+    std::vector<std::pair<std::string, Strings>> rows;
+    for (const document::Cell& cell : table.fvCells) {
+        std::string label;
+        for (std::size_t i = 0; i < rowDimensions; ++i) {
+            const std::size_t place = PlaceOf(paths[i], cell.fvAt[i]);
+            label += (i > 0 ? " | " : "") + (place < paths[i].size() ? paths[i][place].second : "-");
+        }
+        auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return one.first == label; });
+        if (row == rows.end()) row = rows.insert(row, {label, Strings(hasColumns ? paths.back().size() : 1, "_")});
+        const std::size_t column = hasColumns ? PlaceOf(paths.back(), cell.fvAt.back()) : 0;
+        row->second.at(column) = DrawText(cell.fContent) + DrawNotes(cell.fvNotes);
+    }
+    std::string drawn;
+    for (const auto& [label, cells] : rows) {
+        drawn += label + ":";
+        for (const std::string& cell : cells) drawn += " " + cell;
+        drawn += "\n";
+    }
+    return drawn;
 }
 
 }  // namespace
@@ -130,14 +163,7 @@ std::string DrawTable(const document::Table& table) {
         drawn += DrawPosition(dimension) + " " + DrawText(dimension.fName) + (dimension.fSort == 2 ? "" : "!") + ": ";
         drawn += DrawMembers(dimension.fMembers, "", paths.emplace_back()) + "\n";
     }
-    for (const document::Cell& cell : table.fvCells) {
-        drawn += DrawText(cell.fContent) + DrawNotes(cell.fvNotes) + " @ ";
-        for (std::size_t i = 0; i < cell.fvAt.size(); ++i) {
-            drawn += (i > 0 ? " | " : "") + (cell.fvAt[i] < 0 ? "-" : paths[i].at(cell.fvAt[i]));
-        }
-        drawn += "\n";
-    }
-    return drawn;
+    return table.fvCells.empty() ? drawn : drawn + DrawCells(table, paths);
 }
 
 std::string DrawChart(const document::Chart& chart) {

@@ -12,7 +12,8 @@ namespace hierfit::test {
 /// square brackets.
 std::string DrawText(const document::Text& text);
 
-/// A table, one line each for title, captions, notes, dimensions and cells: "2.75S @ Model|Sig.". "*" parts notes.
+/// A table, one line each for title, captions, notes, dimensions and rows of cells: "Model: 3G 0.05S", "_" where a row
+/// has no cell. "*" parts notes.
 std::string DrawTable(const document::Table& table);
 
 /// A chart without its XML: template and description, a line for each variable of each source, such as

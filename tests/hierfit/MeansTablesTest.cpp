@@ -76,10 +76,7 @@ message 2 2 EMMEANS 2: kGLMM_C25
 table 'GrandMeans' EMMEANS Grand Mean ...()
 note Target ^1/^2(<y/1>; <n/1>)
 columns 1 -name Statistics: Mean, Std. Error, ^1% Confidence Interval(95D){Lower, Upper}
-1C @ Mean
-2C @ Std. Error
-.C @ ^1% Confidence Interval(95D)/Lower
-4C @ ^1% Confidence Interval(95D)/Upper
+: 1C 2C .C 4C
 )"},
 };
 
@@ -112,14 +109,8 @@ caption Continuous predictors fixed at [%1=%2:,^1=^2:]1([<x/0>; <x=1.5/2>; <y/0>
 rows 2 <a/1>: <a=1/2>, <a=2/2>
 rows 1 <b/1>: <b=lo/2>, <b=hi/2>
 columns 1 -name Statistics: Mean, Std. Error, ^1% Confidence Interval(95D){Lower, Upper}
-1C @ <a=1/2> | <b=lo/2> | Mean
-.C @ <a=1/2> | <b=lo/2> | Std. Error
-1C @ <a=1/2> | <b=lo/2> | ^1% Confidence Interval(95D)/Lower
-.C @ <a=1/2> | <b=lo/2> | ^1% Confidence Interval(95D)/Upper
-2C @ <a=2/2> | <b=hi/2> | Mean
-4C @ <a=2/2> | <b=hi/2> | Std. Error
-2C @ <a=2/2> | <b=hi/2> | ^1% Confidence Interval(95D)/Lower
-4C @ <a=2/2> | <b=hi/2> | ^1% Confidence Interval(95D)/Upper
+<a=1/2> | <b=lo/2>: 1C .C 1C .C
+<a=2/2> | <b=hi/2>: 2C 4C 2C 4C
 )"},
     {"columns of uneven length and a level that is no number",
      {.fSettings = Settings(Requests(kTwoFactors)),
@@ -132,7 +123,7 @@ table 'Estimates' Estimates
 rows 2 <a/1>: <a=1/2>, <a=./2>
 rows 1 <b/1>: <b=lo/2>, <b=hi/2>
 columns 1 -name Statistics: Mean, ^1% Confidence Interval(95D){}
-1C @ <a=1/2> | <b=lo/2> | Mean
+<a=1/2> | <b=lo/2>: 1C
 )",
      "table \"Estimates\" of request 1 for means: rows are left out, since the factor columns have from 2 to 3 values\n"
      "table \"Estimates\" of request 1 for means: column \"Mean\" has 1 figures for 2 rows\n"},
@@ -166,13 +157,7 @@ caption [%1:
 ^1:]1([Sequential Bonferroni significance adjust; Confidence interval bounds are approximate.])
 by itself ^1 Pairwise Contrasts(<a/1>): ^1 - ^2(<a=1/2>; <a=2/2>)
 columns 1 -name Statistics: Contrast Estimate, Std. Error, t, df, Adj. Sig., ^1% Confidence Interval(95D){Lower, Upper}
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | Contrast Estimate
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | Std. Error
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | t
-0.5N @ ^1 - ^2(<a=1/2>; <a=2/2>) | df
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | Adj. Sig.
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | ^1% Confidence Interval(95D)/Lower
-0.5C @ ^1 - ^2(<a=1/2>; <a=2/2>) | ^1% Confidence Interval(95D)/Upper
+^1 - ^2(<a=1/2>; <a=2/2>): 0.5C 0.5C 0.5C 0.5N 0.5C 0.5C 0.5C
 )"},
     {"deviation contrasts among three factors",
      {.fSettings = Settings(Requests(MeansRequest({"a", "t", "b"}, "t")) + Parameter("pAdjustment", "LSD")),
@@ -187,7 +172,7 @@ rows 3 <a/1>: <a=1/2>
 rows 2 <b/1>: <b=hi/2>
 by itself ^1 Deviation Contrasts(<t/1>): ^1 - ^2(<t=2/2>; Mean)
 columns 1 -name Statistics: Contrast Estimate, ^1% Confidence Interval(95D){}
-.C @ <a=1/2> | <b=hi/2> | ^1 - ^2(<t=2/2>; Mean) | Contrast Estimate
+<a=1/2> | <b=hi/2> | ^1 - ^2(<t=2/2>; Mean): .C
 )"},
     {"simple contrasts without adjustment and rows",
      {.fSettings = Settings(Requests(kRequestOfA)),
@@ -249,10 +234,7 @@ const TableCase kTests[] = {
      R"(
 table 'OverallTestResults' Overall Test Results
 columns 1 -name Statistics: F, df1, df2, Sig.
-4C @ F
-1N @ df1
-2.5N @ df2
-.C @ Sig.
+: 4C 1N 2.5N .C
 )"},
     {"three factors, and a test of other fields",
      {.fSettings = Settings(Requests(MeansRequest({"a", "t", "b"}, "t"))),
@@ -264,10 +246,7 @@ table 'OverallTestResults' Overall Test Results
 rows 2 <a/1>: <a=1/2>
 rows 1 <b/1>: <b=lo/2>
 columns 1 -name Statistics: F, df1, df2, Sig.
-4C @ <a=1/2> | <b=lo/2> | F
-1N @ <a=1/2> | <b=lo/2> | df1
-2.5N @ <a=1/2> | <b=lo/2> | df2
-.C @ <a=1/2> | <b=lo/2> | Sig.
+<a=1/2> | <b=lo/2>: 4C 1N 2.5N .C
 )",
      "table \"Overall Test Results\" of request 1 for means: a test is left out, since its fields are not those of the "
      "first test\n"},

@@ -17,11 +17,11 @@ const TableCase kSummaries[] = {
 table 'ModelSummary' Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(.G)
 rows 1 -name Content: Target, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
-<y/2> @ Target
-Normal @ Probability Distribution
-Identity @ Link Function
-1.5G @ Information Criterion/Akaike Corrected
-.G @ Information Criterion/Bayesian
+Target: <y/2>
+Probability Distribution: Normal
+Link Function: Identity
+Information Criterion/Akaike Corrected: 1.5G
+Information Criterion/Bayesian: .G
 )"},
     {"a nominal target with trials in a field and a parameter that its link does not take",
      {.fSettings = Settings(kTrials + Parameter("DistributionOfTarget", "NOMINAL") +
@@ -31,13 +31,13 @@ Identity @ Link Function
 table 'ModelSummary' Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(.G)
 rows 1 -name Content: Target{Events, Trials}, Measurement Level, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
-<y/2> @ Target/Events
-<n/2> @ Target/Trials
-Nominal @ Measurement Level
-Multinomial @ Probability Distribution
-(1.5D) @ Link Function
-1.5G @ Information Criterion/Akaike Corrected
-.G @ Information Criterion/Bayesian
+Target/Events: <y/2>
+Target/Trials: <n/2>
+Measurement Level: Nominal
+Probability Distribution: Multinomial
+Link Function: (1.5D)
+Information Criterion/Akaike Corrected: 1.5G
+Information Criterion/Bayesian: .G
 )"},
     {"fixed trials, a power link and no target",
      {.fSettings = Parameter("DistributionOfTarget", "GAMMA") + kFixedTrials + Parameter("LinkFunctionType", "POWER") +
@@ -48,12 +48,12 @@ Multinomial @ Probability Distribution
 table 'ModelSummary' Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(7.25G)
 rows 1 -name Content: Target{Events, Trials}, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
-</2> @ Target/Events
-20D @ Target/Trials
-Gamma @ Probability Distribution
-Power(^1)(-0.5D) @ Link Function
-.G @ Information Criterion/Akaike Corrected
-.G @ Information Criterion/Bayesian
+Target/Events: </2>
+Target/Trials: 20D
+Probability Distribution: Gamma
+Link Function: Power(^1)(-0.5D)
+Information Criterion/Akaike Corrected: .G
+Information Criterion/Bayesian: .G
 )"},
 };
 
@@ -89,17 +89,9 @@ note Target ^1(<y/1>)
 rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
 columns 1 -name 'Variables': Subjects{<a/2>, <b/2>}, Repeated Measures{<t/2>}, Target{<y/2>}
-<a=2/0> @ 0N | Data for First Subject | Subjects/<a/2>
-<b=hi/0> @ 0N | Data for First Subject | Subjects/<b/2>
-<t=1/0> @ 0N | Data for First Subject | Repeated Measures/<t/2>
-<y=0.5/2> @ 0N | Data for First Subject | Target/<y/2>
-<a=2/0> @ 1N | Data for First Subject | Subjects/<a/2>
-<b=hi/0> @ 1N | Data for First Subject | Subjects/<b/2>
-<t=2/0> @ 1N | Data for First Subject | Repeated Measures/<t/2>
-<y=7/2> @ 1N | Data for First Subject | Target/<y/2>
-3N @ 'Levels' | Total Number of Levels | Subjects/<a/2>
-2N @ 'Levels' | Total Number of Levels | Subjects/<b/2>
-2N @ 'Levels' | Total Number of Levels | Repeated Measures/<t/2>
+0N | Data for First Subject: <a=2/0> <b=hi/0> <t=1/0> <y=0.5/2>
+1N | Data for First Subject: <a=2/0> <b=hi/0> <t=2/0> <y=7/2>
+'Levels' | Total Number of Levels: 3N 2N 2N _
 )"},
     {"fixed trials, eleven records and an unused field",
      {.fSettings = Settings(kFixedTrials),
@@ -115,9 +107,8 @@ note [%1:
 rows 1 -name -labels 'Record': 0N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
 columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2> * Number of Trials = ^1(20N)}
-<a=2/0> @ 0N | Data for First Subject | Subjects/<a/2>
-<y=3/2> @ 0N | Data for First Subject | Target/<y/2>
-3N @ 'Levels' | Total Number of Levels | Subjects/<a/2>
+0N | Data for First Subject: <a=2/0> <y=3/2>
+'Levels' | Total Number of Levels: 3N _
 )"},
     {"a trials field that does not count, with too few values",
      {.fSettings = Settings(Parameter("TrialsField", "n")),
@@ -130,12 +121,9 @@ note Target ^1(<y/1>)
 rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
 columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2>, <n/2>}
-<a=2/0> @ 0N | Data for First Subject | Subjects/<a/2>
-<y=3/2> @ 0N | Data for First Subject | Target/<y/2>
-<n=9/2> @ 0N | Data for First Subject | Target/<n/2>
-<a=2/0> @ 1N | Data for First Subject | Subjects/<a/2>
-<y=4/2> @ 1N | Data for First Subject | Target/<y/2>
-3N @ 'Levels' | Total Number of Levels | Subjects/<a/2>
+0N | Data for First Subject: <a=2/0> <y=3/2> <n=9/2>
+1N | Data for First Subject: <a=2/0> <y=4/2> _
+'Levels' | Total Number of Levels: 3N _ _
 )",
      "table \"Data Structure\": \"n\" has 1 values for 2 records, and the other cells stay empty\n"},
 };
@@ -166,14 +154,10 @@ note Target ^1/^2(<y/1>; <n/1>)
 rows 2 Observed: Non-Event, Event
 rows 1 -name 'Statistics': E60868, % within Observed
 columns 1 Predicted: Non-Event, Event
-3N @ Non-Event | E60868 | Non-Event
-75P @ Non-Event | % within Observed | Non-Event
-1N @ Non-Event | E60868 | Event
-25P @ Non-Event | % within Observed | Event
-0N @ Event | E60868 | Non-Event
-0P @ Event | % within Observed | Non-Event
-0N @ Event | E60868 | Event
-0P @ Event | % within Observed | Event
+Non-Event | E60868: 3N 1N
+Non-Event | % within Observed: 75P 25P
+Event | E60868: 0N 0N
+Event | % within Observed: 0P 0P
 )"},
     {"categories of the target",
      {.fSettings = kNominal, .fStatistics = kAccuracy, .fDiagnostics = Matrix("nbRows='1'", Labels({"no"}), "4")},
@@ -184,8 +168,8 @@ note Target ^1(<r/1>)
 rows 2 Observed: <r=no/2>
 rows 1 -name 'Statistics': E60868, % within Observed
 columns 1 Predicted: <r=no/2>
-4N @ <r=no/2> | E60868 | <r=no/2>
-100P @ <r=no/2> | % within Observed | <r=no/2>
+<r=no/2> | E60868: 4N
+<r=no/2> | % within Observed: 100P
 )"},
     {"fewer labels than rows",
      {.fSettings = kNominal, .fDiagnostics = Matrix("nbRows='2'", Labels({"no"}), "1 2 3 4")},
