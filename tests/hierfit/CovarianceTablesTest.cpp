@@ -31,21 +31,6 @@ const std::string kRandom = Parameters("parameterType='random' block='0'", "", P
 const std::string kBlock = RandomBlock("", true, Effect({"a"}));
 
 const TableCase kSummaries[] = {
-    {"common subjects",
-     {.fStatistics =
-          "<Statistic name='numOfCovParamOfRepeated' value='1'/><Statistic name='numOfCovParamOfRandom' value='2'/>"
-          "<Statistic name='numOfColsOfFixed' value='3'/><Statistic name='numOfColsOfRandom' value='4'/>"},
-     "CovarianceParametersSummary",
-     R"(
-table 'CovarianceParametersSummary' Covariance Parameters Summary
-caption Common Subjects are based on ...
-rows 1 -name Content: Covariance Parameters{Residual Effect, Random Effects}, Design Matrix Columns{Fixed Effects, Random Effects}, Common Subjects
-Covariance Parameters/Residual Effect: 1N
-Covariance Parameters/Random Effects: 2N
-Design Matrix Columns/Fixed Effects: 3N
-Design Matrix Columns/Random Effects: 4N * Number of common subject ...
-Common Subjects: -1N
-)"},
     {"no common subjects", {.fTraining = Messages({"kGLMM_C9"})}, "CovarianceParametersSummary", R"(
 table 'CovarianceParametersSummary' Covariance Parameters Summary
 rows 1 -name Content: Covariance Parameters{Residual Effect, Random Effects}, Design Matrix Columns{Fixed Effects, Random Effects}

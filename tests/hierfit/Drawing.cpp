@@ -198,19 +198,4 @@ std::string DrawItems(const std::list<document::Item>& items, const std::string&
     return drawn;
 }
 
-std::string DrawOutline(const std::list<document::Item>& items) {
-    std::string drawn;
-    for (const document::Item& item : items) {
-        drawn += drawn.empty() ? "" : " ";
-        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
-            drawn += "(" + DrawOutline(heading->fItems) + ")";
-        } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
-            drawn += table->fSubtype.fWords;
-        } else if (std::holds_alternative<document::Message>(item.fContent)) {
-            drawn += "message";
-        }
-    }
-    return drawn;
-}
-
 }  // namespace hierfit::test

@@ -23,7 +23,4 @@ std::string DrawChart(const document::Chart& chart);
 /// The whole output, items of headings indented.
 std::string DrawItems(const std::list<document::Item>& items, const std::string& indent = "");
 
-/// The outline alone: headings, subtypes of tables, messages.
-std::string DrawOutline(const std::list<document::Item>& items);
-
 }  // namespace hierfit::test

@@ -51,10 +51,6 @@ std::string Label(const std::string& predictors) {
 
 const TableCase kFrames[] = {
     {"no blocks", {.fStatistics = "<Statistic name='grandMean' value='1'/>"}, "GrandMeans", ""},
-    {"one request", {.fSettings = Settings(Requests(kTwoFactors)), .fDiagnostics = Block("0", kOneMean)}, "", R"(
-heading Covariance Parameters
-heading EMMEANS Effect ^1 ...('a(Level)')
-)"},
     {"a block without index, one refused and one that answers no request",
      {.fSettings = Settings(Requests(kRequestOfA + kTwoFactors)),
       .fDiagnostics = Block("", kOneMean) + Block("1", kOneMean + Message("kGLMM_C25")) + Block("2", kOneMean)},
@@ -228,14 +224,6 @@ std::string Test(const std::string& segment, const std::string& f) {
 }
 
 const TableCase kTests[] = {
-    {"one factor",
-     {.fSettings = Settings(Requests(kRequestOfA)), .fDiagnostics = Block("0", kOneMean + Test("", "4"))},
-     "OverallTestResults",
-     R"(
-table 'OverallTestResults' Overall Test Results
-columns 1 -name Statistics: F, df1, df2, Sig.
-: 4C 1N 2.5N .C
-)"},
     {"three factors, and a test of other fields",
      {.fSettings = Settings(Requests(MeansRequest({"a", "t", "b"}, "t"))),
       .fDiagnostics =

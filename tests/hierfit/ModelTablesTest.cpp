@@ -13,16 +13,6 @@ const std::string kTrials = Parameter("UseTrials", "true") + Parameter("TrialsFi
 const std::string kFixedTrials = Parameter("UseTrials", "true") + Parameter("TrialsValue", "20");
 
 const TableCase kSummaries[] = {
-    {"a plain model", {}, "ModelSummary", R"(
-table 'ModelSummary' Model Summary flag false width 150
-caption Information Criteria, log likelhood ^1 ...(.G)
-rows 1 -name Content: Target, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
-Target: <y/2>
-Probability Distribution: Normal
-Link Function: Identity
-Information Criterion/Akaike Corrected: 1.5G
-Information Criterion/Bayesian: .G
-)"},
     {"a nominal target with trials in a field and a parameter that its link does not take",
      {.fSettings = Settings(kTrials + Parameter("DistributionOfTarget", "NOMINAL") +
                             Parameter("LinkFunctionType", "LOGIT") + Parameter("LinkFunctionParam", "1.5"))},
@@ -158,18 +148,6 @@ Non-Event | E60868: 3N 1N
 Non-Event | % within Observed: 75P 25P
 Event | E60868: 0N 0N
 Event | % within Observed: 0P 0P
-)"},
-    {"categories of the target",
-     {.fSettings = kNominal, .fStatistics = kAccuracy, .fDiagnostics = Matrix("nbRows='1'", Labels({"no"}), "4")},
-     "Classification",
-     R"(
-table 'Classification' Classification, overall ^1 ...(62.5P)
-note Target ^1(<r/1>)
-rows 2 Observed: <r=no/2>
-rows 1 -name 'Statistics': E60868, % within Observed
-columns 1 Predicted: <r=no/2>
-<r=no/2> | E60868: 4N
-<r=no/2> | % within Observed: 100P
 )"},
     {"fewer labels than rows",
      {.fSettings = kNominal, .fDiagnostics = Matrix("nbRows='2'", Labels({"no"}), "1 2 3 4")},

@@ -8,32 +8,6 @@
 namespace hierfit::test {
 namespace {
 
-/// What is issued for real models, in its order.
-TEST(Procedure, IssuesTablesInOneOrder) {
-    struct Case {
-        const char* fExample;
-        const char* fOutline;
-    };
-    const Case cases[] = {
-        {"sleepstudy",
-         "ModelSummary DataStructure FixedEffects FixedCoefficients (RandomEffects) (CovarianceParametersSummary "
-         "ResidualEffect CovarianceParameters)"},
-        {"cbpp",
-         "ModelSummary DataStructure Classification FixedEffects FixedCoefficients (RandomEffects) "
-         "(CovarianceParametersSummary ResidualEffect CovarianceParameters) GrandMeans (Estimates Contrasts "
-         "OverallTestResults)"},
-        {"housing",
-         "ModelSummary Classification FixedEffects FixedCoefficients (CovarianceParametersSummary ResidualEffect)"},
-        {"messages-only", "ModelSummary DataStructure (CovarianceParametersSummary)"},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.fExample);
-        ProcedureRun run(ReadExample(one.fExample, "model.pmml"));
-        EXPECT_TRUE(run.Run(ReadExample(one.fExample, "model.statxml")));
-        EXPECT_EQ(DrawOutline(run.GetDocument().fItems), one.fOutline);
-    }
-}
-
 TEST(Procedure, TakesOnePairOfDocuments) {
     const std::string statXml = Sample().Text();
     struct Case {

@@ -183,38 +183,5 @@ TEST(Records, ColumnsOfMeansKeepTheLastOfAStatistic) {
         std::make_tuple(3, std::string("__MISSING__"), std::size_t{0}));
 }
 
-TEST(Records, FieldsAreMappedToVariables) {
-    ReadSample(Sample(), [](const HFITOutputStats& stats) {
-        const VarMapInfo& map = stats.GetVarMapInfo();
-        EXPECT_EQ(map.fvFieldToVar, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, -1}));
-        EXPECT_EQ(map.fvVarToField, (std::vector<int>{0, 1, 2, 3, 4, 5, 6}));
-        EXPECT_EQ(map.fvCategoryCount, (std::vector<int>{0, 0, 0, 3, 2, 2, 2}));
-        EXPECT_EQ(map.VariableOf(8), -1);
-        EXPECT_EQ(map.VariableOf(-1), -1);
-        return true;
-    });
-}
-
-TEST(Records, MessagesAreFoundByTheirWholeKey) {
-    ProcedureRun run(SamplePmml());
-    HFITOutputStats stats;
-    EXPECT_FALSE(stats.HasWarning(""));
-    stats.GetWarningList().push_back({"kGLMM_C18", {}});
-    EXPECT_TRUE(stats.HasWarning("kGLMM_C18"));
-    EXPECT_FALSE(stats.HasWarning("kGLMM_C1"));
-    EXPECT_FALSE(stats.HasWarning("kglmm_c18"));
-    stats.GetWarningList().push_back({"kGLMM_C1", {}});
-    EXPECT_TRUE(stats.HasWarning("kGLMM_C1"));
-}
-
-TEST(Records, AFreshRecordTakesThePlaceOfThePresentOne) {
-    ProcedureRun run(SamplePmml());
-    HFITOutputStats stats;
-    stats.CreateParamCollect()->fvFixedParamEstim.resize(2);
-    EXPECT_TRUE(stats.CreateParamCollect()->fvFixedParamEstim.empty());
-    stats.RemoveParamCollect();
-    EXPECT_EQ(stats.GetParamCollect(), nullptr);
-}
-
 }  // namespace
 }  // namespace hierfit::test

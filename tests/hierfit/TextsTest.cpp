@@ -44,16 +44,6 @@ TEST_F(Texts, NamesOfLinksDependOnTheDistribution) {
     }
 }
 
-TEST_F(Texts, NamesOfDistributionsAndStructuresAreKnownOrUnknown) {
-    EXPECT_EQ(fStats.DistributionText(3, false), "Multinomial");
-    EXPECT_EQ(fStats.DistributionText(4, false), "Multinomial");
-    EXPECT_EQ(fStats.DistributionText(7, true), "Poisson");
-    EXPECT_EQ(fStats.DistributionText(8, false), "Unknown");
-    EXPECT_EQ(fStats.CovarianceText(5, false), "Scaled Identity");
-    EXPECT_EQ(fStats.CovarianceText(8, true), "Unknown");
-    EXPECT_EQ(fStats.CovarianceText(-1, false), "Unknown");
-}
-
 TEST(EffectNames, OpenABracketWhereTheLevelRises) {
     struct Case {
         std::vector<int> fvLevels;

@@ -92,6 +92,13 @@ export async function checkAlignment(page) {
   });
 }
 
+/** A note mark scrolls with its table and is cut off with it. */
+export async function checkMarks(page) {
+  return page.evaluate(() => Array.from(document.querySelectorAll(".scroll sup"))
+    .filter((mark) => !mark.offsetParent.closest(".scroll"))
+    .slice(0, 5).map((mark) => `the mark ${mark.textContent} leaves the frame of its table`));
+}
+
 /** The page itself never scrolls sideways; what is wide does so in a frame of its own. */
 export async function checkPhone(page) {
   await page.setViewportSize({ width: 360, height: 740 });
