@@ -32,7 +32,6 @@ std::string LocalText(const char* text) { return XUtility::ChartStringFromLocalC
 void DescribeTarget(ChartState& state, const KEST_Variable& target) {
     state.fTargetFormat = target.GetFormat();
     state.fTargetName = LocalText(target.GetName());
-    state.fTargetHasLabel = target.GetLabel() != nullptr;
     state.fTargetLabel = state.fTargetHasLabel ? LocalText(target.GetLabel()) : state.fTargetName;
 }
 
@@ -48,6 +47,7 @@ HFITChartOutput::HFITChartOutput(BpProcedure* procedure, KEST_DataSource* dataSo
     if (!settings) return;
     fpState->fTargetIndex = settings->fTargetIndex;
     const KEST_Variable* target = dataSource->GetVariable(settings->fTargetIndex);
+    fpState->fTargetHasLabel = target && target->GetLabel();
     if (target) DescribeTarget(*fpState, *target);
 }
 
@@ -65,12 +65,6 @@ const KEST_Variable* HFITChartOutput::FindVariable(const std::string& name) cons
 std::string HFITChartOutput::ReadTemplate(const char* name) {
     const std::string folder = PathFactory::getPathInstance(kPathModule).GetBaseDirectory() + "template";
     return FetchFile::fetch(folder + kSeparator + name, true, true);
-}
-
-void HFITChartOutput::Send(XDocument& document, const ChartString& title, const VarDataProcessor& processor) {
-    document.SetDescription(title);
-    document.SetChartData(&processor);
-    document.SendChart(true, false, false);
 }
 
 std::string HFITChartOutput::MakeTargetTooltip() const {

@@ -63,20 +63,18 @@ class HFITChartOutput {
     /// The text of a template file.
     static std::string ReadTemplate(const char* name);
 
-    /// Sends a document with its data under a title.
-    static void Send(XDocument& document, const ChartString& title, const VarDataProcessor& processor);
-
     // Diagrams of nodes and edges
-    static void CountWeight(ChartState& state, double weight);
     void AddTargetSource(VarDataProcessor& processor, std::size_t nodeCount) const;
     void AddNodeEdgeSources(VarDataProcessor& processor) const;
     void WriteNode(VarDataProcessor& processor, int row, const NodeGeometry& geometry, double radius) const;
-    void WriteEdge(VarDataProcessor& processor, int row, const NodeGeometry& geometry, double significance);
+    void WriteLineEnd(VarDataProcessor& processor, int row, const NodeGeometry& geometry) const;
+    void WriteWeight(VarDataProcessor& processor, int row, double significance);
     void SendNodeEdgeChart(std::size_t nodeCount, const char* titleKey, const VarDataProcessor& processor,
                            bool hidesLegend);
     void EmbedTargetHistogram(std::string& diagram);
-    void WriteEffect(VarDataProcessor& processor, int row, const EffectTest& test, const EffectStruct& effect) const;
+    void WriteEffect(VarDataProcessor& processor, int row, const EffectStruct& effect) const;
     void WriteCoefficient(VarDataProcessor& processor, int row, const ParamEstimate& estimate) const;
+    void WriteIntercept(VarDataProcessor& processor, int row) const;
     void WriteTerm(VarDataProcessor& processor, int row, const ParamEstimate& estimate) const;
 
     /// Whether a block's contrasts have what a chart needs.

@@ -30,7 +30,7 @@ HFITEmmeansOutput::HFITEmmeansOutput(BpProcedure* procedure, KEST_DataSource* da
       fpCustomEmmeans(stats->GetCustomEmmeans()) {}
 
 void HFITEmmeansOutput::Run() {
-    if (!fpCustomEmmeans || fpCustomEmmeans->empty()) return;
+    if (!fpBuildSettings || !fpCustomEmmeans || fpCustomEmmeans->empty()) return;
     PrintGrandMeans();
     for (const EmmeansData& block : *fpCustomEmmeans) PrintBlock(block);
 }

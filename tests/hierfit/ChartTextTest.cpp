@@ -13,7 +13,7 @@ constexpr double kLargest = std::numeric_limits<double>::max();
 
 TEST(ChartText, ParsesNumbersAtTheBeginOfATextAndTellsWhetherTheyAreAll) {
     const struct {
-        const char* fText;
+        std::string fText;
         double fNumber;
         bool fIsWhole;
     } cases[] = {
@@ -35,6 +35,9 @@ TEST(ChartText, ParsesNumbersAtTheBeginOfATextAndTellsWhetherTheyAreAll) {
         {"1e-400", 0, true},
         {"5e-324", 5e-324, true},
         {"0x10", 0, false},
+        {"0." + std::string(400, '0') + "1", 0, true},
+        {std::string(400, '9') + "e-5", kLargest, false},
+        {"0.1e+400", kLargest, false},
     };
     for (const auto& one : cases) {
         bool isWhole = !one.fIsWhole;

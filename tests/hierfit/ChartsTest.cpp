@@ -706,8 +706,8 @@ source.tooltip: 'Yield: two > one' 'Yield: two > one' 'Yield: two < one' 'Yield:
 category[0]: setLabel(a) setKESTVariable(a) addRelabels()
 facet1[0]: setLabel(Level) setKESTVariable(b) addRelabels() setFormatBasedOnKESTVariable(b) SetFormatPrefix(Level = )
 )",
-     {"y=\"3\"><unless><![CDATA[facet1!=&quot;hi&quot;]]>", "y=\"10\"><unless><![CDATA[facet1!=&quot;lo&quot;]]>",
-      "\"facet1\"", "[Yield at a = one (one)]"},
+     {"\"facet1\"", "y=\"3\"><unless><![CDATA[facet1!=&quot;hi&quot;]]>",
+      "y=\"10\"><unless><![CDATA[facet1!=&quot;lo&quot;]]>", "[Yield at a = one (one)]"},
      {"whenText", "\"facet2\"></variableReference>"}},
     {"no overall tests", Nothing, Changed(Pairs, [](ChartStage&, EmmeansData& block) { block.fvOverallTests.clear(); }),
      ""},
@@ -736,7 +736,9 @@ TEST(Charts, AreNotSentWithoutSettings) {
     stage.fStats.CreateEmmeansEstimates();
     stage.fStats.RemoveBuildSettings();
     HFITChartOutput charts(&stage.fRun.GetOutput(), stage.fRun.GetDataSource(), &stage.fStats);
+    FillCoefficients(stage);
     charts.BuildFixedEffectsDiagram();
+    charts.BuildFixedCoefficientsDiagram();
     charts.BuildTopMeansCharts();
     charts.BuildCustomEffectsChart(BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"1"}, {}, {})));
     charts.BuildContrastChart(Pairs());

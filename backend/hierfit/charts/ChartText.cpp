@@ -1,5 +1,6 @@
 #include "hierfit/charts/ChartText.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <limits>
@@ -23,12 +24,25 @@ std::size_t BeginOfNumber(const std::string& text) {
     return text[begin] == '+' ? digits : begin;
 }
 
-/// Whether a number that no double can hold is too small rather than too large.
+/// Whether a number that no double can hold is too small rather than too large. Its size is told by where its first
+/// digit other than zero stands.
 bool IsTiny(std::string_view number) {
-    const std::size_t exponent = number.find_first_of("eE");
-    if (exponent != std::string_view::npos) return number.substr(exponent).find('-') != std::string_view::npos;
-    const std::size_t digit = number.find_first_of("0123456789");
-    return number[digit] == '0' || (digit > 0 && number[digit - 1] == '.');
+    const std::size_t exponentPlace = number.find_first_of("eE");
+    const std::string_view digits = number.substr(0, exponentPlace);
+    const std::size_t leading = digits.find_first_of("123456789");
+    if (leading == std::string_view::npos) return true;
+    const std::size_t point = std::min(digits.find('.'), digits.size());
+    double exponent = static_cast<double>(point) - static_cast<double>(leading);
+    if (exponentPlace != std::string_view::npos) {
+        std::size_t begin = exponentPlace + 1;
+        if (number[begin] == '+') ++begin;
+        const bool isNegative = number[begin] == '-';
+        const std::string_view text = number.substr(begin + (isNegative ? 1 : 0));
+        int power = std::numeric_limits<int>::max() / 2;
+        std::from_chars(text.data(), text.data() + text.size(), power);
+        exponent += isNegative ? -power : power;
+    }
+    return exponent < 0;
 }
 
 }  // namespace

@@ -105,8 +105,9 @@ void HFITChartOutput::BuildCustomEffectsChart(const EmmeansData& block) {
     VarDataProcessor processor;
     processor.AddDataSource(kSource, 0);
     const auto add = [&](const char* name, bool isFactor, const KEST_Format* format, const std::string& label) {
+        const Handle variable = AddVariable(processor, kSource, name);
         viz.addVariable(name, name, isFactor, "", kSource, format, label);
-        return AddVariable(processor, kSource, name);
+        return variable;
     };
     const Handle target = add("targetValue", false, &fpState->fTargetFormat, fpState->fTargetLabel);
     std::vector<Handle> effects;
@@ -139,8 +140,10 @@ void HFITChartOutput::BuildCustomEffectsChart(const EmmeansData& block) {
     XDocument document(xml);
     document.setEditor(2);
     document.setLanguage();
+    document.SetChartData(&processor);
+    document.SetDescription(title);
     LabelFactors(document, variables);
-    Send(document, title, processor);
+    document.SendChart(true, false, false);
 }
 
 }  // namespace hierfit

@@ -92,13 +92,14 @@ void HFITChartOutput::WriteNode(VarDataProcessor& processor, int row, const Node
     processor.SetVariableValue(points, "Label_Y", row, geometry.fFromY);
 }
 
-void HFITChartOutput::WriteEdge(VarDataProcessor& processor, int row, const NodeGeometry& geometry,
-                                double significance) {
-    const std::string& edges = fpState->fEdgeSourceName;
+void HFITChartOutput::WriteLineEnd(VarDataProcessor& processor, int row, const NodeGeometry& geometry) const {
+    processor.SetVariableValue(fpState->fEdgeSourceName, "ToX", row, geometry.fToX);
+    processor.SetVariableValue(fpState->fEdgeSourceName, "ToY", row, geometry.fToY);
+}
+
+void HFITChartOutput::WriteWeight(VarDataProcessor& processor, int row, double significance) {
     const double weight = SignificanceToWeight(significance);
-    processor.SetVariableValue(edges, "ToX", row, geometry.fToX);
-    processor.SetVariableValue(edges, "ToY", row, geometry.fToY);
-    processor.SetVariableValue(edges, "Weight", row, weight);
+    processor.SetVariableValue(fpState->fEdgeSourceName, "Weight", row, weight);
     fpState->fHasLineWeights = true;
     fpState->fMinLineWeight = std::min(fpState->fMinLineWeight, weight);
     fpState->fMaxLineWeight = std::max(fpState->fMaxLineWeight, weight);
@@ -121,7 +122,9 @@ void HFITChartOutput::SendNodeEdgeChart(std::size_t nodeCount, const char* title
     XDocument document(xml);
     document.setEditor(2);
     document.setLanguage();
-    Send(document, title, processor);
+    document.SetDescription(title);
+    document.SetChartData(&processor);
+    document.SendChart(true, false, false);
 }
 
 }  // namespace hierfit

@@ -59,7 +59,7 @@ std::string CovariateTooltip(const std::string& label, const KEST_Variable& vari
 void HFITChartOutput::BuildFixedCoefficientsDiagram() {
     VarDataProcessor processor;
     const ParamCollect* parameters = fpState->fpStats->GetParamCollect();
-    if (!parameters) return;
+    if (!parameters || !fpState->fpStats->GetBuildSettings()) return;
     const std::vector<const ParamEstimate*> estimates = ShownEstimates(*parameters);
     if (estimates.empty()) return;
 
@@ -71,8 +71,14 @@ void HFITChartOutput::BuildFixedCoefficientsDiagram() {
     for (std::size_t k = 0; k < estimates.size(); ++k) {
         const int row = static_cast<int>(k);
         WriteNode(processor, row, nodes[k], radius);
-        WriteEdge(processor, row, nodes[k], estimates[k]->fSig);
+        WriteWeight(processor, row, estimates[k]->fSig);
         WriteCoefficient(processor, row, *estimates[k]);
+        WriteLineEnd(processor, row, nodes[k]);
+        if (estimates[k]->fParam.fIsIntercept) {
+            WriteIntercept(processor, row);
+        } else {
+            WriteTerm(processor, row, *estimates[k]);
+        }
     }
     SendNodeEdgeChart(estimates.size(), "Fixed Coefficients", processor, false);
 }
@@ -85,8 +91,9 @@ void HFITChartOutput::WriteCoefficient(VarDataProcessor& processor, int row, con
     const std::string& edges = fpState->fEdgeSourceName;
     processor.SetStringVariableValue(edges, "Weight2", row, sign);
     processor.SetStringVariableValue(edges, "LineTooltip", row, XUtility::ChartStringFromOLANG(tip).toUTF8());
+}
 
-    if (!estimate.fParam.fIsIntercept) return WriteTerm(processor, row, estimate);
+void HFITChartOutput::WriteIntercept(VarDataProcessor& processor, int row) const {
     const std::string& points = fpState->fPointSourceName;
     processor.SetStringVariableValue(points, "Type", row, "intercept");
     processor.SetStringVariableValue(points, "Nodes", row, LookUpText("Intercept").toUTF8());

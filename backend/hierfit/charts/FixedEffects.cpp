@@ -44,6 +44,13 @@ NodeTexts TextsOf(const std::vector<const KEST_Variable*>& variables) {
     return texts;
 }
 
+std::string LineTooltip(const std::string& name, double significance) {
+    const OBS value(significance);
+    ChartString tip = XUtility::ChartStringFromOLANG(name + " = ");
+    tip += XUtility::ChartStringFromOLANG(ToString(&value, kTipFormat));
+    return tip.toUTF8();
+}
+
 }  // namespace
 
 void HFITChartOutput::BuildFixedEffectsDiagram() {
@@ -77,14 +84,16 @@ void HFITChartOutput::BuildFixedEffectsDiagram() {
         }
         const int row = static_cast<int>(k);
         WriteNode(processor, row, nodes[k], radius);
-        WriteEdge(processor, row, nodes[k], tests[k]->fSig);
-        WriteEffect(processor, row, *tests[k], *effect);
+        WriteEffect(processor, row, *effect);
+        WriteLineEnd(processor, row, nodes[k]);
+        WriteWeight(processor, row, tests[k]->fSig);
+        const std::string tip = LineTooltip(LookUp("E62317"), tests[k]->fSig);
+        processor.SetStringVariableValue(fpState->fEdgeSourceName, "LineTooltip", row, tip);
     }
     SendNodeEdgeChart(tests.size(), kTitle, processor, true);
 }
 
-void HFITChartOutput::WriteEffect(VarDataProcessor& processor, int row, const EffectTest& test,
-                                  const EffectStruct& effect) const {
+void HFITChartOutput::WriteEffect(VarDataProcessor& processor, int row, const EffectStruct& effect) const {
     std::vector<const KEST_Variable*> variables;
     for (const int index : effect.fvFieldIndex) {
         if (const KEST_Variable* variable = fpState->fDataSource->GetVariable(index)) variables.push_back(variable);
@@ -96,11 +105,6 @@ void HFITChartOutput::WriteEffect(VarDataProcessor& processor, int row, const Ef
     processor.SetStringVariableValue(points, "Type", row, isInteraction ? "interaction" : plainType);
     processor.SetStringVariableValue(points, "Nodes", row, texts.fName);
     processor.SetStringVariableValue(points, "PointTooltip", row, texts.fTooltip);
-
-    const OBS significance(test.fSig);
-    ChartString tip = XUtility::ChartStringFromOLANG(LookUp("E62317") + " = ");
-    tip += XUtility::ChartStringFromOLANG(ToString(&significance, kTipFormat));
-    processor.SetStringVariableValue(fpState->fEdgeSourceName, "LineTooltip", row, tip.toUTF8());
 }
 
 }  // namespace hierfit

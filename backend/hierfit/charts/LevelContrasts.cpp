@@ -179,8 +179,8 @@ class HFITChartOutput::LevelContrasts {
 
     Level MakeLevel(std::size_t i, double mean);
 
-    /// The height of the line in a row's panel; the panel's first row decides.
-    double BaseOf(std::size_t i, double mean);
+    /// The panel of a row. Its first row decides the height of its line.
+    const ContrastGroup& GroupOf(std::size_t i, double mean);
     std::string MakeXml() const;
 
     const HFITChartOutput& fCharts;
@@ -211,12 +211,13 @@ void HFITChartOutput::LevelContrasts::WriteRows() {
 
 Level HFITChartOutput::LevelContrasts::MakeLevel(std::size_t i, double mean) {
     const ContrastData& contrasts = fBlock.fContrasts;
-    const double base = BaseOf(i, mean);
+    const ContrastGroup& group = GroupOf(i, mean);
+    const double base = group.fBase;
     const std::string& text = fRows.Compared().fvValues[i];
     const bool isSignificant = ParseNumber(EntryOf(contrasts.fAdjustedSig, i)) < contrasts.fAdjustedSigLevel;
     const char* tip = fTexts.Tip(isSignificant, mean - base > 0);
     return {.fText = text,
-            .fvFacetValues = {fRows.PanelLevel(0, i), fRows.PanelLevel(1, i)},
+            .fvFacetValues = group.fvFacetValues,
             .fValues = {base, mean},
             .fMargins = {ParseNumber(EntryOf(contrasts.fCILower, i)) + base,
                          ParseNumber(EntryOf(contrasts.fCIUpper, i)) + base},
@@ -224,14 +225,14 @@ Level HFITChartOutput::LevelContrasts::MakeLevel(std::size_t i, double mean) {
             .fTooltip = fCharts.ContrastTooltip(tip, LabelOrLevel(fVariables.fpCompare, text), fReference)};
 }
 
-double HFITChartOutput::LevelContrasts::BaseOf(std::size_t i, double mean) {
+const ContrastGroup& HFITChartOutput::LevelContrasts::GroupOf(std::size_t i, double mean) {
     const std::string key = fRows.PanelLevel(0, i) + fRows.PanelLevel(1, i);
     const auto [group, isNew] = fGroups.try_emplace(key);
     if (isNew) {
         group->second.fvFacetValues = {fRows.PanelLevel(0, i), fRows.PanelLevel(1, i)};
         group->second.fBase = mean - ParseNumber(EntryOf(fBlock.fContrasts.fContrastEstimate, i));
     }
-    return group->second.fBase;
+    return group->second;
 }
 
 std::string HFITChartOutput::LevelContrasts::MakeXml() const {
@@ -245,12 +246,15 @@ std::string HFITChartOutput::LevelContrasts::MakeXml() const {
 }
 
 void HFITChartOutput::LevelContrasts::Send() {
+    const std::string xml = MakeXml();
     try {
-        XDocument document(MakeXml());
+        XDocument document(xml);
         document.setEditor(2);
         document.setLanguage();
         LabelVariables(document, fVariables);
-        HFITChartOutput::Send(document, fCharts.LookUpText(fTexts.fTitle), fProcessor);
+        document.SetChartData(&fProcessor);
+        document.SetDescription(fCharts.LookUpText(fTexts.fTitle));
+        document.SendChart(true, false, false);
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

@@ -103,13 +103,6 @@ void CollectNodes(Nodes& nodes, const Pair& pair, const KEST_Variable* variable)
     }
 }
 
-void WritePair(VarDataProcessor& processor, const EdgeVariables& edges, int row, const Pair& pair) {
-    SetNumberOrText(processor, edges.fFrom, row, pair.KeyOf(pair.fA));
-    SetNumberOrText(processor, edges.fTo, row, pair.KeyOf(pair.fB));
-    SetNumberOrText(processor, edges.fPanel1, row, pair.fPanel1);
-    SetNumberOrText(processor, edges.fPanel2, row, pair.fPanel2);
-}
-
 /// Nodes stand in descending order of their keys.
 void WriteNodes(VarDataProcessor& processor, const NodeVariables& variables, const Nodes& nodes) {
     int row = 0;
@@ -162,7 +155,7 @@ class HFITChartOutput::PairwiseContrasts {
     void Send();
 
   private:
-    void WriteSignificance(int row, const std::string& text, const Pair& pair);
+    void WritePair(int row, const Pair& pair, const std::string& significance);
     std::string TooltipOf(const Pair& pair, std::size_t i, bool isSignificant) const;
     std::string MakeXml() const;
     void LabelVariables(XGraph& graph) const;
@@ -182,23 +175,27 @@ void HFITChartOutput::PairwiseContrasts::WriteRows() {
     for (std::size_t i = 0; i < significances.size(); ++i) {
         const Pair pair(fRows, i);
         CollectNodes(fNodes, pair, fpCompare);
-        WritePair(fProcessor, *fEdgeVariables, static_cast<int>(i), pair);
-        WriteSignificance(static_cast<int>(i), significances[i], pair);
+        WritePair(static_cast<int>(i), pair, significances[i]);
     }
     WriteNodes(fProcessor, *fNodeVariables, fNodes);
 }
 
-void HFITChartOutput::PairwiseContrasts::WriteSignificance(int row, const std::string& text, const Pair& pair) {
+void HFITChartOutput::PairwiseContrasts::WritePair(int row, const Pair& pair, const std::string& significance) {
+    const EdgeVariables& edges = *fEdgeVariables;
+    SetNumberOrText(fProcessor, edges.fFrom, row, pair.KeyOf(pair.fA));
+    SetNumberOrText(fProcessor, edges.fTo, row, pair.KeyOf(pair.fB));
     bool isKnown = false;
-    const double significance = ParseNumber(text, isKnown);
+    const double p = ParseNumber(significance, isKnown);
     if (isKnown) {
-        fProcessor.SetVariableValue(fEdgeVariables->fWeight, row, WeightOf(significance));
-        fProcessor.SetVariableValue(fEdgeVariables->fWeightInPopup, row, significance);
+        fProcessor.SetVariableValue(edges.fWeight, row, WeightOf(p));
+        fProcessor.SetVariableValue(edges.fWeightInPopup, row, p);
     }
-    const bool isSignificant = significance < fBlock.fContrasts.fAdjustedSigLevel;
-    fProcessor.SetVariableValue(fEdgeVariables->fType, row, isSignificant ? 1.0 : 0.0);
-    fProcessor.SetStringVariableValue(fEdgeVariables->fTooltip, row,
-                                      TooltipOf(pair, static_cast<std::size_t>(row), isSignificant));
+    const bool isSignificant = p < fBlock.fContrasts.fAdjustedSigLevel;
+    fProcessor.SetVariableValue(edges.fType, row, isSignificant ? 1.0 : 0.0);
+    SetNumberOrText(fProcessor, edges.fPanel1, row, pair.fPanel1);
+    SetNumberOrText(fProcessor, edges.fPanel2, row, pair.fPanel2);
+    const std::string tip = TooltipOf(pair, static_cast<std::size_t>(row), isSignificant);
+    fProcessor.SetStringVariableValue(edges.fTooltip, row, tip);
 }
 
 std::string HFITChartOutput::PairwiseContrasts::TooltipOf(const Pair& pair, std::size_t i, bool isSignificant) const {
@@ -248,7 +245,9 @@ void HFITChartOutput::PairwiseContrasts::Send() {
         LabelVariables(graph);
         document.setEditor(2);
         document.setLanguage();
-        HFITChartOutput::Send(document, fCharts.LookUpText(kTitle), fProcessor);
+        document.SetDescription(fCharts.LookUpText(kTitle));
+        document.SetChartData(&fProcessor);
+        document.SendChart(true, false, false);
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

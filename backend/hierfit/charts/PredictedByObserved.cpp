@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "hierfit/HFITChartOutput.h"
+#include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
 #include "host/XViZTemplate.h"
@@ -47,15 +48,17 @@ void HFITChartOutput::BuildPredictedByObservedChart() {
     viz.setTemplateInternalName("GLMMPredictedByObserved");
     VarDataProcessor processor;
     processor.AddDataSource(source, static_cast<int>(nRows));
+    std::vector<VarDataProcessor::_varinfo> variables;
     for (const Column& column : columns) {
-        VarDataProcessor::_varinfo variable;
-        processor.AddVariable(source, column.fName, &variable);
+        variables.push_back(AddVariable(processor, source, column.fName));
         viz.addVariable(column.fSlot, column.fName, false, "", source, nullptr, column.fLabel);
-        for (std::size_t i = 0; i < nRows; ++i) {
-            processor.SetVariableValue(variable, static_cast<int>(i), column.fvValues[i]);
-        }
     }
     viz.addLabel(0, title.toUTF8());
+    for (std::size_t i = 0; i < nRows; ++i) {
+        for (std::size_t j = 0; j < variables.size(); ++j) {
+            processor.SetVariableValue(variables[j], static_cast<int>(i), columns[j].fvValues[i]);
+        }
+    }
     std::string xml;
     std::string unused;
     viz.convert(xml, unused);
@@ -68,7 +71,9 @@ void HFITChartOutput::BuildPredictedByObservedChart() {
         XGraph graph = document.getExternalGraph();
         graph.getVariable("X", 0).setFormat(fpState->fTargetFormat);
         graph.getVariable("Y", 0).setFormat(fpState->fTargetFormat);
-        Send(document, title, processor);
+        document.SetDescription(title);
+        document.SetChartData(&processor);
+        document.SendChart(true, false, false);
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

@@ -31,9 +31,9 @@ std::string Attribute(const char* name, const std::string& value) {
 }
 
 std::string Parameters(const NamedDistribution& named, const ChartState& state) {
-    std::string text = " parameter=\"" + NumberToText(state.*named.fpParameter) + "\" ";
-    if (named.fpSecondary) text += " secondaryParameter=\"" + NumberToText(state.*named.fpSecondary) + "\" ";
-    return text;
+    const std::string first = Attribute("parameter", NumberToText(state.*named.fpParameter));
+    if (!named.fpSecondary) return first;
+    return first + Attribute("secondaryParameter", NumberToText(state.*named.fpSecondary));
 }
 
 /// Tells the histogram how many bins it has, and which distribution it is compared with; "normal" stays for the others.
@@ -48,7 +48,7 @@ void PatchHistogram(std::string& xml, std::size_t nBins, int distribution, const
         return entry.fDistribution == distribution;
     });
     if (named == std::end(kNamed)) return;
-    if (ReplaceFirst(xml, "normal", named->fName, place) == std::string::npos) return;
+    ReplaceFirst(xml, "normal", named->fName, place);
     const std::size_t element = xml.find(kDistribution);
     if (element != std::string::npos) xml.insert(element + kDistribution.size(), Parameters(*named, state));
 }

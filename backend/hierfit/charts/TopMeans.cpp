@@ -1,4 +1,5 @@
-#include <algorithm>
+#include <string_view>
+#include <unordered_set>
 
 #include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartLabels.h"
@@ -29,13 +30,15 @@ struct ShownFactor {
     KEST_Format fFormat;
 };
 
-/// Whether the first factor is the first field of an effect.
-bool LeadsAnEffect(const std::vector<Coordinates>& factors, const std::vector<EffectStruct>& effects) {
-    if (factors.empty()) return false;
-    return std::any_of(effects.begin(), effects.end(), [&](const EffectStruct& effect) {
-        return !effect.fvFieldNames.empty() && !effect.fvNestingLevels.empty() &&
-               effect.fvFieldNames.front() == factors.front().fField;
-    });
+using Names = std::unordered_set<std::string_view>;
+
+/// The first fields of the effects.
+Names LeadingFields(const std::vector<EffectStruct>& effects) {
+    Names names;
+    for (const EffectStruct& effect : effects) {
+        if (!effect.fvFieldNames.empty() && !effect.fvNestingLevels.empty()) names.insert(effect.fvFieldNames.front());
+    }
+    return names;
 }
 
 /// Names a factor's axis or legend, and its values by their labels; without them when the library refuses.
@@ -64,8 +67,8 @@ class HFITChartOutput::TopMeans {
     ShownFactor MakeFactor(std::size_t i) const;
     VarDataProcessor::_varinfo Add(const char* name, bool isFactor, const char* text, const KEST_Format* format,
                                    const std::string& label);
-    void WriteEffects(std::size_t v, int row);
-    void WriteMean(std::size_t v, int row, const Coordinates& limits);
+    void WriteLevel(int row, const std::string& level);
+    void WriteMean(int row, std::size_t v);
     std::string MakeTitle() const;
 
     const HFITChartOutput& fCharts;
@@ -101,8 +104,9 @@ ShownFactor HFITChartOutput::TopMeans::MakeFactor(std::size_t i) const {
 VarDataProcessor::_varinfo HFITChartOutput::TopMeans::Add(const char* name, bool isFactor, const char* text,
                                                           const KEST_Format* format, const std::string& label) {
     const std::string& source = fCharts.fpState->fSourceName;
+    const auto variable = AddVariable(fProcessor, source, name);
     fTemplate.addVariable(name, name, isFactor, text, source, format, label);
-    return AddVariable(fProcessor, source, name);
+    return variable;
 }
 
 std::string HFITChartOutput::TopMeans::MakeTitle() const {
@@ -113,32 +117,35 @@ std::string HFITChartOutput::TopMeans::MakeTitle() const {
 }
 
 void HFITChartOutput::TopMeans::WriteRows() {
-    for (std::size_t v = 0; v < fRecord.fvFactorCoords.front().fvValues.size(); ++v) {
-        const int row = static_cast<int>(2 * v);
-        WriteEffects(v, row);
-        WriteEffects(v, row + 1);
-        if (v >= fRecord.fMean.fvValues.size()) continue;
-        WriteMean(v, row, fRecord.fCILower);
-        WriteMean(v, row + 1, fRecord.fCIUpper);
-    }
-}
-
-void HFITChartOutput::TopMeans::WriteEffects(std::size_t v, int row) {
     const std::vector<Coordinates>& factors = fRecord.fvFactorCoords;
-    const std::string& level = factors[0].fvValues[v];
-    if (fFirst.fpVariable && fFirst.fpVariable->IsString()) {
-        fProcessor.SetStringVariableValue(fEffect1, row, level);
-    } else {
-        SetNumberOrText(fProcessor, fEffect1, row, level);
-    }
-    if (factors.size() > 1 && v < factors[1].fvValues.size()) {
-        SetNumberOrText(fProcessor, fEffect2, row, factors[1].fvValues[v]);
+    for (std::size_t v = 0; v < factors[0].fvValues.size(); ++v) {
+        const int row = static_cast<int>(2 * v);
+        WriteLevel(row, factors[0].fvValues[v]);
+        if (factors.size() > 1 && v < factors[1].fvValues.size()) {
+            SetNumberOrText(fProcessor, fEffect2, row, factors[1].fvValues[v]);
+            SetNumberOrText(fProcessor, fEffect2, row + 1, factors[1].fvValues[v]);
+        }
+        if (v < fRecord.fMean.fvValues.size()) WriteMean(row, v);
     }
 }
 
-void HFITChartOutput::TopMeans::WriteMean(std::size_t v, int row, const Coordinates& limits) {
-    fProcessor.SetVariableValue(fTarget, row, ParseNumber(fRecord.fMean.fvValues[v]));
-    fProcessor.SetVariableValue(fMargin, row, ParseNumber(EntryOf(limits, v)));
+void HFITChartOutput::TopMeans::WriteLevel(int row, const std::string& level) {
+    const bool isString = fFirst.fpVariable && fFirst.fpVariable->IsString();
+    for (const int at : {row, row + 1}) {
+        if (isString) {
+            fProcessor.SetStringVariableValue(fEffect1, at, level);
+        } else {
+            SetNumberOrText(fProcessor, fEffect1, at, level);
+        }
+    }
+}
+
+void HFITChartOutput::TopMeans::WriteMean(int row, std::size_t v) {
+    const double mean = ParseNumber(fRecord.fMean.fvValues[v]);
+    fProcessor.SetVariableValue(fTarget, row, mean);
+    fProcessor.SetVariableValue(fTarget, row + 1, mean);
+    fProcessor.SetVariableValue(fMargin, row, ParseNumber(EntryOf(fRecord.fCILower, v)));
+    fProcessor.SetVariableValue(fMargin, row + 1, ParseNumber(EntryOf(fRecord.fCIUpper, v)));
 }
 
 void HFITChartOutput::TopMeans::Send() {
@@ -152,7 +159,9 @@ void HFITChartOutput::TopMeans::Send() {
     document.setLanguage();
     LabelFactor(document, "effect1", fFirst.fpVariable);
     LabelFactor(document, "effect2", fSecond.fpVariable);
-    HFITChartOutput::Send(document, XUtility::ChartStringFromOLANG(MakeTitle()), fProcessor);
+    document.SetDescription(XUtility::ChartStringFromOLANG(MakeTitle()));
+    document.SetChartData(&fProcessor);
+    document.SendChart(true, false, false);
 }
 
 void HFITChartOutput::BuildTopMeansCharts() {
@@ -161,9 +170,10 @@ void HFITChartOutput::BuildTopMeansCharts() {
     if (!settings || settings->fvFixedEffectList.empty() || !records) return;
     const BpHeading heading =
         fpState->fProcedure->Heading(BpString("Estimated Marginal Means for Top Significant Fixed Effects", true));
+    const Names leading = LeadingFields(settings->fvFixedEffectList);
     int nCharts = 0;
     for (const EstimateData& record : *records) {
-        if (!LeadsAnEffect(record.fvFactorCoords, settings->fvFixedEffectList)) {
+        if (record.fvFactorCoords.empty() || !leading.contains(record.fvFactorCoords.front().fField)) {
             Diagnose("a chart of means is left out: its first factor begins no fixed effect");
             continue;
         }
