@@ -46,11 +46,11 @@ std::string GivenTip(const LevelsMarks& marks, const LevelsItem& item) {
     return marks.fpTip->Words(marks.fpTip->At(item.fRow));
 }
 
-std::string OrWord(const std::string& label, std::string_view key) { return label.empty() ? Translated(key) : label; }
+std::string Or(const std::string& label, const std::string& word) { return label.empty() ? word : label; }
 
 /// The factors of the chart, joined as in titles.
 std::string Factors(const LevelsMarks& marks, const LevelsItems& items) {
-    std::string factors = OrWord(marks.fXTitle, "Level");
+    std::string factors = Or(marks.fXTitle, Translated("Level"));
     const auto add = [&](const ShownVariable* variable) {
         if (variable != nullptr && !variable->Label().empty()) factors += " * " + variable->Label();
     };
@@ -80,10 +80,10 @@ std::string Sentence(const LevelsMarks& marks, const LevelsItems& items) {
 std::vector<std::string> Columns(const LevelsMarks& marks, const LevelsItems& items) {
     std::vector<std::string> columns;
     const Panels& panels = items.fPanels;
-    if (panels.HasHeadings()) columns.push_back(OrWord(panels.AcrossVariable()->Label(), "Panel"));
-    if (panels.HasTwoVariables()) columns.push_back(OrWord(panels.DownVariable()->Label(), "Panel"));
-    columns.push_back(OrWord(marks.fXTitle, "Level"));
-    if (marks.fpColor != nullptr) columns.push_back(OrWord(marks.fColorName, "Series"));
+    if (panels.HasHeadings()) columns.push_back(Or(panels.AcrossVariable()->Label(), Translated("Panel")));
+    if (panels.HasTwoVariables()) columns.push_back(Or(panels.DownVariable()->Label(), Translated("Panel")));
+    columns.push_back(Or(marks.fXTitle, Translated("Level")));
+    if (marks.fpColor != nullptr) columns.push_back(Or(marks.fColorName, Translated("Series")));
     if (marks.fIsContrast) columns.push_back(Translated("Reference"));
     columns.push_back(marks.fMeanName);
     if (marks.fpRange != nullptr) {

@@ -1,0 +1,93 @@
+#include "host/chart/view/ShownData.h"
+
+#include <limits>
+
+#include "host/SystemMissing.h"
+#include "host/chart/view/parts/Levels.h"
+
+namespace hierfit::chart {
+namespace {
+
+using document::ChartValue;
+
+const KEST_Format kNoDecimals{8, KEST_FormatType::Numeric, 0};
+
+KEST_Variable Labelled() {
+    return KEST_Variable({"arm", "Arm", kNoDecimals, 1, {{{1.0, "Placebo"}, {2.0, "Dose"}}, {{"a", "Letter"}}}});
+}
+
+TEST(ShownVariable, PutsValuesIntoWords) {
+    const KEST_Variable variable = Labelled();
+    VariableSetting plain, valueLabels, relabels, both;
+    valueLabels.fpVariable = both.fpVariable = &variable;
+    valueLabels.fUsesValueLabels = both.fUsesValueLabels = true;
+    relabels.fvLabels = {{"1", "first"}, {"007", "seven"}, {"1", "last"}, {"00", "zero"}};
+    both.fvLabels = {{"1", "given"}};
+    both.fPrefix = "Arm = ";
+    Field field{};
+    field.fFormat = KEST_Format{40, KEST_FormatType::Numeric, 2};
+    struct Case {
+        const VariableSetting* fpSetting;
+        const Field* fpField;
+        ChartValue fValue;
+        std::string fWords;
+    };
+    const std::vector<Case> cases = {
+        {nullptr, nullptr, std::monostate(), ""}, {nullptr, nullptr, 1.5, "1.5"},
+        {nullptr, nullptr, kSystemMissing, "."},  {nullptr, &field, 1.5, "1.50"},
+        {&plain, &field, 1e6, "1000000.00"},      {&valueLabels, &field, 1.0, "Placebo"},
+        {&valueLabels, &field, 3.0, "3"},  // the variable's format counts
+        {&valueLabels, &field, "a", "Letter"},    {&valueLabels, &field, "b", "b"},
+        {&relabels, &field, 1.0, "last"},         {&relabels, &field, "01", "last"},
+        {&relabels, &field, 7.0, "seven"},        {&relabels, &field, "0007", "seven"},
+        {&relabels, &field, "70", "70"},          {&relabels, &field, 0.0, "zero"},
+        {&both, &field, 1.0, "Arm = given"},      {&both, &field, 2.0, "Arm = Dose"},
+        {&both, &field, "z", "Arm = z"},
+    };
+    const document::ChartVariable data{"arm", {}};
+    for (const Case& each : cases) {
+        EXPECT_EQ(ShownVariable(data, each.fpField, each.fpSetting).Words(each.fValue), each.fWords);
+    }
+}
+
+TEST(ShownVariable, TakesOnlyUsableNumbers) {
+    const document::ChartVariable data{
+        "x", {1.0, std::numeric_limits<double>::quiet_NaN(), kSystemMissing, "2", std::monostate()}};
+    const ShownVariable variable(data, nullptr, nullptr);
+    EXPECT_EQ(variable.NumberAt(0), 1.0);
+    for (std::size_t row = 1; row < 7; ++row) EXPECT_EQ(variable.NumberAt(row), std::nullopt) << row;
+}
+
+TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {
+    Specification specification;
+    specification.fvFields.push_back({"y", "target", "", false, "", "Label of y", {}});
+    const std::vector<document::ChartSource> data = {
+        {"one", 0, {{"x", {1.0}}, {"target", {2.0}}, {"empty", {std::monostate()}}}}, {"two", 0, {{"x", {3.0}}}}};
+    VariableSetting second;
+    second.fName = "x";
+    second.fIndex = 1;
+    second.fLabel = "second x";
+    const std::vector<VariableSetting> settings = {second};
+    const ShownData shown(specification, data, settings);
+    EXPECT_EQ(shown.Find("", "x")->NumberAt(0), 1.0);
+    EXPECT_EQ(shown.Find("", "x")->Label(), "");
+    EXPECT_EQ(shown.Find("two", "x")->Label(), "second x");
+    EXPECT_EQ(shown.Find("", "y")->Label(), "Label of y");
+    for (const char* missing : {"", "empty", "z"}) EXPECT_EQ(shown.Find("", missing), nullptr) << missing;
+    EXPECT_EQ(shown.Find("two", "target"), nullptr);
+}
+
+TEST(Levels, KeepValuesApartInOrderOfAppearance) {
+    const KEST_Variable variable = Labelled();
+    VariableSetting setting;
+    setting.fvLabels = {{"1", "same"}, {"2", "same"}};
+    const document::ChartVariable data{"x", {2.0, "b", 1.0, 2.0, "2", std::monostate(), kSystemMissing, ""}};
+    const ShownVariable shown(data, nullptr, &setting);
+    const Levels levels(&shown);
+    EXPECT_EQ(levels.Texts(), (std::vector<std::string>{"same", "b", "same", "same", ""}));
+    const std::vector<std::optional<std::size_t>> rows = {0, 1, 2, 0, 3, {}, {}, 4, {}};
+    for (std::size_t row = 0; row < rows.size(); ++row) EXPECT_EQ(levels.At(row), rows[row]) << row;
+}
+
+}  // namespace
+}  // namespace hierfit::chart
