@@ -20,6 +20,10 @@ struct Histogram {
     /// The end of the axis of counts. A curve with a pole does not flatten the bars: it may be cut.
     double Top() const;
 
+    /// The ends of the axis of bins. A single bin leaves as much room on either side.
+    double Low() const;
+    double High() const;
+
     /// The range of a bin in words, or its one value.
     std::string RangeInWords(const Bin& bin) const;
 };

@@ -30,7 +30,7 @@ Json CurveValues(const DistributionCurve& curve) {
 }
 
 Json ChannelX(std::string_view field, const Histogram& histogram, const HistogramPlace& place) {
-    const Json scale = {{"domain", {Rounded(histogram.fBins.Low()), Rounded(histogram.fBins.High())}},
+    const Json scale = {{"domain", {Rounded(histogram.Low()), Rounded(histogram.High())}},
                         {"range", {place.fLeft, place.fRight}},
                         {"nice", false},
                         {"zero", false}};
