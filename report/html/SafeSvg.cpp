@@ -84,13 +84,13 @@ class Copier {
         fOut += name;
         if (!Take('=') || !Take('"')) return false;
         if (name == "id") fOut += fPrefix;
-        return CopyValue() && Take('"');
+        return CopyValue(name.starts_with("aria-")) && Take('"');
     }
 
-    bool CopyValue() {
+    bool CopyValue(bool isText) {
         const std::string_view value = fSvg.substr(fAt, fSvg.find('"', fAt) - fAt);
         if (value.find('<') != std::string_view::npos) return false;
-        if (value.starts_with(kReference)) {
+        if (!isText && value.starts_with(kReference)) {
             if (!value.substr(kReference.size()).starts_with('#')) return false;
             fOut.append(kReference).append(1, '#').append(fPrefix);
             fAt += kReference.size() + 1;

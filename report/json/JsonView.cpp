@@ -3,6 +3,7 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "host/document/ViewExpressions.h"
 
@@ -75,7 +76,10 @@ class ViewReader {
         std::string_view key;
         while (fTokens.NextKey(key)) {
             if (key == kTable) {
-                fIn.ReadValueOf(kTable, [this] { ReadTable(fIn, fChart.fShown); });
+                fIn.ReadValueOf(kTable, [this] {
+                    if (std::exchange(fHasTable, true)) fIn.Fail("key expected once");
+                    ReadTable(fIn, fChart.fShown);
+                });
             } else if (key == "description") {
                 CopySentence();
             } else {
@@ -158,6 +162,7 @@ class ViewReader {
     JsonTokens& fTokens;
     Chart& fChart;
     std::string& fOut;
+    bool fHasTable = false;
 };
 
 }  // namespace

@@ -81,9 +81,9 @@ TEST(HtmlReport, IsOnePage) {
 <section id="Fixed-Random-1">
 <h2>Fixed &amp; Random</h2>
 <p class="message warning" id="Message-1"><strong>Warning</strong> Is 1 &lt; 2?</p>
-<figure class="chart" id="GLMMEmMeans-1">
-<figcaption class="title">Means</figcaption>
-<p>Charts are not drawn in this report.</p>
+<figure class="chart" id="GLMMEmMeans-1" role="group" aria-labelledby="GLMMEmMeans-1-title">
+<p class="title" id="GLMMEmMeans-1-title">Means</p>
+<p>There is no picture of this chart.</p>
 </figure>
 </section>
 <figure class="table" id="GrandMean-1">

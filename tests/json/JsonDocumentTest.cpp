@@ -82,8 +82,9 @@ TEST(JsonDocument, ViewsAreCompactObjects) {
         std::string fJson;
     } kCases[] = {
         {"", "{}"},
-        {" { \"b\" : [ 1.0 , true, null ] ,\n\"a\" : { } } ", R"({"b":[1.0,true,null],"a":{}})"},
-        {R"({"a":"\u00e9\/"})", "{\"a\":\"\u00E9/\"}"},
+        {" { \"b\" : [ 1.0 , true, null ] ,\n\"a\" : { } } ",
+         R"({"b":[1.0,true,null],"a":{},"usermeta":{"columns":[],"rows":[]}})"},
+        {R"({"a":"\u00e9\/"})", "{\"a\":\"\u00E9/\",\"usermeta\":{\"columns\":[],\"rows\":[]}}"},
         {"[1]", "{}"},
         {"{\"a\":1", "{}"},
         {"{} {}", "{}"},

@@ -118,8 +118,29 @@ TEST(JsonErrors, FormOfCharts) {
         {"[\"setLabel\", \"Effect\"]", "[\"setLabel\", 1]",
          chart + "/variables/0/calls/0/1: text, true, false or list of 3 expected"},
         {"[40, 5, 2]", "[40, 5]", chart + "/variables/0/calls/1/1: list of 3 expected"},
-        {"{\"mark\":\"bar\"}", "[]", chart + "/view: object expected"},
-        {"\"view\": {\"mark\":\"bar\"}", "\"look\": {}", chart + ": key \"view\" expected"},
+        {"\"view\": {", "\"look\": {", chart + ": key \"view\" expected"},
+    });
+}
+
+TEST(JsonErrors, FormOfViews) {
+    const std::string view = "/items/0/items/1/view";
+    const std::string expression = ": one of the expressions of views expected";
+    CheckEdits({
+        {"\"view\": {", "\"view\": 7, \"rest\": {", view + ": object expected"},
+        {"isValid(datum.m)", "alert(1)", view + "/transform/0/filter" + expression},
+        {"isValid(datum.m)", "isValid(datum.m) ", view + "/transform/0/filter" + expression},
+        {"\"isValid(datum.m)\"", "[1, {\"expr\": \"now()\"}]", view + "/transform/0/filter/1/expr" + expression},
+        {"{\"filter\":", "{\"calculate\":", view + "/transform/0/calculate: key of a view expected"},
+        {"\"mark\":\"bar\"", "\"mark\":{\"href\":\"x\"}", view + "/mark/href: key of a view expected"},
+        {"\"mark\":\"bar\"", "\"data\":{\"url\":\"x\"}", view + "/data/url: key of a view expected"},
+        {"\"mark\":\"bar\"", "\"params\":[{\"bind\":\"scales\"}]", view + "/params/0/bind: key of a view expected"},
+        {"\"mark\":\"bar\"", "\"x y\":1", view + "/x y: key of a view expected"},
+        {"\"mark\":\"bar\"", "\"data\":{\"values\":[{\"url\":\"x\",\"expr\":\"now()\"}]}", ""},
+        {"\"description\":\"Bars.\"", "\"description\":{}", view + "/description: text expected"},
+        {"[\"X\",\"Y\"]", "[\"X\"]", view + "/usermeta/rows/0: 1 cells expected, one for each column"},
+        {"\"columns\":", "\"column\":", view + "/usermeta: key \"columns\" expected"},
+        {"\"usermeta\":", "\"usermeta\":{\"columns\":[],\"rows\":[]},\"usermeta\":",
+         view + "/usermeta: key expected once"},
     });
 }
 

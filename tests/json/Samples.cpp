@@ -142,7 +142,8 @@ Document MakeNestedTable() {
 Document MakeCharts() {
     Document document = MakeEmpty();
     document.fItems.push_back(
-        {Chart{.fXml = "<a b='\n'/>", .fView = R"({"a":[1.50,-0,1e400,"\u0000é\"",{}],"":null})"}});
+        {Chart{.fXml = "<a b='\n'/>",
+               .fView = R"({"text":[1.50,-0,1e400,"\u0000é\"",{}],"data":{"values":[{"url":null,"":[]}]}})"}});
     Chart chart{.fDescription = "D", .fSendArguments = {true, false, true}, .fEditor = -1, .fTemplate = "T"};
     const std::vector<document::ChartValue> values = {
         {}, 0.0, kSystemMissing, Limits::infinity(), -Limits::infinity(), "NaN", "Infinity", "-Infinity", "", "text"};
@@ -182,13 +183,16 @@ Document MakeSmallDocument() {
     chart.fXml = "<c/>\n";
     chart.fvData = {{"points", 0, {{"X", {0.0, {}, "text"}}}}};
     chart.fvSettings = {{"effect1", 0, {{"setLabel", {"Effect"}}, {"setFormat", {std::array{40, 5, 2}}}}}};
-    chart.fView = R"({"mark":"bar"})";
-    Document document = MakeEmpty();
-    document.fvSources = {"model.pmml", "model.statxml"};
-    document.fItems.push_back({Heading{Plain("Model"), {{std::move(table)}, {std::move(chart)}}}});
-    document.fItems.push_back({Message{Plain("Careful."), 2, 2}});
-    document.fvDiagnostics = {{2, "left out", {{1, 41, 7}}}, {1, "read", std::nullopt}};
-    return document;
+    chart.fView = R"({"description":"Bars.","mark":"bar","transform":[{"filter":"isValid(datum.m)"
+}]
+})";
+    chart.fShown = {"Bars.", {"X", "Y"}, {{"1", "<b>"}, {"", "\n"}}};
+Document document = MakeEmpty();
+document.fvSources = {"model.pmml", "model.statxml"};
+document.fItems.push_back({Heading{Plain("Model"), {{std::move(table)}, {std::move(chart)}}}});
+document.fItems.push_back({Message{Plain("Careful."), 2, 2}});
+document.fvDiagnostics = {{2, "left out", {{1, 41, 7}}}, {1, "read", std::nullopt}};
+return document;
 }
 
 std::vector<Sample> MakeSamples() {

@@ -243,6 +243,9 @@ document::Document MakeDocument() {
     document::Heading outer{test::MakeText("Outer"), {{test::SketchTable("title T\ncells =#1.5")}, {inner}}};
     document::Chart chart{};
     chart.fDescription = "Fixed Effects";
+    chart.fShown = {"Two\nlines.", {"X", "Y"}, std::vector<std::vector<std::string>>(21, {"a", "1.5"})};
+    chart.fShown.fvRows[1] = {"\x1B", "-10"};
+    for (std::size_t row = 2; row < 19; ++row) chart.fShown.fvRows[row].back().clear();
     document.fItems = {MakeMessage("First.", 1), {outer}, {chart}, MakeMessage("Last.", 3)};
     document.fvDiagnostics = {
         {1, "noted", {}}, {2, "left out", document::Place{1, 41, 7}}, {3, "lost", document::Place{9, 1, 1}}};

@@ -28,7 +28,8 @@ function tryToDraw(drawing, tip) {
   } catch {
     const failure = document.createElement("p");
     failure.textContent = document.body.dataset.notDrawn;
-    drawing.replaceChildren(failure);
+    drawing.querySelector("div")?.remove();
+    drawing.append(failure);
     drawing.closest("figure").querySelector("details")?.setAttribute("open", "");
   }
 }
