@@ -6,7 +6,9 @@
 #include "host/XViZTemplate.h"
 #include "tests/chart/ChartRun.h"
 #include "tests/chart/Describe.h"
+#include "tests/chart/PatchedCharts.h"
 #include "tests/language/TemporaryFolder.h"
+#include "tests/mutations/Mutation.h"
 
 namespace hierfit::test {
 
@@ -208,6 +210,45 @@ TEST(SendTest, MachineMayRefuseToStart) {
     EXPECT_FALSE(machine.StartJVM() || machine.IsStarted() || machine.AttachCurrentThread(nullptr));
     EXPECT_FALSE(ViZEditor::GetInstance().StartEditorHeadless(machine.GetEnv()) ||
                  ViZEditor::GetInstance().IsStartedHeadless());
+}
+
+/// Values under every name that the templates know, some of them of the wrong kind.
+void FillAllVariables(VarDataProcessor& processor) {
+    const char* const kNames[] = {"X",       "Y",        "FromX",   "FromY",  "ToX",     "ToY",     "Label_X",
+                                  "Label_Y", "Nodes",    "Type",    "Weight", "target",  "effect1", "confMargin",
+                                  "value",   "category", "type",    "facet1", "facet2",  "from",    "to",
+                                  "node",    "weight",   "effect2", "tip",    "tooltip", "Weight2", "Transparency"};
+    for (const char* source :
+         {"source0", "pointSource", "edgeSource", "targetPointSource", "nodeSource_1", "edgeSource_1"}) {
+        processor.AddDataSource(source, 0);
+        for (int i = 0; const char* name : kNames) {
+            processor.AddVariable(source, name, nullptr);
+            for (int row = 0; row < 4; ++row) processor.SetVariableValue(source, name, row, (row * 7 + i) % 5);
+            if (++i % 4 == 0) processor.SetStringVariableValue(source, name, 1, "text");
+        }
+    }
+}
+
+TEST(SendTest, BrokenTemplatesAreSentOrLeftOutWithAWord) {
+    VarDataProcessor processor;
+    FillAllVariables(processor);
+    std::vector<PatchedChart> charts;
+    {
+        const ChartRun run;
+        charts = MakePatchedCharts("label");
+    }
+    Mutator mutator(1);
+    for (int round = 0; round < 20; ++round) {
+        for (const auto& [name, xml] : charts) {
+            ChartRun run;
+            std::string changes;
+            XDocument document(mutator.Mutate(xml, changes));
+            document.SetChartData(&processor);
+            const bool isSent = document.SendChart(true, false, false);
+            EXPECT_EQ(run->GetDocument().fItems.size(), isSent ? 1U : 0U) << name << changes;
+            EXPECT_TRUE(isSent || !run.Diagnostics().empty()) << name << changes;
+        }
+    }
 }
 
 }  // namespace
