@@ -13,7 +13,7 @@ TEST(SafeSvg, KeepsShapesAndPrefixesIds) {
     std::string expected = svg;
     expected.replace(expected.find("clip0"), 5, "c-clip0").replace(expected.find("#clip0"), 6, "#c-clip0");
     EXPECT_EQ(MakeSafeSvg(svg, "c-"), expected);
-    EXPECT_EQ(MakeSafeSvg(std::string("<svg a=\"\x1B\">\0</svg>", 17), {}), "<svg a=\"\u241B\">\u2400</svg>");
+    EXPECT_EQ(MakeSafeSvg(std::string("<svg a=\"\x1B\">\0</svg>", 18), {}), "<svg a=\"\u241B\">\u2400</svg>");
 }
 
 TEST(SafeSvg, RefusesWhatIsMore) {

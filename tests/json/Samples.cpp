@@ -183,16 +183,14 @@ Document MakeSmallDocument() {
     chart.fXml = "<c/>\n";
     chart.fvData = {{"points", 0, {{"X", {0.0, {}, "text"}}}}};
     chart.fvSettings = {{"effect1", 0, {{"setLabel", {"Effect"}}, {"setFormat", {std::array{40, 5, 2}}}}}};
-    chart.fView = R"({"description":"Bars.","mark":"bar","transform":[{"filter":"isValid(datum.m)"
-}]
-})";
+    chart.fView = R"-({"description":"Bars.","mark":"bar","transform":[{"filter":"isValid(datum.m)"}]})-";
     chart.fShown = {"Bars.", {"X", "Y"}, {{"1", "<b>"}, {"", "\n"}}};
-Document document = MakeEmpty();
-document.fvSources = {"model.pmml", "model.statxml"};
-document.fItems.push_back({Heading{Plain("Model"), {{std::move(table)}, {std::move(chart)}}}});
-document.fItems.push_back({Message{Plain("Careful."), 2, 2}});
-document.fvDiagnostics = {{2, "left out", {{1, 41, 7}}}, {1, "read", std::nullopt}};
-return document;
+    Document document = MakeEmpty();
+    document.fvSources = {"model.pmml", "model.statxml"};
+    document.fItems.push_back({Heading{Plain("Model"), {{std::move(table)}, {std::move(chart)}}}});
+    document.fItems.push_back({Message{Plain("Careful."), 2, 2}});
+    document.fvDiagnostics = {{2, "left out", {{1, 41, 7}}}, {1, "read", std::nullopt}};
+    return document;
 }
 
 std::vector<Sample> MakeSamples() {
