@@ -55,7 +55,9 @@ void ReadJsonAsTree(benchmark::State& state) {
     MeasureReading(state, [](const std::string& json) { return nlohmann::json::parse(json); });
 }
 
-void MakeHtmlReport(benchmark::State& state) { MeasureRendering(state, report::MakeHtmlReport); }
+void MakeHtmlReport(benchmark::State& state) {
+    MeasureRendering(state, [](const Document& document) { return report::MakeHtmlReport(document); });
+}
 
 void MakeTextReport(benchmark::State& state) {
     MeasureRendering(state, [](const Document& document) { return report::MakeTextReport(document, {}); });
