@@ -95,7 +95,8 @@ std::vector<double> LineGuides::In(const Panels& panels, const Panels::Place& pl
     if (panels.HasTwoVariables()) values.push_back(RawText(panels.Down().Value(place.fDown)));
     if (panels.IsSwapped()) std::swap(values.front(), values.back());
     if (values.empty() || values.size() > fvNames.size()) return heights;
-    if (const auto exact = fOfConditions.find(Condition(fvNames, values)); exact != fOfConditions.end()) {
+    if (const auto exact = fOfConditions.find(WithQuoteNames(Condition(fvNames, values)));
+        exact != fOfConditions.end()) {
         Append(heights, exact->second);
         return heights;
     }
