@@ -243,9 +243,7 @@ document::Document MakeDocument() {
     document::Heading outer{test::MakeText("Outer"), {{test::SketchTable("title T\ncells =#1.5")}, {inner}}};
     document::Chart chart{};
     chart.fDescription = "Fixed Effects";
-    chart.fShown = {"Two\nlines.", {"X", "Y"}, std::vector<std::vector<std::string>>(21, {"a", "1.5"})};
-    chart.fShown.fvRows[1] = {"\x1B", "-10"};
-    for (std::size_t row = 2; row < 19; ++row) chart.fShown.fvRows[row].back().clear();
+    chart.fShown = {"Two\nlines.", {"X", "Y"}, {{"a", "1.5"}, {"\x1B", "-10"}}};
     document.fItems = {MakeMessage("First.", 1), {outer}, {chart}, MakeMessage("Last.", 3)};
     document.fvDiagnostics = {
         {1, "noted", {}}, {2, "left out", document::Place{1, 41, 7}}, {3, "lost", document::Place{9, 1, 1}}};
@@ -273,6 +271,15 @@ Warning: Not
          estimated.
 
 Chart: Fixed Effects
+Two
+lines.
+
+────────
+X      Y
+────────
+a    1.5
+␛  -10
+────────
 
 Error: Last.
 
@@ -283,6 +290,20 @@ Warning: left out (model.statxml:41:7)
 Error: lost (?:1:1)
 )");
     EXPECT_EQ(report::MakeTextReport({}, {}), "");
+}
+
+TEST(TextReport, CutsTheValuesOfAChart) {
+    const std::pair<std::size_t, std::string> cases[] = {
+        {20, ""}, {21, "... and 1 more row\n"}, {50, "... and 30 more rows\n"}};
+    for (const auto& [rows, rest] : cases) {
+        document::Document document;
+        document.fItems = {{document::Chart{}}};
+        auto& shown = std::get<document::Chart>(document.fItems.front().fContent).fShown;
+        shown = {"", {"X"}, std::vector<std::vector<std::string>>(rows, {"1"})};
+        std::string expected = "Chart: \n\n─\nX\n─\n";
+        for (int row = 0; row < 20; ++row) expected += "1\n";
+        EXPECT_EQ(report::MakeTextReport(document, {}), expected + "─\n" + rest);
+    }
 }
 
 TEST(TextReport, ColoursChangeNothingElse) {

@@ -7,35 +7,50 @@
 
 /// What a chart's view may hold, for those who write views and those who read them back. A view runs nothing and
 /// fetches nothing: its expressions are the few below, to the letter, and its keys draw. Whoever gives a view a new key
-/// or expression adds it here; the lists are sorted.
+/// or expression adds it here.
+namespace hierfit::document::expression {
+
+/// Names of the arrays that hold the words of levels.
+inline constexpr std::string_view kXNames = "x_text";
+inline constexpr std::string_view kColorNames = "color_text";
+inline constexpr std::string_view kFacetNames = "facet_text";
+inline constexpr std::string_view kSecondFacetNames = "facet2_text";
+inline constexpr std::string_view kTypeNames = "type_text";
+inline constexpr std::string_view kWeightNames = "weight_text";
+inline constexpr std::string_view kSignNames = "sign_text";
+
+/// All expressions that a view may hold. Labels are data and never part of one.
+inline constexpr std::string_view kXText = "x_text[datum.value]";
+inline constexpr std::string_view kXLines = "split(x_text[datum.value], '\\n')";
+inline constexpr std::string_view kColorText = "color_text[datum.value]";
+inline constexpr std::string_view kFacetText = "facet_text[datum.value]";
+inline constexpr std::string_view kSecondFacetText = "facet2_text[datum.value]";
+inline constexpr std::string_view kTypeText = "type_text[datum.value]";
+inline constexpr std::string_view kWeightText = "weight_text[datum.value]";
+inline constexpr std::string_view kSignText = "sign_text[datum.value]";
+inline constexpr std::string_view kIsLink = "isValid(datum.x2)";
+inline constexpr std::string_view kIsNode = "isValid(datum.lx)";
+inline constexpr std::string_view kSide = "datum.side";
+inline constexpr std::string_view kBaseline = "datum.base";
+inline constexpr std::string_view kTurn = "datum.turn";
+inline constexpr std::string_view kHasMean = "isValid(datum.m)";
+inline constexpr std::string_view kHasBase = "isValid(datum.base)";
+inline constexpr std::string_view kLegendLayout =
+    "{bottom: {anchor: 'start', direction: 'vertical', margin: 10}, "
+    "top: {anchor: 'start', direction: 'vertical', margin: 8}}";
+
+/// All of them.
+inline constexpr std::array kAll = {
+    kXText,        kXLines,     kColorText, kFacetText, kSecondFacetText, kTypeText, kHasMean,  kHasBase,
+    kLegendLayout, kWeightText, kSignText,  kIsLink,    kIsNode,          kSide,     kBaseline, kTurn,
+};
+
+}  // namespace hierfit::document::expression
+
 namespace hierfit::document {
 
 /// The keys of a view whose texts are expressions.
 inline constexpr std::array<std::string_view, 3> kExpressionKeys{"expr", "filter", "labelExpr"};
-
-inline constexpr std::string_view kViewExpressions[] = {
-    "color_text[datum.value]",
-    "datum.base",
-    "datum.side",
-    "datum.turn",
-    "facet2_text[datum.value]",
-    "facet_text[datum.value]",
-    "isValid(datum.base)",
-    "isValid(datum.hi)",
-    "isValid(datum.lo)",
-    "isValid(datum.lo) && isValid(datum.hi)",
-    "isValid(datum.lx)",
-    "isValid(datum.m)",
-    "isValid(datum.x2)",
-    "type_text[datum.value]",
-    "weight_text[datum.value]",
-    "x_text[datum.value]",
-};
-
-/// Where legends above and below a picture stand.
-inline constexpr std::string_view kLegendLayout =
-    "{bottom: {anchor: 'start', direction: 'vertical', margin: 10}, top: {anchor: 'start', direction: 'vertical', "
-    "margin: 8}}";
 
 /// Keys outside rows of data, whose names are free; a blank before and behind each.
 inline constexpr std::string_view kViewKeys =
@@ -69,10 +84,12 @@ inline std::string_view FindViewKey(std::string_view key) {
     return at == std::string_view::npos ? std::string_view() : kViewKeys.substr(at + 1, key.size());
 }
 
-inline bool IsExpressionKey(std::string_view key) { return std::ranges::binary_search(kExpressionKeys, key); }
+inline bool IsExpressionKey(std::string_view key) {
+    return std::ranges::find(kExpressionKeys, key) != kExpressionKeys.end();
+}
 
 inline bool IsViewExpression(std::string_view text) {
-    return text == kLegendLayout || std::ranges::binary_search(kViewExpressions, text);
+    return std::ranges::find(expression::kAll, text) != expression::kAll.end();
 }
 
 }  // namespace hierfit::document
