@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <cmath>
 
 #include "host/SystemMissing.h"
@@ -18,11 +19,15 @@ bool IsUsable(double number) { return std::isfinite(number) && number != kSystem
 
 /// Leading zeros do not tell two values apart where labels are looked for.
 std::string_view WithoutLeadingZeros(std::string_view key) {
-    while (key.size() > 1 && key.front() == '0') key.remove_prefix(1);
-    return key;
+    return key.substr(std::min(key.find_first_not_of('0'), key.size()));
 }
 
 std::string PlainText(double number) { return IsUsable(number) ? fmt::format("{}", number) : std::string("."); }
+
+/// Whole numbers in full, all others with six digits.
+std::string RoundedText(double number) {
+    return IsUsable(number) && std::trunc(number) != number ? fmt::format("{:.6g}", number) : PlainText(number);
+}
 
 std::string LabelOf(const Field* field, const VariableSetting* setting) {
     if (setting != nullptr && setting->fLabel) return *setting->fLabel;
@@ -74,9 +79,19 @@ std::optional<std::string_view> ShownVariable::ValueLabel(const document::ChartV
     return label;
 }
 
+std::string ShownVariable::Key(const document::ChartValue& value) {
+    if (std::holds_alternative<std::monostate>(value)) return {};
+    const double* number = std::get_if<double>(&value);
+    return number != nullptr ? PlainText(*number) : std::get<std::string>(value);
+}
+
+bool ShownVariable::IsLabelled(const document::ChartValue& value) const {
+    return GivenLabel(Key(value)) || (!std::holds_alternative<std::monostate>(value) && ValueLabel(value));
+}
+
 std::string ShownVariable::Unprefixed(const document::ChartValue& value) const {
     const double* number = std::get_if<double>(&value);
-    const std::string key = number != nullptr ? PlainText(*number) : std::get<std::string>(value);
+    const std::string key = Key(value);
     if (const auto label = GivenLabel(key)) return std::string(*label);
     if (const auto label = ValueLabel(value)) return std::string(*label);
     return number != nullptr ? Figure(*number) : key;
@@ -88,7 +103,7 @@ std::string ShownVariable::Words(const document::ChartValue& value) const {
 }
 
 std::string ShownVariable::Figure(double number) const {
-    if (!fFormat || fFormat->IsString()) return PlainText(number);
+    if (!fFormat || fFormat->IsString()) return RoundedText(number);
     const OBS value(number);
     return ToString(&value, *fFormat);
 }

@@ -35,7 +35,16 @@ class ShownVariable {
     /// the text as it is. Very long words are cut. Empty for a value that was never written.
     std::string Words(const document::ChartValue& value) const;
 
-    /// Words of a number that is a figure: the format alone counts.
+    /// A value as labels are looked for: a number in the shortest digits that give it back, a text as it is.
+    static std::string Key(const document::ChartValue& value);
+
+    /// Whether a value has a label of its own.
+    bool IsLabelled(const document::ChartValue& value) const;
+
+    /// Whether words of values say already which variable they are of.
+    bool HasPrefix() const { return !fPrefix.empty(); }
+
+    /// Words of a number that is a figure: the format alone counts; without one, six digits.
     std::string Figure(double number) const;
 
     /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f". Empty where the

@@ -77,7 +77,8 @@ Drawing MakeCircleDrawing(const ViewContext& context) {
     const Pairwise pairwise = ReadPairwise(context, panels);
     const CircleLayout layout(NamesOf(pairwise), panels.Columns());
     Drawing drawing;
-    drawing.fView = panels.Arrange(PairwiseLayers(pairwise, layout), PairwiseValues(pairwise, layout, panels));
+    drawing.fView =
+        panels.Arrange(PairwiseLayers(pairwise, layout), PairwiseValues(pairwise, layout, panels), layout.Height());
     drawing.fvTexts = Texts(pairwise, layout, panels);
     drawing.fWidth = layout.Width() * static_cast<double>(panels.Columns());
     drawing.fShown = Show(context.fSpecification, pairwise, panels);

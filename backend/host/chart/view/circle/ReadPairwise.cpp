@@ -53,11 +53,29 @@ class NodePanels {
         return across && down ? std::optional(PanelKey(*across, *down)) : std::nullopt;
     }
 
+    /// The panel's values as texts, in the order in which they lead the keys of nodes.
+    std::string KeyAt(std::size_t row) const {
+        std::string across = TextAt(fOwn.AcrossVariable(), row);
+        std::string down = TextAt(fOwn.DownVariable(), row);
+        return fOwn.IsSwapped() ? down + across : across + down;
+    }
+
   private:
+    static std::string TextAt(const ShownVariable* variable, std::size_t row) {
+        return variable == nullptr ? std::string() : ShownVariable::Key(variable->At(row));
+    }
+
     Panels fOwn;
     std::vector<std::optional<std::size_t>> fAcross;
     std::vector<std::optional<std::size_t>> fDown;
 };
+
+/// A node's key without its panel's, which leads it; a key that is a number has lost its leading zeros.
+std::string WithoutPanel(const std::string& key, std::string panel) {
+    if (key.starts_with(panel) && key.size() > panel.size()) return key.substr(panel.size());
+    panel.erase(0, panel.find_first_not_of('0'));
+    return key.starts_with(panel) && key.size() > panel.size() ? key.substr(panel.size()) : key;
+}
 
 /// What lines are read from; a variable is null where there is none.
 struct LinkData {
@@ -122,7 +140,11 @@ class PairwiseReader {
         }
         for (std::size_t level = levels.Count(); level-- > 0;) {
             const auto key = panels.At(*firstRows[level]);
-            if (key) AddNode(*key, levels.Value(level), levels.Text(level));
+            if (!key) continue;
+            const document::ChartValue& value = levels.Value(level);
+            const std::string panel = panels.KeyAt(*firstRows[level]);
+            const bool isPlain = panel.empty() || node.IsLabelled(value);
+            AddNode(*key, value, isPlain ? levels.Text(level) : WithoutPanel(ShownVariable::Key(value), panel));
         }
     }
 

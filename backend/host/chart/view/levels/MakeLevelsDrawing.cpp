@@ -131,7 +131,7 @@ Drawing MakeLevelsDrawing(const ViewContext& context) {
     Json panel = {{"width", std::round(axis.fWidth)}, {"height", std::round(axis.fHeight)}};
     panel.update(LayersOf(marks, items, StyleOf(context, marks, items, axis, guides)));
     Drawing drawing;
-    drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides));
+    drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides), axis.fHeight);
     drawing.fvTexts = TextsOf(marks, items, axis);
     drawing.fWidth = WholeWidth(marks, items, axis);
     drawing.fShown = ShowLevels(marks, items);

@@ -11,6 +11,8 @@ namespace {
 
 constexpr std::size_t kMostAbreast = 3;
 constexpr TextStyle kHeadingStyle{12, true};
+constexpr double kLeastForTurned = 120;  ///< pixels
+constexpr double kUprightWidth = 200;
 
 std::size_t WrapOf(const Specification& specification) {
     if (!specification.fFaceting) return kMostAbreast;
@@ -44,16 +46,25 @@ Json Heading(std::string_view field, std::string_view expression) {
             {"header", {{"labelExpr", expression}, {"labelAnchor", "start"}}}};
 }
 
-Json SideHeading() {
+/// Beside the rows of panels: turned, or upright where a panel is too low for a turned one.
+Json SideHeading(bool isTurned) {
     Json heading = Heading("q", expression::kSecondFacetText);
     heading["header"].update(
-        {{"labelOrient", "right"}, {"labelAngle", -90}, {"labelAnchor", "middle"}, {"labelLimit", 0}});
+        {{"labelOrient", "right"}, {"labelAngle", isTurned ? -90 : 0}, {"labelAnchor", "middle"}, {"labelLimit", 0}});
+    if (!isTurned) heading["header"]["labelAlign"] = "left";
     return heading;
 }
 
-std::vector<std::string> CutHeadings(const Levels& levels, double width) {
+bool IsTurned(double panelHeight) { return panelHeight >= kLeastForTurned; }
+
+/// Each with the variable's label, where the words do not say it already.
+std::vector<std::string> CutHeadings(const Levels& levels, const ShownVariable& variable, double width) {
+    const bool isNamed = variable.HasPrefix() || variable.Label().empty();
     std::vector<std::string> texts;
-    for (const std::string& text : levels.Texts()) texts.push_back(CutText(KeepBlanks(text), width, kHeadingStyle));
+    for (const std::string& text : levels.Texts()) {
+        const std::string heading = isNamed ? text : variable.Label() + " = " + text;
+        texts.push_back(CutText(KeepBlanks(heading), width, kHeadingStyle));
+    }
     return texts;
 }
 
@@ -102,7 +113,7 @@ void Panels::Mark(const Place& place, Json& item) const {
     if (fpDown != nullptr) item["q"] = place.fDown;
 }
 
-Json Panels::Arrange(Json panel, Json values) const {
+Json Panels::Arrange(Json panel, Json values, double panelHeight) const {
     Json view = {{"data", {{"values", std::move(values)}}}};
     if (!HasHeadings()) {
         view.update(panel);
@@ -110,7 +121,7 @@ Json Panels::Arrange(Json panel, Json values) const {
     }
     const Json across = Heading("p", expression::kFacetText);
     if (HasTwoVariables()) {
-        view["facet"] = {{"column", across}, {"row", SideHeading()}};
+        view["facet"] = {{"column", across}, {"row", SideHeading(IsTurned(panelHeight))}};
     } else {
         view["columns"] = Columns();
         view["facet"] = across;
@@ -122,8 +133,10 @@ Json Panels::Arrange(Json panel, Json values) const {
 }
 
 void Panels::AddTexts(std::vector<LevelTexts>& texts, double panelWidth, double panelHeight) const {
-    if (fpAcross != nullptr) texts.push_back({expression::kFacetNames, CutHeadings(fAcross, panelWidth)});
-    if (fpDown != nullptr) texts.push_back({expression::kSecondFacetNames, CutHeadings(fDown, panelHeight)});
+    if (fpAcross != nullptr) texts.push_back({expression::kFacetNames, CutHeadings(fAcross, *fpAcross, panelWidth)});
+    if (fpDown == nullptr) return;
+    const double width = IsTurned(panelHeight) ? panelHeight : kUprightWidth;
+    texts.push_back({expression::kSecondFacetNames, CutHeadings(fDown, *fpDown, width)});
 }
 
 }  // namespace hierfit::chart

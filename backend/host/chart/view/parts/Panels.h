@@ -41,11 +41,11 @@ class Panels {
     /// Writes "p" and "q" into an item of a view's data.
     void Mark(const Place& place, Json& item) const;
 
-    /// The view of all panels, from the view of one of them and the data. Panels have an axis of their own along x where
-    /// they stand in one row, and where the last of several rows is shorter than the others.
-    Json Arrange(Json panel, Json values) const;
+    /// The view of all panels, from the view of one of them and the data. Panels have an axis of their own along x
+    /// where they stand in one row, and where the last of several rows is shorter than the others.
+    Json Arrange(Json panel, Json values, double panelHeight) const;
 
-    /// The words over and beside the panels, cut to the size of a panel.
+    /// The words over and beside the panels, cut to the size of a panel in pixels.
     void AddTexts(std::vector<LevelTexts>& texts, double panelWidth, double panelHeight) const;
 
   private:
