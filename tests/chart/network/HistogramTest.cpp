@@ -95,6 +95,11 @@ TEST(HistogramTest, StaysSmallAndFiniteAtAnyScale) {
     const Histogram pole = Read({"gamma", 0.1, 1.0}, {0.05, 0.15, 0.25}, {9.0, 3.0, 1.0});
     EXPECT_LE(pole.Top(), 2.1 * 9);
     EXPECT_GT(Read(kNormal, kFive, {0.0, 0.0, 0.0, 0.0, 0.0}).Top(), 0);
+    for (const double lone : {0.0, 1e12, -1e300}) {
+        const Histogram histogram = Read(kNormal, {lone}, {1234567.0});
+        EXPECT_LT(histogram.Low(), histogram.fBins.Low()) << lone;
+        EXPECT_LT(histogram.fBins.Low(), histogram.fBins.High()) << lone;
+    }
 }
 
 TEST(HistogramTest, TellsWhatItShows) {

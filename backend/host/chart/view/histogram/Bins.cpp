@@ -34,7 +34,7 @@ void JoinEqual(std::vector<Bin>& bins) {
 }
 
 double TypicalWidth(const std::vector<Bin>& bins) {
-    if (bins.size() < 2) return 1;
+    if (bins.size() < 2) return bins.empty() ? 1 : 2 * RoomAbout(bins.front().fCenter);
     std::vector<double> distances;
     for (std::size_t at = 1; at < bins.size(); ++at) distances.push_back(bins[at].fCenter - bins[at - 1].fCenter);
     const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);

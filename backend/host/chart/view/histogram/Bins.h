@@ -17,7 +17,7 @@ struct Bin {
 /// The bins of a histogram, from the lowest to the highest, and what follows from them.
 struct Bins {
     std::vector<Bin> fvBins;
-    double fWidth = 1;  ///< of a typical bin: the median distance of neighbours; 1 for a single bin
+    double fWidth = 1;  ///< of a typical bin: the median distance of neighbours
     double fCount = 0;  ///< of all bins
 
     double Low() const { return fvBins.empty() ? 0 : fvBins.front().fLow; }

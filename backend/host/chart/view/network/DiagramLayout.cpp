@@ -33,12 +33,13 @@ void SetLimits(const Plot& plot, const Diagram& diagram, DiagramLayout& layout) 
     }
     layout.fLowX = std::min(layout.fLowX, Placeable(plot.fX.fMin).value_or(layout.fLowX));
     layout.fHighX = std::max(targetX, Placeable(plot.fX.fMax).value_or(targetX));
-    if (layout.fLowX >= layout.fHighX) layout.fHighX = layout.fLowX + 1;
+    if (layout.fLowX >= layout.fHighX) layout.fHighX = layout.fLowX + 2 * RoomAbout(layout.fLowX);
     const double halfRow = diagram.fvNodes.size() < 2
-                               ? 0.5
+                               ? 0
                                : (layout.fHighY - layout.fLowY) / static_cast<double>(diagram.fvNodes.size() - 1) / 2;
-    layout.fLowY -= halfRow > 0 ? halfRow : 0.5;
-    layout.fHighY += halfRow > 0 ? halfRow : 0.5;
+    const double room = halfRow > 0 ? halfRow : RoomAbout(layout.fHighY);
+    layout.fLowY -= room;
+    layout.fHighY += room;
 }
 
 /// The pixel of the lowest x that gives every name its room, when the target stands at a pixel.

@@ -83,7 +83,7 @@ DiagramWeights MakeWeights(const Specification& specification, const std::string
     if (legend != nullptr) weights.fTitle = LegendTitleOr(*legend, weights.fTitle);
     if (legend != nullptr) AddEntries(*legend, weights);
     if (weights.fvWords.empty()) SetScaleByData(*weight, weights);
-    if (weights.fLow >= weights.fHigh) weights.fHigh = weights.fLow + 1;
+    if (weights.fLow >= weights.fHigh) weights.fHigh = weights.fLow + 2 * RoomAbout(weights.fLow);
     return weights;
 }
 

@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 
@@ -10,13 +11,17 @@ namespace hierfit::chart {
 namespace {
 
 constexpr double kLargestPlaceable = 1e300;
+constexpr double kLargestBrief = 1e5;
 
 }  // namespace
 
-std::string ShortNumber(double number) { return fmt::format("{:.6g}", number == 0 ? 0.0 : number); }
+std::string ShortNumber(double number) {
+    const int digits = std::abs(number) < kLargestBrief ? 6 : 10;
+    return fmt::format("{:.{}g}", number == 0 ? 0.0 : number, digits);
+}
 
 double Rounded(double number) {
-    const std::string text = ShortNumber(number);
+    const std::string text = fmt::format("{:.10g}", number == 0 ? 0.0 : number);
     double rounded = number;
     std::from_chars(text.data(), text.data() + text.size(), rounded);
     return rounded;
@@ -31,6 +36,8 @@ std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row
     if (variable == nullptr || row >= variable->Rows()) return std::nullopt;
     return Placeable(variable->NumberAt(row));
 }
+
+double RoomAbout(double number) { return std::max(0.5, std::abs(number) * 1e-6); }
 
 std::string WordsAt(const ShownVariable* variable, std::size_t row) {
     return variable == nullptr || row >= variable->Rows() ? std::string() : variable->Words(variable->At(row));

@@ -8,10 +8,10 @@
 
 namespace hierfit::chart {
 
-/// A number to six significant digits: enough for a picture, and short in its text.
+/// A number to ten significant digits: enough for a picture far from zero, and short in its text.
 double Rounded(double number);
 
-/// The same as text, such as "12.5".
+/// A number in words, such as "12.5": to six significant digits, a large one to ten.
 std::string ShortNumber(double number);
 
 /// The number at a row that a picture can place: finite, and so small that the difference of two is finite too. Nothing
@@ -20,6 +20,9 @@ std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row
 
 /// The same for a limit that a specification sets.
 std::optional<double> Placeable(std::optional<double> number);
+
+/// What an axis of one single number shows on either side of it: 0.5, or more where that would be too little to tell.
+double RoomAbout(double number);
 
 /// The words of the value at a row; empty without a variable or past its end.
 std::string WordsAt(const ShownVariable* variable, std::size_t row);

@@ -36,7 +36,7 @@ struct Limits {
 
     void Set(ScatterAxis& axis) const {
         if (!fLow) return;
-        const double room = *fHigh > *fLow ? (*fHigh - *fLow) * kRoomAtEnds : 0.5;
+        const double room = *fHigh > *fLow ? (*fHigh - *fLow) * kRoomAtEnds : RoomAbout(*fLow);
         axis.fLow = *fLow - room;
         axis.fHigh = *fHigh + room;
     }
