@@ -43,13 +43,14 @@ const scatter = (rows) => ({
 const chart = (view, place) => ({ kind: "chart", description: labels[place], sendArguments: [true, false, false], editor: 2,
   template: "GLMMEmMeans", xml: "<chart/>", data: [], variables: [], view });
 
-const document = (views, title = "Charts") => ({ format: "hierfit-output", version: 1, producer: "hierfit", language: "en", title,
+/** A saved document that holds charts with these views. */
+export const makeDocument = (views, title = "Charts") => ({ format: "hierfit-output", version: 1, producer: "hierfit", language: "en", title,
   sources: [], items: views.map(chart), diagnostics: [] });
 
 /** By name of the document. */
 export const documents = {
-  charts: document([{ ...levels(18), usermeta: table(45) }, { ...scatter(12), usermeta: table(1) }, scatter(30), {}]),
-  large: document([{ ...scatter(5500), usermeta: table(2) }]),
-  failing: document([{ description: "No picture", mark: "point", data: { values: [{ x: 1 }] }, encoding: { x: 7 }, layer: 7,
+  charts: makeDocument([{ ...levels(18), usermeta: table(45) }, { ...scatter(12), usermeta: table(1) }, scatter(30), {}]),
+  large: makeDocument([{ ...scatter(5500), usermeta: table(2) }]),
+  failing: makeDocument([{ description: "No picture", mark: "point", data: { values: [{ x: 1 }] }, encoding: { x: 7 }, layer: 7,
     usermeta: table(3) }], "Charts that fail"),
 };
