@@ -29,6 +29,12 @@ std::string RoundedText(double number) {
     return IsUsable(number) && std::trunc(number) != number ? fmt::format("{:.6g}", number) : PlainText(number);
 }
 
+/// How many decimals show three significant digits: a mean of counts is no count.
+std::uint8_t DecimalsFor(double number) {
+    constexpr double kMost = 8;
+    return static_cast<std::uint8_t>(std::clamp(2 - std::floor(std::log10(std::abs(number))), 0.0, kMost));
+}
+
 std::string LabelOf(const Field* field, const VariableSetting* setting) {
     if (setting != nullptr && setting->fLabel) return *setting->fLabel;
     return field == nullptr ? std::string() : field->fLabel;
@@ -94,7 +100,7 @@ std::string ShownVariable::Unprefixed(const document::ChartValue& value) const {
     const std::string key = Key(value);
     if (const auto label = GivenLabel(key)) return std::string(*label);
     if (const auto label = ValueLabel(value)) return std::string(*label);
-    return number != nullptr ? Figure(*number) : key;
+    return number != nullptr ? InFormat(*number) : key;
 }
 
 std::string ShownVariable::Words(const document::ChartValue& value) const {
@@ -102,10 +108,18 @@ std::string ShownVariable::Words(const document::ChartValue& value) const {
     return CutCharacters(fPrefix + Unprefixed(value), kMostCharacters);
 }
 
-std::string ShownVariable::Figure(double number) const {
+std::string ShownVariable::InFormat(double number) const {
     if (!fFormat || fFormat->IsString()) return RoundedText(number);
     const OBS value(number);
     return ToString(&value, *fFormat);
+}
+
+std::string ShownVariable::Figure(double number) const {
+    if (!fFormat || fFormat->IsString() || !IsUsable(number) || std::trunc(number) == number) return InFormat(number);
+    KEST_Format format = *fFormat;
+    format.fDecimals = std::max(format.fDecimals, DecimalsFor(number));
+    const OBS value(number);
+    return ToString(&value, format);
 }
 
 std::string ShownVariable::AxisFormat() const {

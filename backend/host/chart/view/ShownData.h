@@ -44,7 +44,8 @@ class ShownVariable {
     /// Whether words of values say already which variable they are of.
     bool HasPrefix() const { return !fPrefix.empty(); }
 
-    /// Words of a number that is a figure: the format alone counts; without one, six digits.
+    /// Words of a number that is a figure: in the format, but with three significant digits at least; without a format
+    /// with six.
     std::string Figure(double number) const;
 
     /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f". Empty where the
@@ -57,6 +58,7 @@ class ShownVariable {
     const VariableSetting* Setting() const { return fpSetting; }
 
   private:
+    std::string InFormat(double number) const;
     std::optional<std::string_view> GivenLabel(std::string_view key) const;
     std::optional<std::string_view> ValueLabel(const document::ChartValue& value) const;
     std::string Unprefixed(const document::ChartValue& value) const;
