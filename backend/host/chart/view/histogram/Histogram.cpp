@@ -45,7 +45,7 @@ Histogram ReadHistogram(const Specification& specification, const ShownData& dat
     const ShownVariable* centers = data.Find(bars.fSource, bars.fX);
     const ShownVariable* counts = data.Find(bars.fSource, bars.fY);
     histogram.fBins = ReadBins(centers, counts);
-    histogram.fLabel = AxisTitleOr(specification, true, centers == nullptr ? std::string() : centers->Label());
+    histogram.fLabel = AxisTitleOr(specification, true, data.LabelOf(bars.fSource, bars.fX));
     histogram.fCountLabel = CountLabel(specification, counts);
     const auto& curve = specification.fPlot.fCurve;
     if (curve) histogram.fCurve = MakeDistributionCurve(histogram.fBins, *curve, fieldType);

@@ -95,6 +95,7 @@ Drawing MakeDiagramDrawing(const ViewContext& context) {
     const Histogram histogram = ReadInset(context.fSpecification);
     if (diagram.fTarget.fName.empty()) diagram.fTarget.fName = histogram.fLabel;
     if (diagram.fTarget.fTip.empty()) diagram.fTarget.fTip = diagram.fTarget.fName;
+    if (diagram.fTarget.fTip.empty()) diagram.fTarget.fTip = Translated("Unknown");  // a mark must have a name
     const bool hasHistogram = !histogram.fBins.fvBins.empty();
     const DiagramLayout layout = LayDiagramOut(context.fSpecification.fPlot, diagram, hasHistogram);
     Json layers = Json::array();
