@@ -120,7 +120,7 @@ edgeSource.Weight2: - -
 edgeSource.LineTooltip: 'E62317 = 0.000' 'E62317 = 0.050'
 )",
      {"<plot id=\"graphStyle\" margin-bottom=\"30px\"  arrange", "<span of=\"x\" max=\"2.66667\"/>",
-      "<span of=\"y\" min=\"1\" max=\"2\"/>", "high=\"9\" low=\"3\"", "<legend visible=\"false\"  id=\"legendStyle\"",
+      "<span min=\"1\" max=\"2\" of=\"y\"/>", "<legend visible=\"false\"  id=\"legendStyle\"", "high=\"9\" low=\"3\"",
       "[Fixed Effects]", "fieldType=\"2\"", "binStatistic binCount=\"2\" ",
       "<distributionStatistic parameter=\"2\"  secondaryParameter=\"0.5\"  distribution=\"gamma\""}},
     {"no tests in the document",
@@ -228,7 +228,7 @@ E62317 = 0.300' 'Coefficient = 1.000
 E62317 = 0.300' 'Coefficient = 1.000
 E62317 = 0.300'
 )",
-     {"high=\"8\" low=\"1\"", "<legend id=\"legendStyle\"", "[Coefficient Estimate]"},
+     {"<legend id=\"legendStyle\"", "[Coefficient Estimate]", "high=\"8\" low=\"1\""},
      {"inset"}},
     {"weights of both diagrams count in the second one",
      [](ChartStage& stage) {
