@@ -76,6 +76,8 @@ class HFITChartOutput {
     void WriteCoefficient(VarDataProcessor& processor, int row, const ParamEstimate& estimate) const;
     void WriteIntercept(VarDataProcessor& processor, int row) const;
     void WriteTerm(VarDataProcessor& processor, int row, const ParamEstimate& estimate) const;
+    void PatchCustomEffects(std::string& xml, const EmmeansData& block,
+                            const std::vector<const KEST_Variable*>& variables) const;
 
     /// Whether a block's contrasts have what a chart needs.
     bool CanChartContrasts(const EmmeansData& block) const;

@@ -124,10 +124,21 @@ void HFITChartOutput::BuildCustomEffectsChart(const EmmeansData& block) {
     std::string unused;
     viz.convert(xml, unused);
     if (xml.empty()) return;
-    const ChartString title = LookUpText("Estimated Means: Custom Effects");
-    const std::size_t titlePlace = xml.find(">TitleText");
-    if (titlePlace != std::string::npos) {
-        ReplaceFirst(xml, "TitleText", XUtility::ChartStringFromOLANG("Estimates").toUTF8(), titlePlace);
+    PatchCustomEffects(xml, block, variables);
+    XDocument document(xml);
+    document.setEditor(2);
+    document.setLanguage();
+    document.SetChartData(&processor);
+    document.SetDescription(LookUpText("Estimated Means: Custom Effects"));
+    LabelFactors(document, variables);
+    document.SendChart(true, false, false);
+}
+
+void HFITChartOutput::PatchCustomEffects(std::string& xml, const EmmeansData& block,
+                                         const std::vector<const KEST_Variable*>& variables) const {
+    const std::size_t title = xml.find(">TitleText");
+    if (title != std::string::npos) {
+        ReplaceFirst(xml, "TitleText", XUtility::ChartStringFromOLANG("Estimates").toUTF8(), title);
     }
     ReplaceFirst(xml, "FootnoteText", MakeFixedAtFootnote(block).toUTF8());
     const std::string firstName = variables.empty() ? "" : VariableDisplayName(*variables.front()).toUTF8();
@@ -136,14 +147,6 @@ void HFITChartOutput::BuildCustomEffectsChart(const EmmeansData& block) {
     const std::size_t nFactors = block.fEstimates.fvFactorCoords.size();
     if (nFactors < 3) RemoveFacetingBlock(xml);
     if (nFactors < 2) RemoveColor(xml);
-
-    XDocument document(xml);
-    document.setEditor(2);
-    document.setLanguage();
-    document.SetChartData(&processor);
-    document.SetDescription(title);
-    LabelFactors(document, variables);
-    document.SendChart(true, false, false);
 }
 
 }  // namespace hierfit
