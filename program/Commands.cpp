@@ -91,11 +91,10 @@ int Run(const ReportCommand& command) {
     const session::Result result =
         session::Run({paths.fPmml, std::get<std::string>(std::move(pmml))},
                      {paths.fStatXml, std::get<std::string>(std::move(statXml))}, command.fSettings);
+    const bool isIssued = result.fOutcome == session::Outcome::Issued;
     PrintMessages(result.fDocument.fItems);
-    if (result.fOutcome != session::Outcome::Issued) {
-        PrintErrors(result.fDocument, {paths.fPmml, paths.fStatXml});
-        return kUnreadable;
-    }
+    PrintDiagnostics(result.fDocument, {paths.fPmml, paths.fStatXml}, isIssued ? kWarning : kInformation);
+    if (!isIssued) return kUnreadable;
     return Write(result.fDocument, command.fOutput);
 }
 

@@ -29,8 +29,9 @@ void PrintMessages(const std::list<document::Item>& items) {
     }
 }
 
-void PrintErrors(const document::Document& document, const std::vector<std::string>& paths) {
+void PrintDiagnostics(const document::Document& document, const std::vector<std::string>& paths, int leastLevel) {
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
+        if (diagnostic.fLevel < leastLevel) continue;
         if (!diagnostic.fPlace) {
             PrintError(fmt::format("{}: {}", LevelWord(diagnostic.fLevel), diagnostic.fText));
             continue;

@@ -14,7 +14,11 @@ void PrintError(const std::string& text);
 /// Prints the messages that the procedure reported, such as "hierfit: warning: ...".
 void PrintMessages(const std::list<document::Item>& items);
 
-/// Prints the diagnostics of a run that gave no report. A place begins with the path that the user gave.
-void PrintErrors(const document::Document& document, const std::vector<std::string>& paths);
+/// Levels of messages and diagnostics.
+inline constexpr int kInformation = 1;
+inline constexpr int kWarning = 2;
+
+/// Prints a run's diagnostics from a level on. A place begins with the path that the user gave.
+void PrintDiagnostics(const document::Document& document, const std::vector<std::string>& paths, int leastLevel);
 
 }  // namespace hierfit::program
