@@ -10,10 +10,35 @@ constexpr std::string_view kElements[] = {
     "circle",  "clipPath",       "defs", "desc", "ellipse", "g",    "line",  "linearGradient", "path",
     "polygon", "radialGradient", "rect", "stop", "svg",     "text", "title", "tspan"};
 
-// What these hold would be run, fetched or applied beyond the image.
-constexpr std::string_view kRefused[] = {"href", "src", "style", "xlink:href"};
+// What these hold, whatever their prefix, would be run, fetched or applied beyond the image.
+constexpr std::string_view kRefused[] = {"href", "src", "style"};
 
 constexpr std::string_view kReference = "url(";
+constexpr std::string_view kOwnReference = "url(#";
+
+std::string LowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& byte : lower) {
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+    }
+    return lower;
+}
+
+/// Style sheets' escapes are refused along, as they can spell a reference.
+bool HoldsReference(std::string_view value) {
+    return value.find('\\') != std::string_view::npos || LowerCase(value).find(kReference) != std::string::npos;
+}
+
+bool IsRefused(std::string_view name) {
+    const std::string lower = LowerCase(name);
+    if (lower.empty() || lower.starts_with("on")) return true;
+    return std::ranges::find(kRefused, std::string_view(lower).substr(lower.rfind(':') + 1)) != std::end(kRefused);
+}
+
+// U+FFFE and U+FFFF, the characters of three bytes that XML forbids.
+bool IsNoncharacter(std::string_view text) {
+    return text.starts_with("\xEF\xBF\xBE") || text.starts_with("\xEF\xBF\xBF");
+}
 
 bool IsNameCharacter(char byte) {
     return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z') || (byte >= '0' && byte <= '9') ||
@@ -41,14 +66,22 @@ class Copier {
 
     // Up to a delimiter, with symbols for what XML forbids.
     void CopyText(char delimiter) {
-        for (; fAt < fSvg.size() && fSvg[fAt] != delimiter; ++fAt) {
-            const auto byte = static_cast<unsigned char>(fSvg[fAt]);
-            if (byte >= 0x20 || byte == '\t' || byte == '\n' || byte == '\r') {
-                fOut += fSvg[fAt];
-            } else {
-                fOut.append("\xE2\x90").append(1, static_cast<char>(0x80 + byte));
-            }
+        while (fAt < fSvg.size() && fSvg[fAt] != delimiter) CopyCharacter();
+    }
+
+    void CopyCharacter() {
+        const auto byte = static_cast<unsigned char>(fSvg[fAt]);
+        if (IsNoncharacter(fSvg.substr(fAt))) {
+            fOut += "\xEF\xBF\xBD";
+            fAt += 3;
+            return;
         }
+        if (byte >= 0x20 || byte == '\t' || byte == '\n' || byte == '\r') {
+            fOut += fSvg[fAt];
+        } else {
+            fOut.append("\xE2\x90").append(1, static_cast<char>(0x80 + byte));
+        }
+        ++fAt;
     }
 
     std::string_view TakeName() {
@@ -79,8 +112,7 @@ class Copier {
 
     bool CopyAttribute() {
         const std::string_view name = TakeName();
-        if (name.empty() || name.starts_with("on")) return false;
-        if (std::ranges::find(kRefused, name) != std::end(kRefused)) return false;
+        if (IsRefused(name)) return false;
         fOut += name;
         if (!Take('=') || !Take('"')) return false;
         if (name == "id") fOut += fPrefix;
@@ -88,13 +120,14 @@ class Copier {
     }
 
     bool CopyValue(bool isText) {
-        const std::string_view value = fSvg.substr(fAt, fSvg.find('"', fAt) - fAt);
+        std::string_view value = fSvg.substr(fAt, fSvg.find('"', fAt) - fAt);
         if (value.find('<') != std::string_view::npos) return false;
-        if (!isText && value.starts_with(kReference)) {
-            if (!value.substr(kReference.size()).starts_with('#')) return false;
-            fOut.append(kReference).append(1, '#').append(fPrefix);
-            fAt += kReference.size() + 1;
+        if (!isText && value.starts_with(kOwnReference)) {
+            fOut.append(kOwnReference).append(fPrefix);
+            fAt += kOwnReference.size();
+            value.remove_prefix(kOwnReference.size());
         }
+        if (!isText && HoldsReference(value)) return false;
         CopyText('"');
         return true;
     }

@@ -14,6 +14,8 @@ TEST(SafeSvg, KeepsShapesAndPrefixesIds) {
     expected.replace(expected.find("clip0"), 5, "c-clip0").replace(expected.find("#clip0"), 6, "#c-clip0");
     EXPECT_EQ(MakeSafeSvg(svg, "c-"), expected);
     EXPECT_EQ(MakeSafeSvg(std::string("<svg a=\"\x1B\">\0</svg>", 18), {}), "<svg a=\"\u241B\">\u2400</svg>");
+    EXPECT_EQ(MakeSafeSvg("<svg a=\"\xEF\xBF\xBE\">\xEF\xBF\xBF\xEF\xBF\xBC</svg>", {}),
+              "<svg a=\"\uFFFD\">\uFFFD\uFFFC</svg>");
 }
 
 TEST(SafeSvg, RefusesWhatIsMore) {
@@ -31,7 +33,15 @@ TEST(SafeSvg, RefusesWhatIsMore) {
                             "<svg href=\"x\"/>",
                             "<svg xlink:href=\"x\"/>",
                             "<svg style=\"x\"/>",
+                            "<svg xlink:HREF=\"x\"/>",
+                            "<svg x:href=\"x\"/>",
+                            "<svg STYLE=\"x\"/>",
+                            "<svg OnLoad=\"x\"/>",
                             "<svg fill=\"url(x)\"/>",
+                            "<svg fill=\" url(x)\"/>",
+                            "<svg fill=\"URL(x)\"/>",
+                            "<svg fill=\"url(#x) Url(x)\"/>",
+                            R"-(<svg fill="\75rl(x)"/>)-",
                             "<svg a=x/>",
                             "<svg a='x'/>",
                             "<svg a=\"<\"/>",
