@@ -35,18 +35,23 @@ globalThis.structuredClone = (value) => {
 
 constexpr const char* kDraw = "picture = undefined; drawPicture(view, (svg) => { picture = svg; }, () => {});";
 
-HierfitPictures* Open(const char* script) {
+// Callers may be built otherwise, so no exception passes.
+HierfitPictures* Open(const char* script) try {
     auto pictures = std::make_unique<HierfitPictures>();
     if (!pictures->fEngine.Run(kSurroundings) || !pictures->fEngine.Run(script)) return nullptr;
     return pictures.release();
+} catch (...) {
+    return nullptr;
 }
 
-const char* Draw(HierfitPictures* pictures, const char* view, std::size_t* size) {
+const char* Draw(HierfitPictures* pictures, const char* view, std::size_t* size) try {
     ScriptEngine& engine = pictures->fEngine;
     engine.SetText("view", view);
     if (!engine.Run(kDraw) || !engine.GetText("picture", pictures->fPicture)) return nullptr;
     *size = pictures->fPicture.size();
     return pictures->fPicture.c_str();
+} catch (...) {
+    return nullptr;
 }
 
 void Close(HierfitPictures* pictures) { delete pictures; }

@@ -33,8 +33,10 @@ bool ScriptEngine::GetText(const char* name, std::string& text) {
     if (!value || !JSValueIsString(fContext, value)) return false;
     const String string(JSValueToStringCopy(fContext, value, nullptr));
     text.resize(JSStringGetMaximumUTF8CStringSize(string.get()));
-    text.resize(JSStringGetUTF8CString(string.get(), text.data(), text.size()) - 1);
-    return true;
+    // The size counts a zero byte at the end; none at all is a text that UTF-8 cannot express.
+    const std::size_t size = JSStringGetUTF8CString(string.get(), text.data(), text.size());
+    text.resize(size > 0 ? size - 1 : 0);
+    return size > 0;
 }
 
 }  // namespace hierfit::report
