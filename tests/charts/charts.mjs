@@ -42,7 +42,7 @@ const uses = [
   [["-f", "svg", "charts.json"], 1, "hierfit: --format svg: --output must name a folder\nTry: hierfit --help\n", []],
   [["-f", "svg", "-o", "charts.json", "charts.json"], 3, "hierfit: charts.json: Not a directory\n", []],
   [["-f", "svg", "-o", "new/folder/", "charts.json"], 0, "", drawn],
-  [["-f", "svg", "-o", "failing", "failing.json"], 0, "hierfit: GLMMEmMeans-1: cannot be drawn\n", []],
+  [["-f", "svg", "-o", "failing", "failing.json"], 0, "hierfit: GLMMEmMeans-1: cannot be drawn\nhierfit: GLMMEmMeans-2: cannot be drawn\n", []],
 ];
 for (const [args, status, err, files] of engine ? uses.slice(0, 1) : uses) {
   const got = render(...args);

@@ -6,32 +6,43 @@ import { Tip, listenForTips } from "./tips.js";
 // More marks than this make a page of elements slow.
 const mostElements = 5000;
 
-const countMarks = (mark) => mark.items.reduce((sum, item) => sum + 1 + countParts(item), 0);
-const countParts = (item) => (item.items ?? []).reduce((sum, mark) => sum + (mark.items ? countMarks(mark) : 1), 0);
+// Browsers draw nothing on a canvas that is longer.
+const longestCanvas = 16000;
 
-function draw(drawing, tip) {
-  const source = drawing.querySelector("script");
-  const view = makeView(JSON.parse(source.textContent));
+// However many points they go through, these are one element; guides are not counted.
+const lines = new Set(["line", "area", "trail"]);
+const guides = new Set(["axis", "legend", "title"]);
+
+const countMarks = (mark) => {
+  if (guides.has(mark.role)) return 0;
+  if (lines.has(mark.marktype)) return 1;
+  return mark.items.reduce((sum, item) => sum + 1 + countParts(item), 0);
+};
+const countParts = (item) => (item.items ?? []).reduce((sum, mark) => sum + countMarks(mark), 0);
+
+function chooseRenderer(view) {
+  const { root } = view.scenegraph();
+  const length = Math.max(root.bounds.width(), root.bounds.height()) * devicePixelRatio;
+  return length <= longestCanvas && countMarks(root) > mostElements ? "canvas" : "svg";
+}
+
+async function draw(drawing, tip) {
+  const view = await makeView(JSON.parse(drawing.querySelector("script").textContent));
   const picture = document.createElement("div");
   drawing.append(picture);
-  const isLarge = countMarks(view.scenegraph().root) > mostElements;
-  view.tooltip(tip.handler()).renderer(isLarge ? "canvas" : "svg").initialize(picture).run();
-  picture.removeAttribute("role");  // the figure around it has one, and a name
-  for (const name of ["aria-roledescription", "aria-label"]) picture.removeAttribute(name);
-  drawing.tabIndex = 0;
+  await view.tooltip(tip.handler()).renderer(chooseRenderer(view)).initialize(picture).runAsync();
+  // The figure around it has a role and a name.
+  for (const name of ["role", "aria-roledescription", "aria-label"]) picture.removeAttribute(name);
   listenForTips(drawing, tip);
 }
 
-function tryToDraw(drawing, tip) {
-  try {
-    draw(drawing, tip);
-  } catch {
-    const failure = document.createElement("p");
-    failure.textContent = document.body.dataset.notDrawn;
-    drawing.querySelector("div")?.remove();
-    drawing.append(failure);
-    drawing.closest("figure").querySelector("details")?.setAttribute("open", "");
-  }
+function tellFailure(drawing) {
+  const failure = document.createElement("p");
+  failure.textContent = document.body.dataset.notDrawn;
+  drawing.querySelector("div")?.remove();
+  for (const name of ["tabindex", "role", "aria-label"]) drawing.removeAttribute(name);
+  drawing.append(failure);
+  drawing.closest("figure").querySelector("details")?.setAttribute("open", "");
 }
 
 export function drawPage() {
@@ -39,7 +50,8 @@ export function drawPage() {
   if (waiting.length === 0) return;
   const tip = new Tip();
   const drawNext = () => {
-    if (waiting.length > 0) tryToDraw(waiting.shift(), tip);
+    const drawing = waiting.shift();
+    if (drawing) draw(drawing, tip).catch(() => tellFailure(drawing));
     return waiting.length > 0;
   };
   const step = () => drawNext() && setTimeout(step);

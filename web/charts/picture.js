@@ -3,5 +3,6 @@ import { makeView } from "./view.js";
 
 /** Hands the picture of a view, given as JSON text, to `take`, or says to `fail` why there is none. */
 export function drawPicture(json, take, fail) {
-  Promise.resolve(json).then((text) => makeView(JSON.parse(text)).toSVG()).then(take, (error) => fail(String(error)));
+  Promise.resolve(json).then(JSON.parse).then(makeView).then((view) => view.toSVG())
+    .then(take, (error) => fail(String(error)));
 }

@@ -63,11 +63,14 @@ export class Tip {
   /** Takes a view's own calls, which come as the pointer moves. */
   handler() {
     return (_, event, item, value) => {
-      if (value === null || value === undefined || value === "") this.hide();
+      if (value === null || value === undefined || value === "" || isShrunk(event.target)) this.hide();
       else this.#show(value, event.clientX, event.clientY);
     };
   }
 }
+
+// A canvas that was shrunk to the page takes the pointer for elsewhere.
+const isShrunk = ({ localName, offsetWidth, style }) => localName === "canvas" && offsetWidth < Number.parseInt(style.width, 10);
 
 /** Lets the marks of a drawing be reached by touch and by the arrow keys. */
 export function listenForTips(drawing, tip) {
@@ -93,7 +96,7 @@ export function listenForTips(drawing, tip) {
     if (event.key === "Escape") return leave();
     const step = { ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1 }[event.key];
     if (!step || event.ctrlKey || event.altKey || event.metaKey) return;
-    marks ??= Array.from(drawing.querySelectorAll("svg *")).filter(markOf);
+    marks ??= Array.from(drawing.querySelectorAll("svg [aria-label]")).filter(markOf);
     if (marks.length === 0) return;
     event.preventDefault();
     goTo(place < 0 && step < 0 ? marks.length - 1 : place + step);

@@ -1,6 +1,6 @@
 // From a chart's specification to what draws it. Expressions are interpreted, never compiled: the page's policy allows no
 // code but its own. Nothing is fetched.
-import { Error as ErrorLevel, View, logger, parse, textMetrics } from "vega";
+import { View, parse, textMetrics } from "vega";
 import { expressionInterpreter } from "vega-interpreter";
 import { compile } from "vega-lite";
 import { textWidth } from "./widths.js";
@@ -12,18 +12,27 @@ const loader = {
   sanitize: () => Promise.reject(new Error("nothing is linked")),
 };
 
+// Faults of a running view are told to its logger alone; one that throws makes the run fail.
+const strict = {
+  level: () => 0,
+  error: (fault) => { throw fault instanceof Error ? fault : new Error(String(fault)); },
+  warn: () => strict,
+  info: () => strict,
+  debug: () => strict,
+};
+
 // Something that shows nothing is nothing to hear of either.
 function silenceEmpty(mark) {
   if (mark.items.length === 0) mark.aria = false;
   for (const item of mark.items) item.items?.forEach((part) => part.items && silenceEmpty(part));
 }
 
-/** A view that has run and that nothing shows yet. */
-export function makeView(specification) {
-  const quiet = logger(ErrorLevel);
-  const { spec } = compile(specification, { logger: quiet });
+/** Promises a view that has run and that nothing shows yet. Its later runs fail by their promises, too. */
+export async function makeView(specification) {
+  const { spec } = compile(specification, { logger: strict });
   const runtime = parse(spec, { events: { bind: "none" } }, { ast: true });
-  const view = new View(runtime, { expr: expressionInterpreter, renderer: "none", loader, logger: quiet }).run();
+  const view = new View(runtime, { expr: expressionInterpreter, renderer: "none", loader, logger: strict });
+  await view.runAsync();
   silenceEmpty(view.scenegraph().root);
   return view;
 }
