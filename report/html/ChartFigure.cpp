@@ -20,16 +20,51 @@ void AppendJson(std::string& out, std::string_view json) {
     }
 }
 
-void AppendTag(std::string& out, const ChartPlace& place) {
-    out.append("<figure class=\"chart\" id=\"").append(place.fAnchor);
-    out.append("\" role=\"group\" aria-labelledby=\"").append(place.fAnchor).append("-title\">\n");
+/// Past the text that begins at a quotation mark.
+std::size_t EndOfText(std::string_view json, std::size_t at) {
+    for (++at; at < json.size() && json[at] != '"'; ++at) {
+        if (json[at] == '\\') ++at;
+    }
+    return at + 1;
+}
+
+/// Whether a view has a title of its own, told by the JSON's outermost names; deeper ones are those of axes.
+bool HasTitle(std::string_view json) {
+    int depth = 0;
+    for (std::size_t at = 0; at < json.size(); ++at) {
+        if (json[at] == '{' || json[at] == '[') ++depth;
+        if (json[at] == '}' || json[at] == ']') --depth;
+        if (json[at] != '"') continue;
+        const std::size_t end = EndOfText(json, at);
+        if (depth == 1 && json.substr(at, end - at) == R"("title")" && json.substr(end).starts_with(':')) return true;
+        at = end - 1;
+    }
+    return false;
+}
+
+void AppendTag(std::string& out, const document::Chart& chart, const ChartPlace& place) {
+    out.append("<figure class=\"chart").append(HasTitle(chart.fView) ? " titled" : "");
+    out.append("\" id=\"").append(place.fAnchor);
+    out.append("\" role=\"group\" aria-labelledby=\"").append(place.fAnchor).append("-title\"");
+    if (!chart.fShown.fSentence.empty()) {
+        out.append(" aria-describedby=\"").append(place.fAnchor).append("-sentence\"");
+    }
+    out += ">\n";
     out.append("<p class=\"title\" id=\"").append(place.fAnchor).append("-title\">");
     AppendText(out, place.fTitle);
     out += "</p>\n";
 }
 
+// Whoever has no pointer can scroll a picture, too.
+void BeginDrawing(std::string& out) {
+    out.append("<div class=\"drawing\" tabindex=\"0\" role=\"group\" aria-label=\"")
+        .append(words::kPicture)
+        .append("\">");
+}
+
 void AppendLive(std::string& out, std::string_view view) {
-    out += "<div class=\"drawing\"><script type=\"application/json\">";
+    BeginDrawing(out);
+    out += "<script type=\"application/json\">";
     AppendJson(out, view);
     out.append("</script></div>\n<noscript><p>").append(words::kNeedsScript).append("</p></noscript>\n");
 }
@@ -45,13 +80,14 @@ bool AppendDrawing(std::string& out, const document::Chart& chart, const ChartPl
         out.append("<p>").append(words::kNoPicture).append("</p>\n");
         return false;
     }
-    out.append("<div class=\"drawing\">").append(*safe).append("</div>\n");
+    BeginDrawing(out);
+    out.append(*safe).append("</div>\n");
     return true;
 }
 
-void AppendSentence(std::string& out, const std::string& sentence) {
+void AppendSentence(std::string& out, const std::string& sentence, const ChartPlace& place) {
     if (sentence.empty()) return;
-    out += "<p>";
+    out.append("<p id=\"").append(place.fAnchor).append("-sentence\">");
     AppendText(out, sentence);
     out += "</p>\n";
 }
@@ -67,9 +103,9 @@ void AppendValues(std::string& out, const document::ChartShown& shown, const Cha
 }  // namespace
 
 void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place) {
-    AppendTag(out, place);
+    AppendTag(out, chart, place);
     const bool isDrawn = AppendDrawing(out, chart, place);
-    AppendSentence(out, chart.fShown.fSentence);
+    AppendSentence(out, chart.fShown.fSentence, place);
     AppendValues(out, chart.fShown, place, !isDrawn);
     out += "</figure>\n";
 }

@@ -17,6 +17,7 @@ inline constexpr std::string_view kTable = "table";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 
 inline constexpr std::string_view kValues = "Values";
+inline constexpr std::string_view kPicture = "Picture";
 inline constexpr std::string_view kNotDrawn = "This chart could not be drawn.";
 inline constexpr std::string_view kNeedsScript = "Drawing this chart needs scripts.";
 inline constexpr std::string_view kNoPicture = "There is no picture of this chart.";

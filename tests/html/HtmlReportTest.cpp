@@ -110,6 +110,20 @@ TEST(HtmlReport, IsOnePage) {
 )");
 }
 
+TEST(HtmlReport, LeavesTheTitleToAChartThatBringsOne) {
+    const std::pair<std::string, bool> cases[] = {{R"({"title":"a"})", true},
+                                                  {R"({"x":["]}\\\"",{"y":1}],"title":{"text":"a"}})", true},
+                                                  {R"({"axis":{"title":"a"},"layer":[{"title":"b"}]})", false},
+                                                  {R"({"x":"title","y":"\"title\":"})", false},
+                                                  {R"({"x":")", false},
+                                                  {"", false}};
+    for (const auto& [view, isTitled] : cases) {
+        const Item chart{document::Chart{"Means", {}, 2, "GLMMEmMeans", "", {}, {}, view, {}}};
+        const std::string page = MakeHtmlReport(MakeDocument("", {chart}));
+        EXPECT_EQ(page.find("<figure class=\"chart titled\"") != std::string::npos, isTitled) << view;
+    }
+}
+
 TEST(HtmlReport, NamesItsLanguage) {
     const std::pair<std::string, std::string> cases[] = {{"C", "en"},    {"de", "de"}, {"pt_BR", "pt-BR"}, {"", "en"},
                                                          {"\" x", "en"}, {"x", "en"},  {"de-", "en"}};

@@ -11,6 +11,8 @@ export async function checkDrawn(page) {
     for (const figure of document.querySelectorAll("figure.chart")) {
       const name = document.getElementById(figure.getAttribute("aria-labelledby"))?.textContent;
       if (figure.getAttribute("role") !== "group" || !name) faults.push(`#${figure.id} has no name`);
+      const sentence = figure.getAttribute("aria-describedby");
+      if (sentence && !document.getElementById(sentence)?.textContent) faults.push(`#${figure.id} is described by nothing`);
       const drawing = figure.querySelector(".drawing");
       const isToFail = document.title === "Charts that fail";
       const failure = drawing?.querySelector("p")?.textContent;
@@ -18,6 +20,8 @@ export async function checkDrawn(page) {
       if (!isToFail && drawing && !drawing.querySelector("svg")?.getBoundingClientRect().width && !drawing.querySelector("canvas")) {
         faults.push(`#${figure.id} is not drawn: ${drawing.textContent.slice(0, 80)}`);
       }
+      const isTitled = Boolean(drawing) && !isToFail && figure.classList.contains("titled");
+      if (isTitled !== (figure.querySelector(".title").offsetWidth === 1)) faults.push(`#${figure.id} has two titles or none`);
     }
     const ids = Array.from(document.querySelectorAll("[id]"), ({ id }) => id);
     for (const id of ids.filter((id, place) => ids.indexOf(id) !== place)) faults.push(`two elements are #${id}`);
@@ -29,7 +33,7 @@ export async function checkDrawn(page) {
 export async function checkTips(page) {
   const faults = [];
   for (const drawing of await page.locator(".drawing[tabindex]").all()) {
-    const expected = await drawing.evaluate((element) => Array.from(element.querySelectorAll("svg *"))
+    const expected = await drawing.evaluate((element) => Array.from(element.querySelectorAll("svg [aria-label]"))
       .map(({ __data__: item }) => (Array.isArray(item) ? item[0] : item)?.tooltip).find((tip) => tip));
     if (!expected) continue;
     await drawing.focus();
