@@ -34,7 +34,6 @@ class ChartMarkup {
     bool Next(MarkupPiece& piece);
 
   private:
-    MarkupPiece ReadSection();
     MarkupPiece ReadTag();
     std::size_t EndOf(std::string_view mark, std::size_t from) const;
     std::size_t EndOfTag() const;
