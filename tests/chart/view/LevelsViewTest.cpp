@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <functional>
 #include <nlohmann/json.hpp>
 
@@ -165,6 +166,34 @@ TEST(LevelsView, MakesAnAxisOfNumbersOnlyOfNumbers) {
         const std::vector<std::string> marks = MarksOf(view);
         EXPECT_EQ(std::count(marks.begin(), marks.end(), "area"), each.fIsLinear ? 1 : 0);
         EXPECT_EQ(ParamOf(view, "x_text").is_null(), each.fIsLinear);
+    }
+}
+
+TEST(LevelsView, HasAnAxisOfSomeLengthForAnyMeans) {
+    struct Case {
+        double fMean;
+        Span fSpan;
+        Json fDomain;
+    };
+    const std::vector<Case> cases = {{7, {}, {6.5, 7.5}},
+                                     {1e17, {}, {1e17 - 1e11, 1e17 + 1e11}},
+                                     {7, {3, 3}, {2.5, 3.5}},
+                                     {7, {7, {}}, {6.5, 7.5}},
+                                     {7, {{}, 7}, {6.5, 7.5}},
+                                     {7, {9, {}}, {8.5, 9.5}},
+                                     {1e305, {4, {}}, {3.5, 4.5}},
+                                     {7, {HUGE_VAL, {}}, {6.5, 7.5}},
+                                     {7, {3, 9}, {}}};
+    for (const Case& each : cases) {
+        Sample sample = MeansSample("", {"A"}, {{{"a"}, each.fMean, {}, {}}});
+        sample.fSpecification.fPlot.fY = each.fSpan;
+        const Json view = ViewOf(sample);
+        Json scale;
+        ForObjects(view, [&](const Json& part) {
+            if (part.value("field", Json()) == "m") scale = part["scale"];
+        });
+        EXPECT_EQ(scale.value("domain", Json()), each.fDomain) << each.fMean;
+        EXPECT_EQ(ValuesOf(view).size(), each.fMean > 1e300 ? 0U : 1U);
     }
 }
 

@@ -14,6 +14,10 @@ namespace {
 
 /// Longer words are cut: each level's stand in the tips of all its marks.
 constexpr std::size_t kMostCharacters = 300;
+constexpr std::size_t kMostCharactersOfName = 120;
+
+/// Eight decimals do not show three significant digits of less.
+constexpr double kLeastWithDecimals = 1e-6;
 
 bool IsUsable(double number) { return std::isfinite(number) && number != kSystemMissing; }
 
@@ -48,9 +52,15 @@ std::optional<KEST_Format> FormatOf(const Field* field, const VariableSetting* s
 
 }  // namespace
 
+std::string CutName(std::string_view name) { return CutCharacters(name, kMostCharactersOfName); }
+
 ShownVariable::ShownVariable(const document::ChartVariable& variable, const Field* field,
                              const VariableSetting* setting)
-    : fpVariable(&variable), fpSetting(setting), fLabel(LabelOf(field, setting)), fFormat(FormatOf(field, setting)) {
+    : fpVariable(&variable),
+      fpSetting(setting),
+      fLabel(LabelOf(field, setting)),
+      fName(CutName(fLabel)),
+      fFormat(FormatOf(field, setting)) {
     for (const document::ChartValue& value : variable.fvValues) {
         fIsWritten = fIsWritten || !std::holds_alternative<std::monostate>(value);
     }
@@ -116,6 +126,7 @@ std::string ShownVariable::InFormat(double number) const {
 
 std::string ShownVariable::Figure(double number) const {
     if (!fFormat || fFormat->IsString() || !IsUsable(number) || std::trunc(number) == number) return InFormat(number);
+    if (std::abs(number) < kLeastWithDecimals) return RoundedText(number);
     KEST_Format format = *fFormat;
     format.fDecimals = std::max(format.fDecimals, DecimalsFor(number));
     const OBS value(number);

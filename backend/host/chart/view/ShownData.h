@@ -14,6 +14,9 @@
 
 namespace hierfit::chart {
 
+/// A label or title, cut to what each of many tips and headings has room for.
+std::string CutName(std::string_view name);
+
 /// One data variable as a chart shows it: its label, and each of its values as a number and as words. It borrows the
 /// values, the field and the setting.
 class ShownVariable {
@@ -30,6 +33,9 @@ class ShownVariable {
     std::optional<double> NumberAt(std::size_t row) const;
 
     const std::string& Label() const { return fLabel; }
+
+    /// The label, cut to what each of many tips and headings has room for.
+    const std::string& Name() const { return fName; }
 
     /// A value in words: prefix, then the label given for it, else its value label, else the number in the format, else
     /// the text as it is. Very long words are cut. Empty for a value that was never written.
@@ -66,6 +72,7 @@ class ShownVariable {
     const document::ChartVariable* fpVariable;
     const VariableSetting* fpSetting;
     std::string fLabel;
+    std::string fName;
     std::string fPrefix;
     std::optional<KEST_Format> fFormat;
     bool fIsWritten = false;

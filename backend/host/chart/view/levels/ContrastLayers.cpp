@@ -1,4 +1,5 @@
 #include "host/chart/view/levels/Layers.h"
+#include "host/chart/view/parts/Encodings.h"
 #include "host/chart/view/parts/Palette.h"
 #include "host/chart/view/parts/ViewExpressions.h"
 
@@ -19,7 +20,7 @@ Json MarkChannel(const LevelsStyle& style, std::string_view setOff, std::string_
 Json GuideLayer(const LevelsStyle& style) {
     Json layer = ValueLayer(style, {{"type", "rule"}, {"stroke", palette::kInk}, {"strokeWidth", 1.2}}, "base");
     layer["transform"] = {{{"filter", expression::kHasBase}}};
-    AddTips(layer);
+    AddTip(layer["encoding"]);
     return layer;
 }
 
@@ -38,7 +39,7 @@ Json PointLayer(const LevelsStyle& style) {
         {{"type", "point"}, {"filled", true}, {"size", style.fIsDense ? 50 : 85}, {"strokeWidth", 1.8}, {"opacity", 1}},
         "m");
     layer["encoding"]["fill"] = MarkChannel(style, palette::kSetOff, palette::kPaper);
-    AddTips(layer);
+    AddTip(layer["encoding"]);
     return layer;
 }
 

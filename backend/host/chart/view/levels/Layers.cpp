@@ -33,12 +33,6 @@ std::vector<Json> CappedRanges(const LevelsStyle& style, double capSize, double 
             CapLayer(style, "lo", capSize, strokeWidth), CapLayer(style, "hi", capSize, strokeWidth)};
 }
 
-void AddTips(Json& layer) {
-    const Json tip = {{"field", "tip"}, {"type", "nominal"}};
-    layer["encoding"]["tooltip"] = tip;
-    layer["encoding"]["description"] = tip;
-}
-
 Json ColorChannel(const LevelsStyle& style, const std::vector<std::string>& looks) {
     std::vector<std::size_t> domain(looks.size());
     for (std::size_t level = 0; level < domain.size(); ++level) domain[level] = level;

@@ -15,9 +15,6 @@ Json RangeLayer(const LevelsStyle& style, Json mark, std::string_view from, std:
 /// Lines from "lo" to "hi" with caps at both ends; nothing where there are no ranges.
 std::vector<Json> CappedRanges(const LevelsStyle& style, double capSize, double strokeWidth);
 
-/// Lets the marks of a layer tell what they stand for.
-void AddTips(Json& layer);
-
 /// The channel of colours, shapes or other looks of the levels in field "b".
 Json ColorChannel(const LevelsStyle& style, const std::vector<std::string>& looks);
 

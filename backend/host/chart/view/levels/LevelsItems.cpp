@@ -2,13 +2,11 @@
 
 #include <algorithm>
 
+#include "host/chart/view/parts/Numbers.h"
+
 namespace hierfit::chart {
 
 namespace {
-
-std::optional<double> NumberOf(const ShownVariable* variable, std::size_t row) {
-    return variable == nullptr ? std::nullopt : variable->NumberAt(row);
-}
 
 /// Makes items out of rows, or out of pairs of rows.
 class ItemReader {
@@ -40,31 +38,36 @@ class ItemReader {
                                ? std::optional<std::size_t>(0)
                                : OfPair(row, [&](std::size_t at) { return fpItems->fColors.At(at); });
         const auto mean = MeanAt(row);
-        if (!x || !place || !color || !mean) return std::nullopt;
+        const auto number = OfPair(row, [&](std::size_t at) { return PlaceableAt(fpMarks->fpX, at); });
+        if (!x || !place || !color || !mean || (fpItems->fIsLinear && !number)) return std::nullopt;
         LevelsItem item;
-        item.fRow = row;
+        item.fTipRow = OfPair(row, [&](std::size_t at) { return TipRow(at); });
         item.fPlace = *place;
         item.fX = *x;
         item.fColor = *color;
         item.fMean = *mean;
         item.fRange = RangeAt(row);
-        item.fNumber = NumberOf(fpMarks->fpX, row).value_or(0);
-        item.fIsSetOff = OfPair(row, [&](std::size_t at) { return NumberOf(fpMarks->fpMark, at); }) == 1.0;
-        if (fpMarks->fIsContrast) item.fBase = NumberOf(fpMarks->fpMean, row);
+        item.fNumber = number.value_or(0);
+        item.fIsSetOff = OfPair(row, [&](std::size_t at) { return PlaceableAt(fpMarks->fpMark, at); }) == 1.0;
+        if (fpMarks->fIsContrast) item.fBase = PlaceableAt(fpMarks->fpMean, row);
         return item;
+    }
+
+    std::optional<std::size_t> TipRow(std::size_t row) const {
+        return WordsAt(fpMarks->fpTip, row).empty() ? std::nullopt : std::optional(row);
     }
 
     /// The second row of a pair has the mean, the first one the same or what it is compared with.
     std::optional<double> MeanAt(std::size_t row) const {
-        if (fStep == 1) return NumberOf(fpMarks->fpMean, row);
-        const auto second = NumberOf(fpMarks->fpMean, row + 1);
-        return second || fpMarks->fIsContrast ? second : NumberOf(fpMarks->fpMean, row);
+        if (fStep == 1) return PlaceableAt(fpMarks->fpMean, row);
+        const auto second = PlaceableAt(fpMarks->fpMean, row + 1);
+        return second || fpMarks->fIsContrast ? second : PlaceableAt(fpMarks->fpMean, row);
     }
 
     std::optional<LevelsItem::Range> RangeAt(std::size_t row) const {
         if (fStep == 1) return std::nullopt;
-        const auto low = NumberOf(fpMarks->fpRange, row);
-        const auto high = NumberOf(fpMarks->fpRange, row + 1);
+        const auto low = PlaceableAt(fpMarks->fpRange, row);
+        const auto high = PlaceableAt(fpMarks->fpRange, row + 1);
         if (!low || !high) return std::nullopt;
         return LevelsItem::Range{std::min(*low, *high), std::max(*low, *high)};
     }

@@ -15,7 +15,7 @@ struct LevelsItem {
         double fLow;
         double fHigh;
     };
-    std::size_t fRow;  ///< of the data: the first of its pair
+    std::optional<std::size_t> fTipRow;  ///< of the data, where it tells a tip
     Panels::Place fPlace;
     std::size_t fX = 0;      ///< level along the axis
     double fNumber = 0;      ///< its value, where the axis is one of numbers

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/chart/view/parts/ChartWords.h"
+#include "host/chart/view/parts/Numbers.h"
 
 namespace hierfit::chart {
 
@@ -23,7 +24,7 @@ void AddNamed(std::string& text, const std::string& name, const std::string& wor
 void AddPanel(std::string& text, const ShownVariable* variable, const std::string& words) {
     if (variable == nullptr) return;
     const bool isNamed = variable->Setting() != nullptr && !variable->Setting()->fPrefix.empty();
-    AddNamed(text, isNamed ? std::string() : variable->Label(), words);
+    AddNamed(text, isNamed ? std::string() : variable->Name(), words);
 }
 
 std::string Figure(const LevelsMarks& marks, double number) { return marks.fpMean->Figure(number); }
@@ -42,15 +43,12 @@ void AddPlace(std::string& text, const LevelsMarks& marks, const LevelsItems& it
 
 /// What the data tells of an item; empty where it has no words of its own.
 std::string GivenTip(const LevelsMarks& marks, const LevelsItem& item) {
-    if (marks.fpTip == nullptr || item.fRow >= marks.fpTip->Rows()) return {};
-    return marks.fpTip->Words(marks.fpTip->At(item.fRow));
+    return item.fTipRow ? WordsAt(marks.fpTip, *item.fTipRow) : std::string();
 }
-
-std::string Or(const std::string& label, const std::string& word) { return label.empty() ? word : label; }
 
 /// The factors of the chart, joined as in titles.
 std::string Factors(const LevelsMarks& marks, const LevelsItems& items) {
-    std::string factors = Or(marks.fXTitle, Translated("Level"));
+    std::string factors = TitleOr(marks.fXTitle, Translated("Level"));
     const auto add = [&](const ShownVariable* variable) {
         if (variable != nullptr && !variable->Label().empty()) factors += " * " + variable->Label();
     };
@@ -80,10 +78,10 @@ std::string Sentence(const LevelsMarks& marks, const LevelsItems& items) {
 std::vector<std::string> Columns(const LevelsMarks& marks, const LevelsItems& items) {
     std::vector<std::string> columns;
     const Panels& panels = items.fPanels;
-    if (panels.HasHeadings()) columns.push_back(Or(panels.AcrossVariable()->Label(), Translated("Panel")));
-    if (panels.HasTwoVariables()) columns.push_back(Or(panels.DownVariable()->Label(), Translated("Panel")));
-    columns.push_back(Or(marks.fXTitle, Translated("Level")));
-    if (marks.fpColor != nullptr) columns.push_back(Or(marks.fColorName, Translated("Series")));
+    if (panels.HasHeadings()) columns.push_back(TitleOr(panels.AcrossVariable()->Label(), Translated("Panel")));
+    if (panels.HasTwoVariables()) columns.push_back(TitleOr(panels.DownVariable()->Label(), Translated("Panel")));
+    columns.push_back(TitleOr(marks.fXTitle, Translated("Level")));
+    if (marks.fpColor != nullptr) columns.push_back(TitleOr(marks.fColorName, Translated("Series")));
     if (marks.fIsContrast) columns.push_back(Translated("Reference"));
     columns.push_back(marks.fMeanName);
     if (marks.fpRange != nullptr) {

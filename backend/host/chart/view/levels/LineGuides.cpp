@@ -6,6 +6,8 @@
 #include <cmath>
 #include <unordered_set>
 
+#include "host/chart/view/parts/Numbers.h"
+
 namespace hierfit::chart {
 
 namespace {
@@ -72,7 +74,7 @@ void Append(std::vector<double>& heights, const std::vector<double>& more) {
 LineGuides::LineGuides(const Specification& specification) {
     if (specification.fFaceting) fvNames = specification.fFaceting->fvVariables;
     for (const LineGuide& guide : specification.fPlot.fvLineGuides) {
-        if (std::isfinite(guide.fY)) Add(guide);
+        if (Placeable(guide.fY)) Add(guide);
     }
 }
 

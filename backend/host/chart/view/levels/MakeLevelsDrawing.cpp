@@ -50,10 +50,11 @@ Json LegendOf(const Specification& specification, const LevelsMarks& marks, cons
     return ColorLegend(specification, marks, items, height);
 }
 
-Json NumberChannel(const LevelsMarks& marks, const Specification& specification, double width) {
-    Json scale = {{"zero", false}, {"nice", false}, {"padding", 14}};
-    if (specification.fPlot.fX.fMin) scale["domainMin"] = *specification.fPlot.fX.fMin;
-    if (specification.fPlot.fX.fMax) scale["domainMax"] = *specification.fPlot.fX.fMax;
+Json NumberChannel(const LevelsMarks& marks, const LevelsItems& items, const Span& span, double width) {
+    Extent extent;
+    for (const LevelsItem& item : items.fvItems) extent.Add(item.fNumber);
+    Json scale = ScaleWithin(span, extent);
+    scale.update({{"nice", false}, {"padding", 14}});
     Json axis = {{"grid", false}, {"tickCount", width < 300 ? 4 : 8}, {"labelOverlap", true}};
     if (const std::string format = marks.fpX->AxisFormat(); !format.empty()) axis["format"] = format;
     return {{"field", "at"},
@@ -110,7 +111,8 @@ LevelsStyle StyleOf(const ViewContext& context, const LevelsMarks& marks, const 
     LevelsStyle style;
     style.fIsTurned = axis.fIsTurned;
     style.fValues = MakeValueAxis(context, marks, items, guides, axis.fIsTurned ? axis.fWidth : axis.fHeight);
-    style.fLevels = items.fIsLinear ? NumberChannel(marks, specification, axis.fWidth) : axis.Channel(marks.fXTitle);
+    style.fLevels = items.fIsLinear ? NumberChannel(marks, items, specification.fPlot.fX, axis.fWidth)
+                                    : axis.Channel(marks.fXTitle);
     style.fHasColors = marks.fpColor != nullptr;
     style.fColors = items.fColors.Count();
     style.fColorLegend = LegendOf(specification, marks, items, axis.fHeight);

@@ -1,4 +1,5 @@
 #include "host/chart/view/levels/Layers.h"
+#include "host/chart/view/parts/Encodings.h"
 #include "host/chart/view/parts/Palette.h"
 
 namespace hierfit::chart {
@@ -31,7 +32,7 @@ Json MeanPoints(const LevelsStyle& style, double size) {
     } else {
         layer["mark"]["fill"] = palette::kFirst;
     }
-    AddTips(layer);
+    AddTip(layer["encoding"]);
     return layer;
 }
 

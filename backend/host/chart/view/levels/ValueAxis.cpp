@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/chart/view/parts/Numbers.h"
 #include "host/chart/view/text/WrapText.h"
 
 namespace hierfit::chart {
@@ -10,18 +11,6 @@ namespace hierfit::chart {
 namespace {
 
 constexpr double kManyDigits = 1e9;
-
-struct Extent {
-    double fLow = 0;
-    double fHigh = 0;
-    bool fIsEmpty = true;
-
-    void Add(double value) {
-        fLow = fIsEmpty ? value : std::min(fLow, value);
-        fHigh = fIsEmpty ? value : std::max(fHigh, value);
-        fIsEmpty = false;
-    }
-};
 
 Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides) {
     Extent extent;
@@ -36,17 +25,6 @@ Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides)
     return extent;
 }
 
-/// Limits of the specification count first; a range without length is widened.
-Json ScaleOf(const Span& span, const Extent& extent) {
-    Json scale = {{"zero", false}};
-    if (span.fMin) scale["domainMin"] = *span.fMin;
-    if (span.fMax) scale["domainMax"] = *span.fMax;
-    if (span.fMin || span.fMax) return scale;
-    if (extent.fIsEmpty) return {{"domain", {0, 1}}};
-    if (extent.fLow == extent.fHigh) return {{"domain", {extent.fLow - 0.5, extent.fLow + 0.5}}, {"zero", false}};
-    return scale;
-}
-
 /// A format whose figures tell the ticks apart: the variable's, unless its decimals are too few or its digits too many.
 std::string FormatOf(const ShownVariable* variable, const Extent& extent) {
     if (variable == nullptr || variable->AxisFormat().empty()) return {};
@@ -59,6 +37,27 @@ std::string FormatOf(const ShownVariable* variable, const Extent& extent) {
 
 }  // namespace
 
+void Extent::Add(double value) {
+    fLow = fIsEmpty ? value : std::min(fLow, value);
+    fHigh = fIsEmpty ? value : std::max(fHigh, value);
+    fIsEmpty = false;
+}
+
+Json ScaleWithin(const Span& span, Extent extent) {
+    const auto least = Placeable(span.fMin);
+    const auto greatest = Placeable(span.fMax);
+    if (least) extent.Add(*least);
+    if (greatest) extent.Add(*greatest);
+    if (extent.fIsEmpty) return {{"domain", {0, 1}}};
+    const double low = least.value_or(extent.fLow);
+    const double room = RoomAbout(low);
+    if (low == greatest.value_or(extent.fHigh)) return {{"domain", {low - room, low + room}}, {"zero", false}};
+    Json scale = {{"zero", false}};
+    if (least) scale["domainMin"] = *least;
+    if (greatest) scale["domainMax"] = *greatest;
+    return scale;
+}
+
 Json ValueAxis::Channel(std::string_view field) const {
     Json axis = {{"grid", true}, {"domain", false}, {"ticks", false}, {"tickCount", fTickCount}};
     if (!fFormat.empty()) axis["format"] = fFormat;
@@ -70,7 +69,7 @@ ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, co
     const Extent extent = ExtentOf(items, guides);
     ValueAxis axis;
     axis.fvTitle = WrapText(marks.fMeanTitle, length, {12.5, false}, 3);
-    axis.fScale = ScaleOf(context.fSpecification.fPlot.fY, extent);
+    axis.fScale = ScaleWithin(context.fSpecification.fPlot.fY, extent);
     axis.fFormat = FormatOf(marks.fpMean, extent);
     axis.fTickCount = length < 200 ? 4 : 6;
     return axis;

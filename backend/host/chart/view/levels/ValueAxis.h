@@ -9,6 +9,18 @@
 
 namespace hierfit::chart {
 
+/// What an axis must hold.
+struct Extent {
+    double fLow = 0;
+    double fHigh = 0;
+    bool fIsEmpty = true;
+
+    void Add(double value);
+};
+
+/// Limits of the specification count first; a range without length is widened.
+Json ScaleWithin(const Span& span, Extent extent);
+
 /// The axis of means: what its channels have in common.
 struct ValueAxis {
     std::vector<std::string> fvTitle;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/chart/view/ShownData.h"
 #include "host/context/RunContext.h"
 
 namespace hierfit::chart {
@@ -38,10 +39,12 @@ std::string AxisTitleOr(const Specification& specification, bool isX, const std:
 
 std::string PopupOr(const Specification& specification, std::string_view reference, const std::string& label) {
     for (const Popup& popup : specification.fvPopups) {
-        if (popup.fOf == reference) return InWords(popup.fWords);
+        if (popup.fOf == reference) return CutName(InWords(popup.fWords));
     }
-    return label;
+    return CutName(label);
 }
+
+std::string TitleOr(const std::string& title, const std::string& word) { return title.empty() ? word : title; }
 
 const Legend* FindLegend(const Specification& specification, std::string_view reference) {
     for (const Legend& legend : specification.fvLegends) {

@@ -21,8 +21,12 @@ std::string InWords(const Words& words);
 /// The title that the specification gives an axis, else the label.
 std::string AxisTitleOr(const Specification& specification, bool isX, const std::string& label);
 
-/// What a variable is called in tips: as the specification has it for the reference, else the label.
+/// What a variable is called in tips: as the specification has it for the reference, else the label; very long ones
+/// are cut.
 std::string PopupOr(const Specification& specification, std::string_view reference, const std::string& label);
+
+/// A title of a column, or the word where it is empty.
+std::string TitleOr(const std::string& title, const std::string& word);
 
 /// The first legend for a variable; null when there is none or it is not shown.
 const Legend* FindLegend(const Specification& specification, std::string_view reference);

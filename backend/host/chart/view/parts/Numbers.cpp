@@ -12,6 +12,9 @@ namespace {
 
 constexpr double kLargestPlaceable = 1e300;
 constexpr double kLargestBrief = 1e5;
+constexpr double kDigitsWithinRange = 8;
+constexpr double kLeastDigits = 10;
+constexpr double kMostDigits = 17;  // a number as it is
 
 }  // namespace
 
@@ -20,8 +23,12 @@ std::string ShortNumber(double number) {
     return fmt::format("{:.{}g}", number == 0 ? 0.0 : number, digits);
 }
 
-double Rounded(double number) {
-    const std::string text = fmt::format("{:.10g}", number == 0 ? 0.0 : number);
+double Rounded(double number) { return Rounded(number, std::abs(number)); }
+
+double Rounded(double number, double range) {
+    const double further = range > 0 && number != 0 ? std::ceil(std::log10(std::abs(number) / range)) : 0;
+    const int digits = static_cast<int>(std::clamp(kDigitsWithinRange + further, kLeastDigits, kMostDigits));
+    const std::string text = fmt::format("{:.{}g}", number == 0 ? 0.0 : number, digits);
     double rounded = number;
     std::from_chars(text.data(), text.data() + text.size(), rounded);
     return rounded;

@@ -11,6 +11,9 @@ namespace hierfit::chart {
 /// A number to ten significant digits: enough for a picture far from zero, and short in its text.
 double Rounded(double number);
 
+/// The same for a place within a range: to more digits where ten would not tell places apart.
+double Rounded(double number, double range);
+
 /// A number in words, such as "12.5": to six significant digits, a large one to ten.
 std::string ShortNumber(double number);
 

@@ -59,10 +59,10 @@ bool IsTurned(double panelHeight) { return panelHeight >= kLeastForTurned; }
 
 /// Each with the variable's label, where the words do not say it already.
 std::vector<std::string> CutHeadings(const Levels& levels, const ShownVariable& variable, double width) {
-    const bool isNamed = variable.HasPrefix() || variable.Label().empty();
+    const bool isNamed = variable.HasPrefix() || variable.Name().empty();
     std::vector<std::string> texts;
     for (const std::string& text : levels.Texts()) {
-        const std::string heading = isNamed ? text : variable.Label() + " = " + text;
+        const std::string heading = isNamed ? text : variable.Name() + " = " + text;
         texts.push_back(CutText(KeepBlanks(heading), width, kHeadingStyle));
     }
     return texts;
