@@ -39,7 +39,7 @@ void AddEntries(const Legend& legend, DiagramWeights& weights) {
         if (!weight) continue;
         const auto at = static_cast<std::size_t>(*weight);
         if (weights.fvWords.size() <= at) weights.fvWords.resize(at + 1);
-        weights.fvWords[at] = InWords(entry.fWords);
+        weights.fvWords[at] = CutName(InWords(entry.fWords));
         values.push_back(*weight);
     }
     std::sort(values.begin(), values.end());

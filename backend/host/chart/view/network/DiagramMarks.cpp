@@ -14,8 +14,12 @@ constexpr std::size_t kRowsOfLargeNodes = 20;
 constexpr TextStyle kNameStyle{12, false};
 constexpr TextStyle kLegendTitleStyle{12.5, false};
 
+double PlaceX(const DiagramLayout& layout, double x) { return Rounded(x, layout.fHighX - layout.fLowX); }
+
+double PlaceY(const DiagramLayout& layout, double y) { return Rounded(y, layout.fHighY - layout.fLowY); }
+
 Json ChannelX(const DiagramLayout& layout) {
-    const Json scale = {{"domain", {Rounded(layout.fLowX), Rounded(layout.fHighX)}},
+    const Json scale = {{"domain", {PlaceX(layout, layout.fLowX), PlaceX(layout, layout.fHighX)}},
                         {"range", {Rounded(layout.fStart), Rounded(layout.fEnd)}},
                         {"nice", false},
                         {"zero", false}};
@@ -23,7 +27,8 @@ Json ChannelX(const DiagramLayout& layout) {
 }
 
 Json ChannelY(const DiagramLayout& layout) {
-    const Json scale = {{"domain", {Rounded(layout.fLowY), Rounded(layout.fHighY)}}, {"nice", false}, {"zero", false}};
+    const Json scale = {
+        {"domain", {PlaceY(layout, layout.fLowY), PlaceY(layout, layout.fHighY)}}, {"nice", false}, {"zero", false}};
     return {{"field", "y"}, {"type", "quantitative"}, {"scale", scale}, {"axis", nullptr}};
 }
 
@@ -88,15 +93,15 @@ void AddSign(const DiagramSigns& signs, Json& encoding) {
     encoding["strokeDash"] = SignChannel(signs, dashes);
 }
 
-Json LinkValues(const Diagram& diagram) {
+Json LinkValues(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramLink& link : diagram.fvLinks) {
-        values.push_back({{"x", Rounded(link.fX)},
-                          {"y", Rounded(link.fY)},
-                          {"x2", Rounded(link.fX2)},
-                          {"y2", Rounded(link.fY2)},
+        values.push_back({{"x", PlaceX(layout, link.fX)},
+                          {"y", PlaceY(layout, link.fY)},
+                          {"x2", PlaceX(layout, link.fX2)},
+                          {"y2", PlaceY(layout, link.fY2)},
                           {"w", Rounded(link.fWeight)}});
-        if (!diagram.fSigns.fvWords.empty()) values.back()["s"] = link.fSign.value_or(0);
+        if (link.fSign) values.back()["s"] = *link.fSign;
         values.back()["tip"] = link.fTip;
     }
     return values;
@@ -115,13 +120,13 @@ Json LinkLayer(const Diagram& diagram, const DiagramLayout& layout) {
         AddSign(diagram.fSigns, encoding);
     }
     AddTip(encoding);
-    return {{"data", {{"values", LinkValues(diagram)}}}, {"mark", mark}, {"encoding", encoding}};
+    return {{"data", {{"values", LinkValues(diagram, layout)}}}, {"mark", mark}, {"encoding", encoding}};
 }
 
-Json NodeValues(const Diagram& diagram) {
+Json NodeValues(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramNode& node : diagram.fvNodes) {
-        values.push_back({{"x", Rounded(node.fX)}, {"y", Rounded(node.fY)}});
+        values.push_back({{"x", PlaceX(layout, node.fX)}, {"y", PlaceY(layout, node.fY)}});
         if (node.fType) values.back()["t"] = *node.fType;
         values.back()["tip"] = node.fTip;
     }
@@ -143,7 +148,7 @@ Json NodeLayer(const Diagram& diagram, const DiagramLayout& layout) {
     Json encoding = {{"x", ChannelX(layout)}, {"y", ChannelY(layout)}};
     if (!diagram.fTypes.fvWords.empty()) encoding["shape"] = TypeChannel(diagram.fTypes);
     AddTip(encoding);
-    return {{"data", {{"values", NodeValues(diagram)}}},
+    return {{"data", {{"values", NodeValues(diagram, layout)}}},
             {"mark",
              {{"type", "point"},
               {"filled", true},
@@ -157,8 +162,8 @@ Json NodeLayer(const Diagram& diagram, const DiagramLayout& layout) {
 Json NameLayer(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramNode& node : diagram.fvNodes) {
-        values.push_back({{"x", Rounded(node.fX)},
-                          {"y", Rounded(node.fY)},
+        values.push_back({{"x", PlaceX(layout, node.fX)},
+                          {"y", PlaceY(layout, node.fY)},
                           {"label", CutText(KeepBlanks(node.fName), kLongestName, kNameStyle)},
                           {"tip", node.fTip}});
     }

@@ -57,7 +57,8 @@ void ShowNodes(const Diagram& diagram, document::ChartShown& shown) {
 void ShowBins(const Histogram& histogram, document::ChartShown& shown) {
     if (histogram.fBins.fvBins.empty()) return;
     const std::size_t before = shown.fvColumns.size();
-    shown.fvColumns.insert(shown.fvColumns.end(), {histogram.fLabel, histogram.fCountLabel});
+    shown.fvColumns.insert(shown.fvColumns.end(),
+                           {TitleOr(histogram.fLabel, Translated("Level")), histogram.fCountLabel});
     for (std::vector<std::string>& row : shown.fvRows) row.resize(before + 2);
     for (const Bin& bin : histogram.fBins.fvBins) {
         std::vector<std::string>& row = shown.fvRows.emplace_back(before);
@@ -93,7 +94,7 @@ document::ChartShown Show(const Specification& specification, const Diagram& dia
 Drawing MakeDiagramDrawing(const ViewContext& context) {
     Diagram diagram = ReadDiagram(context);
     const Histogram histogram = ReadInset(context.fSpecification);
-    if (diagram.fTarget.fName.empty()) diagram.fTarget.fName = histogram.fLabel;
+    if (diagram.fTarget.fName.empty()) diagram.fTarget.fName = CutName(histogram.fLabel);
     if (diagram.fTarget.fTip.empty()) diagram.fTarget.fTip = diagram.fTarget.fName;
     if (diagram.fTarget.fTip.empty()) diagram.fTarget.fTip = Translated("Unknown");  // a mark must have a name
     const bool hasHistogram = !histogram.fBins.fvBins.empty();

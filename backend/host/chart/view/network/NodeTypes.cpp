@@ -39,7 +39,7 @@ NodeTypes::NodeTypes(const Legend* legend, const ShownVariable* variable)
     if (legend != nullptr) {
         for (const LegendEntry& entry : legend->fvEntries) {
             const auto level = levels.find(entry.fValue);
-            if (level != levels.end()) Take(level->second, InWords(entry.fWords));
+            if (level != levels.end()) Take(level->second, CutName(InWords(entry.fWords)));
         }
     }
     for (std::size_t level = 0; level < fLevels.Count(); ++level) Take(level, fLevels.Text(level));
