@@ -5,6 +5,7 @@
 #include "host/ChartString.h"
 #include "host/SystemMissing.h"
 #include "host/VarDataProcessor.h"
+#include "host/chart/DataStore.h"
 #include "host/chart/DataStream.h"
 #include "tests/chart/ChartRun.h"
 
@@ -94,6 +95,9 @@ TEST(DataTest, WhatIsNoStreamIsNotRead) {
                                  "{}",
                                  "[1]",
                                  R"([{"source":"a"}])",
+                                 R"([{"source":"a","rows":1e300,"variables":[]}])",
+                                 R"([{"source":"a","rows":2147483648,"variables":[]}])",
+                                 R"([{"source":"a","rows":-1,"variables":[]}])",
                                  begin + "1",
                                  begin + "true]}]}]",
                                  begin + "[1]]}]}]",
@@ -124,6 +128,18 @@ TEST(DataTest, RowsOutOfProportionAreRefused) {
     for (int i = 0; i < 10'000; ++i) wide.AddVariable("a", std::to_string(i), nullptr);
     EXPECT_TRUE(wide.SetVariableValue("a", "7", 0, 1));
     EXPECT_FALSE(wide.SetVariableValue("a", "7", 1000, 1));
+}
+
+TEST(DataTest, TextsOutOfProportionAreRefused) {
+    ChartRun run;
+    chart::DataStore store;
+    store.AddSource("a", 0);
+    const auto x = store.AddVariable("a", "x");
+    const std::string text(std::size_t{64} << 20U, 'x');
+    for (const int row : {0, 1, 2, 3, 3}) EXPECT_TRUE(store.Write(x, row, text)) << row;
+    EXPECT_FALSE(store.Write(x, 4, "y"));
+    EXPECT_EQ(run.Diagnostics(), "chart data: row 4 of a cannot be held\n");
+    EXPECT_TRUE(store.Write(x, 0, 1.0) && store.Write(x, 4, "y"));
 }
 
 TEST(DataTest, ManyRowsInAnyNumberOfVariablesAreHeld) {

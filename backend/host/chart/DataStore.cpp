@@ -16,6 +16,14 @@ constexpr std::size_t kMostAnnouncedCells = 50'000'000;
 constexpr std::size_t kFreeCells = 1'000'000;
 constexpr std::size_t kCellsForEach = 16;
 
+/// Bytes that the texts of a store may hold together.
+constexpr std::size_t kMostTextBytes = std::size_t{256} << 20U;
+
+std::size_t TextBytes(const document::ChartValue& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    return text == nullptr ? 0 : text->size();
+}
+
 int SizeOf(const auto& list) { return static_cast<int>(list.size()); }
 
 }  // namespace
@@ -56,9 +64,13 @@ DataStore::Handle DataStore::Find(const std::string& source, const std::string& 
 bool DataStore::Write(const Handle& variable, int row, document::ChartValue value) {
     if (!IsVariable(variable)) return false;
     Source& source = fvSources[static_cast<std::size_t>(variable.fSource)];
-    if (!MakeRow(source, row)) return Refuse("row " + std::to_string(row) + " of " + source.fContent.fName);
     auto& values = source.fContent.fvVariables[static_cast<std::size_t>(variable.fVariable)].fvValues;
     const auto index = static_cast<std::size_t>(row);
+    const std::size_t replaced = index < values.size() ? TextBytes(values[index]) : 0;
+    const std::size_t texts = fTextBytes - replaced + TextBytes(value);
+    const bool hasRoom = texts <= kMostTextBytes && MakeRow(source, row);
+    if (!hasRoom) return Refuse("row " + std::to_string(row) + " of " + source.fContent.fName);
+    fTextBytes = texts;
     if (index >= values.size()) values.resize(index + 1);
     values[index] = std::move(value);
     ++fWritten;

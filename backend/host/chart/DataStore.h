@@ -11,7 +11,8 @@
 namespace hierfit::chart {
 
 /// The values behind a chart while they are written. A handle is found in constant time, a name by hash. Rows come into
-/// being as they are written, but no row so far out that memory would have no proportion to what was written.
+/// being as they are written, but no row so far out that memory would have no proportion to what was written. Texts are
+/// held up to a bound for all of them.
 class DataStore {
   public:
     using Handle = VarDataProcessor::_varinfo;
@@ -26,7 +27,7 @@ class DataStore {
     /// The variable of a source, or no handle.
     Handle Find(const std::string& source, const std::string& name) const;
 
-    /// False for no handle and for a row that is refused.
+    /// False for no handle, and for a row or a text that is refused.
     bool Write(const Handle& variable, int row, document::ChartValue value);
 
     /// All values so far; the variables of a source are equally long.
@@ -49,6 +50,7 @@ class DataStore {
     std::size_t fAnnounced = 0;  ///< cells of announced rows
     std::size_t fCells = 0;      ///< rows times variables, over all sources
     std::size_t fWritten = 0;
+    std::size_t fTextBytes = 0;
     bool fHasRefused = false;
 };
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <nlohmann/json.hpp>
@@ -113,8 +114,14 @@ ChartVariable ReadVariable(const Json& json) {
     return variable;
 }
 
+int ReadRows(const Json& json) {
+    const bool isCount = json.is_number_unsigned() && json.get<std::uint64_t>() <= std::numeric_limits<int>::max();
+    if (!isCount) throw std::out_of_range("rows");
+    return static_cast<int>(json.get<std::uint64_t>());
+}
+
 ChartSource ReadSource(const Json& json) {
-    ChartSource source{json.at("source").get<std::string>(), json.at("rows").get<int>(), {}};
+    ChartSource source{json.at("source").get<std::string>(), ReadRows(json.at("rows")), {}};
     std::size_t rows = 0;
     for (const Json& variable : json.at("variables")) {
         source.fvVariables.push_back(ReadVariable(variable));
