@@ -90,11 +90,17 @@ TEST(HistogramTest, LeavesOutACurveThatWouldMislead) {
 TEST(HistogramTest, StaysSmallAndFiniteAtAnyScale) {
     const Histogram wide = Read({"poisson", 1e9, {}}, {0.0, 1e12, 2e12, 3e12}, {1.0, 1.0, 1.0, 1.0});
     EXPECT_LE(wide.fCurve.fvPoints.size(), 402U);
+    const double last = 9007199254740992;  // the next whole number is no double
+    const Histogram stuck = Read({"poisson", last, {}}, {last - 2, last - 1, last, last + 2}, {1.0, 1.0, 1.0, 1.0});
+    EXPECT_LE(stuck.fCurve.fvPoints.size(), 401U);
     const Histogram huge = Read(kNormal, {-1e300, 0.0, 1e300}, {1e300, 1.0, 1e300});
     EXPECT_TRUE(std::isfinite(huge.High() - huge.Low()));
     const Histogram pole = Read({"gamma", 0.1, 1.0}, {0.05, 0.15, 0.25}, {9.0, 3.0, 1.0});
     EXPECT_LE(pole.Top(), 2.1 * 9);
     EXPECT_GT(Read(kNormal, kFive, {0.0, 0.0, 0.0, 0.0, 0.0}).Top(), 0);
+    const Histogram far = Read(kNormal, {1e12, 1e12 + 1}, {1.0, 2.0});
+    EXPECT_LT(far.Place(far.Low()), far.Place(far.fBins.fvBins[0].fHigh));
+    EXPECT_LT(far.Place(far.fBins.fvBins[0].fHigh), far.Place(far.High()));
     for (const double lone : {0.0, 1e12, -1e300}) {
         const Histogram histogram = Read(kNormal, {lone}, {1234567.0});
         EXPECT_LT(histogram.Low(), histogram.fBins.Low()) << lone;

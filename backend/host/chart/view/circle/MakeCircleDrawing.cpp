@@ -47,11 +47,12 @@ std::vector<std::string> PanelCells(const Panels& panels, const Panels::Place& p
 
 std::vector<std::string> Columns(const Pairwise& pairwise, const Panels& panels) {
     std::vector<std::string> columns;
-    if (panels.HasHeadings()) columns.push_back(panels.AcrossVariable()->Label());
-    if (panels.HasTwoVariables()) columns.push_back(panels.DownVariable()->Label());
-    columns.push_back(Translated("^1 (first)", {pairwise.fNodeTitle}));
-    columns.push_back(Translated("^1 (second)", {pairwise.fNodeTitle}));
-    columns.insert(columns.end(), pairwise.fvFigureTitles.begin(), pairwise.fvFigureTitles.end());
+    if (panels.HasHeadings()) columns.push_back(TitleOr(panels.AcrossVariable()->Label(), Translated("Panel")));
+    if (panels.HasTwoVariables()) columns.push_back(TitleOr(panels.DownVariable()->Label(), Translated("Panel")));
+    const std::string node = TitleOr(pairwise.fNodeTitle, Translated("Node"));
+    columns.push_back(Translated("^1 (first)", {node}));
+    columns.push_back(Translated("^1 (second)", {node}));
+    for (const std::string& title : pairwise.fvFigureTitles) columns.push_back(TitleOr(title, Translated("Series")));
     columns.push_back(Translated("E62317"));
     return columns;
 }

@@ -98,7 +98,7 @@ struct LinkData {
             const ShownVariable* figure = find(popup.fOf);
             if (figure == nullptr) continue;
             fvFigures.push_back(figure);
-            fvFigureTitles.push_back(InWords(popup.fWords));
+            fvFigureTitles.push_back(CutName(InWords(popup.fWords)));
         }
     }
 
@@ -132,7 +132,7 @@ class PairwiseReader {
     explicit PairwiseReader(Pairwise& pairwise) : fPairwise(pairwise) {}
 
     void AddNodes(const ShownVariable& node, const NodePanels& panels) {
-        fPairwise.fNodeTitle = node.Label();
+        fPairwise.fNodeTitle = node.Name();
         const Levels levels(&node);
         std::vector<std::optional<std::size_t>> firstRows(levels.Count());
         for (std::size_t row = node.Rows(); row-- > 0;) {
@@ -144,7 +144,8 @@ class PairwiseReader {
             const document::ChartValue& value = levels.Value(level);
             const std::string panel = panels.KeyAt(*firstRows[level]);
             const bool isPlain = panel.empty() || node.IsLabelled(value);
-            AddNode(*key, value, isPlain ? levels.Text(level) : WithoutPanel(ShownVariable::Key(value), panel));
+            AddNode(*key, value,
+                    isPlain ? levels.Text(level) : CutName(WithoutPanel(ShownVariable::Key(value), panel)));
         }
     }
 

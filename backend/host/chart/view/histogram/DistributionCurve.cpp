@@ -10,7 +10,7 @@ namespace hierfit::chart {
 namespace {
 
 constexpr int kPoints = 121;
-constexpr double kMostWholePoints = 400;
+constexpr int kMostWholePoints = 401;
 constexpr std::size_t kLeastBins = 3;
 constexpr int kRealField = 2;
 
@@ -26,9 +26,12 @@ std::optional<Distribution> DistributionOf(const Bins& bins, const Curve& curve,
 std::vector<double> WholeNumbers(double low, double high) {
     std::vector<double> numbers;
     const double first = std::max(0.0, std::ceil(low));
-    const double step = std::max(1.0, std::ceil((high - first) / kMostWholePoints));
-    if (!(first + step > first)) return numbers;
-    for (double number = first; number <= high; number += step) numbers.push_back(number);
+    const double step = std::max(1.0, std::ceil((high - first) / (kMostWholePoints - 1)));
+    for (int at = 0; at < kMostWholePoints; ++at) {
+        const double number = first + step * at;
+        if (number > high) break;
+        if (numbers.empty() || number > numbers.back()) numbers.push_back(number);
+    }
     return numbers;
 }
 

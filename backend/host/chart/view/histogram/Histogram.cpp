@@ -33,6 +33,8 @@ double Histogram::Low() const { return fBins.Low() - (fBins.fvBins.size() == 1 ?
 
 double Histogram::High() const { return fBins.High() + (fBins.fvBins.size() == 1 ? fBins.fWidth : 0); }
 
+double Histogram::Place(double number) const { return Rounded(number, High() - Low()); }
+
 std::string Histogram::RangeInWords(const Bin& bin) const {
     if (fBins.AreWhole()) return ShortNumber(bin.fCenter);
     return Translated("^1 to ^2", {ShortNumber(bin.fLow), ShortNumber(bin.fHigh)});

@@ -24,6 +24,9 @@ struct Histogram {
     double Low() const;
     double High() const;
 
+    /// A number to digits enough for its place along the bars.
+    double Place(double number) const;
+
     /// The range of a bin in words, or its one value.
     std::string RangeInWords(const Bin& bin) const;
 };

@@ -13,24 +13,28 @@ constexpr std::size_t kMostOutlinedBars = 120;
 
 Json BarValues(const Histogram& histogram) {
     Json values = Json::array();
+    const std::string name = CutName(histogram.fLabel);
+    const std::string countName = CutName(histogram.fCountLabel);
     for (const Bin& bin : histogram.fBins.fvBins) {
-        const std::string tip = histogram.fLabel + ": " + histogram.RangeInWords(bin) + "\n" + histogram.fCountLabel +
-                                ": " + ShortNumber(bin.fCount);
-        values.push_back(
-            {{"lo", Rounded(bin.fLow)}, {"hi", Rounded(bin.fHigh)}, {"n", Rounded(bin.fCount)}, {"tip", tip}});
+        const std::string tip =
+            name + ": " + histogram.RangeInWords(bin) + "\n" + countName + ": " + ShortNumber(bin.fCount);
+        values.push_back({{"lo", histogram.Place(bin.fLow)},
+                          {"hi", histogram.Place(bin.fHigh)},
+                          {"n", Rounded(bin.fCount)},
+                          {"tip", tip}});
     }
     return values;
 }
 
-Json CurveValues(const DistributionCurve& curve) {
+Json CurveValues(const Histogram& histogram) {
     Json values = Json::array();
-    for (const CurvePoint& point : curve.fvPoints)
-        values.push_back({{"x", Rounded(point.fX)}, {"y", Rounded(point.fY)}});
+    for (const CurvePoint& point : histogram.fCurve.fvPoints)
+        values.push_back({{"x", histogram.Place(point.fX)}, {"y", Rounded(point.fY)}});
     return values;
 }
 
 Json ChannelX(std::string_view field, const Histogram& histogram, const HistogramPlace& place) {
-    const Json scale = {{"domain", {Rounded(histogram.Low()), Rounded(histogram.High())}},
+    const Json scale = {{"domain", {histogram.Place(histogram.Low()), histogram.Place(histogram.High())}},
                         {"range", {place.fLeft, place.fRight}},
                         {"nice", false},
                         {"zero", false}};
@@ -67,7 +71,7 @@ Json CurveLayer(const Histogram& histogram, const HistogramPlace& place) {
     if (isOfCounts && histogram.fCurve.fvPoints.size() <= kMostDots) {
         mark["point"] = {{"size", 16}, {"fill", palette::kInk}, {"filled", true}, {"aria", false}};
     }
-    return {{"data", {{"values", CurveValues(histogram.fCurve)}}},
+    return {{"data", {{"values", CurveValues(histogram)}}},
             {"mark", mark},
             {"encoding", {{"x", ChannelX("x", histogram, place)}, {"y", ChannelY("y", histogram, place)}}}};
 }

@@ -29,7 +29,7 @@ Json AxisY(const Histogram& histogram) {
 document::ChartShown Show(const Histogram& histogram) {
     document::ChartShown shown;
     shown.fSentence = HistogramSentence(histogram);
-    shown.fvColumns = {histogram.fLabel, histogram.fCountLabel};
+    shown.fvColumns = {TitleOr(histogram.fLabel, Translated("Level")), histogram.fCountLabel};
     for (const Bin& bin : histogram.fBins.fvBins)
         shown.fvRows.push_back({histogram.RangeInWords(bin), ShortNumber(bin.fCount)});
     return shown;

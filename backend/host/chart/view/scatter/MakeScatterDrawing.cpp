@@ -28,7 +28,7 @@ Json Channel(std::string_view field, const ScatterAxis& axis, double length) {
     return {{"field", field},
             {"type", "quantitative"},
             {"title", WrapText(axis.fTitle, length, kTitleStyle, 3)},
-            {"scale", {{"domain", {Rounded(axis.fLow), Rounded(axis.fHigh)}}, {"nice", false}, {"zero", false}}},
+            {"scale", {{"domain", {axis.Place(axis.fLow), axis.Place(axis.fHigh)}}, {"nice", false}, {"zero", false}}},
             {"axis", look}};
 }
 
@@ -66,7 +66,7 @@ Json DiagonalLayer(const Scatter& scatter, const Json& x, const Json& y) {
     const double low = std::max(scatter.fX.fLow, scatter.fY.fLow);
     const double high = std::min(scatter.fX.fHigh, scatter.fY.fHigh);
     Json values = Json::array();
-    if (low < high) values.push_back({{"a", Rounded(low)}, {"b", Rounded(high)}});
+    if (low < high) values.push_back({{"a", scatter.fX.Place(low)}, {"b", scatter.fX.Place(high)}});
     Json encoding = {{"x", x}, {"x2", {{"field", "b"}}}, {"y", y}, {"y2", {{"field", "b"}}}};
     encoding["x"]["field"] = "a";
     encoding["y"]["field"] = "a";
@@ -82,7 +82,7 @@ Json DiagonalLayer(const Scatter& scatter, const Json& x, const Json& y) {
 }
 
 std::string Tip(const Scatter& scatter, const ScatterPoint& point) {
-    std::string tip = scatter.fX.fTitle + ": " + point.fXInWords + "\n" + scatter.fY.fTitle + ": " + point.fYInWords;
+    std::string tip = scatter.fX.fName + ": " + point.fXInWords + "\n" + scatter.fY.fName + ": " + point.fYInWords;
     if (!scatter.fReference.empty()) tip += "\n" + scatter.fFrequencyTitle + ": " + point.fFrequencyInWords;
     return tip;
 }
@@ -90,8 +90,8 @@ std::string Tip(const Scatter& scatter, const ScatterPoint& point) {
 Json PointLayer(const Specification& specification, const Scatter& scatter, const Json& x, const Json& y) {
     Json values = Json::array();
     for (const ScatterPoint& point : scatter.fvPoints) {
-        values.push_back({{"x", Rounded(point.fX)},
-                          {"y", Rounded(point.fY)},
+        values.push_back({{"x", scatter.fX.Place(point.fX)},
+                          {"y", scatter.fY.Place(point.fY)},
                           {"f", Rounded(point.fFrequency)},
                           {"tip", Tip(scatter, point)}});
     }
@@ -104,14 +104,23 @@ Json PointLayer(const Specification& specification, const Scatter& scatter, cons
     return {{"data", {{"values", std::move(values)}}}, {"mark", mark}, {"encoding", encoding}};
 }
 
+/// With the range of what stands upwards.
+std::string Sentence(const Scatter& scatter) {
+    if (scatter.fvPoints.empty()) return Translated("Chart: ^1. No values.", {scatter.fY.fTitle});
+    const auto [least, greatest] =
+        std::minmax_element(scatter.fvPoints.begin(), scatter.fvPoints.end(),
+                            [](const ScatterPoint& a, const ScatterPoint& b) { return a.fY < b.fY; });
+    return Translated("Scatter plot of ^1 by ^2. Points: ^3, from ^4 to ^5.",
+                      {scatter.fY.fTitle, scatter.fX.fTitle, std::to_string(scatter.fvPoints.size()),
+                       ShortNumber(least->fY), ShortNumber(greatest->fY)});
+}
+
 document::ChartShown Show(const Scatter& scatter) {
     document::ChartShown shown;
-    shown.fSentence = Translated("Scatter plot of ^1 by ^2. Points: ^3, from ^4 to ^5.",
-                                 {scatter.fY.fTitle, scatter.fX.fTitle, std::to_string(scatter.fvPoints.size()),
-                                  ShortNumber(std::min(scatter.fX.fLow, scatter.fY.fLow)),
-                                  ShortNumber(std::max(scatter.fX.fHigh, scatter.fY.fHigh))});
-    shown.fvColumns = {scatter.fX.fTitle, scatter.fY.fTitle};
-    if (!scatter.fReference.empty()) shown.fvColumns.push_back(scatter.fFrequencyTitle);
+    shown.fSentence = Sentence(scatter);
+    shown.fvColumns = {TitleOr(scatter.fX.fTitle, Translated("Level")),
+                       TitleOr(scatter.fY.fTitle, Translated("Estimated Mean"))};
+    if (!scatter.fReference.empty()) shown.fvColumns.push_back(TitleOr(scatter.fFrequencyTitle, Translated("E60352")));
     for (const ScatterPoint& point : scatter.fvPoints) {
         shown.fvRows.push_back({point.fXInWords, point.fYInWords});
         if (!scatter.fReference.empty()) shown.fvRows.back().push_back(point.fFrequencyInWords);

@@ -61,6 +61,7 @@ void SetLimits(const Plot& plot, Scatter& scatter) {
 
 void SetAxis(const Specification& specification, bool isX, const ShownVariable* variable, ScatterAxis& axis) {
     axis.fTitle = AxisTitleOr(specification, isX, variable == nullptr ? std::string() : variable->Label());
+    axis.fName = CutName(axis.fTitle);
     if (variable != nullptr) axis.fFormat = variable->AxisFormat();
 }
 
@@ -81,6 +82,8 @@ void AddPoints(const ShownVariable* x, const ShownVariable* y, const ShownVariab
 
 }  // namespace
 
+double ScatterAxis::Place(double number) const { return Rounded(number, fHigh - fLow); }
+
 Scatter ReadScatter(const ViewContext& context) {
     Scatter scatter;
     const Specification& specification = context.fSpecification;
@@ -92,7 +95,7 @@ Scatter ReadScatter(const ViewContext& context) {
         SetAxis(specification, true, x, scatter.fX);
         SetAxis(specification, false, y, scatter.fY);
         if (frequency != nullptr) scatter.fReference = mark->fOpacity;
-        if (frequency != nullptr) scatter.fFrequencyTitle = frequency->Label();
+        if (frequency != nullptr) scatter.fFrequencyTitle = frequency->Name();
         AddPoints(x, y, frequency, scatter);
     }
     SetLimits(specification.fPlot, scatter);

@@ -19,9 +19,13 @@ struct ScatterPoint {
 
 struct ScatterAxis {
     std::string fTitle;
+    std::string fName;    ///< in tips
     std::string fFormat;  ///< empty: the renderer's choice
     double fLow = -0.5;
     double fHigh = 0.5;
+
+    /// A number to digits enough for its place on the axis.
+    double Place(double number) const;
 };
 
 /// Points in two dimensions with a frequency each. It owns all that it holds.
