@@ -50,7 +50,7 @@ export const makeDocument = (views, title = "Charts") => ({ format: "hierfit-out
 /** By name of the document. */
 export const documents = {
   charts: makeDocument([{ ...levels(18), usermeta: table(45) }, { ...scatter(12), usermeta: table(1) }, scatter(30), {}]),
-  large: makeDocument([{ ...scatter(5500), usermeta: table(2) }]),
+  large: makeDocument([{ ...scatter(5500), title: labels[0], usermeta: table(2) }]),
   failing: makeDocument([{ description: "No picture", mark: "point", data: { values: [{ x: 1 }] }, encoding: { x: 7 }, layer: 7,
     usermeta: table(3) }, { ...levels(4), params: [{ name: "x_text", value: null }], usermeta: table(3) }],
   "Charts that fail"),
