@@ -87,7 +87,7 @@ TEST_F(PatchTest, PatchesMeanWhatTheyAreFor) {
         {"diagram 40 true", "legend id=legendStyle hidden of=Weight2\n", 1},
         {"diagram 40 false", "legend id=legendStyle of=Weight2\n", 1},
         {"diagram 40 false", "heading words=@@\n", 1},
-        {"diagram 40 false", "legend id=weightLegend of=Weight high=8 low=2\n", 1},
+        {"diagram 40 false", "legend id=significances of=Weight high=8 low=2\n", 1},
         {"diagram 40 false", "inset at=anchor type=2 sources=1 (\n", 1},
         {"diagram 40 false", "curve gamma first=2.5\n", 1},
         {"pairwise 0", "panels", 0},
