@@ -16,6 +16,7 @@ try {
 const { outputFiles: [{ text }] } = await esbuild.build({
   entryPoints: [fileURLToPath(new URL("charts/main.js", import.meta.url))],
   bundle: true,
+  alias: { vega: fileURLToPath(new URL("charts/engine.js", import.meta.url)) },
   minify: true,
   format: "iife",
   target: "es2022",

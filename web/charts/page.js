@@ -45,17 +45,23 @@ function tellFailure(drawing) {
   drawing.closest("figure").querySelector("details")?.setAttribute("open", "");
 }
 
+// Milliseconds after which a page that is being drawn answers its reader.
+const longestTask = 50;
+
 export function drawPage() {
   const waiting = Array.from(document.querySelectorAll(".drawing"));
   if (waiting.length === 0) return;
   const tip = new Tip();
   const drawNext = () => {
     const drawing = waiting.shift();
-    if (drawing) draw(drawing, tip).catch(() => tellFailure(drawing));
-    return waiting.length > 0;
+    return draw(drawing, tip).catch(() => tellFailure(drawing));
   };
-  const step = () => drawNext() && setTimeout(step);
-  addEventListener("beforeprint", () => { while (drawNext()); });
+  const step = async () => {
+    const end = performance.now() + longestTask;
+    while (waiting.length > 0 && performance.now() < end) await drawNext();
+    if (waiting.length > 0) setTimeout(step);
+  };
+  addEventListener("beforeprint", () => { while (waiting.length > 0) drawNext(); });
   addEventListener("scroll", () => tip.settle(), { passive: true, capture: true });
   step();
 }
