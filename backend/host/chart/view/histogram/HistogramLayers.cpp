@@ -9,7 +9,7 @@ namespace hierfit::chart {
 namespace {
 
 constexpr std::size_t kMostDots = 80;
-constexpr std::size_t kMostOutlinedBars = 120;
+constexpr double kNarrowestOutlined = 5;  // pixels: outlines would be most of narrower bars
 
 Json BarValues(const Histogram& histogram) {
     Json values = Json::array();
@@ -48,7 +48,8 @@ Json ChannelY(std::string_view field, const Histogram& histogram, const Histogra
 }
 
 Json BarLayer(const Histogram& histogram, const HistogramPlace& place) {
-    const bool isOutlined = histogram.fBins.fvBins.size() <= kMostOutlinedBars;
+    const double room = kNarrowestOutlined * static_cast<double>(histogram.fBins.fvBins.size());
+    const bool isOutlined = place.fRight - place.fLeft >= room;
     Json encoding = {{"x", ChannelX("lo", histogram, place)},
                      {"x2", {{"field", "hi"}}},
                      {"y", ChannelY("n", histogram, place)},

@@ -1,5 +1,7 @@
 #include "host/chart/view/levels/ValueAxis.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -11,6 +13,9 @@ namespace hierfit::chart {
 namespace {
 
 constexpr double kManyDigits = 1e9;
+constexpr int kMostDecimals = 9;
+constexpr double kRounding = 1e-9;  // of a logarithm that is whole
+constexpr const char* kBrief = ".12~g";
 
 Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides) {
     Extent extent;
@@ -25,14 +30,38 @@ Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides)
     return extent;
 }
 
-/// A format whose figures tell the ticks apart: the variable's, unless its decimals are too few or its digits too many.
-std::string FormatOf(const ShownVariable* variable, const Extent& extent) {
+Extent ExtentWithin(const Span& span, Extent extent) {
+    const auto least = Placeable(span.fMin);
+    const auto greatest = Placeable(span.fMax);
+    if (least) extent.Add(*least);
+    if (greatest) extent.Add(*greatest);
+    return {least.value_or(extent.fLow), greatest.value_or(extent.fHigh), extent.fIsEmpty};
+}
+
+/// The distance between ticks of a linear scale, 1, 2 or 5 times a power of ten; a scale that is rounded outwards has
+/// no closer ones.
+double TickStep(double span, int count) {
+    const double rough = span / count;
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    const double error = rough / power;
+    if (error >= std::sqrt(50.0)) return 10 * power;
+    if (error >= std::sqrt(10.0)) return 5 * power;
+    return error >= std::sqrt(2.0) ? 2 * power : power;
+}
+
+int DecimalsOf(double step) { return std::max(0, -static_cast<int>(std::floor(std::log10(step) + kRounding))); }
+
+/// A format whose figures tell the ticks apart and have decimals in common: the variable's, unless its decimals are too
+/// few or its digits too many.
+std::string FormatOf(const ShownVariable* variable, const Extent& extent, int tickCount) {
     if (variable == nullptr || variable->AxisFormat().empty()) return {};
+    const double span = extent.fHigh - extent.fLow;
     const double greatest = std::max(std::abs(extent.fLow), std::abs(extent.fHigh));
-    const double step = (extent.fHigh - extent.fLow) / 8;
-    const double unit = std::pow(10.0, -variable->Decimals());
-    const bool isFine = greatest < kManyDigits && (step == 0 || step >= unit);
-    return isFine ? variable->AxisFormat() : ".12~g";
+    if (greatest >= kManyDigits) return kBrief;
+    if (span == 0) return variable->AxisFormat();
+    const int decimals = DecimalsOf(TickStep(span, tickCount));
+    if (decimals <= variable->Decimals()) return variable->AxisFormat();
+    return decimals <= kMostDecimals ? fmt::format(".{}f", decimals) : kBrief;
 }
 
 }  // namespace
@@ -43,18 +72,16 @@ void Extent::Add(double value) {
     fIsEmpty = false;
 }
 
-Json ScaleWithin(const Span& span, Extent extent) {
-    const auto least = Placeable(span.fMin);
-    const auto greatest = Placeable(span.fMax);
-    if (least) extent.Add(*least);
-    if (greatest) extent.Add(*greatest);
-    if (extent.fIsEmpty) return {{"domain", {0, 1}}};
-    const double low = least.value_or(extent.fLow);
-    const double room = RoomAbout(low);
-    if (low == greatest.value_or(extent.fHigh)) return {{"domain", {low - room, low + room}}, {"zero", false}};
+Json ScaleWithin(const Span& span, const Extent& extent) {
+    const Extent domain = ExtentWithin(span, extent);
+    if (domain.fIsEmpty) return {{"domain", {0, 1}}};
+    const double room = RoomAbout(domain.fLow);
+    if (domain.fLow == domain.fHigh) {
+        return {{"domain", {domain.fLow - room, domain.fLow + room}}, {"zero", false}};
+    }
     Json scale = {{"zero", false}};
-    if (least) scale["domainMin"] = *least;
-    if (greatest) scale["domainMax"] = *greatest;
+    if (const auto least = Placeable(span.fMin)) scale["domainMin"] = *least;
+    if (const auto greatest = Placeable(span.fMax)) scale["domainMax"] = *greatest;
     return scale;
 }
 
@@ -70,8 +97,8 @@ ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, co
     ValueAxis axis;
     axis.fvTitle = WrapText(marks.fMeanTitle, length, {12.5, false}, 3);
     axis.fScale = ScaleWithin(context.fSpecification.fPlot.fY, extent);
-    axis.fFormat = FormatOf(marks.fpMean, extent);
     axis.fTickCount = length < 200 ? 4 : 6;
+    axis.fFormat = FormatOf(marks.fpMean, ExtentWithin(context.fSpecification.fPlot.fY, extent), axis.fTickCount);
     return axis;
 }
 

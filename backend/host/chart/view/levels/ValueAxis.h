@@ -19,7 +19,7 @@ struct Extent {
 };
 
 /// Limits of the specification count first; a range without length is widened.
-Json ScaleWithin(const Span& span, Extent extent);
+Json ScaleWithin(const Span& span, const Extent& extent);
 
 /// The axis of means: what its channels have in common.
 struct ValueAxis {

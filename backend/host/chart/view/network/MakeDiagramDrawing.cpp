@@ -67,16 +67,21 @@ void ShowBins(const Histogram& histogram, document::ChartShown& shown) {
     }
 }
 
+/// Empty where widths tell nothing.
+std::string WidthSentence(const Diagram& diagram) {
+    const DiagramWeights& weights = diagram.fWeights;
+    if (diagram.fvLinks.empty() || weights.fTitle.empty()) return {};
+    const std::string thinnest = weights.InWords(diagram.fvLinks.back().fWeight);
+    const std::string widest = weights.InWords(diagram.fvLinks.front().fWeight);
+    if (thinnest == widest) return " " + Translated("Width of the lines: ^1, ^2.", {weights.fTitle, widest});
+    return " " + Translated("Width of the lines: ^1, from ^2 to ^3.", {weights.fTitle, thinnest, widest});
+}
+
 std::string Sentence(const Specification& specification, const Diagram& diagram, const Histogram& histogram) {
     std::string sentence =
         Translated("Diagram: ^1. Target: ^2. Nodes: ^3.",
                    {TitleInWords(specification), diagram.fTarget.fName, std::to_string(diagram.fvNodes.size())});
-    if (!diagram.fvLinks.empty() && !diagram.fWeights.fTitle.empty()) {
-        const DiagramWeights& weights = diagram.fWeights;
-        sentence += " " + Translated("Width of the lines: ^1, from ^2 to ^3.",
-                                     {weights.fTitle, weights.InWords(diagram.fvLinks.back().fWeight),
-                                      weights.InWords(diagram.fvLinks.front().fWeight)});
-    }
+    sentence += WidthSentence(diagram);
     if (histogram.fBins.fvBins.empty()) return sentence;
     return sentence + " " + HistogramSentence(histogram);
 }
