@@ -37,7 +37,10 @@ void HFITParamEstimatesOutput::FixedEffects() {
     const std::size_t n = fpBuildSettings->fvFixedEffectList.size();
     if (n == 0 && !fpBuildSettings->fIntercept) return;
     const EffectStatData* data = fpStats->GetEffectStatData();
-    if (!data) return;
+    if (!data) {
+        if (fpStats->GetParamCollect()) Diagnose("table \"Fixed Effects\" is left out: there are no tests");
+        return;
+    }
     if (data->fvFixedEffectTests.size() != n) {
         Diagnose("table \"Fixed Effects\" is left out: there are " + std::to_string(data->fvFixedEffectTests.size()) +
                  " tests for " + std::to_string(n) + " effects");

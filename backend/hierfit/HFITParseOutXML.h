@@ -53,7 +53,7 @@ class HFITParseOutXML {
     bool ReadEmmeansAttribute(const SDOMXMLWrapper& element, EmmeansSpec* record);
 
     // What several settings are made of. A null list has nothing to read.
-    int FindNamedField(const SDOMXMLWrapper& element, const std::string& name);
+    int FindNamedField(const SDOMXMLWrapper& element, const std::string& name, const std::string& otherwise);
     bool ReadEffect(const SDOMXMLWrapper& element, EffectStruct* record);
     bool ReadEffectAttribute(const SDOMXMLWrapper& element, EffectStruct* record);
     bool ReadEffectList(const SDOMXMLWrapper* listValue, std::vector<EffectStruct>* list);

@@ -98,21 +98,24 @@ bool HFITParseOutXML::ReadParameter(const SDOMXMLWrapper& element, BuildSettings
     return true;
 }
 
-int HFITParseOutXML::FindNamedField(const SDOMXMLWrapper& element, const std::string& name) {
+int HFITParseOutXML::FindNamedField(const SDOMXMLWrapper& element, const std::string& name,
+                                    const std::string& otherwise) {
     const int index = fDataSource->FindVarIndex(name, 0);
-    if (index < 0) Diagnose(element, "the field \"" + name + "\" is not in the data, and its name is left blank");
+    if (index < 0) Diagnose(element, "the field \"" + name + "\" is not in the data, and " + otherwise);
     return index;
 }
 
 bool HFITParseOutXML::ReadTargetField(const SDOMXMLWrapper& element, BuildSettings* record) {
     record->fTarget = AttributeText(element, "value");
-    record->fTargetIndex = FindNamedField(element, record->fTarget);
+    record->fTargetIndex = FindNamedField(element, record->fTarget, "its name is left blank");
     return true;
 }
 
 bool HFITParseOutXML::ReadTrialsField(const SDOMXMLWrapper& element, BuildSettings* record) {
     record->fTrials = AttributeText(element, "value");
-    record->fTrialsIndex = record->fTrials.empty() ? -1 : FindNamedField(element, record->fTrials);
+    record->fTrialsIndex = -1;
+    if (record->fTrials.empty()) return true;
+    record->fTrialsIndex = FindNamedField(element, record->fTrials, "the fixed number of trials stands in its place");
     return true;
 }
 

@@ -1,6 +1,7 @@
 #include "hierfit/HFITParseOutXML.h"
 #include "hierfit/XmlReading.h"
 #include "host/Conversions.h"
+#include "host/Diagnose.h"
 
 namespace hierfit {
 
@@ -27,6 +28,7 @@ bool HFITParseOutXML::ParseCustomEmmeans(SDOMXMLWrapper* emmeansCustomElm, Emmea
     bool ok = ReadContinuousLabels(*emmeansCustomElm, &record->fvLabels);
     if (const SDOMXMLWrapper* statistic = FirstElement(*emmeansCustomElm, "Statistic")) {
         // It decides alone: a label that cannot be read counts only where a block has no statistic.
+        if (!ok) Diagnose(*emmeansCustomElm, "a continuous predictor cannot be read, and those behind it are left out");
         ok = ReadEmmeansIndex(*statistic, &record->fEmmeansIndex);
     }
     return ok && ReadEmmeansTables(*emmeansCustomElm, record) && ReadOverallTests(*emmeansCustomElm, record) &&

@@ -112,6 +112,24 @@ TEST(SendTest, ChartHoldsWhatWasSentAndEveryCall) {
     EXPECT_EQ(chart.fvSettings, expected);
 }
 
+TEST(SendTest, TellsOnceWhichVariablesTheDataLack) {
+    const std::string chart =
+        "<chart version=\"1\" template=\"T\"><plot arrange=\"free\"><points source=\"s\" x=\"x\" y=\"gone\"/>"
+        "<points source=\"s\" x=\"gone\" y=\"unwritten\"/><points source=\"none\" x=\"a\" y=\"b\"/></plot></chart>";
+    ChartRun run;
+    VarDataProcessor processor;
+    processor.AddDataSource("s", 1);
+    processor.AddVariable("s", "x", nullptr);
+    processor.AddVariable("s", "unwritten", nullptr);
+    processor.SetVariableValue("s", "x", 0, 1);
+    for (int time = 0; time < 2; ++time) {
+        XDocument document(chart);
+        document.SetChartData(&processor);
+        EXPECT_TRUE(document.SendChart(true, false, false));
+    }
+    EXPECT_EQ(run.Diagnostics(), "chart T: its data hold no variable \"gone\"\n");
+}
+
 TEST(SendTest, WhatIsNoChartIsLeftOutAndSaysWhere) {
     const std::pair<std::string, std::string> cases[] = {
         {"", "it has no XML"},

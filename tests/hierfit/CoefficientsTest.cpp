@@ -16,6 +16,8 @@ std::string Test(const std::string& description, const std::string& f, const std
 
 const std::string kModel = Test("correctedModel", "2.5", "1", "0.25");
 
+const std::string kIndex = "<Statistic name='fixedEffectIndex' value='0'/>";
+
 const TableCase kEffects[] = {
     {"nested, crossed and empty effects",
      {.fSettings = Settings(Effects(Effect({"a"}) + Effect({"a", "b", "t"}, {"0", "1", "0"}) + Effect({}))),
@@ -55,12 +57,15 @@ Corrected Model: 2.5G 1N 10N 0.25S
      "FixedEffects",
      "",
      "table \"Fixed Effects\" is left out: there are 0 tests for 1 effects\n"},
-    {"no tests", {}, "FixedEffects", "", ""},
+    {"no tests, but coefficients",
+     {.fTraining = Estimates("parameterType='fixed'", "", {{"a=1", {"1"}, "", false, kIndex}})},
+     "FixedEffects",
+     "",
+     "table \"Fixed Effects\" is left out: there are no tests\n"},
+    {"nothing was fitted", {}, "FixedEffects", "", ""},
 };
 
 TEST(FixedEffects, AreIssued) { CheckTables(kEffects); }
-
-const std::string kIndex = "<Statistic name='fixedEffectIndex' value='0'/>";
 
 std::string Threshold(const std::string& factors) {
     return "<RegressionParameter isIntercept='false' name=''>" + factors + "</RegressionParameter>";

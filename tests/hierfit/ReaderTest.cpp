@@ -129,7 +129,7 @@ const Outcome kDiagnostics[] = {
     {"a predictor without value, and a statistic",
      Means("<Label><PrintableList><PrintableList pattern='x'/></PrintableList></Label><Statistic name='' value=''/>" +
            kTable),
-     true},
+     true, kModel + "DataGroup: a continuous predictor cannot be read, and those behind it are left out\n"},
     {"a test without all its figures",
      Means(kTable + "<ModelTestStats><FTest fStatistic='1' sig='' df1='1'/></ModelTestStats>"), false},
     {"a test without figures at all", Means(kTable + "<ModelTestStats/>"), false},
@@ -151,6 +151,10 @@ const Outcome kSettings[] = {
     {"a parameter without value", SettingsWith("<Parameter name='CIn'/>"), true},
     {"a target that the data lacks", Parameter("TargetField", "z"), true,
      "StatXML/BuildSettings/Parameter: the field \"z\" is not in the data, and its name is left blank\n"},
+    {"trials that the data lacks", Parameter("TrialsField", "z"), true,
+     "StatXML/BuildSettings/Parameter: the field \"z\" is not in the data, and the fixed number of trials stands in "
+     "its "
+     "place\n"},
     {"subject and groups without content",
      SettingsWith("<Parameter name='ResidualSubjectSpec'/><Parameter name='ResidualGroupSpec'/>"), true},
     {"an effect without attributes", SettingList("FixedEffectList", "<StructuredValue/>"), false},

@@ -110,6 +110,11 @@ TEST_F(PivotTable, KeepsTheLastCellAtAPlace) {
     ASSERT_EQ(GetTable().fvCells.size(), 2u);
     EXPECT_EQ(GetTable().fvCells[0].fContent.fWords, "last");
     EXPECT_TRUE(GetTable().fvCells[0].fvNotes.empty());
+    const auto& told = fContext.GetDocument().fvDiagnostics;
+    ASSERT_EQ(told.size(), 1U);
+    a.Cell(Fixed("last"));
+    rows.Category(Fixed("b")).Cell(Fixed("another"));
+    EXPECT_EQ(told.size(), 1U) << "the same again, and a second cell that is lost";
 }
 
 TEST_F(PivotTable, GivesANoteToTheCellJustWrittenOrElseToTheCategory) {

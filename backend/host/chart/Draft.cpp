@@ -7,6 +7,7 @@
 #include "host/Diagnose.h"
 #include "host/chart/DataStore.h"
 #include "host/chart/specification/ReadSpecification.h"
+#include "host/chart/specification/Remarks.h"
 #include "host/chart/view/MakeView.h"
 #include "host/context/RunContext.h"
 
@@ -59,9 +60,11 @@ bool Draft::Send(const std::array<bool, 3>& arguments) const {
         chart.fvSettings.push_back(calls);
         settings.push_back(setting);
     }
-    auto [json, shown] = MakeView(specification, chart.fvData, settings);
-    chart.fView = std::move(json);
-    chart.fShown = std::move(shown);
+    View view = MakeView(specification, chart.fvData, settings);
+    chart.fView = std::move(view.fJson);
+    chart.fShown = std::move(view.fShown);
+    for (const std::string& reference : view.fvUnknown)
+        DiagnoseOnce(run, "chart " + specification.fTemplate + ": its data hold no variable " + Quote(reference));
     run.InnermostItems().push_back({std::move(chart)});
     return true;
 }

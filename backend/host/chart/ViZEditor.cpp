@@ -27,8 +27,10 @@ std::string ViZEditor::EmbedHistogramInGraph(const std::string& graph, const std
                                              int length, int fieldType) {
     if (!IsStartedHeadless() || !stream || length < 0) return {};
     try {
-        return chart::EmbedInset(graph, histogram, std::string_view(stream, static_cast<std::size_t>(length)),
-                                 fieldType);
+        std::string composed =
+            chart::EmbedInset(graph, histogram, std::string_view(stream, static_cast<std::size_t>(length)), fieldType);
+        if (composed.empty()) Diagnose("a histogram was left out: its chart or the one around it cannot be read");
+        return composed;
     } catch (const std::exception& error) {
         Diagnose(std::string("a histogram was left out: ") + error.what());
         return {};

@@ -2,6 +2,9 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
+
+#include "host/Diagnose.h"
 
 namespace hierfit::pivot {
 
@@ -43,13 +46,21 @@ void TableBuilder::WriteCell(const document::Text& content) {
     Ids ids = ListCurrent();
     if (const auto found = fPlaces.find(ids); found != fPlaces.end()) {
         fLastCell = *found;
-        fTable.fvCells[*found].fContent = content;
-        fTable.fvCells[*found].fvNotes.clear();
+        document::Cell& cell = fTable.fvCells[*found];
+        if (cell.fContent != content) TellOverwriting();
+        cell.fContent = content;
+        cell.fvNotes.clear();
         return;
     }
     fLastCell = fTable.fvCells.size();
     fTable.fvCells.push_back({std::move(ids), content, {}});
     fPlaces.insert(*fLastCell);
+}
+
+void TableBuilder::TellOverwriting() {
+    if (std::exchange(fHasOverwritten, true)) return;
+    Diagnose("table \"" + fTable.fTitle.fWords +
+             "\": rows or columns of the same names fall together, and the last of them is shown");
 }
 
 document::Cell* TableBuilder::GetLastCell() { return fLastCell ? &fTable.fvCells[*fLastCell] : nullptr; }

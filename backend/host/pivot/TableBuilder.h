@@ -23,7 +23,8 @@ class TableBuilder {
 
     DimensionBuilder& AddDimension(const document::Text& name, int sort);
 
-    /// Writes at the current category of every dimension, in place of what is there already.
+    /// Writes at the current category of every dimension, in place of what is there already; what differed is told
+    /// once a table.
     void WriteCell(const document::Text& content);
 
     /// The cell written since `ForgetLastCell`; null when none was.
@@ -49,6 +50,7 @@ class TableBuilder {
 
     void FollowDimensions();
     void WidenCells();
+    void TellOverwriting();
     Ids ListCurrent() const;
     int FindFreeIndex() const;
 
@@ -56,6 +58,7 @@ class TableBuilder {
     std::deque<DimensionBuilder> fDimensions;
     std::unordered_set<std::size_t, PlaceHash, SamePlace> fPlaces;
     std::optional<std::size_t> fLastCell;
+    bool fHasOverwritten = false;
 };
 
 }  // namespace hierfit::pivot

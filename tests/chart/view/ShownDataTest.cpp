@@ -4,6 +4,7 @@
 
 #include "host/SystemMissing.h"
 #include "host/chart/view/parts/Levels.h"
+#include "host/chart/view/parts/Numbers.h"
 
 namespace hierfit::chart {
 namespace {
@@ -56,6 +57,18 @@ TEST(ShownVariable, TakesOnlyUsableNumbers) {
     const ShownVariable variable(data, nullptr, nullptr);
     EXPECT_EQ(variable.NumberAt(0), 1.0);
     for (std::size_t row = 1; row < 7; ++row) EXPECT_EQ(variable.NumberAt(row), std::nullopt) << row;
+}
+
+TEST(TickFormat, TellsTicksApartWithDecimalsInCommon) {
+    struct Case {
+        double fLow;
+        double fHigh;
+        std::string fFormat;
+    };
+    const Case cases[] = {{0.02, 0.28, ".2f"}, {0, 1, ".1f"},           {3.9, 6.8, ".1f"},
+                          {90, 140, ".0f"},    {0, 12000, ".0f"},       {-0.003, 0.002, ".3f"},
+                          {2, 2, ".1f"},       {1e9, 1e9 + 1, ".12~g"}, {1, 1 + 1e-12, ".12~g"}};
+    for (const Case& each : cases) EXPECT_EQ(TickFormat(each.fLow, each.fHigh, 6), each.fFormat) << each.fLow;
 }
 
 TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "host/chart/view/Drawing.h"
+#include "host/chart/view/UnknownReferences.h"
 #include "host/chart/view/parts/FrameView.h"
 
 namespace hierfit::chart {
@@ -32,6 +33,7 @@ View MakeView(const Specification& specification, const std::vector<document::Ch
     View view;
     view.fJson = FrameView(specification, drawing);
     view.fShown = std::move(drawing.fShown);
+    view.fvUnknown = UnknownReferences(specification, shownData);
     return view;
 }
 

@@ -133,11 +133,6 @@ std::string ShownVariable::Figure(double number) const {
     return ToString(&value, format);
 }
 
-std::string ShownVariable::AxisFormat() const {
-    if (!fFormat || fFormat->IsString()) return {};
-    return fmt::format(".{}~f", fFormat->fDecimals);
-}
-
 ShownData::ShownData(const Specification& specification, const std::vector<document::ChartSource>& data,
                      const std::vector<VariableSetting>& settings)
     : fpSpecification(&specification) {
@@ -183,6 +178,11 @@ const ShownVariable* ShownData::FindAny(std::string_view source, std::string_vie
         }
     }
     return FindNamed(source, reference);
+}
+
+bool ShownData::Lacks(std::string_view source, std::string_view reference) const {
+    const auto isOfSource = [&](const Entry& entry) { return source.empty() || entry.fSource == source; };
+    return std::ranges::any_of(fvEntries, isOfSource) && FindAny(source, reference) == nullptr;
 }
 
 const ShownVariable* ShownData::Find(std::string_view source, std::string_view reference) const {

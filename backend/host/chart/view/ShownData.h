@@ -54,13 +54,6 @@ class ShownVariable {
     /// with six.
     std::string Figure(double number) const;
 
-    /// The format of an axis over the variable: its decimals, trailing zeros trimmed; such as ".2~f". Empty where the
-    /// variable has no format for numbers.
-    std::string AxisFormat() const;
-
-    /// Of the format for numbers; 0 without one.
-    int Decimals() const { return fFormat && !fFormat->IsString() ? fFormat->fDecimals : 0; }
-
     const VariableSetting* Setting() const { return fpSetting; }
 
   private:
@@ -90,6 +83,9 @@ class ShownData {
     /// The variable that a reference of a mark means, or null when there is none or nothing was written to it. Without
     /// a source the first variable of that slot or name counts.
     const ShownVariable* Find(std::string_view source, std::string_view reference) const;
+
+    /// Whether a source has variables, and a reference means none of them. Without a source all count.
+    bool Lacks(std::string_view source, std::string_view reference) const;
 
     /// The label of the variable that a reference means, written to or not; empty when there is none.
     std::string LabelOf(std::string_view source, std::string_view reference) const;

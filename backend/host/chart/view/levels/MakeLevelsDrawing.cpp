@@ -6,6 +6,7 @@
 #include "host/chart/view/levels/LevelsWords.h"
 #include "host/chart/view/parts/ChartWords.h"
 #include "host/chart/view/parts/ViewExpressions.h"
+#include "host/chart/view/parts/Numbers.h"
 #include "host/chart/view/text/WrapText.h"
 
 namespace hierfit::chart {
@@ -55,8 +56,11 @@ Json NumberChannel(const LevelsMarks& marks, const LevelsItems& items, const Spa
     for (const LevelsItem& item : items.fvItems) extent.Add(item.fNumber);
     Json scale = ScaleWithin(span, extent);
     scale.update({{"nice", false}, {"padding", 14}});
-    Json axis = {{"grid", false}, {"tickCount", width < 300 ? 4 : 8}, {"labelOverlap", true}};
-    if (const std::string format = marks.fpX->AxisFormat(); !format.empty()) axis["format"] = format;
+    const int tickCount = width < 300 ? 4 : 8;
+    const Json axis = {{"grid", false},
+                       {"tickCount", tickCount},
+                       {"labelOverlap", true},
+                       {"format", TickFormat(extent.fLow, extent.fHigh, tickCount)}};
     return {{"field", "at"},
             {"type", "quantitative"},
             {"title", WrapText(marks.fXTitle, width, {12.5, false}, 3)},

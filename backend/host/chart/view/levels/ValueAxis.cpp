@@ -1,7 +1,5 @@
 #include "host/chart/view/levels/ValueAxis.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 #include <cmath>
 
@@ -11,11 +9,6 @@
 namespace hierfit::chart {
 
 namespace {
-
-constexpr double kManyDigits = 1e9;
-constexpr int kMostDecimals = 9;
-constexpr double kRounding = 1e-9;  // of a logarithm that is whole
-constexpr const char* kBrief = ".12~g";
 
 Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides) {
     Extent extent;
@@ -36,32 +29,6 @@ Extent ExtentWithin(const Span& span, Extent extent) {
     if (least) extent.Add(*least);
     if (greatest) extent.Add(*greatest);
     return {least.value_or(extent.fLow), greatest.value_or(extent.fHigh), extent.fIsEmpty};
-}
-
-/// The distance between ticks of a linear scale, 1, 2 or 5 times a power of ten; a scale that is rounded outwards has
-/// no closer ones.
-double TickStep(double span, int count) {
-    const double rough = span / count;
-    const double power = std::pow(10.0, std::floor(std::log10(rough)));
-    const double error = rough / power;
-    if (error >= std::sqrt(50.0)) return 10 * power;
-    if (error >= std::sqrt(10.0)) return 5 * power;
-    return error >= std::sqrt(2.0) ? 2 * power : power;
-}
-
-int DecimalsOf(double step) { return std::max(0, -static_cast<int>(std::floor(std::log10(step) + kRounding))); }
-
-/// A format whose figures tell the ticks apart and have decimals in common: the variable's, unless its decimals are too
-/// few or its digits too many.
-std::string FormatOf(const ShownVariable* variable, const Extent& extent, int tickCount) {
-    if (variable == nullptr || variable->AxisFormat().empty()) return {};
-    const double span = extent.fHigh - extent.fLow;
-    const double greatest = std::max(std::abs(extent.fLow), std::abs(extent.fHigh));
-    if (greatest >= kManyDigits) return kBrief;
-    if (span == 0) return variable->AxisFormat();
-    const int decimals = DecimalsOf(TickStep(span, tickCount));
-    if (decimals <= variable->Decimals()) return variable->AxisFormat();
-    return decimals <= kMostDecimals ? fmt::format(".{}f", decimals) : kBrief;
 }
 
 }  // namespace
@@ -86,8 +53,8 @@ Json ScaleWithin(const Span& span, const Extent& extent) {
 }
 
 Json ValueAxis::Channel(std::string_view field) const {
-    Json axis = {{"grid", true}, {"domain", false}, {"ticks", false}, {"tickCount", fTickCount}};
-    if (!fFormat.empty()) axis["format"] = fFormat;
+    const Json axis = {
+        {"grid", true}, {"domain", false}, {"ticks", false}, {"tickCount", fTickCount}, {"format", fFormat}};
     return {{"field", field}, {"type", "quantitative"}, {"title", fvTitle}, {"scale", fScale}, {"axis", axis}};
 }
 
@@ -98,7 +65,8 @@ ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, co
     axis.fvTitle = WrapText(marks.fMeanTitle, length, {12.5, false}, 3);
     axis.fScale = ScaleWithin(context.fSpecification.fPlot.fY, extent);
     axis.fTickCount = length < 200 ? 4 : 6;
-    axis.fFormat = FormatOf(marks.fpMean, ExtentWithin(context.fSpecification.fPlot.fY, extent), axis.fTickCount);
+    const Extent domain = ExtentWithin(context.fSpecification.fPlot.fY, extent);
+    axis.fFormat = TickFormat(domain.fLow, domain.fHigh, axis.fTickCount);
     return axis;
 }
 

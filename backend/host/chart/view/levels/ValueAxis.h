@@ -25,7 +25,7 @@ Json ScaleWithin(const Span& span, const Extent& extent);
 struct ValueAxis {
     std::vector<std::string> fvTitle;
     Json fScale;
-    std::string fFormat;  ///< empty: the renderer's own
+    std::string fFormat;
     int fTickCount = 6;
 
     /// The definition of a channel for a field of the data.

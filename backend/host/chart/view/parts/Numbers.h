@@ -17,6 +17,10 @@ double Rounded(double number, double range);
 /// A number in words, such as "12.5": to six significant digits, a large one to ten.
 std::string ShortNumber(double number);
 
+/// The format of the ticks of an axis, in the notation of d3-format: as many decimals as tell the ticks apart, the same
+/// for all, such as ".2f"; of very long numbers the digits that differ.
+std::string TickFormat(double low, double high, int tickCount);
+
 /// The number at a row that a picture can place: finite, and so small that the difference of two is finite too. Nothing
 /// without a variable or past its end.
 std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row);

@@ -20,11 +20,14 @@ constexpr double kRoomForAxis = 70;
 constexpr double kRoomForLegend = 90;
 constexpr double kPalest = 0.22;
 constexpr double kLegendSteps = 4;
+constexpr int kTickCount = 6;
 constexpr TextStyle kTitleStyle{12.5, false};
 
 Json Channel(std::string_view field, const ScatterAxis& axis, double length) {
-    Json look = {{"grid", true}, {"tickCount", 6}, {"labelOverlap", "parity"}};
-    if (!axis.fFormat.empty()) look["format"] = axis.fFormat;
+    const Json look = {{"grid", true},
+                       {"tickCount", kTickCount},
+                       {"labelOverlap", "parity"},
+                       {"format", TickFormat(axis.fLow, axis.fHigh, kTickCount)}};
     return {{"field", field},
             {"type", "quantitative"},
             {"title", WrapText(axis.fTitle, length, kTitleStyle, 3)},

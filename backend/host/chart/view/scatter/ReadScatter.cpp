@@ -62,7 +62,6 @@ void SetLimits(const Plot& plot, Scatter& scatter) {
 void SetAxis(const Specification& specification, bool isX, const ShownVariable* variable, ScatterAxis& axis) {
     axis.fTitle = AxisTitleOr(specification, isX, variable == nullptr ? std::string() : variable->Label());
     axis.fName = CutName(axis.fTitle);
-    if (variable != nullptr) axis.fFormat = variable->AxisFormat();
 }
 
 void AddPoints(const ShownVariable* x, const ShownVariable* y, const ShownVariable* frequency, Scatter& scatter) {

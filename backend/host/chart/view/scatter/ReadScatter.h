@@ -19,8 +19,7 @@ struct ScatterPoint {
 
 struct ScatterAxis {
     std::string fTitle;
-    std::string fName;    ///< in tips
-    std::string fFormat;  ///< empty: the renderer's choice
+    std::string fName;  ///< in tips
     double fLow = -0.5;
     double fHigh = 0.5;
 
