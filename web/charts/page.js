@@ -9,6 +9,9 @@ const mostElements = 5000;
 // Browsers draw nothing on a canvas that is longer.
 const longestCanvas = 16000;
 
+// Below this share of its size a picture's words are no longer legible.
+const leastScale = 0.8;
+
 // However many points they go through, these are one element; guides are not counted.
 const lines = new Set(["line", "area", "trail"]);
 const guides = new Set(["axis", "legend", "title"]);
@@ -31,6 +34,7 @@ async function draw(drawing, tip) {
   const picture = document.createElement("div");
   drawing.append(picture);
   await view.tooltip(tip.handler()).renderer(chooseRenderer(view)).initialize(picture).runAsync();
+  drawing.style.setProperty("--legible", `${leastScale * view.scenegraph().root.bounds.width()}px`);
   // The figure around it has a role and a name.
   for (const name of ["role", "aria-roledescription", "aria-label"]) picture.removeAttribute(name);
   listenForTips(drawing, tip);

@@ -82,7 +82,11 @@ void TableHead::AppendCornerCell(const CornerCell& cell) {
     fOut += isInnermost ? " k\"" : "\"";
     AppendSpan(fOut, "colspan", cell.fLevels);
     fOut += '>';
-    if (isNamed) AppendText(fOut, cell.fpName->fWords);
+    if (isNamed) {
+        fOut += "<span>";
+        AppendText(fOut, cell.fpName->fWords);
+        fOut += "</span>";
+    }
     fOut += isNamed ? "</th>" : "</td>";
 }
 
@@ -99,7 +103,10 @@ void TableHead::AppendHeader(const HeaderCell& cell, std::size_t index) {
     AppendSpan(fOut, "colspan", span);
     AppendSpan(fOut, "rowspan", cell.fLevels);
     fOut += '>';
+    const bool isNarrow = !isBlank && cell.fSpan == 1;
+    if (isNarrow) fOut += "<span>";
     AppendLabel(fParts, cell);
+    if (isNarrow) fOut += "</span>";
     fOut += isBlank ? "</td>" : "</th>";
     for (int rest = cell.fSpan - span; rest > 0; rest -= kMostColumns) {
         AppendContinuation(cell, std::min(rest, kMostColumns));

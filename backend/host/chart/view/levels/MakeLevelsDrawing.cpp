@@ -5,8 +5,8 @@
 #include "host/chart/view/levels/LevelsValues.h"
 #include "host/chart/view/levels/LevelsWords.h"
 #include "host/chart/view/parts/ChartWords.h"
-#include "host/chart/view/parts/ViewExpressions.h"
 #include "host/chart/view/parts/Numbers.h"
+#include "host/chart/view/parts/ViewExpressions.h"
 #include "host/chart/view/text/WrapText.h"
 
 namespace hierfit::chart {

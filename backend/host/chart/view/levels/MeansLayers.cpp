@@ -24,7 +24,7 @@ Json MeanPoints(const LevelsStyle& style, double size) {
                              {"size", size},
                              {"opacity", 1},
                              {"stroke", palette::kPaper},
-                             {"strokeWidth", 0.8}},
+                             {"strokeWidth", 1.2}},
                             "m");
     if (style.fHasColors) {
         layer["encoding"]["fill"] = ColorChannel(style, LevelColors(style.fColors));
@@ -68,7 +68,7 @@ Json MeansLayers(const LevelsStyle& style) {
         ColorLine(style, layer);
         layers.push_back(std::move(layer));
     }
-    layers.push_back(MeanPoints(style, style.fIsDense ? 44 : 62));
+    layers.push_back(MeanPoints(style, style.fIsDense ? 64 : 84));
     return OnLevels(style, std::move(layers));
 }
 

@@ -66,6 +66,8 @@ ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, co
     axis.fScale = ScaleWithin(context.fSpecification.fPlot.fY, extent);
     axis.fTickCount = length < 200 ? 4 : 6;
     const Extent domain = ExtentWithin(context.fSpecification.fPlot.fY, extent);
+    const bool isOpen = !axis.fScale.contains("domainMin") && !axis.fScale.contains("domainMax");
+    if (isOpen && !axis.fScale.contains("domain")) axis.fScale["nice"] = axis.fTickCount;
     axis.fFormat = TickFormat(domain.fLow, domain.fHigh, axis.fTickCount);
     return axis;
 }

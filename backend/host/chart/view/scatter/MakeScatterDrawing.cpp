@@ -18,7 +18,7 @@ constexpr double kWidth = 560;
 constexpr double kHeight = 360;
 constexpr double kRoomForAxis = 70;
 constexpr double kRoomForLegend = 90;
-constexpr double kPalest = 0.22;
+constexpr double kPalest = 0.3;
 constexpr double kLegendSteps = 4;
 constexpr int kTickCount = 6;
 constexpr TextStyle kTitleStyle{12.5, false};
