@@ -89,6 +89,14 @@ struct Plot {
     std::optional<Curve> fCurve;
     bool fHasDiagonal = false;
     std::vector<LineGuide> fvLineGuides;
+
+    /// The first mark of a kind; null where there is none.
+    const Mark* Find(Mark::Kind kind) const {
+        for (const Mark& mark : fvMarks) {
+            if (mark.fKind == kind) return &mark;
+        }
+        return nullptr;
+    }
 };
 
 struct Faceting {

@@ -14,12 +14,10 @@ namespace hierfit::chart {
 
 namespace {
 
-/// The first mark of a kind; one without references where there is none.
-Mark FindMark(const Plot& plot, Mark::Kind kind) {
-    for (const Mark& mark : plot.fvMarks) {
-        if (mark.fKind == kind) return mark;
-    }
-    return Mark{};
+/// One without references where there is none.
+Mark MarkOf(const ViewContext& context, Mark::Kind kind) {
+    const Mark* mark = context.fSpecification.fPlot.Find(kind);
+    return mark == nullptr ? Mark{} : *mark;
 }
 
 /// Two levels' numbers, of the values that panels are for.
@@ -199,14 +197,13 @@ void SetWords(const Specification& specification, const std::string& reference, 
 }  // namespace
 
 Panels PairwisePanels(const ViewContext& context) {
-    const Plot& plot = context.fSpecification.fPlot;
-    Panels ofLinks(context, FindMark(plot, Mark::Kind::Links).fSource);
-    return ofLinks.HasHeadings() ? std::move(ofLinks) : Panels(context, FindMark(plot, Mark::Kind::Points).fSource);
+    Panels ofLinks(context, MarkOf(context, Mark::Kind::Links).fSource);
+    return ofLinks.HasHeadings() ? std::move(ofLinks) : Panels(context, MarkOf(context, Mark::Kind::Points).fSource);
 }
 
 Pairwise ReadPairwise(const ViewContext& context, const Panels& panels) {
-    const Mark links = FindMark(context.fSpecification.fPlot, Mark::Kind::Links);
-    const Mark nodes = FindMark(context.fSpecification.fPlot, Mark::Kind::Points);
+    const Mark links = MarkOf(context, Mark::Kind::Links);
+    const Mark nodes = MarkOf(context, Mark::Kind::Points);
     const LinkData data(context, links);
     Pairwise pairwise;
     SetWords(context.fSpecification, links.fMark, data, pairwise);

@@ -10,13 +10,13 @@ namespace hierfit::chart {
 namespace {
 
 /// Six decimals of a slot are more than a screen shows.
-double Rounded(double at) { return std::round(at * 1e6) / 1e6; }
+double RoundedPlace(double at) { return std::round(at * 1e6) / 1e6; }
 
 double PlaceOf(const LevelsItems& items, const LevelsItem& item, const LevelsAxis& axis) {
     if (items.fIsLinear) return item.fNumber;
     const double middle = (static_cast<double>(items.fColors.Count()) - 1) / 2;
     const double dodge = items.fColors.Count() == 0 ? 0 : (static_cast<double>(item.fColor) - middle) * axis.fDodge;
-    return Rounded(static_cast<double>(item.fX) + dodge);
+    return RoundedPlace(static_cast<double>(item.fX) + dodge);
 }
 
 Json MeanValue(const LevelsMarks& marks, const LevelsItems& items, const LevelsItem& item, const LevelsAxis& axis) {

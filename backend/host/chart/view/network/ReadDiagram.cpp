@@ -12,18 +12,11 @@ namespace hierfit::chart {
 
 namespace {
 
-const Mark* FindMark(const Plot& plot, Mark::Kind kind) {
-    for (const Mark& mark : plot.fvMarks) {
-        if (mark.fKind == kind) return &mark;
-    }
-    return nullptr;
-}
-
 /// The variables of one mark.
 class MarkData {
   public:
     MarkData(const ViewContext& context, Mark::Kind kind)
-        : fpData(&context.fData), fpMark(FindMark(context.fSpecification.fPlot, kind)) {}
+        : fpData(&context.fData), fpMark(context.fSpecification.fPlot.Find(kind)) {}
 
     const ShownVariable* Find(std::string Mark::*reference) const {
         return fpMark == nullptr ? nullptr : fpData->Find(fpMark->fSource, fpMark->*reference);

@@ -11,13 +11,6 @@ namespace {
 
 constexpr double kRoomAtEnds = 0.03;
 
-const Mark* FindPoints(const Plot& plot) {
-    for (const Mark& mark : plot.fvMarks) {
-        if (mark.fKind == Mark::Kind::Points) return &mark;
-    }
-    return nullptr;
-}
-
 /// Limits that grow with every number that they must hold.
 struct Limits {
     std::optional<double> fLow;
@@ -86,7 +79,7 @@ double ScatterAxis::Place(double number) const { return Rounded(number, fHigh - 
 Scatter ReadScatter(const ViewContext& context) {
     Scatter scatter;
     const Specification& specification = context.fSpecification;
-    const Mark* mark = FindPoints(specification.fPlot);
+    const Mark* mark = specification.fPlot.Find(Mark::Kind::Points);
     if (mark != nullptr) {
         const ShownVariable* x = context.fData.Find(mark->fSource, mark->fX);
         const ShownVariable* y = context.fData.Find(mark->fSource, mark->fY);
