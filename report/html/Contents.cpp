@@ -31,12 +31,14 @@ struct Title {
     std::string_view operator()(const document::Message& message) const { return message.fText.fWords; }
 };
 
-void AppendLink(std::string& out, std::string_view anchor, std::string_view before, std::string_view title) {
+void AppendLink(std::string& out, std::string_view anchor, std::string_view before, std::string_view title,
+                std::string_view after = {}) {
     out += "<a href=\"#";
     out += anchor;
     out += "\">";
     out += before;
     AppendText(out, title);
+    out += after;
     out += "</a>";
 }
 
@@ -46,7 +48,9 @@ void AppendEntry(std::string& out, const Entry& entry) {
         level = words::LevelOf(message->fLevel).fWord;
         level += ": ";
     }
-    AppendLink(out, entry.fAnchor, level, TitleOf(*entry.fpItem));
+    // Tables and their charts have the same titles.
+    const bool isChart = std::holds_alternative<document::Chart>(entry.fpItem->fContent);
+    AppendLink(out, entry.fAnchor, level, TitleOf(*entry.fpItem), isChart ? words::kIsChart : "");
 }
 
 // From an entry to one at another depth; an entry goes at most one deeper than the one before.

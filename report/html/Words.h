@@ -16,6 +16,7 @@ inline constexpr std::string_view kDiagnostics = "Diagnostics";
 inline constexpr std::string_view kTable = "table";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 
+inline constexpr std::string_view kIsChart = " (chart)";
 inline constexpr std::string_view kValues = "Values";
 inline constexpr std::string_view kPicture = "Picture";
 inline constexpr std::string_view kNotDrawn = "This chart could not be drawn.";

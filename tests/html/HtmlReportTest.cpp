@@ -69,7 +69,7 @@ TEST(HtmlReport, IsOnePage) {
 <li><a href="#Fixed-Random-1">Fixed &amp; Random</a>
 <ol>
 <li><a href="#Message-1">Warning: Is 1 &lt; 2?</a></li>
-<li><a href="#GLMMEmMeans-1">Means</a></li>
+<li><a href="#GLMMEmMeans-1">Means (chart)</a></li>
 </ol>
 </li>
 <li><a href="#GrandMean-1">Grand Mean</a></li>
