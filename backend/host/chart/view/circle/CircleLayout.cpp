@@ -15,6 +15,7 @@ constexpr std::size_t kMostRoomy = 9;  // upright names up to here leave the rad
 constexpr double kPlot = 640;
 constexpr double kBetweenPanels = 18;
 constexpr double kNameGap = 12;
+constexpr double kWidestName = 90;  // beside panels
 constexpr double kLine = 13.5;
 constexpr double kLeastRadius = 46;
 constexpr double kRadius = 110;
@@ -53,7 +54,7 @@ CircleLayout::CircleLayout(const std::vector<std::vector<std::string>>& names, s
     std::vector<std::vector<Name>> fitted(names.size());
     for (std::size_t panel = 0; panel < names.size(); ++panel) {
         for (const std::string& name : names[panel]) {
-            fitted[panel].push_back(Fit(name, NameWidth(columns)));
+            fitted[panel].push_back(Fit(name, NameWidth(name, columns)));
             longest = std::max(longest, fitted[panel].back().fWidth);
         }
     }
@@ -72,9 +73,11 @@ CircleLayout::CircleLayout(const std::vector<std::vector<std::string>>& names, s
 
 double CircleLayout::FontSize() const { return fAreNamesRadial ? 10.5 : 11.5; }
 
-double CircleLayout::NameWidth(std::size_t columns) const {
+// Panels grow rather than break words.
+double CircleLayout::NameWidth(std::string_view name, std::size_t columns) const {
     if (columns < 2) return 150;
-    return std::clamp(PanelRoom(columns) * 0.28, 48.0, 90.0);
+    const double room = std::clamp(PanelRoom(columns) * 0.28, 48.0, kWidestName);
+    return fAreNamesRadial ? room : std::max(room, std::min(LongestWord(name, {FontSize(), false}) + 1, kWidestName));
 }
 
 CircleLayout::Name CircleLayout::Fit(std::string_view text, double width) const {

@@ -38,7 +38,7 @@ class CircleLayout {
         double fWidth = 0;
     };
 
-    double NameWidth(std::size_t columns) const;
+    double NameWidth(std::string_view name, std::size_t columns) const;
     Name Fit(std::string_view text, double width) const;
     double Radius(std::size_t most, double longestName, std::size_t columns) const;
     void PlacePanel(const std::vector<Name>& names);

@@ -24,20 +24,10 @@ constexpr double kLeastDodge = 9;        // below each other
 constexpr double kNarrowestDodge = 5.4;  // side by side
 constexpr std::size_t kFlatLines = 3;
 
-double LongestWord(const std::string& text) {
-    double longest = 0;
-    for (std::size_t place = 0; place < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(" \n", place), text.size());
-        longest = std::max(longest, TextWidth(std::string_view(text).substr(place, end - place), kLabelStyle));
-        place = end + 1;
-    }
-    return longest;
-}
-
 /// Whether the words of all levels stand side by side in a few lines, unbroken.
 bool IsFlat(const Levels& levels, double room) {
     return std::all_of(levels.Texts().begin(), levels.Texts().end(), [&](const std::string& text) {
-        return TextWidth(text, kLabelStyle) <= kFlatLines * room && LongestWord(text) <= room &&
+        return TextWidth(text, kLabelStyle) <= kFlatLines * room && LongestWord(text, kLabelStyle) <= room &&
                WrapText(text, room, kLabelStyle, kFlatLines + 1).size() <= kFlatLines;
     });
 }

@@ -1,5 +1,6 @@
 #include "host/chart/view/text/TextWidth.h"
 
+#include <algorithm>
 #include <span>
 
 #include "TextWidths.h"
@@ -59,6 +60,16 @@ double TextWidth(std::string_view text, const TextStyle& style) {
         place += character.fLength;
     }
     return sum * style.fSize / 1000;
+}
+
+double LongestWord(std::string_view text, const TextStyle& style) {
+    double longest = 0;
+    for (std::size_t place = 0; place < text.size();) {
+        const std::size_t end = std::min(text.find_first_of(" \n", place), text.size());
+        longest = std::max(longest, TextWidth(text.substr(place, end - place), style));
+        place = end + 1;
+    }
+    return longest;
 }
 
 std::string CutText(std::string_view text, double width, const TextStyle& style) {

@@ -14,6 +14,9 @@ struct TextStyle {
 /// The width in pixels of one line of UTF-8 text. Linear in its length; an invalid byte counts as one character.
 double TextWidth(std::string_view text, const TextStyle& style);
 
+/// The width of the widest of a text's words, which blanks and line ends part.
+double LongestWord(std::string_view text, const TextStyle& style);
+
 /// The text, or as much of its beginning as fits into the width together with an ellipsis.
 std::string CutText(std::string_view text, double width, const TextStyle& style);
 
