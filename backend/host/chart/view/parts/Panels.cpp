@@ -51,7 +51,6 @@ Json SideHeading(bool isTurned) {
     Json heading = Heading("q", expression::kSecondFacetText);
     heading["header"].update(
         {{"labelOrient", "right"}, {"labelAngle", isTurned ? -90 : 0}, {"labelAnchor", "middle"}, {"labelLimit", 0}});
-    if (!isTurned) heading["header"]["labelAlign"] = "left";
     return heading;
 }
 
