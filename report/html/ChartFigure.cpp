@@ -93,11 +93,17 @@ void AppendSentence(std::string& out, const std::string& sentence, const ChartPl
 }
 
 void AppendValues(std::string& out, const document::ChartShown& shown, const ChartPlace& place, bool isOpen) {
-    if (!HasTable(shown)) return;
+    const std::vector<const document::ChartTable*> tables = FindShownTables(shown);
+    if (tables.empty()) return;
     out += isOpen ? "<details open>" : "<details>";
-    out.append("<summary>").append(words::kValues).append("</summary>\n<div class=\"values\">\n");
-    AppendPlainTable(out, MakeShownTable(shown, shown.fvRows.size()), place.fTitle, place.fTable);
-    out += "</div>\n</details>\n";
+    out.append("<summary>").append(words::kValues).append("</summary>\n");
+    int number = place.fTable;
+    for (const document::ChartTable* table : tables) {
+        out += "<div class=\"values\">\n";
+        AppendPlainTable(out, MakeShownTable(*table, table->fvRows.size()), place.fTitle, number++);
+        out += "</div>\n";
+    }
+    out += "</details>\n";
 }
 
 }  // namespace

@@ -45,7 +45,7 @@ class ItemWriter {
         const std::string* picture = fpPictures ? &fpPictures->at(fCharts) : nullptr;
         AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1, picture});
         ++fCharts;
-        if (HasTable(chart.fShown)) ++fTables;
+        fTables += static_cast<int>(FindShownTables(chart.fShown).size());
     }
 
     void operator()(const document::Message& message) {

@@ -10,12 +10,12 @@
 namespace hierfit::report {
 
 using document::Chart;
-using document::ChartShown;
+using document::ChartTable;
 using Kind = JsonTokens::Kind;
 
 namespace {
 
-constexpr std::string_view kTable = "usermeta";
+constexpr std::string_view kTables = "usermeta";
 
 /// The view without blanks between its tokens; an empty object where it is none.
 std::string MakeCompact(const std::string& view) {
@@ -40,25 +40,74 @@ void AppendTexts(std::string& out, const std::vector<std::string>& texts) {
     out += ']';
 }
 
-void AppendTable(std::string& out, const ChartShown& shown) {
-    out.append(",\"").append(kTable).append("\":{\"columns\":");
-    AppendTexts(out, shown.fvColumns);
-    out += ",\"rows\":[";
-    for (const std::vector<std::string>& row : shown.fvRows) {
-        if (&row != &shown.fvRows.front()) out += ',';
+void AppendMembers(std::string& out, const ChartTable& table) {
+    out += "\"columns\":";
+    AppendTexts(out, table.fvColumns);
+    out += fmt::format(",\"keys\":{},\"rows\":[", table.fKeys);
+    for (const std::vector<std::string>& row : table.fvRows) {
+        if (&row != &table.fvRows.front()) out += ',';
         AppendTexts(out, row);
     }
-    out += "]}";
+    out += ']';
 }
 
-void ReadTable(JsonReader& in, ChartShown& shown) {
-    in.ReadObject(Field("columns", shown.fvColumns), Field("rows", shown.fvRows));
-    const std::size_t columns = shown.fvColumns.size();
+/// The first table, and as a member of it the further ones.
+void AppendTables(std::string& out, const std::vector<ChartTable>& tables) {
+    out.append(",\"").append(kTables).append("\":{");
+    AppendMembers(out, tables.empty() ? ChartTable() : tables.front());
+    for (std::size_t index = 1; index < tables.size(); ++index) {
+        out += index == 1 ? ",\"further\":[{" : ",{";
+        AppendMembers(out, tables[index]);
+        out += '}';
+    }
+    out += tables.size() > 1 ? "]}" : "}";
+}
+
+void CheckRows(const JsonReader& in, const ChartTable& table) {
+    const std::size_t columns = table.fvColumns.size();
     const auto isWrong = [columns](const std::vector<std::string>& row) { return row.size() != columns; };
-    const auto wrong = std::find_if(shown.fvRows.begin(), shown.fvRows.end(), isWrong);
-    if (wrong == shown.fvRows.end()) return;
+    const auto wrong = std::find_if(table.fvRows.begin(), table.fvRows.end(), isWrong);
+    if (wrong == table.fvRows.end()) return;
     in.Fail(fmt::format("{} cells expected, one for each column", columns),
-            fmt::format("/rows/{}", wrong - shown.fvRows.begin()));
+            fmt::format("/rows/{}", wrong - table.fvRows.begin()));
+}
+
+/// Where nothing is said of keys, as in older documents, the first column counts as one.
+int DefaultKeys(const ChartTable& table) { return table.fvColumns.size() > 1 ? 1 : 0; }
+
+void CheckKeys(const JsonReader& in, const ChartTable& table) {
+    const int most = std::max(static_cast<int>(table.fvColumns.size()) - 1, 0);
+    if (table.fKeys >= 0 && table.fKeys <= most) return;
+    in.Fail(fmt::format("whole number from 0 to {} expected", most), "/keys");
+}
+
+/// Reads a table, and the fields that stand beside its own.
+template <typename... Target>
+void ReadTable(JsonReader& in, ChartTable& table, Field<Target>... more) {
+    Field columns("columns", table.fvColumns);
+    Field keys("keys", table.fKeys);
+    Field rows("rows", table.fvRows);
+    in.ReadFields(columns, keys, rows, more...);
+    in.Require(columns);
+    in.Require(rows);
+    if (!keys.fIsSeen) table.fKeys = DefaultKeys(table);
+    CheckKeys(in, table);
+    CheckRows(in, table);
+}
+
+}  // namespace
+
+// Static rather than in the unnamed namespace: there the template for lists would not find it.
+static void Read(JsonReader& in, ChartTable& table) { ReadTable(in, table); }
+
+namespace {
+
+/// The first table, and beside its members the further ones. A table without columns is none.
+void ReadTables(JsonReader& in, std::vector<ChartTable>& tables) {
+    ChartTable first;
+    ReadTable(in, first, Field("further", tables));
+    tables.insert(tables.begin(), std::move(first));
+    std::erase_if(tables, [](const ChartTable& table) { return table.fvColumns.empty(); });
 }
 
 /// Where a value stands decides what it may be.
@@ -75,10 +124,10 @@ class ViewReader {
         fTokens.BeginObject();
         std::string_view key;
         while (fTokens.NextKey(key)) {
-            if (key == kTable) {
-                fIn.ReadValueOf(kTable, [this] {
-                    if (std::exchange(fHasTable, true)) fIn.Fail("key expected once");
-                    ReadTable(fIn, fChart.fShown);
+            if (key == kTables) {
+                fIn.ReadValueOf(kTables, [this] {
+                    if (std::exchange(fHasTables, true)) fIn.Fail("key expected once");
+                    ReadTables(fIn, fChart.fShown.fvTables);
                 });
             } else if (key == "description") {
                 CopySentence();
@@ -162,7 +211,7 @@ class ViewReader {
     JsonTokens& fTokens;
     Chart& fChart;
     std::string& fOut;
-    bool fHasTable = false;
+    bool fHasTables = false;
 };
 
 }  // namespace
@@ -171,7 +220,7 @@ void WriteView(JsonOutput& out, const Chart& chart) {
     std::string view = MakeCompact(chart.fView);
     if (view != "{}") {
         view.pop_back();
-        AppendTable(view, chart.fShown);
+        AppendTables(view, chart.fShown.fvTables);
         view += '}';
     }
     out.Verbatim(view);

@@ -6,6 +6,7 @@
 namespace hierfit::report {
 
 using document::Category;
+using document::ChartTable;
 using document::Dimension;
 using document::Table;
 using document::Text;
@@ -26,31 +27,58 @@ Text Value(std::string_view words) {
     return {std::string(words), document::NumberSource{number, {document::FormatName::GeneralStat}}};
 }
 
-Dimension MakeDimension(document::Side side, bool hidesLabels) {
-    return {Words({}), 2, true, side, 1, true, hidesLabels, {}};
+/// A dimension that tells where rows or columns stand, under a name of its own where it has one.
+Dimension MakeDimension(document::Side side, std::string_view name) {
+    return {Words(name), 2, true, side, 1, name.empty(), false, {}};
 }
 
-void AddCategory(Dimension& dimension, int id, std::string_view label) {
-    dimension.fMembers.push_back({Category{id, Words(label), {}}});
+void AddCategory(Dimension& dimension, std::size_t id, std::string_view label) {
+    dimension.fMembers.push_back({Category{static_cast<int>(id), Words(label), {}}});
 }
 
-void AddRow(Table& table, int row, const std::vector<std::string>& cells) {
-    AddCategory(table.fvDimensions.front(), row, {});
-    int column = 0;
-    for (const std::string& words : cells) table.fvCells.push_back({{row, column++}, Value(words), {}});
+/// A dimension for each key, in which each row has a category of its own: rows stay apart and in their order, whatever
+/// their labels. Rows without keys are told apart by a dimension that is not seen.
+std::vector<Dimension> MakeRowDimensions(const ChartTable& shown, std::size_t keys, std::size_t rows) {
+    std::vector<Dimension> dimensions;
+    for (std::size_t key = 0; key < std::max<std::size_t>(keys, 1); ++key) {
+        Dimension& dimension =
+            dimensions.emplace_back(MakeDimension(document::Side::Rows, key < keys ? shown.fvColumns[key] : ""));
+        dimension.fHideLabels = keys == 0;
+        dimension.fIndex = static_cast<int>(keys - key);
+        for (std::size_t row = 0; row < rows; ++row) {
+            AddCategory(dimension, row, key < keys ? shown.fvRows[row][key] : "");
+        }
+    }
+    return dimensions;
+}
+
+void AddRow(Table& table, const std::vector<std::string>& cells, std::size_t keys, std::size_t row) {
+    std::vector<int> at(table.fvDimensions.size(), static_cast<int>(row));
+    for (std::size_t column = keys; column < cells.size(); ++column) {
+        at.back() = static_cast<int>(column - keys);
+        table.fvCells.push_back({at, Value(cells[column]), {}});
+    }
 }
 
 }  // namespace
 
-bool HasTable(const document::ChartShown& shown) { return !shown.fvColumns.empty() && !shown.fvRows.empty(); }
+std::vector<const ChartTable*> FindShownTables(const document::ChartShown& shown) {
+    std::vector<const ChartTable*> tables;
+    for (const ChartTable& table : shown.fvTables) {
+        if (!table.fvColumns.empty() && !table.fvRows.empty()) tables.push_back(&table);
+    }
+    return tables;
+}
 
-Table MakeShownTable(const document::ChartShown& shown, std::size_t mostRows) {
-    Table table{Words({}), Words({}), false, {}, {}, {}, {}, {}};
-    table.fvDimensions = {MakeDimension(document::Side::Rows, true), MakeDimension(document::Side::Columns, false)};
-    int column = 0;
-    for (const std::string& name : shown.fvColumns) AddCategory(table.fvDimensions.back(), column++, name);
+Table MakeShownTable(const ChartTable& shown, std::size_t mostRows) {
+    const auto keys = static_cast<std::size_t>(shown.fKeys);
     const std::size_t rows = std::min(mostRows, shown.fvRows.size());
-    for (std::size_t row = 0; row < rows; ++row) AddRow(table, static_cast<int>(row), shown.fvRows[row]);
+    Table table{Words({}), Words({}), false, {}, {}, {}, MakeRowDimensions(shown, keys, rows), {}};
+    Dimension& columns = table.fvDimensions.emplace_back(MakeDimension(document::Side::Columns, {}));
+    for (std::size_t column = keys; column < shown.fvColumns.size(); ++column) {
+        AddCategory(columns, column - keys, shown.fvColumns[column]);
+    }
+    for (std::size_t row = 0; row < rows; ++row) AddRow(table, shown.fvRows[row], keys, row);
     return table;
 }
 

@@ -1,17 +1,18 @@
 #pragma once
 
 #include <cstddef>
+#include <vector>
 
 #include "host/document/Chart.h"
 #include "host/document/Table.h"
 
 namespace hierfit::report {
 
-/// Whether there are values to print below a chart.
-bool HasTable(const document::ChartShown& shown);
+/// The tables that have values to print below a chart. They are the chart's own.
+std::vector<const document::ChartTable*> FindShownTables(const document::ChartShown& shown);
 
-/// The values of a chart as a table like any other, untitled: a row for each of the first `mostRows`, a column for each
-/// column. What reads as a number is one.
-document::Table MakeShownTable(const document::ChartShown& shown, std::size_t mostRows);
+/// The values of a chart as a table like any other, untitled: the first `mostRows` of its rows, keys as row headers,
+/// all other columns as columns. What reads as a number there is one.
+document::Table MakeShownTable(const document::ChartTable& shown, std::size_t mostRows);
 
 }  // namespace hierfit::report

@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t kMostRows = 20;
 
-void WriteValues(const document::ChartShown& shown, int width, Sink& sink) {
+void WriteValues(const document::ChartTable& shown, int width, Sink& sink) {
     WriteTable(MakeShownTable(shown, kMostRows), width, sink);
     if (shown.fvRows.size() <= kMostRows) return;
     const std::size_t more = shown.fvRows.size() - kMostRows;
@@ -25,7 +25,7 @@ void WriteChart(const document::Chart& chart, int width, Sink& sink) {
     sink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), width);
     const document::ChartShown& shown = chart.fShown;
     if (!shown.fSentence.empty()) sink.WriteParagraph(Role::Plain, "", MakeVisible(shown.fSentence), width);
-    if (HasTable(shown)) WriteValues(shown, width, sink);
+    for (const document::ChartTable* table : FindShownTables(shown)) WriteValues(*table, width, sink);
 }
 
 }  // namespace hierfit::report

@@ -5,7 +5,7 @@ export const labels = ["<img src=x onerror=alert(1)>", "</script><script>alert(2
   "${alert(5)}", "{{7*7}}", "url(http://example.invalid/a)", "tab\tand\nline", "<svg onload=alert(6)>",
   "<a href='http://example.invalid'>link</a>", "`'\"\\", "\u202egpj.exe", "nul\0bell\u0007\u001b[31m", "=cmd|'!A0"];
 
-const table = (rows) => ({ columns: ["Level", "Mean", labels[0]],
+const table = (rows) => ({ columns: ["Level", "Mean", labels[0]], keys: 1,
   rows: Array.from({ length: rows }, (_, row) => [labels[row % labels.length], (row / 8).toFixed(row % 4), "."]) });
 
 const points = (rows) => Array.from({ length: rows }, (_, row) => ({ x: row, m: (row * 7) % 11, side: row % 2 ? "left" : "right",

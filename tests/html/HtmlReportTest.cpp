@@ -110,6 +110,28 @@ TEST(HtmlReport, IsOnePage) {
 )");
 }
 
+TEST(HtmlReport, HeadsTheRowsOfAChartsTablesWithTheirKeys) {
+    document::Chart chart{};
+    chart.fDescription = "Effects";
+    chart.fShown.fvTables = {{{"Arm", "Sex", "Mean"}, 2, {{"a", "f", "1.5"}, {"a", "f", "2"}}},
+                             {{"Empty", "N"}, 1, {}},
+                             {{"Bin", "N"}, 1, {{"0 to 9", "7"}}},
+                             {{"X", "Y"}, 0, {{"3", "4"}}}};
+    const std::string page = MakeHtmlReport(MakeDocument("", {{chart}, {test::MakeTable("", {}, {"1"})}}));
+    for (
+        const char* part : {
+            R"(<tr><th scope="row" id="t1r0">a</th><th scope="row" id="t1r1">f</th><td headers="t1r0 t1r1 t1c0">1.5</td></tr>)",
+            R"(<tr><th scope="row" id="t1r2">a</th><th scope="row" id="t1r3">f</th><td headers="t1r2 t1r3 t1c0" data-pad=".0">2</td></tr>)",
+            R"(aria-label="Effects, table 2")",
+            R"(<tr><th scope="row">0 to 9</th><td>7</td></tr>)",
+            R"(<tr><td>3</td><td>4</td></tr>)",
+            R"(table 4">)",
+        }) {
+        EXPECT_NE(page.find(part), std::string::npos) << part;
+    }
+    EXPECT_EQ(page.find("Empty"), std::string::npos);
+}
+
 TEST(HtmlReport, LeavesTheTitleToAChartThatBringsOne) {
     const std::pair<std::string, bool> cases[] = {{R"({"title":"a"})", true},
                                                   {R"({"x":["]}\\\"",{"y":1}],"title":{"text":"a"}})", true},

@@ -42,7 +42,7 @@ Table MakeClassification() {
 Item MakeMessage(int level, const std::string& words) { return {document::Message{Words(words), 2, level}}; }
 
 Item MakeChart(const std::string& description, const std::string& file) {
-    document::ChartShown shown{description, {description, "Mean"}, {{description, "1.50"}, {"", "."}}};
+    document::ChartShown shown{description, {{{description, "Mean"}, 1, {{description, "1.50"}, {"", "."}}}}};
     return {document::Chart{description, {}, 2, file, description, {}, {}, "", std::move(shown)}};
 }
 

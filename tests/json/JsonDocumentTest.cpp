@@ -83,8 +83,8 @@ TEST(JsonDocument, ViewsAreCompactObjects) {
     } kCases[] = {
         {"", "{}"},
         {" { \"b\" : [ 1.0 , true, null ] ,\n\"a\" : { } } ",
-         R"({"b":[1.0,true,null],"a":{},"usermeta":{"columns":[],"rows":[]}})"},
-        {R"({"a":"\u00e9\/"})", "{\"a\":\"\u00E9/\",\"usermeta\":{\"columns\":[],\"rows\":[]}}"},
+         R"({"b":[1.0,true,null],"a":{},"usermeta":{"columns":[],"keys":0,"rows":[]}})"},
+        {R"({"a":"\u00e9\/"})", "{\"a\":\"\u00E9/\",\"usermeta\":{\"columns\":[],\"keys\":0,\"rows\":[]}}"},
         {"[1]", "{}"},
         {"{\"a\":1", "{}"},
         {"{} {}", "{}"},
@@ -93,6 +93,28 @@ TEST(JsonDocument, ViewsAreCompactObjects) {
     for (const auto& [view, expected] : kCases) {
         const std::string json = WriteJson(Document{.fItems = {{Chart{.fView = view}}}});
         EXPECT_NE(json.find("\"view\": " + expected + "\n"), std::string::npos) << json;
+    }
+}
+
+// Documents once had one table, and did not say which of its columns are keys.
+TEST(JsonDocument, TablesOfChartsWithoutKeysAreRead) {
+    using Tables = std::vector<document::ChartTable>;
+    const struct {
+        std::string fTables;
+        Tables fRead;
+    } kCases[] = {
+        {R"("columns":["A","B","C"],"rows":[["a","b","c"]])", {{{"A", "B", "C"}, 1, {{"a", "b", "c"}}}}},
+        {R"("columns":["A"],"rows":[["a"]])", {{{"A"}, 0, {{"a"}}}}},
+        {R"("columns":[],"rows":[])", {}},
+        {R"("columns":[],"rows":[[]],"further":[{"rows":[],"columns":["A","B"]}])", {{{"A", "B"}, 1, {}}}},
+    };
+    const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
+    for (const auto& [tables, read] : kCases) {
+        std::string json = written;
+        const std::string_view none = R"("columns":[],"keys":0,"rows":[])";
+        json.replace(json.find(none), none.size(), tables);
+        const Document document = ReadOrFail(json);
+        EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fShown.fvTables, read) << tables;
     }
 }
 

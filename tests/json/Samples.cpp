@@ -184,7 +184,7 @@ Document MakeSmallDocument() {
     chart.fvData = {{"points", 0, {{"X", {0.0, {}, "text"}}}}};
     chart.fvSettings = {{"effect1", 0, {{"setLabel", {"Effect"}}, {"setFormat", {std::array{40, 5, 2}}}}}};
     chart.fView = R"-({"description":"Bars.","mark":"bar","transform":[{"filter":"isValid(datum.m)"}]})-";
-    chart.fShown = {"Bars.", {"X", "Y"}, {{"1", "<b>"}, {"", "\n"}}};
+    chart.fShown = {"Bars.", {{{"X", "Y"}, 0, {{"1", "<b>"}, {"", "\n"}}}, {{"Z", "Z", "N"}, 2, {{"a", "b", "1"}}}}};
     Document document = MakeEmpty();
     document.fvSources = {"model.pmml", "model.statxml"};
     document.fItems.push_back({Heading{Plain("Model"), {{std::move(table)}, {std::move(chart)}}}});

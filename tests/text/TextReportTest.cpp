@@ -243,7 +243,7 @@ document::Document MakeDocument() {
     document::Heading outer{test::MakeText("Outer"), {{test::SketchTable("title T\ncells =#1.5")}, {inner}}};
     document::Chart chart{};
     chart.fDescription = "Fixed Effects";
-    chart.fShown = {"Two\nlines.", {"X", "Y"}, {{"a", "1.5"}, {"\x1B", "-10"}}};
+    chart.fShown = {"Two\nlines.", {{{"X", "Y"}, 0, {{"a", "1.5"}, {"\x1B", "-10"}}}}};
     document.fItems = {MakeMessage("First.", 1), {outer}, {chart}, MakeMessage("Last.", 3)};
     document.fvDiagnostics = {
         {1, "noted", {}}, {2, "left out", document::Place{1, 41, 7}}, {3, "lost", document::Place{9, 1, 1}}};
@@ -299,11 +299,65 @@ TEST(TextReport, CutsTheValuesOfAChart) {
         document::Document document;
         document.fItems = {{document::Chart{}}};
         auto& shown = std::get<document::Chart>(document.fItems.front().fContent).fShown;
-        shown = {"", {"X"}, std::vector<std::vector<std::string>>(rows, {"1"})};
+        shown = {"", {{{"X"}, 0, std::vector<std::vector<std::string>>(rows, {"1"})}}};
         std::string expected = "Chart: \n\n─\nX\n─\n";
         for (int row = 0; row < 20; ++row) expected += "1\n";
         EXPECT_EQ(report::MakeTextReport(document, {}), expected + "─\n" + rest);
     }
+}
+
+std::string PrintShown(std::vector<document::ChartTable> tables, int width) {
+    document::Document document;
+    document::Chart chart{};
+    chart.fDescription = "C";
+    chart.fShown.fvTables = std::move(tables);
+    document.fItems = {{chart}};
+    return report::MakeTextReport(document, {width, false});
+}
+
+// Rows of equal keys stay two, in their order.
+TEST(TextReport, RepeatsTheKeysOfAChartInEachBlock) {
+    const std::vector<std::vector<std::string>> rows = {
+        {"b", "10", "1.5", "long words"}, {"a", "9", "2", "words"}, {"b", "10", ".", ""}};
+    EXPECT_EQ(PrintShown({{{"K", "L", "Mean", "Text"}, 2, rows}}, 16), R"(Chart: C
+
+───────────
+K  L   Mean
+───────────
+b  10   1.5
+a  9    2
+b  10    .
+───────────
+
+────────────
+K  L   Text
+────────────
+b  10  long
+       words
+a  9   words
+b  10
+────────────
+)");
+}
+
+TEST(TextReport, PrintsTheTablesOfAChartBelowOneAnother) {
+    EXPECT_EQ(
+        PrintShown({{{"Node", "Sign"}, 1, {{"a", "+"}}}, {{"No rows", "N"}, 1, {}}, {{"", "N"}, 1, {{"0 to 9", "7"}}}},
+                   0),
+        R"(Chart: C
+
+──────────
+Node  Sign
+──────────
+a     +
+──────────
+
+─────────
+        N
+─────────
+0 to 9  7
+─────────
+)");
 }
 
 TEST(TextReport, ColoursChangeNothingElse) {

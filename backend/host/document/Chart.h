@@ -43,11 +43,19 @@ struct ChartSetting {
     bool operator==(const ChartSetting&) const = default;
 };
 
-/// What a chart shows, for readers who do not see it: a sentence and the values behind its marks, as shown.
+/// Values behind the marks of a chart, as shown.
+struct ChartTable {
+    std::vector<std::string> fvColumns;  ///< one at least
+    int fKeys = 0;  ///< so many leading columns tell what a row is about; there are others, which tell its figures
+    std::vector<std::vector<std::string>> fvRows;  ///< as many cells as there are columns
+
+    bool operator==(const ChartTable&) const = default;
+};
+
+/// What a chart shows, for readers who do not see it: a sentence and the values behind its marks.
 struct ChartShown {
-    std::string fSentence;  ///< kind, axes, number of marks, range
-    std::vector<std::string> fvColumns;
-    std::vector<std::vector<std::string>> fvRows;  ///< as many cells as there are columns; empty where nothing is shown
+    std::string fSentence;             ///< kind, axes, number of marks, range
+    std::vector<ChartTable> fvTables;  ///< one for each kind of marks
 
     bool operator==(const ChartShown&) const = default;
 };
@@ -60,7 +68,7 @@ struct Chart {
     std::string fXml;  ///< as it was sent
     std::vector<ChartSource> fvData;
     std::vector<ChartSetting> fvSettings;
-    /// JSON: the picture's specification, without `fShown`'s table; empty when there is no picture. It holds to
+    /// JSON: the picture's specification, without `fShown`'s tables; empty when there is no picture. It holds to
     /// `ViewExpressions.h`.
     std::string fView;
     ChartShown fShown;  ///< goes with the view, whose "description" is the sentence

@@ -53,7 +53,7 @@ TEST(DiagramViewTest, ShowsTheBoxAloneWithoutNodes) {
     EXPECT_EQ(view["layer"].size(), 2U);
     EXPECT_EQ(view["layer"][0]["layer"][1]["data"]["values"][0]["label"], "Average reaction time (ms)");
     EXPECT_FALSE(view.contains("params"));
-    EXPECT_EQ(sample.Make().fShown.fvRows.size(), 8U);
+    EXPECT_EQ(sample.Make().fShown.fvTables.at(0).fvRows.size(), 8U);
 }
 
 TEST(DiagramViewTest, ShowsAtMostSixWeightsBetweenTheLimits) {
@@ -79,7 +79,7 @@ TEST(DiagramViewTest, DashesNegativeLines) {
     const Json encoding = ViewOf(sample)["layer"][0]["layer"][0]["encoding"];
     EXPECT_EQ(encoding["strokeDash"]["scale"]["range"], Json({{1, 0}, {7, 3}}));
     EXPECT_EQ(encoding["stroke"]["scale"]["range"], Json({"#0072b2", "#d55e00"}));
-    EXPECT_EQ(sample.Make().fShown.fvRows[0][3], "Negative");
+    EXPECT_EQ(sample.Make().fShown.fvTables.at(0).fvRows[0][3], "Negative");
     const Json plain = ViewOf(DiagramSample("", 2, false))["layer"][0]["layer"][0];
     EXPECT_EQ(plain["mark"]["stroke"], "#7f93a8");
     EXPECT_FALSE(plain["encoding"].contains("stroke"));
@@ -96,15 +96,31 @@ TEST(DiagramViewTest, LeavesOutWhatHasNoPlace) {
     EXPECT_EQ(layers[0]["data"]["values"][2]["w"], 1) << "a line without a weight is the thinnest";
 }
 
-TEST(DiagramViewTest, TellsNodesAndThenBins) {
+TEST(DiagramViewTest, TellsNodesAndBelowThemBins) {
+    using Row = std::vector<std::string>;
     Sample sample = DiagramSample("", 3, true);
+    EXPECT_EQ(sample.Make().fShown.fvTables.size(), 1U);
     AddInset(sample, kNormal);
-    const document::ChartShown shown = sample.Make().fShown;
-    EXPECT_EQ(shown.fvColumns, (std::vector<std::string>{"Node", "Type", "Significance", "Coefficient Estimate",
-                                                         "Average reaction time (ms)", "E60352"}));
-    ASSERT_EQ(shown.fvRows.size(), 3U + 8U);
-    EXPECT_EQ(shown.fvRows[2], (std::vector<std::string>{"factor=2", "Ordinal", "< 0.0001", "Negative", "", ""}));
-    EXPECT_EQ(shown.fvRows[3], (std::vector<std::string>{"", "", "", "", "150 to 200", "2"}));
+    const std::vector<document::ChartTable> tables = sample.Make().fShown.fvTables;
+    ASSERT_EQ(tables.size(), 2U);
+    EXPECT_EQ(tables[0].fvColumns, (Row{"Node", "Type", "Significance", "Coefficient Estimate"}));
+    EXPECT_EQ(tables[0].fKeys, 1);
+    ASSERT_EQ(tables[0].fvRows.size(), 3U);
+    EXPECT_EQ(tables[0].fvRows[2], (Row{"factor=2", "Ordinal", "< 0.0001", "Negative"}));
+    EXPECT_EQ(tables[1].fvColumns, (Row{"Average reaction time (ms)", "E60352"}));
+    EXPECT_EQ(tables[1].fKeys, 1);
+    ASSERT_EQ(tables[1].fvRows.size(), 8U);
+    EXPECT_EQ(tables[1].fvRows[0], (Row{"150 to 200", "2"}));
+}
+
+TEST(DiagramViewTest, TellsBinsAloneWithoutNodes) {
+    Sample sample = DiagramSample("", 2, true);
+    for (auto& value : VariableOf(sample, "pointSource", "X").fvValues) value = std::nan("");
+    EXPECT_TRUE(sample.Make().fShown.fvTables.empty());
+    AddInset(sample, kNormal);
+    const std::vector<document::ChartTable> tables = sample.Make().fShown.fvTables;
+    ASSERT_EQ(tables.size(), 1U);
+    EXPECT_EQ(tables[0].fvRows[0].front(), "150 to 200");
 }
 
 TEST(DiagramViewTest, SurvivesEqualAndEndlessNumbers) {

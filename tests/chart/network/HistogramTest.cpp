@@ -111,8 +111,8 @@ TEST(HistogramTest, StaysSmallAndFiniteAtAnyScale) {
 TEST(HistogramTest, TellsWhatItShows) {
     const Specification specification = HistogramSpecification(kNormal);
     const View view = MakeView(specification, HistogramData({25.0, 75.0, 125.0}, {8.0, 9.0, 2.0}), {});
-    EXPECT_EQ(view.fShown.fvColumns.front(), "Average reaction time (ms)");
-    EXPECT_EQ(view.fShown.fvRows[1], (std::vector<std::string>{"50 to 100", "9"}));
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvColumns.front(), "Average reaction time (ms)");
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows[1], (std::vector<std::string>{"50 to 100", "9"}));
     EXPECT_NE(view.fShown.fSentence.find("Bars: 3, from 0 to 150"), std::string::npos) << view.fShown.fSentence;
     const auto json = nlohmann::json::parse(view.fJson);
     EXPECT_EQ(json["layer"][1]["mark"]["aria"], false);

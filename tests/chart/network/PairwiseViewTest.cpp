@@ -40,7 +40,7 @@ TEST(PairwiseViewTest, LeavesOutLinesWithoutAnEnd) {
     VariableOf(sample, "edgeSource_1", "to").fvValues[0] = "nobody";
     VariableOf(sample, "edgeSource_1", "from").fvValues[1] = document::ChartValue();
     EXPECT_EQ(Links(ValuesOf(sample)).size(), 1U);
-    EXPECT_EQ(sample.Make().fShown.fvRows.size(), 1U);
+    EXPECT_EQ(sample.Make().fShown.fvTables.at(0).fvRows.size(), 1U);
 }
 
 TEST(PairwiseViewTest, KeepsLinesToTheirPanels) {
@@ -50,8 +50,8 @@ TEST(PairwiseViewTest, KeepsLinesToTheirPanels) {
     VariableOf(sample, "edgeSource_1", "facet1").fvValues[0] = "Male";
     EXPECT_EQ(Links(ValuesOf(sample)).size(), 5U);
     const View view = PairwiseSample("", 3, {{"Female", "Male"}, {1.0, 2.0}}).Make();
-    EXPECT_EQ(view.fShown.fvRows.size(), 12U);
-    EXPECT_EQ(view.fShown.fvRows.front().size(), view.fShown.fvColumns.size());
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows.size(), 12U);
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows.front().size(), view.fShown.fvTables.at(0).fvColumns.size());
 }
 
 TEST(PairwiseViewTest, DrawsALineAsWideAsItsWeightIsSmall) {
@@ -72,8 +72,10 @@ TEST(PairwiseViewTest, TellsPairsWithTheirSignificance) {
     VariableOf(sample, "edgeSource_1", "weightInPopup").fvValues[0] = 0.6204;
     VariableOf(sample, "edgeSource_1", "type").fvValues[0] = 0.0;
     const View view = sample.Make();
-    ASSERT_EQ(view.fShown.fvRows.size(), 1U);
-    EXPECT_EQ(view.fShown.fvRows[0], (std::vector<std::string>{"Low dose", "Placebo", "0.620", "Not Significant"}));
+    ASSERT_EQ(view.fShown.fvTables.at(0).fvRows.size(), 1U);
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows[0],
+              (std::vector<std::string>{"Low dose", "Placebo", "0.620", "Not Significant"}));
+    EXPECT_EQ(view.fShown.fvTables.at(0).fKeys, 2);
     EXPECT_EQ(Links(ValuesOf(sample))[0]["tip"], "Level 1 and another\nAdj. Sig. = 0.620");
 }
 

@@ -46,11 +46,11 @@ TEST(ScatterViewTest, LeavesOutPointsWithoutAPlace) {
     VariableOf(sample, "source0", "X").fvValues[0] = document::ChartValue();
     VariableOf(sample, "source0", "Y").fvValues[1] = std::nan("");
     const View view = sample.Make();
-    ASSERT_EQ(view.fShown.fvRows.size(), 2U);
-    EXPECT_EQ(view.fShown.fvColumns,
+    ASSERT_EQ(view.fShown.fvTables.at(0).fvRows.size(), 2U);
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvColumns,
               (std::vector<std::string>{"Average reaction time (ms)", "Predicted Value", "Frequency"}));
-    EXPECT_EQ(view.fShown.fvRows[0][0], "220.00");
-    EXPECT_EQ(view.fShown.fvRows[0][2], "3");
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows[0][0], "220.00");
+    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows[0][2], "3");
 }
 
 }  // namespace

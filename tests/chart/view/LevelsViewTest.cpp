@@ -71,8 +71,9 @@ TEST(LevelsView, FillsATableWithOneRowForEachMean) {
         const Json json = Json::parse(view.fJson);
         std::size_t means = 0;
         for (const Json& value : ValuesOf(json)) means += value.contains("m") ? 1 : 0;
-        EXPECT_EQ(view.fShown.fvRows.size(), means) << sample.fName;
-        for (const auto& row : view.fShown.fvRows) ASSERT_EQ(row.size(), view.fShown.fvColumns.size());
+        EXPECT_EQ(view.fShown.fvTables.at(0).fvRows.size(), means) << sample.fName;
+        for (const auto& row : view.fShown.fvTables.at(0).fvRows)
+            ASSERT_EQ(row.size(), view.fShown.fvTables.at(0).fvColumns.size());
         EXPECT_EQ(json["description"].get<std::string>().substr(0, 7), "Chart: ") << sample.fName;
     }
 }
@@ -286,9 +287,11 @@ TEST(LevelsView, TellsWhatItShows) {
     const View view = sample.Make();
     EXPECT_EQ(view.fShown.fSentence,
               "Chart: Means of Average reaction time (ms) by Arm * Sex * Visit. Points: 2, from 1.50 to 2.50.");
-    EXPECT_EQ(view.fShown.fvColumns, (std::vector<std::string>{"Visit", "Arm", "Sex", "Mean", "Lower", "Upper"}));
-    EXPECT_EQ(view.fShown.fvRows[1], (std::vector<std::string>{"Visit = 1", "b", "f", "2.50", "2.00", "3.00"}));
-    EXPECT_EQ(view.fShown.fvRows[0][4], "");
+    const document::ChartTable& table = view.fShown.fvTables.at(0);
+    EXPECT_EQ(table.fvColumns, (std::vector<std::string>{"Visit", "Arm", "Sex", "Mean", "Lower", "Upper"}));
+    EXPECT_EQ(table.fKeys, 3);
+    EXPECT_EQ(table.fvRows[1], (std::vector<std::string>{"1", "b", "f", "2.50", "2.00", "3.00"}));
+    EXPECT_EQ(table.fvRows[0][4], "");
     const Json json = Json::parse(view.fJson);
     EXPECT_EQ(ValuesOf(json)[1]["tip"],
               "Treatment arm: b\nSex: f\nVisit = 1\nMean: 2.50\nConfidence Interval: 2.00 to 3.00");

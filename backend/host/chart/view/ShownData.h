@@ -49,6 +49,7 @@ class ShownVariable {
 
     /// Whether words of values say already which variable they are of.
     bool HasPrefix() const { return !fPrefix.empty(); }
+    const std::string& Prefix() const { return fPrefix; }
 
     /// Words of a number that is a figure: in the format, but with three significant digits at least; without a format
     /// with six.

@@ -37,38 +37,32 @@ std::string Sentence(const Specification& specification, const Pairwise& pairwis
                        pairwise.fSetOffInWords, std::to_string(setOff)});
 }
 
-/// The panel in words, a cell for each facet variable.
-std::vector<std::string> PanelCells(const Panels& panels, const Panels::Place& place) {
-    std::vector<std::string> cells;
-    if (panels.HasHeadings()) cells.push_back(panels.Across().Text(place.fAcross));
-    if (panels.HasTwoVariables()) cells.push_back(panels.Down().Text(place.fDown));
-    return cells;
-}
-
-std::vector<std::string> Columns(const Pairwise& pairwise, const Panels& panels) {
-    std::vector<std::string> columns;
-    if (panels.HasHeadings()) columns.push_back(TitleOr(panels.AcrossVariable()->Label(), Translated("Panel")));
-    if (panels.HasTwoVariables()) columns.push_back(TitleOr(panels.DownVariable()->Label(), Translated("Panel")));
+std::vector<std::string> KeyColumns(const Pairwise& pairwise, const Panels& panels) {
+    std::vector<std::string> columns = panels.Titles();
     const std::string node = TitleOr(pairwise.fNodeTitle, Translated("Node"));
     columns.push_back(Translated("^1 (first)", {node}));
     columns.push_back(Translated("^1 (second)", {node}));
-    for (const std::string& title : pairwise.fvFigureTitles) columns.push_back(TitleOr(title, Translated("Series")));
-    columns.push_back(Translated("E62317"));
     return columns;
 }
 
-document::ChartShown Show(const Specification& specification, const Pairwise& pairwise, const Panels& panels) {
-    document::ChartShown shown{Sentence(specification, pairwise), Columns(pairwise, panels), {}};
+document::ChartTable ShowPairs(const Pairwise& pairwise, const Panels& panels) {
+    document::ChartTable table;
+    table.fvColumns = KeyColumns(pairwise, panels);
+    table.fKeys = static_cast<int>(table.fvColumns.size());
+    for (const std::string& title : pairwise.fvFigureTitles) {
+        table.fvColumns.push_back(TitleOr(title, Translated("Series")));
+    }
+    table.fvColumns.push_back(Translated("E62317"));
     for (const PairwisePanel& panel : pairwise.fvPanels) {
         for (const PairwiseLink& link : panel.fvLinks) {
-            std::vector<std::string>& row = shown.fvRows.emplace_back(PanelCells(panels, panel.fPlace));
+            std::vector<std::string>& row = table.fvRows.emplace_back(panels.WordsUnderTitles(panel.fPlace));
             row.push_back(panel.fvNames[link.fFrom]);
             row.push_back(panel.fvNames[link.fTo]);
             row.insert(row.end(), link.fvFigures.begin(), link.fvFigures.end());
             row.push_back(link.fIsSetOff ? pairwise.fSetOffInWords : pairwise.fRestInWords);
         }
     }
-    return shown;
+    return table;
 }
 
 }  // namespace
@@ -82,7 +76,7 @@ Drawing MakeCircleDrawing(const ViewContext& context) {
         panels.Arrange(PairwiseLayers(pairwise, layout), PairwiseValues(pairwise, layout, panels), layout.Height());
     drawing.fvTexts = Texts(pairwise, layout, panels);
     drawing.fWidth = layout.Width() * static_cast<double>(panels.Columns());
-    drawing.fShown = Show(context.fSpecification, pairwise, panels);
+    drawing.fShown = {Sentence(context.fSpecification, pairwise), {ShowPairs(pairwise, panels)}};
     return drawing;
 }
 

@@ -63,4 +63,12 @@ std::string HistogramSentence(const Histogram& histogram) {
     return sentence + " " + Translated("A curve shows the frequencies that the distribution lets expect.");
 }
 
+document::ChartTable ShowBins(const Histogram& histogram) {
+    document::ChartTable table{{TitleOr(histogram.fLabel, Translated("Level")), histogram.fCountLabel}, 1, {}};
+    for (const Bin& bin : histogram.fBins.fvBins) {
+        table.fvRows.push_back({histogram.RangeInWords(bin), ShortNumber(bin.fCount)});
+    }
+    return table;
+}
+
 }  // namespace hierfit::chart

@@ -7,6 +7,7 @@
 #include "host/chart/view/ShownData.h"
 #include "host/chart/view/histogram/Bins.h"
 #include "host/chart/view/histogram/DistributionCurve.h"
+#include "host/document/Chart.h"
 
 namespace hierfit::chart {
 
@@ -36,5 +37,8 @@ Histogram ReadHistogram(const Specification& specification, const ShownData& dat
 
 /// What the histogram shows, in one sentence or two.
 std::string HistogramSentence(const Histogram& histogram);
+
+/// A row for each bin.
+document::ChartTable ShowBins(const Histogram& histogram);
 
 }  // namespace hierfit::chart

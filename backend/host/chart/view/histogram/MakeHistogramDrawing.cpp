@@ -26,15 +26,6 @@ Json AxisY(const Histogram& histogram) {
     return {{"title", WrapText(histogram.fCountLabel, kHeight, kTitleStyle, 3)}, {"grid", true}, {"tickCount", 5}};
 }
 
-document::ChartShown Show(const Histogram& histogram) {
-    document::ChartShown shown;
-    shown.fSentence = HistogramSentence(histogram);
-    shown.fvColumns = {TitleOr(histogram.fLabel, Translated("Level")), histogram.fCountLabel};
-    for (const Bin& bin : histogram.fBins.fvBins)
-        shown.fvRows.push_back({histogram.RangeInWords(bin), ShortNumber(bin.fCount)});
-    return shown;
-}
-
 }  // namespace
 
 Drawing MakeHistogramDrawing(const ViewContext& context) {
@@ -44,7 +35,7 @@ Drawing MakeHistogramDrawing(const ViewContext& context) {
     drawing.fView["width"] = kWidth;
     drawing.fView["height"] = kHeight;
     drawing.fWidth = kWidth + kRoomForAxis;
-    drawing.fShown = Show(histogram);
+    drawing.fShown = {HistogramSentence(histogram), {ShowBins(histogram)}};
     return drawing;
 }
 

@@ -75,13 +75,15 @@ std::string Sentence(const LevelsMarks& marks, const LevelsItems& items) {
                       {what, count, low, high, fmt::format("{}", setOff)});
 }
 
-std::vector<std::string> Columns(const LevelsMarks& marks, const LevelsItems& items) {
-    std::vector<std::string> columns;
-    const Panels& panels = items.fPanels;
-    if (panels.HasHeadings()) columns.push_back(TitleOr(panels.AcrossVariable()->Label(), Translated("Panel")));
-    if (panels.HasTwoVariables()) columns.push_back(TitleOr(panels.DownVariable()->Label(), Translated("Panel")));
+/// What tells which mean a row is about.
+std::vector<std::string> KeyColumns(const LevelsMarks& marks, const LevelsItems& items) {
+    std::vector<std::string> columns = items.fPanels.Titles();
     columns.push_back(TitleOr(marks.fXTitle, Translated("Level")));
     if (marks.fpColor != nullptr) columns.push_back(TitleOr(marks.fColorName, Translated("Series")));
+    return columns;
+}
+
+void AddFigureColumns(const LevelsMarks& marks, std::vector<std::string>& columns) {
     if (marks.fIsContrast) columns.push_back(Translated("Reference"));
     columns.push_back(marks.fMeanName);
     if (marks.fpRange != nullptr) {
@@ -89,14 +91,10 @@ std::vector<std::string> Columns(const LevelsMarks& marks, const LevelsItems& it
         columns.push_back(Translated("Upper"));
     }
     if (marks.fpMark != nullptr) columns.push_back(Translated("E62317"));
-    return columns;
 }
 
 std::vector<std::string> Cells(const LevelsMarks& marks, const LevelsItems& items, const LevelsItem& item) {
-    std::vector<std::string> cells;
-    const Panels& panels = items.fPanels;
-    if (panels.HasHeadings()) cells.push_back(panels.Across().Text(item.fPlace.fAcross));
-    if (panels.HasTwoVariables()) cells.push_back(panels.Down().Text(item.fPlace.fDown));
+    std::vector<std::string> cells = items.fPanels.WordsUnderTitles(item.fPlace);
     cells.push_back(items.fX.Text(item.fX));
     if (marks.fpColor != nullptr) cells.push_back(items.fColors.Text(item.fColor));
     if (marks.fIsContrast) cells.push_back(item.fBase ? Figure(marks, *item.fBase) : std::string());
@@ -123,10 +121,13 @@ std::string LevelsTip(const LevelsMarks& marks, const LevelsItems& items, const 
 }
 
 document::ChartShown ShowLevels(const LevelsMarks& marks, const LevelsItems& items) {
-    document::ChartShown shown{Sentence(marks, items), Columns(marks, items), {}};
-    shown.fvRows.reserve(items.fvItems.size());
-    for (const LevelsItem& item : items.fvItems) shown.fvRows.push_back(Cells(marks, items, item));
-    return shown;
+    document::ChartTable table;
+    table.fvColumns = KeyColumns(marks, items);
+    table.fKeys = static_cast<int>(table.fvColumns.size());
+    AddFigureColumns(marks, table.fvColumns);
+    table.fvRows.reserve(items.fvItems.size());
+    for (const LevelsItem& item : items.fvItems) table.fvRows.push_back(Cells(marks, items, item));
+    return {Sentence(marks, items), {std::move(table)}};
 }
 
 }  // namespace hierfit::chart

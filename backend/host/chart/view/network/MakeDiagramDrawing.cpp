@@ -38,33 +38,22 @@ std::vector<LevelTexts> Texts(const Diagram& diagram) {
     return texts;
 }
 
-/// The columns of the nodes that say anything; those of the histogram's bins follow them.
-void ShowNodes(const Diagram& diagram, document::ChartShown& shown) {
+/// The nodes, with the columns that say anything.
+document::ChartTable ShowNodes(const Diagram& diagram) {
     const std::vector<std::string> titles = {Translated("Node"), diagram.fTypes.fTitle, diagram.fWeights.fTitle,
                                              diagram.fSigns.fTitle};
-    std::vector<std::size_t> used;
-    if (!diagram.fvNodes.empty()) used.push_back(0);
+    std::vector<std::size_t> used = {0};
     for (std::size_t column = 1; column < titles.size(); ++column) {
         if (!titles[column].empty()) used.push_back(column);
     }
-    for (const std::size_t column : used) shown.fvColumns.push_back(titles[column]);
+    document::ChartTable table;
+    table.fKeys = used.size() > 1 ? 1 : 0;
+    for (const std::size_t column : used) table.fvColumns.push_back(titles[column]);
     for (const std::vector<std::string>& row : diagram.fvRows) {
-        shown.fvRows.emplace_back();
-        for (const std::size_t column : used) shown.fvRows.back().push_back(row[column]);
+        table.fvRows.emplace_back();
+        for (const std::size_t column : used) table.fvRows.back().push_back(row[column]);
     }
-}
-
-void ShowBins(const Histogram& histogram, document::ChartShown& shown) {
-    if (histogram.fBins.fvBins.empty()) return;
-    const std::size_t before = shown.fvColumns.size();
-    shown.fvColumns.insert(shown.fvColumns.end(),
-                           {TitleOr(histogram.fLabel, Translated("Level")), histogram.fCountLabel});
-    for (std::vector<std::string>& row : shown.fvRows) row.resize(before + 2);
-    for (const Bin& bin : histogram.fBins.fvBins) {
-        std::vector<std::string>& row = shown.fvRows.emplace_back(before);
-        row.push_back(histogram.RangeInWords(bin));
-        row.push_back(ShortNumber(bin.fCount));
-    }
+    return table;
 }
 
 /// Empty where widths tell nothing.
@@ -87,10 +76,9 @@ std::string Sentence(const Specification& specification, const Diagram& diagram,
 }
 
 document::ChartShown Show(const Specification& specification, const Diagram& diagram, const Histogram& histogram) {
-    document::ChartShown shown;
-    shown.fSentence = Sentence(specification, diagram, histogram);
-    ShowNodes(diagram, shown);
-    ShowBins(histogram, shown);
+    document::ChartShown shown{Sentence(specification, diagram, histogram), {}};
+    if (!diagram.fvNodes.empty()) shown.fvTables.push_back(ShowNodes(diagram));
+    if (!histogram.fBins.fvBins.empty()) shown.fvTables.push_back(ShowBins(histogram));
     return shown;
 }
 

@@ -42,6 +42,13 @@ std::optional<std::size_t> Levels::At(std::size_t row) const {
     return static_cast<std::size_t>(fvLevelOfRow[row]);
 }
 
+std::string_view Levels::TextWithoutPrefix(std::size_t level) const {
+    std::string_view text = Text(level);
+    const std::string& prefix = fpVariable->Prefix();
+    if (text.starts_with(prefix)) text.remove_prefix(prefix.size());
+    return text;
+}
+
 std::vector<std::string> Levels::CutTexts(double width) const {
     std::vector<std::string> texts;
     texts.reserve(fvTexts.size());

@@ -26,6 +26,7 @@ class Levels {
 
     /// In words, in full.
     const std::string& Text(std::size_t level) const { return fvTexts[level]; }
+    std::string_view TextWithoutPrefix(std::size_t level) const;
     const std::vector<std::string>& Texts() const { return fvTexts; }
 
     /// The words in lines as long as the width allows, one line each.

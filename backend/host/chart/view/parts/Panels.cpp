@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/chart/view/parts/ChartWords.h"
 #include "host/chart/view/parts/ViewExpressions.h"
 #include "host/chart/view/text/WrapText.h"
 
@@ -67,6 +68,10 @@ std::vector<std::string> CutHeadings(const Levels& levels, const ShownVariable& 
     return texts;
 }
 
+std::string WordsUnderTitle(const Levels& levels, std::size_t level, const ShownVariable& variable) {
+    return std::string(variable.Label().empty() ? levels.Text(level) : levels.TextWithoutPrefix(level));
+}
+
 }  // namespace
 
 Panels::Panels(const ViewContext& context, std::string_view source)
@@ -129,6 +134,21 @@ Json Panels::Arrange(Json panel, Json values, double panelHeight) const {
     const bool hasOwnAxes = !HasTwoVariables() && (Rows() == 1 || fAcross.Count() % Columns() != 0);
     if (hasOwnAxes) view["resolve"] = {{"axis", {{"x", "independent"}}}};
     return view;
+}
+
+std::vector<std::string> Panels::Titles() const {
+    std::vector<std::string> titles;
+    for (const ShownVariable* variable : {fpAcross, fpDown}) {
+        if (variable != nullptr) titles.push_back(TitleOr(variable->Label(), Translated("Panel")));
+    }
+    return titles;
+}
+
+std::vector<std::string> Panels::WordsUnderTitles(const Place& place) const {
+    std::vector<std::string> words;
+    if (fpAcross != nullptr) words.push_back(WordsUnderTitle(fAcross, place.fAcross, *fpAcross));
+    if (fpDown != nullptr) words.push_back(WordsUnderTitle(fDown, place.fDown, *fpDown));
+    return words;
 }
 
 void Panels::AddTexts(std::vector<LevelTexts>& texts, double panelWidth, double panelHeight) const {

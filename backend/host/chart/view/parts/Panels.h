@@ -45,6 +45,10 @@ class Panels {
     /// where they stand in one row, and where the last of several rows is shorter than the others.
     Json Arrange(Json panel, Json values, double panelHeight) const;
 
+    /// A title for each facet variable, and under these a panel in words; what a title says they do not repeat.
+    std::vector<std::string> Titles() const;
+    std::vector<std::string> WordsUnderTitles(const Place& place) const;
+
     /// The words over and beside the panels, cut to the size of a panel in pixels.
     void AddTexts(std::vector<LevelTexts>& texts, double panelWidth, double panelHeight) const;
 

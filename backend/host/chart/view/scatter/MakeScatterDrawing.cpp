@@ -118,17 +118,17 @@ std::string Sentence(const Scatter& scatter) {
                        ShortNumber(least->fY), ShortNumber(greatest->fY)});
 }
 
-document::ChartShown Show(const Scatter& scatter) {
-    document::ChartShown shown;
-    shown.fSentence = Sentence(scatter);
-    shown.fvColumns = {TitleOr(scatter.fX.fTitle, Translated("Level")),
+/// Its rows are points, which have no names.
+document::ChartTable ShowPoints(const Scatter& scatter) {
+    document::ChartTable table;
+    table.fvColumns = {TitleOr(scatter.fX.fTitle, Translated("Level")),
                        TitleOr(scatter.fY.fTitle, Translated("Estimated Mean"))};
-    if (!scatter.fReference.empty()) shown.fvColumns.push_back(TitleOr(scatter.fFrequencyTitle, Translated("E60352")));
+    if (!scatter.fReference.empty()) table.fvColumns.push_back(TitleOr(scatter.fFrequencyTitle, Translated("E60352")));
     for (const ScatterPoint& point : scatter.fvPoints) {
-        shown.fvRows.push_back({point.fXInWords, point.fYInWords});
-        if (!scatter.fReference.empty()) shown.fvRows.back().push_back(point.fFrequencyInWords);
+        table.fvRows.push_back({point.fXInWords, point.fYInWords});
+        if (!scatter.fReference.empty()) table.fvRows.back().push_back(point.fFrequencyInWords);
     }
-    return shown;
+    return table;
 }
 
 }  // namespace
@@ -146,7 +146,7 @@ Drawing MakeScatterDrawing(const ViewContext& context) {
     Drawing drawing;
     drawing.fView = {{"width", width}, {"height", height}, {"layer", std::move(layers)}};
     drawing.fWidth = width + kRoomForAxis + kRoomForLegend;
-    drawing.fShown = Show(scatter);
+    drawing.fShown = {Sentence(scatter), {ShowPoints(scatter)}};
     return drawing;
 }
 
