@@ -59,6 +59,33 @@ TEST(ShownVariable, TakesOnlyUsableNumbers) {
     for (std::size_t row = 1; row < 7; ++row) EXPECT_EQ(variable.NumberAt(row), std::nullopt) << row;
 }
 
+TEST(ShownVariable, ShowsFiguresWithDecimalsInCommon) {
+    struct Case {
+        std::vector<ChartValue> fvValues;
+        std::optional<KEST_Format> fFormat;
+        std::vector<std::string> fvFigures;
+    };
+    const KEST_Format twoDecimals{8, KEST_FormatType::Numeric, 2};
+    const Case cases[] = {
+        {{26.0, 30.0}, kNoDecimals, {"26", "30"}},
+        {{9.4404, 14.0, 14.927}, kNoDecimals, {"9.44", "14.00", "14.93"}},
+        {{0.76766, 0.95}, std::nullopt, {"0.768", "0.950"}},
+        {{0.0123, 140.25}, std::nullopt, {"0.01", "140.25"}},
+        {{1000.2, 1000.71}, std::nullopt, {"1000.20", "1000.71"}},
+        {{50.5, 126.0}, twoDecimals, {"50.50", "126.00"}},
+        {{0.00001, 140.25, kSystemMissing}, std::nullopt, {"1e-05", "140.25", "."}},
+        {{2.5e10, 1.25}, std::nullopt, {"25000000000", "1.25"}},
+    };
+    for (const Case& each : cases) {
+        const document::ChartVariable data{"x", each.fvValues};
+        Field field{};
+        field.fFormat = each.fFormat;
+        const ShownVariable variable(data, &field, nullptr);
+        for (std::size_t i = 0; i < each.fvFigures.size(); ++i)
+            EXPECT_EQ(variable.Figure(std::get<double>(each.fvValues[i])), each.fvFigures[i]);
+    }
+}
+
 TEST(TickFormat, TellsTicksApartWithDecimalsInCommon) {
     struct Case {
         double fLow;

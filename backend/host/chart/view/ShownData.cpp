@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <limits>
 
 #include "host/SystemMissing.h"
 #include "host/chart/view/text/TextWidth.h"
@@ -34,9 +35,41 @@ std::string RoundedText(double number) {
 }
 
 /// How many decimals show three significant digits: a mean of counts is no count.
-std::uint8_t DecimalsFor(double number) {
+int DecimalsFor(double number) {
     constexpr double kMost = 8;
-    return static_cast<std::uint8_t>(std::clamp(2 - std::floor(std::log10(std::abs(number))), 0.0, kMost));
+    return static_cast<int>(std::clamp(2 - std::floor(std::log10(std::abs(number))), 0.0, kMost));
+}
+
+/// How far numbers reach, and how far from zero.
+struct Reach {
+    double fLow = std::numeric_limits<double>::infinity();
+    double fHigh = -std::numeric_limits<double>::infinity();
+    double fLeast = std::numeric_limits<double>::infinity();  ///< of those that are not zero
+    double fGreatest = 0;
+    bool fIsWhole = true;
+
+    void Add(double number) {
+        fLow = std::min(fLow, number);
+        fHigh = std::max(fHigh, number);
+        fIsWhole = fIsWhole && std::trunc(number) == number;
+        if (number != 0) fLeast = std::min(fLeast, std::abs(number));
+        fGreatest = std::max(fGreatest, std::abs(number));
+    }
+};
+
+/// The decimals of figures that stand in one column: three significant digits of the least, as far as those of the
+/// greatest do not become too many, and two of the distance between them. Nothing where all are whole.
+std::optional<int> CommonDecimals(const std::vector<document::ChartValue>& values) {
+    constexpr int kMostBeyond = 2;
+    constexpr double kTooManyDigits = 1e9;
+    Reach reach;
+    for (const document::ChartValue& value : values) {
+        const double* number = std::get_if<double>(&value);
+        if (number != nullptr && IsUsable(*number)) reach.Add(*number);
+    }
+    if (reach.fIsWhole || reach.fGreatest >= kTooManyDigits) return std::nullopt;
+    const int digits = std::min(DecimalsFor(reach.fLeast), DecimalsFor(reach.fGreatest) + kMostBeyond);
+    return reach.fLow < reach.fHigh ? std::max(digits, DecimalsFor(reach.fHigh - reach.fLow) - 1) : digits;
 }
 
 std::string LabelOf(const Field* field, const VariableSetting* setting) {
@@ -60,7 +93,8 @@ ShownVariable::ShownVariable(const document::ChartVariable& variable, const Fiel
       fpSetting(setting),
       fLabel(LabelOf(field, setting)),
       fName(CutName(fLabel)),
-      fFormat(FormatOf(field, setting)) {
+      fFormat(FormatOf(field, setting)),
+      fFigureDecimals(CommonDecimals(variable.fvValues)) {
     for (const document::ChartValue& value : variable.fvValues) {
         fIsWritten = fIsWritten || !std::holds_alternative<std::monostate>(value);
     }
@@ -125,10 +159,13 @@ std::string ShownVariable::InFormat(double number) const {
 }
 
 std::string ShownVariable::Figure(double number) const {
-    if (!fFormat || fFormat->IsString() || !IsUsable(number) || std::trunc(number) == number) return InFormat(number);
-    if (std::abs(number) < kLeastWithDecimals) return RoundedText(number);
+    if (!IsUsable(number) || (!fFigureDecimals && std::trunc(number) == number)) return InFormat(number);
+    const int decimals = fFigureDecimals.value_or(DecimalsFor(number));
+    const double least = std::pow(10.0, -decimals) / 2;
+    if (number != 0 && std::abs(number) < std::max(least, kLeastWithDecimals)) return RoundedText(number);
+    if (!fFormat || fFormat->IsString()) return fmt::format("{:.{}f}", number, decimals);
     KEST_Format format = *fFormat;
-    format.fDecimals = std::max(format.fDecimals, DecimalsFor(number));
+    format.fDecimals = std::max(format.fDecimals, static_cast<std::uint8_t>(decimals));
     const OBS value(number);
     return ToString(&value, format);
 }

@@ -51,8 +51,8 @@ class ShownVariable {
     bool HasPrefix() const { return !fPrefix.empty(); }
     const std::string& Prefix() const { return fPrefix; }
 
-    /// Words of a number that is a figure: in the format, but with three significant digits at least; without a format
-    /// with six.
+    /// Words of a number that is a figure: in the format, but with as many decimals as show three significant digits of the
+    /// variable's values, the same for all.
     std::string Figure(double number) const;
 
     const VariableSetting* Setting() const { return fpSetting; }
@@ -69,6 +69,7 @@ class ShownVariable {
     std::string fName;
     std::string fPrefix;
     std::optional<KEST_Format> fFormat;
+    std::optional<int> fFigureDecimals;  ///< nothing: all values are whole
     bool fIsWritten = false;
     std::unordered_map<std::string_view, std::string_view> fLabels;
     std::unordered_map<std::string_view, std::string_view> fLabelsOfStripped;  ///< by key without leading zeros
