@@ -114,8 +114,8 @@ std::string Sentence(const Scatter& scatter) {
         std::minmax_element(scatter.fvPoints.begin(), scatter.fvPoints.end(),
                             [](const ScatterPoint& a, const ScatterPoint& b) { return a.fY < b.fY; });
     return Translated("Scatter plot of ^1 by ^2. Points: ^3, from ^4 to ^5.",
-                      {scatter.fY.fTitle, scatter.fX.fTitle, std::to_string(scatter.fvPoints.size()),
-                       ShortNumber(least->fY), ShortNumber(greatest->fY)});
+                      {scatter.fY.fTitle, scatter.fX.fTitle, std::to_string(scatter.fvPoints.size()), least->fYInWords,
+                       greatest->fYInWords});
 }
 
 /// Its rows are points, which have no names.
