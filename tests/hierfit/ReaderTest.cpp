@@ -152,9 +152,8 @@ const Outcome kSettings[] = {
     {"a target that the data lacks", Parameter("TargetField", "z"), true,
      "StatXML/BuildSettings/Parameter: the field \"z\" is not in the data, and its name is left blank\n"},
     {"trials that the data lacks", Parameter("TrialsField", "z"), true,
-     "StatXML/BuildSettings/Parameter: the field \"z\" is not in the data, and the fixed number of trials stands in "
-     "its "
-     "place\n"},
+     "StatXML/BuildSettings/Parameter: the field \"z\" is not in the data, and "
+     "the fixed number of trials stands in its place\n"},
     {"subject and groups without content",
      SettingsWith("<Parameter name='ResidualSubjectSpec'/><Parameter name='ResidualGroupSpec'/>"), true},
     {"an effect without attributes", SettingList("FixedEffectList", "<StructuredValue/>"), false},

@@ -1,4 +1,4 @@
-// Draws the charts of a page in their order, one per task, so that the page can be read meanwhile; what is still to be
+// Draws the charts of a page in their order, a few per task, so that the page can be read meanwhile; what is still to be
 // drawn when the page is printed is drawn then. A chart that fails says so and keeps its table.
 import { makeView } from "./view.js";
 import { Tip, listenForTips } from "./tips.js";
@@ -11,6 +11,9 @@ const longestCanvas = 16000;
 
 // Below this share of its size a picture's words are no longer legible.
 const leastScale = 0.8;
+
+// Milliseconds after which a page that is being drawn answers its reader.
+const longestTask = 50;
 
 // However many points they go through, these are one element; guides are not counted.
 const lines = new Set(["line", "area", "trail"]);
@@ -48,9 +51,6 @@ function tellFailure(drawing) {
   drawing.append(failure);
   drawing.closest("figure").querySelector("details")?.setAttribute("open", "");
 }
-
-// Milliseconds after which a page that is being drawn answers its reader.
-const longestTask = 50;
 
 export function drawPage() {
   const waiting = Array.from(document.querySelectorAll(".drawing"));

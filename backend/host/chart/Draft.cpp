@@ -7,7 +7,6 @@
 #include "host/Diagnose.h"
 #include "host/chart/DataStore.h"
 #include "host/chart/specification/ReadSpecification.h"
-#include "host/chart/specification/Remarks.h"
 #include "host/chart/view/MakeView.h"
 #include "host/context/RunContext.h"
 
@@ -51,7 +50,10 @@ bool Draft::Send(const std::array<bool, 3>& arguments) const {
     }
     auto& [specification, remarks] = std::get<Reading>(result);
     auto& run = context::RunContext::Current();
-    for (const std::string& remark : remarks) DiagnoseOnce(run, "chart " + specification.fTemplate + ": " + remark);
+    const auto tell = [&, &templateName = specification.fTemplate](const std::vector<std::string>& texts) {
+        for (const std::string& text : texts) DiagnoseOnce(run, "chart " + templateName + ": " + text);
+    };
+    tell(remarks);
 
     document::Chart chart{fDescription, arguments, fEditor, specification.fTemplate, fXml, {}, {}, {}, {}};
     if (fpData) chart.fvData = fpData->Snapshot();
@@ -63,8 +65,7 @@ bool Draft::Send(const std::array<bool, 3>& arguments) const {
     View view = MakeView(specification, chart.fvData, settings);
     chart.fView = std::move(view.fJson);
     chart.fShown = std::move(view.fShown);
-    for (const std::string& reference : view.fvUnknown)
-        DiagnoseOnce(run, "chart " + specification.fTemplate + ": its data hold no variable " + Quote(reference));
+    tell(view.fvRemarks);
     run.InnermostItems().push_back({std::move(chart)});
     return true;
 }

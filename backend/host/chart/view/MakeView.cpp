@@ -24,6 +24,10 @@ Drawing MakeDrawing(const ViewContext& context) {
     return HasLinks(plot) ? MakeDiagramDrawing(context) : MakeScatterDrawing(context);
 }
 
+void RemarkInset(const Inset& inset, Remarks& remarks) {
+    RemarkUnknownReferences(*inset.fpChart, ShownData(*inset.fpChart, inset.fvData, {}), remarks);
+}
+
 }  // namespace
 
 View MakeView(const Specification& specification, const std::vector<document::ChartSource>& data,
@@ -33,7 +37,10 @@ View MakeView(const Specification& specification, const std::vector<document::Ch
     View view;
     view.fJson = FrameView(specification, drawing);
     view.fShown = std::move(drawing.fShown);
-    view.fvUnknown = UnknownReferences(specification, shownData);
+    Remarks remarks;
+    RemarkUnknownReferences(specification, shownData, remarks);
+    if (specification.fInset && specification.fInset->fpChart) RemarkInset(*specification.fInset, remarks);
+    view.fvRemarks = remarks.Take();
     return view;
 }
 

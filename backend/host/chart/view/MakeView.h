@@ -13,7 +13,7 @@ namespace hierfit::chart {
 struct View {
     std::string fJson;
     document::ChartShown fShown;
-    std::vector<std::string> fvUnknown;  ///< references that no data answers; see UnknownReferences
+    std::vector<std::string> fvRemarks;  ///< what its data lack
 };
 
 /// Makes the view of a chart from its specification, its data and its variables' settings. Words come from the string

@@ -51,8 +51,8 @@ class ShownVariable {
     bool HasPrefix() const { return !fPrefix.empty(); }
     const std::string& Prefix() const { return fPrefix; }
 
-    /// Words of a number that is a figure: in the format, but with as many decimals as show three significant digits of the
-    /// variable's values, the same for all.
+    /// Words of a number that is a figure: in the format, but with as many decimals as show three significant digits of
+    /// the variable's values, the same for all.
     std::string Figure(double number) const;
 
     const VariableSetting* Setting() const { return fpSetting; }

@@ -15,23 +15,22 @@ constexpr std::array kReferences = {&Mark::fX,    &Mark::fY,      &Mark::fX2,   
 
 class Search {
   public:
-    explicit Search(const ShownData& data) : fpData(&data) {}
+    Search(const ShownData& data, Remarks& remarks) : fpData(&data), fpRemarks(&remarks) {}
 
     void Look(std::string_view source, const std::string& reference) {
         if (reference.empty() || !fpData->Lacks(source, reference)) return;
-        if (std::ranges::find(fvUnknown, reference) == fvUnknown.end()) fvUnknown.push_back(reference);
+        fpRemarks->Add("its data hold no variable " + Quote(reference));
     }
-    std::vector<std::string> Take() { return std::move(fvUnknown); }
 
   private:
     const ShownData* fpData;
-    std::vector<std::string> fvUnknown;
+    Remarks* fpRemarks;
 };
 
 }  // namespace
 
-std::vector<std::string> UnknownReferences(const Specification& specification, const ShownData& data) {
-    Search search(data);
+void RemarkUnknownReferences(const Specification& specification, const ShownData& data, Remarks& remarks) {
+    Search search(data, remarks);
     const Plot& plot = specification.fPlot;
     for (const Mark& mark : plot.fvMarks) {
         for (const auto reference : kReferences) search.Look(mark.fSource, mark.*reference);
@@ -41,9 +40,8 @@ std::vector<std::string> UnknownReferences(const Specification& specification, c
         search.Look(plot.fBars->fSource, plot.fBars->fY);
     }
     search.Look({}, plot.fColor);
-    if (!specification.fFaceting) return search.Take();
+    if (!specification.fFaceting) return;
     for (const std::string& variable : specification.fFaceting->fvVariables) search.Look({}, variable);
-    return search.Take();
 }
 
 }  // namespace hierfit::chart

@@ -54,13 +54,14 @@ Json LegendOf(const Specification& specification, const LevelsMarks& marks, cons
 Json NumberChannel(const LevelsMarks& marks, const LevelsItems& items, const Span& span, double width) {
     Extent extent;
     for (const LevelsItem& item : items.fvItems) extent.Add(item.fNumber);
-    Json scale = ScaleWithin(span, extent);
-    scale.update({{"nice", false}, {"padding", 14}});
+    const Extent domain = DomainWithin(span, extent);
     const int tickCount = width < 300 ? 4 : 8;
+    Json scale = ScaleWithin(span, domain, tickCount);
+    scale.update({{"nice", false}, {"padding", 14}});
     const Json axis = {{"grid", false},
                        {"tickCount", tickCount},
                        {"labelOverlap", true},
-                       {"format", TickFormat(extent.fLow, extent.fHigh, tickCount)}};
+                       {"format", TickFormat(domain.fLow, domain.fHigh, tickCount)}};
     return {{"field", "at"},
             {"type", "quantitative"},
             {"title", WrapText(marks.fXTitle, width, {12.5, false}, 3)},

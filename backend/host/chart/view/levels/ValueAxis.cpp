@@ -23,14 +23,6 @@ Extent ExtentOf(const LevelsItems& items, const std::vector<PanelGuide>& guides)
     return extent;
 }
 
-Extent ExtentWithin(const Span& span, Extent extent) {
-    const auto least = Placeable(span.fMin);
-    const auto greatest = Placeable(span.fMax);
-    if (least) extent.Add(*least);
-    if (greatest) extent.Add(*greatest);
-    return {least.value_or(extent.fLow), greatest.value_or(extent.fHigh), extent.fIsEmpty};
-}
-
 }  // namespace
 
 void Extent::Add(double value) {
@@ -39,16 +31,26 @@ void Extent::Add(double value) {
     fIsEmpty = false;
 }
 
-Json ScaleWithin(const Span& span, const Extent& extent) {
-    const Extent domain = ExtentWithin(span, extent);
+Extent DomainWithin(const Span& span, Extent extent) {
+    const auto least = Placeable(span.fMin);
+    const auto greatest = Placeable(span.fMax);
+    if (least) extent.Add(*least);
+    if (greatest) extent.Add(*greatest);
+    return {least.value_or(extent.fLow), greatest.value_or(extent.fHigh), extent.fIsEmpty};
+}
+
+Json ScaleWithin(const Span& span, const Extent& domain, int tickCount) {
     if (domain.fIsEmpty) return {{"domain", {0, 1}}};
-    const double room = RoomAbout(domain.fLow);
     if (domain.fLow == domain.fHigh) {
+        const double room = RoomAbout(domain.fLow);
         return {{"domain", {domain.fLow - room, domain.fLow + room}}, {"zero", false}};
     }
+    const auto least = Placeable(span.fMin);
+    const auto greatest = Placeable(span.fMax);
     Json scale = {{"zero", false}};
-    if (const auto least = Placeable(span.fMin)) scale["domainMin"] = *least;
-    if (const auto greatest = Placeable(span.fMax)) scale["domainMax"] = *greatest;
+    if (least) scale["domainMin"] = *least;
+    if (greatest) scale["domainMax"] = *greatest;
+    if (!least && !greatest) scale["nice"] = tickCount;
     return scale;
 }
 
@@ -60,14 +62,12 @@ Json ValueAxis::Channel(std::string_view field) const {
 
 ValueAxis MakeValueAxis(const ViewContext& context, const LevelsMarks& marks, const LevelsItems& items,
                         const std::vector<PanelGuide>& guides, double length) {
-    const Extent extent = ExtentOf(items, guides);
+    const Span& span = context.fSpecification.fPlot.fY;
+    const Extent domain = DomainWithin(span, ExtentOf(items, guides));
     ValueAxis axis;
     axis.fvTitle = WrapText(marks.fMeanTitle, length, {12.5, false}, 3);
-    axis.fScale = ScaleWithin(context.fSpecification.fPlot.fY, extent);
     axis.fTickCount = length < 200 ? 4 : 6;
-    const Extent domain = ExtentWithin(context.fSpecification.fPlot.fY, extent);
-    const bool isOpen = !axis.fScale.contains("domainMin") && !axis.fScale.contains("domainMax");
-    if (isOpen && !axis.fScale.contains("domain")) axis.fScale["nice"] = axis.fTickCount;
+    axis.fScale = ScaleWithin(span, domain, axis.fTickCount);
     axis.fFormat = TickFormat(domain.fLow, domain.fHigh, axis.fTickCount);
     return axis;
 }

@@ -18,8 +18,11 @@ struct Extent {
     void Add(double value);
 };
 
-/// Limits of the specification count first; a range without length is widened.
-Json ScaleWithin(const Span& span, const Extent& extent);
+/// From where to where an axis goes: limits of the specification count first.
+Extent DomainWithin(const Span& span, Extent extent);
+
+/// The scale of that domain. A domain without length is widened; one without limits is rounded outwards to ticks.
+Json ScaleWithin(const Span& span, const Extent& domain, int tickCount);
 
 /// The axis of means: what its channels have in common.
 struct ValueAxis {
