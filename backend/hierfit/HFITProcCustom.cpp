@@ -2,8 +2,8 @@
 
 #include <new>
 
-#include "hierfit/HFITModelOutput.h"
-#include "hierfit/HFITParseOutXML.h"
+#include "hierfit/model/HFITModelOutput.h"
+#include "hierfit/reader/HFITParseOutXML.h"
 #include "host/Diagnose.h"
 
 namespace hierfit {

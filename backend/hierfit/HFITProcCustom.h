@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "hierfit/HFITOutputStats.h"
+#include "hierfit/store/HFITOutputStats.h"
 #include "host/CFProcCustom.h"
 
 namespace hierfit {

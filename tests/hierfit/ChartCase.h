@@ -3,7 +3,7 @@
 #include <functional>
 #include <string>
 
-#include "hierfit/HFITChartOutput.h"
+#include "hierfit/charts/HFITChartOutput.h"
 #include "tests/hierfit/ProcedureRun.h"
 #include "tests/hierfit/Samples.h"
 

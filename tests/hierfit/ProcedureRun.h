@@ -3,9 +3,9 @@
 #include <memory>
 #include <string>
 
-#include "hierfit/HFITOutputStats.h"
-#include "hierfit/HFITParseOutXML.h"
 #include "hierfit/HFITProcCustom.h"
+#include "hierfit/reader/HFITParseOutXML.h"
+#include "hierfit/store/HFITOutputStats.h"
 #include "host/context/RunContext.h"
 #include "host/pmml/Dictionary.h"
 

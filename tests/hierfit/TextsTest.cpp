@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "hierfit/EffectNaming.h"
-#include "hierfit/TableParts.h"
+#include "hierfit/store/EffectNaming.h"
+#include "hierfit/tables/TableParts.h"
 #include "tests/hierfit/Drawing.h"
 #include "tests/hierfit/ProcedureRun.h"
 #include "tests/hierfit/Samples.h"

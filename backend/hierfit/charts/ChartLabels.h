@@ -7,7 +7,7 @@
 #include "host/KEST_Variable.h"
 #include "host/VarDataProcessor.h"
 
-#include "hierfit/WarningMessage.h"
+#include "hierfit/store/WarningMessage.h"
 
 namespace hierfit {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "hierfit/HFITOutputStats.h"
+#include "hierfit/store/HFITOutputStats.h"
 #include "host/BpProcedure.h"
 #include "host/FacSTDictionary.h"
 #include "host/KEST_DataSource.h"

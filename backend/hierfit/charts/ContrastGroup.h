@@ -5,8 +5,8 @@
 #include <string>
 #include <unordered_map>
 
-#include "hierfit/Emmeans.h"
 #include "hierfit/charts/ContrastRows.h"
+#include "hierfit/store/Emmeans.h"
 
 namespace hierfit {
 

@@ -3,7 +3,7 @@
 #include <cstddef>
 #include <string>
 
-#include "hierfit/Emmeans.h"
+#include "hierfit/store/Emmeans.h"
 
 namespace hierfit {
 

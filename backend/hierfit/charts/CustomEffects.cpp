@@ -1,8 +1,8 @@
-#include "hierfit/HFITChartOutput.h"
-#include "hierfit/MessageKeys.h"
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "hierfit/charts/HFITChartOutput.h"
+#include "hierfit/tables/MessageKeys.h"
 #include "host/XViZTemplate.h"
 
 namespace hierfit {

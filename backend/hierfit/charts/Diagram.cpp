@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "hierfit/charts/HFITChartOutput.h"
 #include "hierfit/charts/NodeEdge.h"
 
 namespace hierfit {

@@ -1,5 +1,5 @@
-#include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartState.h"
+#include "hierfit/charts/HFITChartOutput.h"
 #include "hierfit/charts/NodeEdge.h"
 #include "host/Diagnose.h"
 

@@ -2,11 +2,11 @@
 #include <map>
 #include <optional>
 
-#include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/ContrastRows.h"
+#include "hierfit/charts/HFITChartOutput.h"
 
 namespace hierfit {
 

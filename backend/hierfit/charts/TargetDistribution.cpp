@@ -1,9 +1,9 @@
 #include <algorithm>
 
-#include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "hierfit/charts/HFITChartOutput.h"
 #include "host/ViZEditor.h"
 #include "host/XViZTemplate.h"
 

@@ -1,10 +1,10 @@
 #include <string_view>
 #include <unordered_set>
 
-#include "hierfit/HFITChartOutput.h"
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "hierfit/charts/HFITChartOutput.h"
 #include "host/Diagnose.h"
 #include "host/XViZTemplate.h"
 
