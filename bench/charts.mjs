@@ -1,6 +1,6 @@
 // How long a page takes until its last chart is drawn, from its load event and from navigation on, beside a page with one
 // empty chart:
-//   node bench/charts.mjs build/release/bin/hierfit chromium FILE.json [COUNT]
+//   node bench/charts.mjs build/release/bin/hierfit "$(which chromium)" FILE.json [COUNT]
 // FILE.json is a saved document; COUNT of its charts (15 by default, repeated if there are fewer) make the page. Medians of
 // five loads, in milliseconds.
 
