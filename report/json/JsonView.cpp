@@ -17,20 +17,6 @@ namespace {
 
 constexpr std::string_view kTables = "usermeta";
 
-/// The view without blanks between its tokens; an empty object where it is none.
-std::string MakeCompact(const std::string& view) {
-    try {
-        JsonTokens tokens(view);
-        std::string compact;
-        const bool isObject = tokens.Peek() == Kind::Object;
-        tokens.CopyCompact(compact);
-        tokens.Finish();
-        return isObject ? compact : "{}";
-    } catch (const JsonFailure&) {
-        return "{}";
-    }
-}
-
 void AppendTexts(std::string& out, const std::vector<std::string>& texts) {
     out += '[';
     for (const std::string& text : texts) {
@@ -217,12 +203,10 @@ class ViewReader {
 }  // namespace
 
 void WriteView(JsonOutput& out, const Chart& chart) {
-    std::string view = MakeCompact(chart.fView);
-    if (view != "{}") {
-        view.pop_back();
-        AppendTables(view, chart.fShown.fvTables);
-        view += '}';
-    }
+    if (chart.fView.empty()) return out.Verbatim("{}");
+    std::string view(chart.fView, 0, chart.fView.size() - 1);
+    AppendTables(view, chart.fShown.fvTables);
+    view += '}';
     out.Verbatim(view);
 }
 

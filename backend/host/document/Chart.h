@@ -68,8 +68,8 @@ struct Chart {
     std::string fXml;  ///< as it was sent
     std::vector<ChartSource> fvData;
     std::vector<ChartSetting> fvSettings;
-    /// JSON: the picture's specification, without `fShown`'s tables; empty when there is no picture. It holds to
-    /// `ViewExpressions.h`.
+    /// JSON: the picture's specification, without `fShown`'s tables, as one object that is not empty and has no blanks
+    /// between its tokens; an empty text when there is no picture. It holds to `ViewExpressions.h`.
     std::string fView;
     ChartShown fShown;  ///< goes with the view, whose "description" is the sentence
 

@@ -30,14 +30,14 @@ void AddLinks(const PairwisePanel& panel, std::size_t at, bool isSetOff, double 
         const CircleNode& to = layout.At(at, link.fTo);
         Json item = Json::object();
         panels.Mark(panel.fPlace, item);
-        item.update({{"x", Rounded(from.fX)},
-                     {"y", Rounded(from.fY)},
-                     {"x2", Rounded(to.fX)},
-                     {"y2", Rounded(to.fY)},
-                     {"w", Rounded(link.fWidth)},
-                     {"s", isSetOff ? 1 : 0},
-                     {"o", isSetOff ? 0.9 : Rounded(opacity)},
-                     {"tip", link.fTip}});
+        MoveMembers(item, Row({{"x", Rounded(from.fX)},
+                               {"y", Rounded(from.fY)},
+                               {"x2", Rounded(to.fX)},
+                               {"y2", Rounded(to.fY)},
+                               {"w", Rounded(link.fWidth)},
+                               {"s", isSetOff ? 1 : 0},
+                               {"o", isSetOff ? 0.9 : Rounded(opacity)},
+                               {"tip", link.fTip}}));
         values.push_back(std::move(item));
     }
 }
@@ -50,15 +50,15 @@ void AddNodes(const Pairwise& pairwise, std::size_t at, const CircleLayout& layo
         Json item = Json::object();
         panels.Mark(panel.fPlace, item);
         const std::string& title = pairwise.fNodeTitle;
-        item.update({{"x", Rounded(place.fX)},
-                     {"y", Rounded(place.fY)},
-                     {"lx", Rounded(place.fNameX)},
-                     {"ly", Rounded(place.fNameY)},
-                     {"side", place.fSide},
-                     {"base", place.fBaseline},
-                     {"turn", Rounded(place.fTurn)},
-                     {"label", place.fLabel},
-                     {"tip", title.empty() ? panel.fvNames[node] : title + ": " + panel.fvNames[node]}});
+        MoveMembers(item, Row({{"x", Rounded(place.fX)},
+                               {"y", Rounded(place.fY)},
+                               {"lx", Rounded(place.fNameX)},
+                               {"ly", Rounded(place.fNameY)},
+                               {"side", place.fSide},
+                               {"base", place.fBaseline},
+                               {"turn", Rounded(place.fTurn)},
+                               {"label", place.fLabel},
+                               {"tip", title.empty() ? panel.fvNames[node] : title + ": " + panel.fvNames[node]}}));
         values.push_back(std::move(item));
     }
 }
@@ -100,7 +100,7 @@ Json LinkLayer(const Pairwise& pairwise, const CircleLayout& layout) {
     AddTip(encoding);
     return {{"transform", Filter(expression::kIsLink)},
             {"mark", {{"type", "rule"}, {"strokeCap", "butt"}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json NodeLayer(const CircleLayout& layout) {
@@ -114,7 +114,7 @@ Json NodeLayer(const CircleLayout& layout) {
               {"stroke", palette::kPaper},
               {"strokeWidth", 1.5},
               {"size", layout.AreNamesRadial() ? 46 : 90}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json NameLayer(const CircleLayout& layout) {
@@ -131,7 +131,7 @@ Json NameLayer(const CircleLayout& layout) {
               {"lineBreak", "\n"},
               {"lineHeight", 13.5},
               {"aria", false}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 }  // namespace

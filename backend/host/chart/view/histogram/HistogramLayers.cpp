@@ -18,10 +18,10 @@ Json BarValues(const Histogram& histogram) {
     for (const Bin& bin : histogram.fBins.fvBins) {
         const std::string tip =
             name + ": " + histogram.RangeInWords(bin) + "\n" + countName + ": " + ShortNumber(bin.fCount);
-        values.push_back({{"lo", histogram.Place(bin.fLow)},
-                          {"hi", histogram.Place(bin.fHigh)},
-                          {"n", Rounded(bin.fCount)},
-                          {"tip", tip}});
+        values.push_back(Row({{"lo", histogram.Place(bin.fLow)},
+                              {"hi", histogram.Place(bin.fHigh)},
+                              {"n", Rounded(bin.fCount)},
+                              {"tip", tip}}));
     }
     return values;
 }
@@ -29,7 +29,7 @@ Json BarValues(const Histogram& histogram) {
 Json CurveValues(const Histogram& histogram) {
     Json values = Json::array();
     for (const CurvePoint& point : histogram.fCurve.fvPoints)
-        values.push_back({{"x", histogram.Place(point.fX)}, {"y", Rounded(point.fY)}});
+        values.push_back(Row({{"x", histogram.Place(point.fX)}, {"y", Rounded(point.fY)}}));
     return values;
 }
 
@@ -61,7 +61,7 @@ Json BarLayer(const Histogram& histogram, const HistogramPlace& place) {
               {"fill", palette::kBar},
               {"stroke", palette::kPaper},
               {"strokeWidth", isOutlined ? 0.8 : 0}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json CurveLayer(const Histogram& histogram, const HistogramPlace& place) {
@@ -73,7 +73,7 @@ Json CurveLayer(const Histogram& histogram, const HistogramPlace& place) {
         mark["point"] = {{"size", 16}, {"fill", palette::kInk}, {"filled", true}, {"aria", false}};
     }
     return {{"data", {{"values", CurveValues(histogram)}}},
-            {"mark", mark},
+            {"mark", std::move(mark)},
             {"encoding", {{"x", ChannelX("x", histogram, place)}, {"y", ChannelY("y", histogram, place)}}}};
 }
 

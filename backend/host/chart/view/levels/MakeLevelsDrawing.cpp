@@ -136,7 +136,7 @@ Drawing MakeLevelsDrawing(const ViewContext& context) {
     const LevelsAxis axis = items.fIsLinear ? LinearLayout(items) : LayOutLevels(items, marks.fIsContrast);
     const std::vector<PanelGuide> guides = GuidesOf(context.fSpecification, items);
     Json panel = {{"width", std::round(axis.fWidth)}, {"height", std::round(axis.fHeight)}};
-    panel.update(LayersOf(marks, items, StyleOf(context, marks, items, axis, guides)));
+    MoveMembers(panel, LayersOf(marks, items, StyleOf(context, marks, items, axis, guides)));
     Drawing drawing;
     drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides), axis.fHeight);
     drawing.fvTexts = TextsOf(marks, items, axis);

@@ -96,11 +96,11 @@ void AddSign(const DiagramSigns& signs, Json& encoding) {
 Json LinkValues(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramLink& link : diagram.fvLinks) {
-        values.push_back({{"x", PlaceX(layout, link.fX)},
-                          {"y", PlaceY(layout, link.fY)},
-                          {"x2", PlaceX(layout, link.fX2)},
-                          {"y2", PlaceY(layout, link.fY2)},
-                          {"w", Rounded(link.fWeight)}});
+        values.push_back(Row({{"x", PlaceX(layout, link.fX)},
+                              {"y", PlaceY(layout, link.fY)},
+                              {"x2", PlaceX(layout, link.fX2)},
+                              {"y2", PlaceY(layout, link.fY2)},
+                              {"w", Rounded(link.fWeight)}}));
         if (link.fSign) values.back()["s"] = *link.fSign;
         values.back()["tip"] = link.fTip;
     }
@@ -120,13 +120,15 @@ Json LinkLayer(const Diagram& diagram, const DiagramLayout& layout) {
         AddSign(diagram.fSigns, encoding);
     }
     AddTip(encoding);
-    return {{"data", {{"values", LinkValues(diagram, layout)}}}, {"mark", mark}, {"encoding", encoding}};
+    return {{"data", {{"values", LinkValues(diagram, layout)}}},
+            {"mark", std::move(mark)},
+            {"encoding", std::move(encoding)}};
 }
 
 Json NodeValues(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramNode& node : diagram.fvNodes) {
-        values.push_back({{"x", PlaceX(layout, node.fX)}, {"y", PlaceY(layout, node.fY)}});
+        values.push_back(Row({{"x", PlaceX(layout, node.fX)}, {"y", PlaceY(layout, node.fY)}}));
         if (node.fType) values.back()["t"] = *node.fType;
         values.back()["tip"] = node.fTip;
     }
@@ -156,16 +158,16 @@ Json NodeLayer(const Diagram& diagram, const DiagramLayout& layout) {
               {"stroke", palette::kPaper},
               {"strokeWidth", 1.5},
               {"size", diagram.fvNodes.size() > kRowsOfLargeNodes ? 90 : 120}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json NameLayer(const Diagram& diagram, const DiagramLayout& layout) {
     Json values = Json::array();
     for (const DiagramNode& node : diagram.fvNodes) {
-        values.push_back({{"x", PlaceX(layout, node.fX)},
-                          {"y", PlaceY(layout, node.fY)},
-                          {"label", CutText(KeepBlanks(node.fName), kLongestName, kNameStyle)},
-                          {"tip", node.fTip}});
+        values.push_back(Row({{"x", PlaceX(layout, node.fX)},
+                              {"y", PlaceY(layout, node.fY)},
+                              {"label", CutText(KeepBlanks(node.fName), kLongestName, kNameStyle)},
+                              {"tip", node.fTip}}));
     }
     Json encoding = {
         {"x", ChannelX(layout)}, {"y", ChannelY(layout)}, {"text", {{"field", "label"}, {"type", "nominal"}}}};
@@ -178,7 +180,7 @@ Json NameLayer(const Diagram& diagram, const DiagramLayout& layout) {
               {"dx", -kNameGap},
               {"fontSize", kNameStyle.fSize},
               {"aria", false}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 }  // namespace

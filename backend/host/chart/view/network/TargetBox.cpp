@@ -35,7 +35,7 @@ Json BoxLayer(const TargetBox& box, const std::string& tip) {
               {"stroke", palette::kBoxEdge},
               {"strokeWidth", 1},
               {"cornerRadius", 4}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json TitleLayer(const TargetBox& box, const std::string& tip) {
@@ -44,10 +44,10 @@ Json TitleLayer(const TargetBox& box, const std::string& tip) {
     AddPointerTip(encoding);
     Json values = Json::array();
     for (std::size_t line = 0; line < box.fvTitle.size(); ++line) {
-        values.push_back({{"x", Rounded(box.fLeft + kMargin)},
-                          {"y", Rounded(box.fTop + kFirstLine + kLine * static_cast<double>(line))},
-                          {"label", box.fvTitle[line]},
-                          {"tip", tip}});
+        values.push_back(Row({{"x", Rounded(box.fLeft + kMargin)},
+                              {"y", Rounded(box.fTop + kFirstLine + kLine * static_cast<double>(line))},
+                              {"label", box.fvTitle[line]},
+                              {"tip", tip}}));
     }
     return {{"data", {{"values", std::move(values)}}},
             {"mark",
@@ -57,7 +57,7 @@ Json TitleLayer(const TargetBox& box, const std::string& tip) {
               {"fontWeight", 600},
               {"fontSize", kTitleStyle.fSize},
               {"aria", false}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 Json AxisX(const TargetBox& box, double height) {

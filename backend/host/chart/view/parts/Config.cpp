@@ -1,5 +1,6 @@
 #include "host/chart/view/parts/Config.h"
 
+#include "host/chart/view/parts/Json.h"
 #include "host/chart/view/parts/Palette.h"
 #include "host/chart/view/parts/ViewExpressions.h"
 
@@ -66,9 +67,7 @@ Json HeaderConfig() {
             {"titleFontWeight", "normal"}};
 }
 
-}  // namespace
-
-Json ViewConfig() {
+Json Config() {
     return {{"font", "Helvetica, Arial, 'Liberation Sans', sans-serif"},
             {"background", "transparent"},
             {"padding", 6},
@@ -85,6 +84,13 @@ Json ViewConfig() {
             {"text", {{"color", palette::kInk}, {"fontSize", kLabelSize}}},
             {"rule", {{"color", palette::kInk}}},
             {"point", {{"filled", true}, {"opacity", 1}}}};
+}
+
+}  // namespace
+
+const std::string& ViewConfig() {
+    static const std::string text = Config().dump();
+    return text;
 }
 
 }  // namespace hierfit::chart

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "host/chart/view/parts/Json.h"
+#include <string>
 
 namespace hierfit::chart {
 
-/// The look that all views share.
-Json ViewConfig();
+/// The look that all views share: an object's JSON without blanks, made once.
+const std::string& ViewConfig();
 
 }  // namespace hierfit::chart

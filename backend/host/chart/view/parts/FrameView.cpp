@@ -50,7 +50,7 @@ Json FootnoteBlock(const std::vector<std::string>& lines) {
 void AddDrawing(Json& view, const Specification& specification, Drawing& drawing, double width) {
     const std::vector<std::string> footnote = Lines(specification.fFootnote, width, kFootnoteStyle);
     if (footnote.empty()) {
-        view.update(drawing.fView);
+        MoveMembers(view, std::move(drawing.fView));
         return;
     }
     drawing.fView["title"] = FootnoteBlock(footnote);
@@ -69,12 +69,13 @@ Json TextParams(const std::vector<LevelTexts>& texts) {
 std::string FrameView(const Specification& specification, Drawing& drawing) {
     const double width = std::max(drawing.fWidth, kLeastWidth);
     Json view = {{"$schema", "https://vega.github.io/schema/vega-lite/v6.json"},
-                 {"description", drawing.fShown.fSentence},
-                 {"config", ViewConfig()}};
+                 {"description", drawing.fShown.fSentence}};
     if (Json title = TitleBlock(specification, width); !title.empty()) view["title"] = std::move(title);
     if (!drawing.fvTexts.empty()) view["params"] = TextParams(drawing.fvTexts);
     AddDrawing(view, specification, drawing, width);
-    return view.dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::string text = view.dump(-1, ' ', false, Json::error_handler_t::replace);
+    text.replace(text.size() - 1, 1, ",\"config\":" + ViewConfig() + "}");
+    return text;
 }
 
 }  // namespace hierfit::chart

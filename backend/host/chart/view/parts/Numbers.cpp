@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -50,9 +51,11 @@ double Rounded(double number) { return Rounded(number, std::abs(number)); }
 double Rounded(double number, double range) {
     const double further = range > 0 && number != 0 ? std::ceil(std::log10(std::abs(number) / range)) : 0;
     const int digits = static_cast<int>(std::clamp(kDigitsWithinRange + further, kLeastDigits, kMostDigits));
-    const std::string text = fmt::format("{:.{}g}", number == 0 ? 0.0 : number, digits);
+    std::array<char, 32> text;
+    const auto written =
+        std::to_chars(text.begin(), text.end(), number == 0 ? 0.0 : number, std::chars_format::general, digits);
     double rounded = number;
-    std::from_chars(text.data(), text.data() + text.size(), rounded);
+    std::from_chars(text.begin(), written.ptr, rounded);
     return rounded;
 }
 

@@ -118,9 +118,10 @@ void Panels::Mark(const Place& place, Json& item) const {
 }
 
 Json Panels::Arrange(Json panel, Json values, double panelHeight) const {
-    Json view = {{"data", {{"values", std::move(values)}}}};
+    Json view = Json::object();
+    view["data"]["values"] = std::move(values);
     if (!HasHeadings()) {
-        view.update(panel);
+        MoveMembers(view, std::move(panel));
         return view;
     }
     const Json across = Heading("p", expression::kFacetText);

@@ -69,7 +69,7 @@ Json DiagonalLayer(const Scatter& scatter, const Json& x, const Json& y) {
     const double low = std::max(scatter.fX.fLow, scatter.fY.fLow);
     const double high = std::min(scatter.fX.fHigh, scatter.fY.fHigh);
     Json values = Json::array();
-    if (low < high) values.push_back({{"a", scatter.fX.Place(low)}, {"b", scatter.fX.Place(high)}});
+    if (low < high) values.push_back(Row({{"a", scatter.fX.Place(low)}, {"b", scatter.fX.Place(high)}}));
     Json encoding = {{"x", x}, {"x2", {{"field", "b"}}}, {"y", y}, {"y2", {{"field", "b"}}}};
     encoding["x"]["field"] = "a";
     encoding["y"]["field"] = "a";
@@ -81,7 +81,7 @@ Json DiagonalLayer(const Scatter& scatter, const Json& x, const Json& y) {
               {"strokeWidth", 1.2},
               {"clip", true},
               {"aria", false}}},
-            {"encoding", encoding}};
+            {"encoding", std::move(encoding)}};
 }
 
 std::string Tip(const Scatter& scatter, const ScatterPoint& point) {
@@ -93,10 +93,10 @@ std::string Tip(const Scatter& scatter, const ScatterPoint& point) {
 Json PointLayer(const Specification& specification, const Scatter& scatter, const Json& x, const Json& y) {
     Json values = Json::array();
     for (const ScatterPoint& point : scatter.fvPoints) {
-        values.push_back({{"x", scatter.fX.Place(point.fX)},
-                          {"y", scatter.fY.Place(point.fY)},
-                          {"f", Rounded(point.fFrequency)},
-                          {"tip", Tip(scatter, point)}});
+        values.push_back(Row({{"x", scatter.fX.Place(point.fX)},
+                              {"y", scatter.fY.Place(point.fY)},
+                              {"f", Rounded(point.fFrequency)},
+                              {"tip", Tip(scatter, point)}}));
     }
     Json encoding = {{"x", x}, {"y", y}};
     if (!scatter.fReference.empty()) encoding["opacity"] = OpacityChannel(specification, scatter);
@@ -104,7 +104,7 @@ Json PointLayer(const Specification& specification, const Scatter& scatter, cons
     Json mark = {{"type", "point"}, {"shape", "circle"},        {"size", 72},
                  {"filled", true},  {"color", palette::kFirst}, {"strokeWidth", 0}};
     if (scatter.fReference.empty()) mark["opacity"] = 0.5;
-    return {{"data", {{"values", std::move(values)}}}, {"mark", mark}, {"encoding", encoding}};
+    return {{"data", {{"values", std::move(values)}}}, {"mark", std::move(mark)}, {"encoding", std::move(encoding)}};
 }
 
 /// With the range of what stands upwards.
