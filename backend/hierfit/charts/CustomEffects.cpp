@@ -88,7 +88,7 @@ void LabelPanels(XGraph& graph, const KEST_Variable& variable) {
 void LabelFactors(XDocument& document, const std::vector<const KEST_Variable*>& variables) {
     try {
         XGraph graph = document.getExternalGraph();
-        if (variables.size() > 0) LabelAxis(graph, *variables[0]);
+        if (!variables.empty()) LabelAxis(graph, *variables[0]);
         if (variables.size() > 1) LabelFactor(graph, kEffects[1], *variables[1]);
         if (variables.size() > 2) LabelPanels(graph, *variables[2]);
     } catch (...) {  // the chart goes out without what is not labelled yet
