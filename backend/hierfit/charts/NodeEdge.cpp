@@ -22,9 +22,10 @@ std::vector<NodeGeometry> ComputeNodeGeometry(std::size_t nodeCount, double& rad
     const double c = (n + 1) / 2;
     std::vector<NodeGeometry> nodes;
     nodes.reserve(nodeCount);
-    for (double i = n; i >= 1; --i) {
-        const double height = 2 * std::abs(i - c);
-        nodes.push_back({r - std::sqrt(r * r - height * height), i, r, c});
+    for (std::size_t i = nodeCount; i >= 1; --i) {
+        const auto y = static_cast<double>(i);
+        const double height = 2 * std::abs(y - c);
+        nodes.push_back({r - std::sqrt(r * r - height * height), y, r, c});
     }
     radius = r;
     return nodes;

@@ -13,6 +13,26 @@ namespace {
 /// Below this number of records a point's transparency says little.
 constexpr int kManyRecords = 100;
 
+/// A variable of the chart: its name, the slot that it fills, its values by row.
+struct Column {
+    const char* fName;
+    const char* fSlot;
+    std::string fLabel;
+    const std::vector<double>* fpValues;
+    VarDataProcessor::_varinfo fVariable;
+};
+
+void Declare(Column& column, const std::string& source, VarDataProcessor& processor, XViZTemplate& viz) {
+    column.fVariable = AddVariable(processor, source, column.fName);
+    viz.addVariable(column.fSlot, column.fName, false, "", source, nullptr, column.fLabel);
+}
+
+void WriteRow(const std::vector<Column>& columns, std::size_t row, VarDataProcessor& processor) {
+    for (const Column& column : columns) {
+        processor.SetVariableValue(column.fVariable, static_cast<int>(row), (*column.fpValues)[row]);
+    }
+}
+
 void SetLimits(std::string& xml, const PredByObserved& data) {
     ReplaceFirst(xml, "98.8", NumberToText(data.fAxisMax));
     ReplaceFirst(xml, "33.667", NumberToText(data.fAxisMin));
@@ -33,32 +53,18 @@ void HFITChartOutput::BuildPredictedByObservedChart() {
     const std::string& source = fpState->fSourceName;
     const ChartString title = LookUpText("Predicted by Observed");
 
-    struct Column {
-        const char* fName;
-        const char* fSlot;
-        std::string fLabel;
-        const std::vector<double>& fvValues;
-    };
-    const Column columns[] = {
-        {"X", "X", fpState->fTargetLabel, data.fvObserved},
-        {"Y", "Y", LookUpText("E61604").toUTF8(), data.fvStatistic},
-        {"Frequency", "Transparency", LookUpText("E60352").toUTF8(), data.fvFrequency},
+    std::vector<Column> columns = {
+        {"X", "X", fpState->fTargetLabel, &data.fvObserved, {}},
+        {"Y", "Y", LookUpText("E61604").toUTF8(), &data.fvStatistic, {}},
+        {"Frequency", "Transparency", LookUpText("E60352").toUTF8(), &data.fvFrequency, {}},
     };
     XViZTemplate viz;
     viz.setTemplateInternalName("GLMMPredictedByObserved");
     VarDataProcessor processor;
     processor.AddDataSource(source, static_cast<int>(nRows));
-    std::vector<VarDataProcessor::_varinfo> variables;
-    for (const Column& column : columns) {
-        variables.push_back(AddVariable(processor, source, column.fName));
-        viz.addVariable(column.fSlot, column.fName, false, "", source, nullptr, column.fLabel);
-    }
+    for (Column& column : columns) Declare(column, source, processor, viz);
     viz.addLabel(0, title.toUTF8());
-    for (std::size_t i = 0; i < nRows; ++i) {
-        for (std::size_t j = 0; j < variables.size(); ++j) {
-            processor.SetVariableValue(variables[j], static_cast<int>(i), columns[j].fvValues[i]);
-        }
-    }
+    for (std::size_t row = 0; row < nRows; ++row) WriteRow(columns, row, processor);
     std::string xml;
     std::string unused;
     viz.convert(xml, unused);

@@ -31,9 +31,9 @@ std::string Attribute(const char* name, const std::string& value) {
 }
 
 std::string Parameters(const NamedDistribution& named, const ChartState& state) {
-    const std::string first = Attribute("parameter", NumberToText(state.*named.fpParameter));
-    if (!named.fpSecondary) return first;
-    return first + Attribute("secondaryParameter", NumberToText(state.*named.fpSecondary));
+    std::string parameters = Attribute("parameter", NumberToText(state.*named.fpParameter));
+    if (named.fpSecondary) parameters += Attribute("secondaryParameter", NumberToText(state.*named.fpSecondary));
+    return parameters;
 }
 
 /// Tells the histogram how many bins it has, and which distribution it is compared with; "normal" stays for the others.
