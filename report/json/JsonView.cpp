@@ -3,6 +3,9 @@
 #include <fmt/core.h>
 
 #include <algorithm>
+#include <charconv>
+#include <iterator>
+#include <system_error>
 #include <utility>
 
 #include "host/document/ViewExpressions.h"
@@ -96,6 +99,21 @@ void ReadTables(JsonReader& in, std::vector<ChartTable>& tables) {
     std::erase_if(tables, [](const ChartTable& table) { return table.fvColumns.empty(); });
 }
 
+/// Numbers that decide how much is drawn. Beyond these, drawing takes time and memory without end.
+struct Most {
+    std::string_view fKey;
+    double fNumber;
+};
+constexpr Most kMost[] = {{"tickCount", 1e5}, {"width", 4e6}, {"height", 4e6}};
+
+const Most* FindExceeded(std::string_view key, std::string_view number) {
+    const auto* const most = std::ranges::find(kMost, key, &Most::fKey);
+    if (most == std::end(kMost)) return nullptr;
+    double value = 0;
+    const auto read = std::from_chars(number.begin(), number.end(), value);
+    return read.ec == std::errc() && value <= most->fNumber ? nullptr : most;
+}
+
 /// Where a value stands decides what it may be.
 enum class Place : unsigned char { Picture, Data, Row, Expression };
 
@@ -147,7 +165,18 @@ class ViewReader {
         if (place == Place::Row) return fTokens.CopyCompact(fOut);
         const std::string_view known = document::FindViewKey(key);
         if (known.empty()) fIn.Fail("key of a view expected", "/" + std::string(key));
-        fIn.ReadValueOf(known, [&] { CopyValue(PlaceOf(known, place)); });
+        fIn.ReadValueOf(known, [&] {
+            if (fTokens.Peek() == Kind::Number) return CopyNumber(known);
+            CopyValue(PlaceOf(known, place));
+        });
+    }
+
+    void CopyNumber(std::string_view key) {
+        const std::string_view number = fTokens.TakeNumber();
+        if (const Most* most = FindExceeded(key, number)) {
+            fIn.Fail(fmt::format("number up to {:.0f} expected", most->fNumber));
+        }
+        fOut += number;
     }
 
     static Place PlaceOf(std::string_view key, Place around) {

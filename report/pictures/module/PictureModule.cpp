@@ -7,8 +7,11 @@
 
 using hierfit::report::ScriptEngine;
 
+// Seconds for a picture: one of 100,000 marks takes two, and what takes longer also takes memory without end.
+constexpr double kMostTime = 6;
+
 struct HierfitPictures {
-    ScriptEngine fEngine;
+    ScriptEngine fEngine{kMostTime};
     std::string fPicture;  ///< the one drawn last
 };
 

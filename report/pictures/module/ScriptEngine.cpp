@@ -3,6 +3,11 @@
 #include <memory>
 #include <type_traits>
 
+// The engine's library has this, and its headers do not: `mayStop`, or nothing, is asked when a call has used so many
+// seconds of processor time.
+extern "C" void JSContextGroupSetExecutionTimeLimit(JSContextGroupRef group, double seconds,
+                                                    bool (*mayStop)(JSContextRef, void*), void* context);
+
 namespace hierfit::report {
 
 namespace {
@@ -15,6 +20,10 @@ using String = std::unique_ptr<std::remove_pointer_t<JSStringRef>, Release>;
 String MakeString(const char* text) { return String(JSStringCreateWithUTF8CString(text)); }
 
 }  // namespace
+
+ScriptEngine::ScriptEngine(double seconds) : fContext(JSGlobalContextCreate(nullptr)) {
+    JSContextGroupSetExecutionTimeLimit(JSContextGetGroup(fContext), seconds, nullptr, nullptr);
+}
 
 bool ScriptEngine::Run(const char* script) {
     JSValueRef exception = nullptr;

@@ -10,12 +10,13 @@ namespace hierfit::report {
 /// say when it returns. All texts are UTF-8.
 class ScriptEngine {
   public:
-    ScriptEngine() : fContext(JSGlobalContextCreate(nullptr)) {}
+    /// The processor time that a run may take.
+    explicit ScriptEngine(double seconds);
     ScriptEngine(const ScriptEngine&) = delete;
     ScriptEngine& operator=(const ScriptEngine&) = delete;
     ~ScriptEngine() { JSGlobalContextRelease(fContext); }
 
-    /// False when the script throws.
+    /// False when the script throws, or takes too long.
     bool Run(const char* script);
 
     void SetText(const char* name, const char* text);
