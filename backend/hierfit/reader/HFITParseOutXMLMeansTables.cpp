@@ -35,7 +35,7 @@ constexpr NamedColumn<ContrastData> kContrastColumns[] = {
 
 /// Keeps a column that was read under its statistic, in place of an earlier one; other statistics are dropped.
 template <class Table, std::size_t n>
-void Store(Table& table, const NamedColumn<Table> (&columns)[n], Coordinates column) {
+void Store(Table& table, const NamedColumn<Table> (&columns)[n], Coordinates&& column) {
     for (const NamedColumn<Table>& known : columns) {
         if (known.fStatistic != column.fStatistic) continue;
         table.*known.fpColumn = std::move(column);

@@ -37,6 +37,7 @@ std::vector<double> WholeNumbers(double low, double high) {
 
 std::vector<double> EvenNumbers(double low, double high) {
     std::vector<double> numbers;
+    numbers.reserve(kPoints);
     for (int at = 0; at < kPoints; ++at) numbers.push_back(low + (high - low) * at / (kPoints - 1));
     return numbers;
 }

@@ -56,7 +56,7 @@ Histogram ReadHistogram(const Specification& specification, const ShownData& dat
 
 std::string HistogramSentence(const Histogram& histogram) {
     const Bins& bins = histogram.fBins;
-    const std::string sentence = Translated(
+    std::string sentence = Translated(
         "Histogram of ^1. Bars: ^2, from ^3 to ^4.",
         {histogram.fLabel, std::to_string(bins.fvBins.size()), ShortNumber(bins.Low()), ShortNumber(bins.High())});
     if (histogram.fCurve.fvPoints.empty()) return sentence;

@@ -22,6 +22,7 @@ Histogram ReadInset(const Specification& specification) {
 
 std::vector<std::string> KeepAllBlanks(const std::vector<std::string>& texts) {
     std::vector<std::string> kept;
+    kept.reserve(texts.size());
     for (const std::string& text : texts) kept.push_back(KeepBlanks(text));
     return kept;
 }
