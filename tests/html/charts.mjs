@@ -46,3 +46,18 @@ export async function checkTips(page) {
   }
   return faults;
 }
+
+/** No word of a picture is cut off at its edge. */
+export async function checkWords(page) {
+  return page.evaluate(() => {
+    const reach = 1.5;  // pixels that a letter may go beyond its measured place
+    const isOutside = (text, frame) => text.left < frame.left - reach || text.right > frame.right + reach
+      || text.top < frame.top - reach || text.bottom > frame.bottom + reach;
+    const cutOff = Array.from(document.querySelectorAll(".drawing svg"), (picture) => {
+      const frame = picture.getBoundingClientRect();
+      return Array.from(picture.querySelectorAll("text"))
+        .filter((text) => text.textContent && isOutside(text.getBoundingClientRect(), frame));
+    }).flat();
+    return cutOff.slice(0, 5).map((text) => `"${text.textContent}" goes beyond its picture`);
+  });
+}
