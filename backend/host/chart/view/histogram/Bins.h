@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "host/chart/view/ShownData.h"
+#include "host/chart/view/ShownVariable.h"
 
 namespace hierfit::chart {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/chart/specification/Specification.h"
-#include "host/chart/view/ShownData.h"
+#include "host/chart/view/ShownVariable.h"
 #include "host/chart/view/parts/Levels.h"
 
 namespace hierfit::chart {

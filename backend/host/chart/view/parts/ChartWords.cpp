@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/chart/view/ShownData.h"
+#include "host/chart/view/ShownVariable.h"
 #include "host/context/RunContext.h"
 
 namespace hierfit::chart {

@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/chart/view/ShownData.h"
+#include "host/chart/view/ShownVariable.h"
 
 namespace hierfit::chart {
 

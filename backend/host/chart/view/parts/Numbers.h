@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/chart/view/ShownData.h"
+#include "host/chart/view/ShownVariable.h"
 
 namespace hierfit::chart {
 
