@@ -1,4 +1,4 @@
-// What a page can do beyond being read: tables are copied, frames that need not scroll are no stops for the keyboard,
+// What a page can do beyond being read: tables are copied, pictures saved, frames that need not scroll are no stops for the keyboard,
 // and wide tables shrink to the paper. Nothing here is needed to read a report.
 "use strict";
 (() => {
@@ -124,20 +124,41 @@
     }, 2000);
   };
 
-  const addButton = (figure) => {
-    const table = figure.querySelector("table");
+  const makeButton = (name, act) => {
     const button = document.createElement("button");
     button.type = "button";
-    button.className = "copy";
-    button.textContent = words.copy;
-    button.addEventListener("click", async () => {
+    button.className = name;
+    button.textContent = words[name];
+    button.addEventListener("click", () => act(button));
+    return button;
+  };
+
+  const addCopyButton = (figure) => {
+    figure.prepend(makeButton("copy", async (button) => {
       const html = figureAsHtml(figure);
-      const text = tableAsText(table);
+      const text = tableAsText(figure.querySelector("table"));
       const isCopied = copyByEvent(html, text) || await copyByClipboard(html, text);
       tell(button, isCopied ? words.copied : words.notCopied);
-    });
-    figure.prepend(button);
+    }));
   };
+
+  const saveFile = (name, content) => {
+    const link = document.createElement("a");
+    link.href = URL.createObjectURL(content);
+    link.download = name;
+    link.click();
+    setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
+  };
+
+  // The picture as it would be on paper: its colours are attributes, and only the page's style makes dark ones of them.
+  const savePicture = (figure) => {
+    const picture = figure.querySelector(".drawing :is(svg, canvas)");
+    if (picture.localName === "canvas") return picture.toBlob((image) => saveFile(`${figure.id}.png`, image));
+    const text = new XMLSerializer().serializeToString(picture);
+    saveFile(`${figure.id}.svg`, new Blob([text], { type: "image/svg+xml" }));
+  };
+
+  const addSaveButton = (drawing) => drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
 
   const setStop = (frame) => {
     const scrolls = frame.scrollWidth > frame.clientWidth || frame.scrollHeight > frame.clientHeight;
@@ -153,9 +174,10 @@
   const resizing = new ResizeObserver((changes) => changes.forEach((change) => setStop(change.target)));
   for (const frame of frames) {
     frame.dataset.label = frame.getAttribute("aria-label");
-    addButton(frame.parentElement);
+    addCopyButton(frame.parentElement);
     resizing.observe(frame);
   }
+  document.querySelectorAll(".drawing").forEach(addSaveButton);
   document.body.append(status);
 
   // An A4 page between its margins, in pixels at the size of printed text.

@@ -64,6 +64,7 @@ void AppendBodyTag(std::string& out) {
     out.append("<body data-copy=\"").append(html::words::kCopy);
     out.append("\" data-copied=\"").append(html::words::kCopied);
     out.append("\" data-not-copied=\"").append(html::words::kNotCopied);
+    out.append("\" data-save=\"").append(html::words::kSave);
     out.append("\" data-not-drawn=\"").append(html::words::kNotDrawn).append("\">\n");
 }
 

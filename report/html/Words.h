@@ -26,6 +26,7 @@ inline constexpr std::string_view kNoPicture = "There is no picture of this char
 inline constexpr std::string_view kCopy = "Copy";
 inline constexpr std::string_view kCopied = "Copied";
 inline constexpr std::string_view kNotCopied = "Not copied";
+inline constexpr std::string_view kSave = "Save picture";
 
 /// How grave a message or diagnostic is.
 struct Level {

@@ -53,7 +53,7 @@ TEST(HtmlReport, IsOnePage) {
 <link rel="icon" href="data:,">
 <style>STYLE</style>
 </head>
-<body data-copy="Copy" data-copied="Copied" data-not-copied="Not copied" data-not-drawn="This chart could not be drawn.">
+<body data-copy="Copy" data-copied="Copied" data-not-copied="Not copied" data-save="Save picture" data-not-drawn="This chart could not be drawn.">
 <a class="skip" href="#main">Skip to the output</a>
 <header>
 <h1>Models</h1>

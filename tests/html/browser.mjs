@@ -62,8 +62,8 @@ async function judge(browser, path, sampleCheck) {
   const watched = watch(page, url);
   await page.goto(url);
   const faults = [...checkValidity(path)];
-  for (const check of [charts.checkDrawn, charts.checkWords, charts.checkTips, checks.checkElements, checks.checkLinks, checks.checkHeaders,
-    checks.checkAlignment, checks.checkMarks, checks.checkPhone]) {
+  for (const check of [charts.checkDrawn, charts.checkWords, charts.checkTips, charts.checkSaved, checks.checkElements,
+    checks.checkLinks, checks.checkHeaders, checks.checkAlignment, checks.checkMarks, checks.checkPhone]) {
     faults.push(...await check(page));
   }
   faults.push(...await checks.checkAccessibility(page, axeSource));

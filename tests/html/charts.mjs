@@ -1,5 +1,7 @@
 // What holds of every chart on a page. Each check gives a list of faults.
 
+import { readFileSync } from "node:fs";
+
 /** Every view is drawn, or said to have failed where that is what the page is about; each figure has a name, and no id
  * stands twice. */
 export async function checkDrawn(page) {
@@ -60,4 +62,26 @@ export async function checkWords(page) {
     }).flat();
     return cutOff.slice(0, 5).map((text) => `"${text.textContent}" goes beyond its picture`);
   });
+}
+
+/** The words of a picture's file. */
+function wordsOf(svg) {
+  const entities = { "&amp;": "&", "&lt;": "<", "&gt;": ">", "&nbsp;": "\u00a0" };
+  return Array.from(svg.matchAll(/<text.*?>(.*?)<\/text>/gs),
+    ([, words]) => words.replace(/<.*?>/gs, "").replace(/&\w+;/g, (entity) => entities[entity]));
+}
+
+/** A picture can be saved where there is one: as an SVG file of the same words, or as what its canvas shows. */
+export async function checkSaved(page) {
+  const buttons = page.locator(".save").filter({ visible: true });
+  const drawn = await page.locator(".drawing:has(svg, canvas)").count();
+  if (await buttons.count() !== drawn) return [`${await buttons.count()} of ${drawn} pictures can be saved`];
+  if (drawn === 0) return [];
+  const [download] = await Promise.all([page.waitForEvent("download"), buttons.first().click()]);
+  const name = download.suggestedFilename();
+  const file = readFileSync(await download.path());
+  if (name.endsWith(".png")) return file.subarray(1, 4).toString() === "PNG" ? [] : [`${name} is no image`];
+  const shown = await page.locator(`#${name.replace(/\.svg$/, "")} .drawing text`).allTextContents();
+  const saved = wordsOf(file.toString());
+  return shown.join("|") === saved.join("|") ? [] : [`${name} says ${saved}, not ${shown}`];
 }

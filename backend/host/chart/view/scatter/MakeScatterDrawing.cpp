@@ -19,7 +19,7 @@ constexpr double kHeight = 360;
 constexpr double kRoomForAxis = 70;
 constexpr double kRoomForLegend = 90;
 constexpr double kPalest = 0.3;
-constexpr double kLegendSteps = 4;
+constexpr int kLegendSteps = 4;
 constexpr int kTickCount = 6;
 constexpr TextStyle kTitleStyle{12.5, false};
 
@@ -40,7 +40,7 @@ std::vector<double> LegendValues(double most) {
     const double step = std::max(1.0, std::ceil(most / kLegendSteps));
     std::vector<double> values;
     if (step > 1) values.push_back(1);
-    for (double value = step; value <= most; value += step) values.push_back(value);
+    for (int count = 1; count <= kLegendSteps && step * count <= most; ++count) values.push_back(step * count);
     return values;
 }
 
