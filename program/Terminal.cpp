@@ -18,7 +18,7 @@ int WidthOfTerminal() {
 /// NO_COLOR counts when it is set and not empty (no-color.org).
 bool IsColorForbidden() {
     const char* value = std::getenv("NO_COLOR");
-    return value && std::string_view(value) != "";
+    return value && !std::string_view(value).empty();
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ void ExpectToFill(const void* begin, std::size_t bytes) {
     const auto address = reinterpret_cast<std::uintptr_t>(begin);
     const std::uintptr_t first = (address + kLargePage - 1) & ~(kLargePage - 1);
     const std::uintptr_t end = (address + bytes) & ~(kLargePage - 1);
-    if (end > first) madvise(reinterpret_cast<void*>(first), end - first, MADV_HUGEPAGE);
+    auto* const memory = static_cast<char*>(const_cast<void*>(begin));
+    if (end > first) madvise(memory + (first - address), end - first, MADV_HUGEPAGE);
 }
 
 #else
