@@ -1,9 +1,11 @@
 #pragma once
 
-#include <memory>
+#include <nlohmann/json.hpp>
 #include <string>
+#include <variant>
 #include <vector>
 
+#include "host/chart/specification/ReadSpecification.h"
 #include "host/chart/view/MakeView.h"
 
 namespace hierfit::chart {
@@ -14,9 +16,26 @@ struct Sample {
     Specification fSpecification;
     std::vector<document::ChartSource> fvData;
     std::vector<VariableSetting> fvSettings;
-    std::vector<std::shared_ptr<const KEST_Variable>> fvVariables;  ///< what the settings point to
 
     View Make() const { return MakeView(fSpecification, fvData, fvSettings); }
+    nlohmann::json MakeJson() const { return nlohmann::json::parse(Make().fJson); }
 };
+
+/// What chart XML says that can be read.
+inline Specification ReadChart(const std::string& xml) {
+    return std::get<Reading>(ReadSpecification(xml)).fSpecification;
+}
+
+/// A source whose variables have no rows yet.
+inline document::ChartSource SourceOf(const std::string& name, const std::vector<std::string>& variables) {
+    document::ChartSource source{name, 0, {}};
+    for (const std::string& variable : variables) source.fvVariables.push_back({variable, {}});
+    return source;
+}
+
+/// Adds one value to each of the variables.
+inline void AddRow(document::ChartSource& source, const std::vector<document::ChartValue>& values) {
+    for (std::size_t at = 0; at < values.size(); ++at) source.fvVariables[at].fvValues.push_back(values[at]);
+}
 
 }  // namespace hierfit::chart
