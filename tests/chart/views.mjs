@@ -22,17 +22,9 @@ const {expressionInterpreter} = await load('vega-interpreter/build/vega-interpre
 const schema = JSON.parse(readFileSync(join(project, 'web/node_modules/vega-lite/build/vega-lite-schema.json'), 'utf8'));
 const validate = new (Ajv.default ?? Ajv)({strict: false, allErrors: false, validateFormats: false}).compile(schema);
 
-/** A logger that keeps what Vega says. */
-function listener(heard) {
-    const logger = {level: () => logger, info: () => logger, debug: () => logger};
-    logger.warn = (...words) => (heard.push(words.join(' ')), logger);
-    logger.error = logger.warn;
-    return logger;
-}
-
 async function draw(view) {
     const heard = [];
-    const logger = listener(heard);
+    const logger = vega.logger(vega.Warn, null, (method, level, words) => heard.push(words.join(' ')));
     const compiled = vegaLite.compile(view, {logger});
     const runtime = vega.parse(compiled.spec, {}, {ast: true});
     const picture = new vega.View(runtime, {renderer: 'none', expr: expressionInterpreter, logger});
