@@ -1,3 +1,4 @@
+#include <array>
 #include <cmath>
 #include <limits>
 #include <memory>
@@ -32,18 +33,13 @@ TEST(ChartStringTest, TurnsAnyBytesIntoText) {
 }
 
 TEST(ChartStringTest, ReplacesEachPlaceOnce) {
-    struct Case {
-        const char* fText;
-        const char* fFrom;
-        const char* fTo;
-        const char* fResult;
-    };
-    for (const auto& [text, from, to, result] : {Case{"999 and 999", "999", "x", "x and x"},
-                                                 {"aaa", "aa", "a", "aa"},
-                                                 {"ab", "a", "aa", "aab"},
-                                                 {"ab", "", "x", "ab"},
-                                                 {"ab", "c", "x", "ab"},
-                                                 {"aaaa", "a", "", ""}}) {
+    const std::array<const char*, 4> cases[] = {{"999 and 999", "999", "x", "x and x"},
+                                                {"aaa", "aa", "a", "aa"},
+                                                {"ab", "a", "aa", "aab"},
+                                                {"ab", "", "x", "ab"},
+                                                {"ab", "c", "x", "ab"},
+                                                {"aaaa", "a", "", ""}};
+    for (const auto& [text, from, to, result] : cases) {
         ChartString string(text);
         string.replaceSubstring(ChartString(from), ChartString(to));
         EXPECT_EQ(string.toUTF8(), result);

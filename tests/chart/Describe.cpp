@@ -15,7 +15,8 @@ std::string Given(const char* name, const std::string& value) {
     return value.empty() ? std::string() : fmt::format(" {}={}", name, value);
 }
 
-std::string Given(const char* name, const std::optional<double>& value) {
+template <typename Value>
+std::string Given(const char* name, const std::optional<Value>& value) {
     return value ? fmt::format(" {}={}", name, *value) : std::string();
 }
 
@@ -23,46 +24,32 @@ std::string Given(const char* name, const Words& words) {
     return Given(name, words.fText) + Given("lookup", words.fLookup);
 }
 
-std::string Line(const char* name, const std::optional<Words>& words) {
+std::string Line(const std::string& name, const std::optional<Words>& words) {
     return words ? name + Given("words", *words) + "\n" : std::string();
 }
 
 std::string LineOf(const Plot& plot) {
-    return fmt::format("plot {}{}{} margin={}{}{}", static_cast<int>(plot.fArrange), plot.fPairs ? " pairs" : "",
-                       plot.fSquare ? " square" : "", plot.fMarginBottom, Given("id", plot.fId),
-                       plot.fWidthPercent ? fmt::format(" width={}", *plot.fWidthPercent) : "") +
-           Given("x>", plot.fX.fMin) + Given("x<", plot.fX.fMax) + Given("y>", plot.fY.fMin) +
-           Given("y<", plot.fY.fMax) + Given("color", plot.fColor) + (plot.fHasDiagonal ? " diagonal\n" : "\n");
+    return fmt::format("plot {}{}{} margin={}", static_cast<int>(plot.fArrange), plot.fPairs ? " pairs" : "",
+                       plot.fSquare ? " square" : "", plot.fMarginBottom) +
+           Given("id", plot.fId) + Given("width", plot.fWidthPercent) + Given("x>", plot.fX.fMin) +
+           Given("x<", plot.fX.fMax) + Given("y>", plot.fY.fMin) + Given("y<", plot.fY.fMax) +
+           Given("color", plot.fColor) + (plot.fHasDiagonal ? " diagonal\n" : "\n");
 }
 
 std::string LineOf(const Mark& mark) {
-    constexpr std::pair<const char*, std::string Mark::*> kReferences[] = {{"source", &Mark::fSource},
-                                                                           {"x", &Mark::fX},
-                                                                           {"y", &Mark::fY},
-                                                                           {"x2", &Mark::fX2},
-                                                                           {"y2", &Mark::fY2},
-                                                                           {"of", &Mark::fOf},
-                                                                           {"node", &Mark::fNode},
-                                                                           {"from", &Mark::fFrom},
-                                                                           {"to", &Mark::fTo},
-                                                                           {"shape", &Mark::fShape},
-                                                                           {"opacity", &Mark::fOpacity},
-                                                                           {"weight", &Mark::fWeight},
-                                                                           {"sign", &Mark::fSign},
-                                                                           {"mark", &Mark::fMark},
-                                                                           {"text", &Mark::fText},
-                                                                           {"beside", &Mark::fBeside},
-                                                                           {"tip", &Mark::fTip}};
-    std::string line = fmt::format("mark {}", static_cast<int>(mark.fKind));
-    for (const auto& [name, member] : kReferences) line += Given(name, mark.*member);
-    return line + "\n";
+    return fmt::format("mark {}", static_cast<int>(mark.fKind)) + Given("source", mark.fSource) + Given("x", mark.fX) +
+           Given("y", mark.fY) + Given("x2", mark.fX2) + Given("y2", mark.fY2) + Given("of", mark.fOf) +
+           Given("node", mark.fNode) + Given("from", mark.fFrom) + Given("to", mark.fTo) + Given("shape", mark.fShape) +
+           Given("opacity", mark.fOpacity) + Given("weight", mark.fWeight) + Given("sign", mark.fSign) +
+           Given("mark", mark.fMark) + Given("text", mark.fText) + Given("beside", mark.fBeside) +
+           Given("tip", mark.fTip) + "\n";
 }
 
 std::string LinesOf(const Legend& legend) {
     std::string lines = "legend" + Given("id", legend.fId) + (legend.fIsVisible ? "" : " hidden") +
                         Given("of", legend.fOf) + Given("high", legend.fHigh) + Given("low", legend.fLow) + "\n" +
                         Line("heading", legend.fHeading);
-    for (const auto& [value, words] : legend.fvEntries) lines += "entry " + value + Given("words", words) + "\n";
+    for (const auto& [value, words] : legend.fvEntries) lines += Line("entry " + value, words);
     return lines;
 }
 
@@ -79,46 +66,37 @@ std::string LineOf(const Field& field) {
            Given("format", field.fFormat ? data::PrintFormatText(*field.fFormat) : "") + "\n";
 }
 
-std::string LinesOf(const Inset& inset) {
-    return fmt::format("inset at={} type={} sources={} (\n{})\n", inset.fAt, inset.fFieldType, inset.fvData.size(),
-                       Describe(*inset.fpChart));
+std::string LineOf(const Bars& bars) {
+    return "bars" + Given("source", bars.fSource) + Given("x", bars.fX) + Given("y", bars.fY) +
+           Given("bins", bars.fBinCount) + "\n";
 }
 
-std::string LinesOfBars(const Plot& plot) {
-    std::string lines;
-    if (plot.fBars) {
-        lines += "bars" + Given("source", plot.fBars->fSource) + Given("x", plot.fBars->fX) +
-                 Given("y", plot.fBars->fY) +
-                 (plot.fBars->fBinCount ? fmt::format(" bins={}", *plot.fBars->fBinCount) : "") + "\n";
-    }
-    if (plot.fCurve) {
-        lines += "curve " + plot.fCurve->fDistribution + Given("first", plot.fCurve->fParameter) +
-                 Given("second", plot.fCurve->fSecondaryParameter) + "\n";
-    }
-    return lines;
+std::string LineOf(const Curve& curve) {
+    return "curve " + curve.fDistribution + Given("first", curve.fParameter) +
+           Given("second", curve.fSecondaryParameter) + "\n";
 }
 
-}  // namespace
-
+/// All that a specification holds, one thing a line; what is not given is left out.
 std::string Describe(const Specification& specification) {
     const Plot& plot = specification.fPlot;
     std::string text = "chart" + Given("template", specification.fTemplate) + "\n" + LineOf(plot);
     for (const Mark& mark : plot.fvMarks) text += LineOf(mark);
-    text += LinesOfBars(plot);
-    for (const LineGuide& guide : plot.fvLineGuides)
-        text += fmt::format("guide {} unless {}\n", guide.fY, guide.fUnless);
+    if (plot.fBars) text += LineOf(*plot.fBars);
+    if (plot.fCurve) text += LineOf(*plot.fCurve);
+    for (const auto& [y, unless] : plot.fvLineGuides) text += fmt::format("guide {} unless {}\n", y, unless);
     if (specification.fFaceting) text += LineOf(*specification.fFaceting);
     for (const Legend& legend : specification.fvLegends) text += LinesOf(legend);
     text += Line("title", specification.fTitle) + Line("subtitle", specification.fSubtitle) +
             Line("caption", specification.fCaption) + Line("footnote", specification.fFootnote);
-    for (const AxisTitle& title : specification.fvAxisTitles) {
-        text += Line(title.fIsX ? "x title" : "y title", title.fWords);
-    }
-    for (const Popup& popup : specification.fvPopups)
-        text += "popup " + popup.fOf + Given("words", popup.fWords) + "\n";
+    for (const auto& [isX, words] : specification.fvAxisTitles) text += Line(isX ? "x title" : "y title", words);
+    for (const auto& [of, words] : specification.fvPopups) text += Line("popup " + of, words);
     for (const Field& field : specification.fvFields) text += LineOf(field);
-    return specification.fInset ? text + LinesOf(*specification.fInset) : text;
+    if (!specification.fInset) return text;
+    const auto& [at, type, chart, data] = *specification.fInset;
+    return text + fmt::format("inset at={} type={} sources={} (\n{})\n", at, type, data.size(), Describe(*chart));
 }
+
+}  // namespace
 
 std::string DescribeXml(const std::string& xml) {
     const auto result = ReadSpecification(xml);

@@ -31,14 +31,14 @@ constexpr const char* kPlain = "@@";
 
 TEST_F(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
     const auto plain = MakePatchedCharts(kPlain);
-    for (const auto& [name, label] : HostileLabels()) {
+    for (const std::string& label : HostileLabels()) {
         const auto charts = MakePatchedCharts(label);
         for (std::size_t i = 0; i < charts.size(); ++i) {
             const std::string description = DescribeXml(charts[i].fXml);
             if (IsTakenForMarker(charts[i].fName, label)) continue;
             std::string expected = DescribeXml(plain[i].fXml);
             ReplaceAll(expected, kPlain, Cleaned(label));
-            EXPECT_EQ(description, expected) << charts[i].fName << ", label: " << name;
+            EXPECT_EQ(description, expected) << charts[i].fName << ", label: " << label;
         }
     }
     EXPECT_EQ(fRun.Diagnostics(), "");
@@ -55,12 +55,8 @@ TEST_F(PatchTest, PatchesMeanWhatTheyAreFor) {
     std::map<std::string, std::string> charts;
     for (const auto& [name, xml] : MakePatchedCharts(kPlain)) charts[name] = DescribeXml(xml);
 
-    struct Case {
-        const char* fChart;
-        const char* fLine;  ///< begin of lines
-        std::size_t fCount;
-    };
-    const Case cases[] = {
+    // Charts, the begin of lines, and how many there are.
+    const std::tuple<const char*, const char*, std::size_t> cases[] = {
         {"histogram normal", "bars x=X y=Y bins=30\n", 1},
         {"histogram normal", "curve normal\n", 1},
         {"histogram gamma", "curve gamma first=2.5\n", 1},  // what is not finite is not given

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <sstream>
 
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/ContrastGroup.h"
@@ -137,46 +138,13 @@ std::string LevelContrasts(const std::string& label, int nGuides, int nPanelVari
     return xml;
 }
 
-/// What the procedure searches the templates for.
-constexpr const char* kMarkers[] = {"98.8",
-                                    "33.667",
-                                    "9.3",
-                                    "7.0",
-                                    "75%",
-                                    "title1",
-                                    "TitleText",
-                                    "subTitleText",
-                                    ">TitleText",
-                                    "FootnoteText",
-                                    "CaptionText",
-                                    "YAxisLabel",
-                                    "popup1",
-                                    "popup2",
-                                    "whenText",
-                                    "y=",
-                                    "y=\"00\"",
-                                    "high=",
-                                    "low=",
-                                    "id=\"graphStyle",
-                                    "<color",
-                                    "<faceting",
-                                    "</facetLayout>",
-                                    "<lineGuide",
-                                    "</lineGuide>",
-                                    "<legend",
-                                    "</legend>",
-                                    "<legend id=\"legend\">",
-                                    "id=\"legendStyle\"",
-                                    "<variableReference",
-                                    "</variableReference>",
-                                    "<facetLevel ",
-                                    "</facetLevel>",
-                                    "Coefficient Estimate",
-                                    "binStatistic",
-                                    "normal",
-                                    "<distributionStatistic",
-                                    "</chart>",
-                                    "/>"};
+/// What the procedure searches the templates for, one behind the other.
+constexpr const char* kMarkers =
+    "98.8|33.667|9.3|7.0|75%|title1|TitleText|subTitleText|>TitleText|FootnoteText|CaptionText|YAxisLabel|popup1|"
+    "popup2|"
+    "whenText|y=|y=\"00\"|high=|low=|id=\"graphStyle|<color|<faceting|</facetLayout>|<lineGuide|</lineGuide>|<legend|"
+    "</legend>|<legend id=\"legend\">|id=\"legendStyle\"|<variableReference|</variableReference>|<facetLevel |"
+    "</facetLevel>|Coefficient Estimate|binStatistic|normal|<distributionStatistic|</chart>|/>";
 
 }  // namespace
 
@@ -210,20 +178,22 @@ bool IsTakenForMarker(const std::string& chart, const std::string& label) {
     return chart.starts_with("custom") && label == "popup2";
 }
 
-std::vector<Label> HostileLabels() {
-    std::vector<Label> labels{{"markup", "<b a='1'>&amp;&</b>"},
-                              {"quotes", "\"'\"\\"},
-                              {"end of section", "a]]>b]]>"},
-                              {"sections", "]]]]><![CDATA[>]]"},
-                              {"comment", "<!-- -- --><?x?>"},
-                              {"blanks", "  a  b  "},
-                              {"line ends", "a\nb\n"},
-                              {"controls", std::string("a\0\x01\x1F]]\x02>z", 9)},
-                              {"directions", "\u202Eabc\u2066\u200F"},
-                              {"no characters", "a\xEF\xBF\xBE\xEF\xBF\xBFz"},
-                              {"no UTF-8", "a\xFF\xC3z\xED\xA0\x80"},
-                              {"long", std::string(10'000, '<')}};
-    for (const char* marker : kMarkers) labels.push_back({marker, marker});
+/// Markup, ends of sections, blanks, controls, directions, what is no character and what is no UTF-8, and markers.
+std::vector<std::string> HostileLabels() {
+    std::vector<std::string> labels{"<b a='1'>&amp;&</b>",
+                                    "\"'\"\\",
+                                    "a]]>b]]>",
+                                    "]]]]><![CDATA[>]]",
+                                    "<!-- -- --><?x?>",
+                                    "  a  b  ",
+                                    "a\nb\n",
+                                    std::string("a\0\x01\x1F]]\x02>z", 9),
+                                    "\u202Eabc\u2066\u200F",
+                                    "a\xEF\xBF\xBE\xEF\xBF\xBFz",
+                                    "a\xFF\xC3z\xED\xA0\x80",
+                                    std::string(10'000, '<')};
+    std::istringstream markers(kMarkers);
+    for (std::string marker; std::getline(markers, marker, '|');) labels.push_back(marker);
     return labels;
 }
 

@@ -18,10 +18,10 @@ int main(int argc, char** argv) {
     const std::filesystem::path folder = argv[1];
     std::filesystem::remove_all(folder);
     std::filesystem::create_directories(folder);
-    std::vector<hierfit::test::Label> labels = hierfit::test::HostileLabels();
-    std::erase_if(labels, [](const auto& label) { return hierfit::test::IsTakenForMarker("levels", label.fText); });
+    std::vector<std::string> labels = hierfit::test::HostileLabels();
+    std::erase_if(labels, [](const auto& label) { return hierfit::test::IsTakenForMarker("levels", label); });
     for (std::size_t i = 0; i < labels.size(); ++i) {
-        for (const auto& [name, xml] : hierfit::test::MakePatchedCharts(labels[i].fText)) {
+        for (const auto& [name, xml] : hierfit::test::MakePatchedCharts(labels[i])) {
             std::ofstream(folder / (std::to_string(i) + ' ' + name + ".xml"), std::ios::binary)
                 << hierfit::chart::MakePlainXml(xml);
         }

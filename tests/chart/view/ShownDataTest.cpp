@@ -27,13 +27,7 @@ TEST(ShownVariable, PutsValuesIntoWords) {
     both.fPrefix = "Arm = ";
     Field field{};
     field.fFormat = KEST_Format{40, KEST_FormatType::Numeric, 2};
-    struct Case {
-        const VariableSetting* fpSetting;
-        const Field* fpField;
-        ChartValue fValue;
-        std::string fWords;
-    };
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<const VariableSetting*, const Field*, ChartValue, std::string>> cases = {
         {nullptr, nullptr, std::monostate(), ""}, {nullptr, nullptr, 1.5, "1.5"},
         {nullptr, nullptr, kSystemMissing, "."},  {nullptr, &field, 1.5, "1.50"},
         {&plain, &field, 1e6, "1000000.00"},      {&valueLabels, &field, 1.0, "Placebo"},
@@ -46,8 +40,8 @@ TEST(ShownVariable, PutsValuesIntoWords) {
         {&both, &field, "z", "Arm = z"},
     };
     const document::ChartVariable data{"arm", {}};
-    for (const Case& each : cases) {
-        EXPECT_EQ(ShownVariable(data, each.fpField, each.fpSetting).Words(each.fValue), each.fWords);
+    for (const auto& [setting, itsField, value, words] : cases) {
+        EXPECT_EQ(ShownVariable(data, itsField, setting).Words(value), words);
     }
 }
 
@@ -60,13 +54,9 @@ TEST(ShownVariable, TakesOnlyUsableNumbers) {
 }
 
 TEST(ShownVariable, ShowsFiguresWithDecimalsInCommon) {
-    struct Case {
-        std::vector<ChartValue> fvValues;
-        std::optional<KEST_Format> fFormat;
-        std::vector<std::string> fvFigures;
-    };
+    using Figures = std::vector<std::string>;
     const KEST_Format twoDecimals{8, KEST_FormatType::Numeric, 2};
-    const Case cases[] = {
+    const std::tuple<std::vector<ChartValue>, std::optional<KEST_Format>, Figures> cases[] = {
         {{26.0, 30.0}, kNoDecimals, {"26", "30"}},
         {{9.4404, 14.0, 14.927}, kNoDecimals, {"9.44", "14.00", "14.93"}},
         {{0.76766, 0.95}, std::nullopt, {"0.768", "0.950"}},
@@ -76,26 +66,22 @@ TEST(ShownVariable, ShowsFiguresWithDecimalsInCommon) {
         {{0.00001, 140.25, kSystemMissing}, std::nullopt, {"1e-05", "140.25", "."}},
         {{2.5e10, 1.25}, std::nullopt, {"25000000000", "1.25"}},
     };
-    for (const Case& each : cases) {
-        const document::ChartVariable data{"x", each.fvValues};
+    for (const auto& [values, format, expected] : cases) {
+        const document::ChartVariable data{"x", values};
         Field field{};
-        field.fFormat = each.fFormat;
+        field.fFormat = format;
         const ShownVariable variable(data, &field, nullptr);
-        for (std::size_t i = 0; i < each.fvFigures.size(); ++i)
-            EXPECT_EQ(variable.Figure(std::get<double>(each.fvValues[i])), each.fvFigures[i]);
+        Figures figures;
+        for (const ChartValue& value : values) figures.push_back(variable.Figure(std::get<double>(value)));
+        EXPECT_EQ(figures, expected);
     }
 }
 
 TEST(TickFormat, TellsTicksApartWithDecimalsInCommon) {
-    struct Case {
-        double fLow;
-        double fHigh;
-        std::string fFormat;
-    };
-    const Case cases[] = {{0.02, 0.28, ".2f"}, {0, 1, ".1f"},           {3.9, 6.8, ".1f"},
-                          {90, 140, ".0f"},    {0, 12000, ".0f"},       {-0.003, 0.002, ".3f"},
-                          {2, 2, ".1f"},       {1e9, 1e9 + 1, ".12~g"}, {1, 1 + 1e-12, ".12~g"}};
-    for (const Case& each : cases) EXPECT_EQ(TickFormat(each.fLow, each.fHigh, 6), each.fFormat) << each.fLow;
+    const std::tuple<double, double, std::string> cases[] = {
+        {0.02, 0.28, ".2f"},    {0, 1, ".1f"}, {3.9, 6.8, ".1f"},       {90, 140, ".0f"},       {0, 12000, ".0f"},
+        {-0.003, 0.002, ".3f"}, {2, 2, ".1f"}, {1e9, 1e9 + 1, ".12~g"}, {1, 1 + 1e-12, ".12~g"}};
+    for (const auto& [low, high, format] : cases) EXPECT_EQ(TickFormat(low, high, 6), format) << low;
 }
 
 TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {

@@ -45,12 +45,7 @@ TEST(CutCharacters, CountsCharacters) {
 }
 
 TEST(WrapText, BreaksAtLineEndsThenWordsThenWithinWords) {
-    struct Case {
-        std::string fText;
-        double fCharacters;  // of the width of "0"
-        std::vector<std::string> fvLines;
-    };
-    const std::vector<Case> cases = {
+    const std::vector<std::tuple<std::string, double, std::vector<std::string>>> cases = {
         {"", 5, {}},
         {"00", 5, {"00"}},
         {"00 00 00", 5.6, {"00 00", "00"}},
@@ -66,8 +61,7 @@ TEST(WrapText, BreaksAtLineEndsThenWordsThenWithinWords) {
         {"äääää", 2.1, {"ää", "ää", "ä"}},
     };
     const double unit = TextWidth("0", kTen);
-    for (const Case& each : cases)
-        EXPECT_EQ(WrapText(each.fText, each.fCharacters * unit, kTen), each.fvLines) << each.fText;
+    for (const auto& [text, zeros, lines] : cases) EXPECT_EQ(WrapText(text, zeros * unit, kTen), lines) << text;
 }
 
 TEST(WrapText, CutsWhatDoesNotFitIntoTheLines) {
