@@ -27,12 +27,6 @@ class MissText : public testing::Test {
         return *element;
     }
 
-    static std::vector<KEST_VariableDefinition> OneVariable() {
-        std::vector<KEST_VariableDefinition> definitions(1);
-        definitions[0].fName = "dose";
-        return definitions;
-    }
-
     /// Text and place, such as "text @1:2".
     std::string Described() const {
         const auto diagnostic = framework::DescribeMiss(fRun);
@@ -47,7 +41,7 @@ class MissText : public testing::Test {
     context::RunContext fRun{{}, nullptr, ""};
     context::RunContext::Activation fActivation{fRun};
     SDOMXMLWrapper fRoot;
-    data::VariableSource fSource{OneVariable()};
+    data::VariableSource fSource{{{.fName = "dose", .fLabel = {}, .fFormat = {}, .fValueLabels = {}}}};
     std::string fText;
     SDOMXMLWrapper* fpElement = nullptr;
     SDOMXMLIterator* fpIterator = nullptr;

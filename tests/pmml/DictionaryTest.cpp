@@ -3,23 +3,13 @@
 #include <fmt/format.h>
 
 #include "host/KEST_ValueLabelMap.h"
+#include "host/data/PrintFormat.h"
 
 namespace hierfit::pmml {
 namespace {
 
-std::string Shown(const KEST_Format& format) {
-    return fmt::format("{}{}.{}", format.IsString() ? 'A' : 'F', format.fWidth, format.fDecimals);
-}
-
-/// A field in one line: name "label" type, level, format, categories.
-std::string Shown(const Field& field) {
-    std::string text = fmt::format("{} \"{}\" t{} l{} {}", field.fName, field.fLabel, field.fType,
-                                   field.fMeasurementLevel, Shown(field.fFormat));
-    for (const auto& [value, label] : field.fvCategories) text += fmt::format(" {}={}", value, label);
-    return text;
-}
-
-/// Fields, one a line, and the indices of the variables; or the error with its place.
+/// The fields, a line each: name "label" type, level, format, categories; then the indices of the variables. Or the
+/// error with its place.
 std::string Outcome(const std::string& text) {
     const auto result = Dictionary::Read(text);
     if (const auto* error = std::get_if<ReadError>(&result)) {
@@ -27,7 +17,12 @@ std::string Outcome(const std::string& text) {
     }
     const auto& dictionary = std::get<Dictionary>(result);
     std::string outcome;
-    for (const Field& field : dictionary.GetFields()) outcome += Shown(field) + '\n';
+    for (const Field& field : dictionary.GetFields()) {
+        outcome += fmt::format("{} \"{}\" t{} l{} {}", field.fName, field.fLabel, field.fType, field.fMeasurementLevel,
+                               data::PrintFormatText(field.fFormat));
+        for (const auto& [value, label] : field.fvCategories) outcome += fmt::format(" {}={}", value, label);
+        outcome += '\n';
+    }
     for (int index : dictionary.GetVariables()) outcome += std::to_string(index);
     return outcome;
 }
@@ -37,49 +32,42 @@ std::string OneField(const std::string& attributes, const std::string& children 
            "</DataField></DataDictionary></PMML>";
 }
 
+std::string Format(const std::string& format) { return "<Extension name='format' value='" + format + "'/>"; }
+
+const std::string kNumber = "optype='continuous' dataType='double'";
+const std::string kString = "optype='categorical' dataType='string'";
+
 TEST(Dictionary, ReadsOneField) {
-    struct Case {
-        std::string fText;
-        const char* fField;
-    };
-    const std::string number = "optype='continuous' dataType='double'";
-    const std::string string = "optype='categorical' dataType='string'";
-    const Case cases[] = {
-        {OneField(number), "x \"\" t2 l3 F8.2"},
+    const std::pair<std::string, std::string> cases[] = {
+        {OneField(kNumber), "x \"\" t2 l3 F8.2"},
         {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
         {OneField("optype='categorical' dataType='integer' displayName='The x'"), "x \"The x\" t1 l1 F8.0"},
         {OneField("dataType='integer'"), "x \"\" t1 l3 F8.0"},
-        {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8.0"},
-        {OneField(""), "x \"\" t0 l1 A8.0"},
-        {OneField(string, "<Value value='a' displayValue='A'/><Value value='l\xC3\xA4nger'/>"),
-         "x \"\" t0 l1 A6.0 a=A l\xC3\xA4nger="},
-        {OneField(string, "<Value value=''/>"), "x \"\" t0 l1 A1.0 ="},
-        {OneField(number,
+        {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8"},
+        {OneField(""), "x \"\" t0 l1 A8"},
+        {OneField(kString, "<Value value='a' displayValue='A'/><Value value='l\xC3\xA4nger'/>"),
+         "x \"\" t0 l1 A6 a=A l\xC3\xA4nger="},
+        {OneField(kString, "<Value value=''/>"), "x \"\" t0 l1 A1 ="},
+        {OneField(kNumber,
                   "<Value value='1' property='valid'/><Value value='2' property='missing'/>"
                   "<Value value='3' property='invalid'/><Value/><Value value='4'/>"),
          "x \"\" t2 l3 F8.2 1= 4="},
-        {OneField(number, "<Extension name='other' value='F1.0'/><Extension name='format' value='F5.1'/>"),
-         "x \"\" t2 l3 F5.1"},
-        {OneField(string, "<Extension name='format' value='A12'/>"), "x \"\" t0 l1 A12.0"},
-        {OneField(string, "<Extension name='format' value='F8.2'/>"), "x \"\" t0 l1 A8.0"},
-        {OneField(number, "<Extension name='format' value='A8'/>"), "x \"\" t2 l3 F8.2"},
+        {OneField(kNumber, "<Extension name='other' value='F1.0'/>" + Format("F5.1")), "x \"\" t2 l3 F5.1"},
+        {OneField(kString, Format("A12")), "x \"\" t0 l1 A12"},
     };
-    for (const auto& [text, field] : cases) EXPECT_EQ(Outcome(text), field + std::string("\n0")) << text;
+    for (const auto& [text, field] : cases) EXPECT_EQ(Outcome(text), field + "\n0") << text;
 }
 
-TEST(Dictionary, IgnoresMalformedFormats) {
+TEST(Dictionary, IgnoresFormatsThatAreMalformedOrOfAnotherType) {
     for (const char* format : {"F3", "F1.0", "F40.16"}) {
-        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
-        EXPECT_EQ(Outcome(OneField("dataType='double'", extension)).find("F8.2"), std::string::npos) << format;
+        EXPECT_EQ(Outcome(OneField(kNumber, Format(format))).find("F8.2"), std::string::npos) << format;
     }
     for (const char* format : {"", "F", "8.2", "F.2", "F8.", "f8.2", "F8.2 ", " F8.2", "F8.2.1", "F8,2", "F-8.2",
-                               "F8.-2", "F2.2", "F0.0", "F256.2", "F40.17", "F99999999999.2", "E8.2"}) {
-        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
-        EXPECT_EQ(Outcome(OneField("dataType='double'", extension)), "x \"\" t2 l3 F8.2\n0") << format;
+                               "F8.-2", "F2.2", "F0.0", "F256.2", "F40.17", "F99999999999.2", "E8.2", "A8"}) {
+        EXPECT_EQ(Outcome(OneField(kNumber, Format(format))), "x \"\" t2 l3 F8.2\n0") << format;
     }
-    for (const char* format : {"A", "A0", "A8.0", "A-1", "A256"}) {
-        const std::string extension = fmt::format("<Extension name='format' value='{}'/>", format);
-        EXPECT_EQ(Outcome(OneField("dataType='string'", extension)), "x \"\" t0 l1 A8.0\n0") << format;
+    for (const char* format : {"A", "A0", "A8.0", "A-1", "A256", "F8.2"}) {
+        EXPECT_EQ(Outcome(OneField(kString, Format(format))), "x \"\" t0 l1 A8\n0") << format;
     }
 }
 
@@ -91,11 +79,7 @@ std::string WithModel(const std::string& elements) {
 }
 
 TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
-    struct Case {
-        const char* fElements;
-        const char* fVariables;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"", "012"},
         {"<M/>", "012"},
         {"<M><MiningSchema/></M>", ""},
@@ -114,11 +98,7 @@ TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
 }
 
 TEST(Dictionary, TellsWhatItCannotRead) {
-    struct Case {
-        std::string fText;
-        const char* fError;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {"", "1:1 no element found\n\n^"},
         {"<PMML>\n</PNML>", "2:3 mismatched tag\n</PNML>\n  ^"},
         {"\n<PMML/>", "2:1 PMML: element \"DataDictionary\" expected"},
@@ -138,15 +118,12 @@ TEST(Dictionary, TellsWhatItCannotRead) {
 
 TEST(Dictionary, MakesDataSourceAndMetaData) {
     const auto result = Dictionary::Read(
-        "<PMML><DataDictionary>"
-        "<DataField name='n' displayName='Number' optype='ordinal' dataType='double'>"
+        "<PMML><DataDictionary><DataField name='n' displayName='Number' optype='ordinal' dataType='double'>"
         "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/><Value value='2'/></DataField>"
         "<DataField name='s' optype='categorical' dataType='string'><Value value='1' displayValue='text'/></DataField>"
-        "<DataField name='i' optype='continuous' dataType='integer'/>"
-        "</DataDictionary></PMML>");
-    const auto& dictionary = std::get<Dictionary>(result);
-    const auto source = MakeDataSource(dictionary);
-    const auto metaData = MakeMetaData(dictionary);
+        "<DataField name='i' optype='continuous' dataType='integer'/></DataDictionary></PMML>");
+    const auto source = MakeDataSource(std::get<Dictionary>(result));
+    const auto metaData = MakeMetaData(std::get<Dictionary>(result));
     ASSERT_EQ(metaData->FieldCount(), 3);
     const int types[] = {2, 0, 1};
     for (int i = 0; i < 3; ++i) {
