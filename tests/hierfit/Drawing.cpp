@@ -1,22 +1,15 @@
 #include "tests/hierfit/Drawing.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
-#include <type_traits>
-#include <utility>
 
 #include "host/SystemMissing.h"
-#include "tests/hierfit/Samples.h"
+#include "tests/hierfit/ProcedureRun.h"
 
 namespace hierfit::test {
 
 namespace {
-
-template <class... Cases>
-struct Overloaded : Cases... {
-    using Cases::operator()...;
-};
-template <class... Cases>
-Overloaded(Cases...) -> Overloaded<Cases...>;
 
 std::string DrawNumber(double number) {
     if (number == kSystemMissing) return ".";
@@ -31,28 +24,6 @@ std::string DrawArguments(const document::PatternSource& pattern) {
         std::string texts;
         for (const document::Text& text : argument.fvTexts) texts += (texts.empty() ? "" : "; ") + DrawText(text);
         drawn += (drawn.empty() ? "" : "; ") + (argument.fIsSublist ? "[" + texts + "]" : texts);
-    }
-    return drawn;
-}
-
-std::string DrawValue(const document::ChartValue& value) {
-    return std::visit(
-        Overloaded{[](std::monostate) { return std::string("-"); }, [](double number) { return DrawNumber(number); },
-                   [](const std::string& text) { return "'" + text + "'"; }},
-        value);
-}
-
-std::string DrawArguments(const document::ChartCall& call) {
-    std::string drawn;
-    for (const document::ChartCall::Argument& argument : call.fvArguments) {
-        drawn += drawn.empty() ? "" : ",";
-        drawn += std::visit(Overloaded{[](bool flag) { return std::string(flag ? "true" : "false"); },
-                                       [](const std::string& text) { return text; },
-                                       [](const std::array<int, 3>& format) {
-                                           return std::to_string(format[0]) + "." + std::to_string(format[1]) + "." +
-                                                  std::to_string(format[2]);
-                                       }},
-                            argument);
     }
     return "(" + drawn + ")";
 }
@@ -83,11 +54,13 @@ std::string DrawMembers(const std::list<document::Member>& members, const std::s
     return drawn;
 }
 
-std::string DrawPosition(const document::Dimension& dimension) {
-    if (!dimension.fPositioned) return "by itself";
-    return std::string(dimension.fSide == document::Side::Rows ? "rows " : "columns ") +
-           std::to_string(dimension.fIndex) + (dimension.fHideName ? " -name" : "") +
-           (dimension.fHideLabels ? " -labels" : "");
+std::string DrawDimension(const document::Dimension& dimension, Paths& paths) {
+    const std::string side = dimension.fSide == document::Side::Rows ? "rows " : "columns ";
+    std::string drawn = dimension.fPositioned ? side + std::to_string(dimension.fIndex) : "by itself";
+    if (dimension.fHideName) drawn += " -name";
+    if (dimension.fHideLabels) drawn += " -labels";
+    drawn += " " + DrawText(dimension.fName) + (dimension.fSort == 2 ? "" : "!");
+    return drawn + ": " + DrawMembers(dimension.fMembers, "", paths) + "\n";
 }
 
 std::size_t PlaceOf(const Paths& paths, int id) {
@@ -107,52 +80,17 @@ std::string DrawCells(const document::Table& table, const std::vector<Paths>& pa
             label += (i > 0 ? " | " : "") + (place < paths[i].size() ? paths[i][place].second : "-");
         }
         auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return one.first == label; });
-        if (row == rows.end()) row = rows.insert(row, {label, Strings(hasColumns ? paths.back().size() : 1, "_")});
+        if (row == rows.end()) row = rows.insert(row, {label, Strings(hasColumns ? paths.back().size() : 1, " _")});
         const std::size_t column = hasColumns ? PlaceOf(paths.back(), cell.fvAt.back()) : 0;
-        row->second.at(column) = DrawText(cell.fContent) + DrawNotes(cell.fvNotes);
+        row->second.at(column) = " " + DrawText(cell.fContent) + DrawNotes(cell.fvNotes);
     }
     std::string drawn;
-    for (const auto& [label, cells] : rows) {
-        drawn += label + ":";
-        for (const std::string& cell : cells) drawn += " " + cell;
-        drawn += "\n";
-    }
+    for (const auto& [label, cells] : rows) drawn += label + ":" + Join(cells, "", "") + "\n";
     return drawn;
 }
 
-}  // namespace
-
-std::string DrawText(const document::Text& text) {
-    return std::visit(Overloaded{
-                          [](const document::StringSource& source) {
-                              return source.fTranslate ? source.fString : "'" + source.fString + "'";
-                          },
-                          [](const document::NumberSource& source) {
-                              std::string drawn =
-                                  DrawNumber(source.fNumber) + "CESGNPD"[static_cast<int>(source.fFormat.fName)];
-                              const bool isDigits = source.fFormat.fName == document::FormatName::SigDigit;
-                              if (isDigits && source.fFormat.fArgument != source.fNumber) drawn += "!";
-                              return drawn;
-                          },
-                          [](const document::VariableSource& source) {
-                              return "<" + source.fVariable + "/" + std::to_string(source.fShow) + ">";
-                          },
-                          [](const document::ValueSource& source) {
-                              const auto* number = std::get_if<double>(&source.fValue);
-                              return "<" + source.fVariable + "=" +
-                                     (number ? DrawNumber(*number) : std::get<std::string>(source.fValue)) + "/" +
-                                     std::to_string(source.fPreference) + ">";
-                          },
-                          [](const document::PatternSource& source) {
-                              return (source.fTranslate ? source.fPattern : "'" + source.fPattern + "'") + "(" +
-                                     DrawArguments(source) + ")";
-                          },
-                      },
-                      text.fFrom);
-}
-
 std::string DrawTable(const document::Table& table) {
-    std::string drawn = "table " + DrawText(table.fSubtype) + " " + DrawText(table.fTitle);
+    std::string drawn = "table " + DrawText(table.fTitle);
     if (!table.fFlag) drawn += " flag false";
     if (table.fMinDataColumnWidth) drawn += " width " + std::to_string(*table.fMinDataColumnWidth);
     drawn += "\n";
@@ -160,10 +98,15 @@ std::string DrawTable(const document::Table& table) {
     for (const document::Text& note : table.fvNotes) drawn += "note " + DrawText(note) + "\n";
     std::vector<Paths> paths;
     for (const document::Dimension& dimension : table.fvDimensions) {
-        drawn += DrawPosition(dimension) + " " + DrawText(dimension.fName) + (dimension.fSort == 2 ? "" : "!") + ": ";
-        drawn += DrawMembers(dimension.fMembers, "", paths.emplace_back()) + "\n";
+        drawn += DrawDimension(dimension, paths.emplace_back());
     }
     return table.fvCells.empty() ? drawn : drawn + DrawCells(table, paths);
+}
+
+std::string DrawValue(const document::ChartValue& value) {
+    if (const auto* number = std::get_if<double>(&value)) return " " + DrawNumber(*number);
+    const auto* text = std::get_if<std::string>(&value);
+    return text ? " '" + *text + "'" : " -";
 }
 
 std::string DrawChart(const document::Chart& chart) {
@@ -171,31 +114,73 @@ std::string DrawChart(const document::Chart& chart) {
     for (const document::ChartSource& source : chart.fvData) {
         for (const document::ChartVariable& variable : source.fvVariables) {
             drawn += source.fName + "." + variable.fName + ":";
-            for (const document::ChartValue& value : variable.fvValues) drawn += " " + DrawValue(value);
+            for (const document::ChartValue& value : variable.fvValues) drawn += DrawValue(value);
             drawn += "\n";
         }
     }
     for (const document::ChartSetting& setting : chart.fvSettings) {
         drawn += setting.fName + "[" + std::to_string(setting.fIndex) + "]:";
-        for (const document::ChartCall& call : setting.fvCalls) drawn += " " + call.fName + DrawArguments(call);
+        for (const document::ChartCall& call : setting.fvCalls) drawn += " " + call.fName;
         drawn += "\n";
+    }
+    return drawn + chart.fXml + "\n";
+}
+
+std::string Trimmed(std::string_view text) {
+    const std::size_t begin = std::min(text.find_first_not_of('\n'), text.size());
+    return std::string(text.substr(begin, text.find_last_not_of('\n') + 1 - begin));
+}
+
+}  // namespace
+
+std::string DrawText(const document::Text& text) {
+    const document::Source& from = text.fFrom;
+    if (const auto* string = std::get_if<document::StringSource>(&from)) {
+        return string->fTranslate ? string->fString : "'" + string->fString + "'";
+    }
+    if (const auto* number = std::get_if<document::NumberSource>(&from)) {
+        const bool isDigits = number->fFormat.fName == document::FormatName::SigDigit;
+        return DrawNumber(number->fNumber) + "CESGNPD"[static_cast<int>(number->fFormat.fName)] +
+               (isDigits && number->fFormat.fArgument != number->fNumber ? "!" : "");
+    }
+    if (const auto* variable = std::get_if<document::VariableSource>(&from)) {
+        return "<" + variable->fVariable + "/" + std::to_string(variable->fShow) + ">";
+    }
+    if (const auto* value = std::get_if<document::ValueSource>(&from)) {
+        const auto* number = std::get_if<double>(&value->fValue);
+        return "<" + value->fVariable + "=" + (number ? DrawNumber(*number) : std::get<std::string>(value->fValue)) +
+               "/" + std::to_string(value->fPreference) + ">";
+    }
+    const auto& pattern = std::get<document::PatternSource>(from);
+    return (pattern.fTranslate ? pattern.fPattern : "'" + pattern.fPattern + "'") + DrawArguments(pattern);
+}
+
+std::string Draw(const std::list<document::Item>& items, const std::string& subtype) {
+    std::string drawn;
+    for (const document::Item& item : items) {
+        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
+            if (subtype.empty()) drawn += "heading " + DrawText(heading->fTitle) + "\n";
+            drawn += Draw(heading->fItems, subtype);
+        } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
+            if (table->fSubtype.fWords == subtype) drawn += DrawTable(*table);
+        } else if (const auto* chart = std::get_if<document::Chart>(&item.fContent)) {
+            if (subtype == "charts") drawn += DrawChart(*chart);
+        } else if (subtype.empty()) {
+            const auto& message = std::get<document::Message>(item.fContent);
+            drawn += "message " + std::to_string(message.fShow) + " " + std::to_string(message.fLevel) + " " +
+                     DrawText(message.fText) + "\n";
+        }
     }
     return drawn;
 }
 
-std::string DrawItems(const std::list<document::Item>& items, const std::string& indent) {
-    std::string drawn;
-    for (const document::Item& item : items) {
-        if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) {
-            drawn += indent + "heading " + DrawText(heading->fTitle) + "\n" + DrawItems(heading->fItems, indent + "  ");
-        } else if (const auto* table = std::get_if<document::Table>(&item.fContent)) {
-            drawn += indent + DrawTable(*table);
-        } else if (const auto* message = std::get_if<document::Message>(&item.fContent)) {
-            drawn += indent + "message " + std::to_string(message->fShow) + " " + std::to_string(message->fLevel) +
-                     " " + DrawText(message->fText) + "\n";
-        }
+void CheckTables(const std::string& subtype, std::string_view diagnostic, std::span<const TableCase> cases) {
+    for (const TableCase& one : cases) {
+        ProcedureRun run;
+        ASSERT_TRUE(run.Run(one.fSample.Text())) << run.Diagnostics();
+        const std::string drawn = Draw(run.GetItems(), subtype) + run.Diagnostics(diagnostic);
+        EXPECT_EQ(Trimmed(drawn), Trimmed(one.fDrawn)) << "case " << &one - cases.data();
     }
-    return drawn;
 }
 
 }  // namespace hierfit::test

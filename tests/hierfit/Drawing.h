@@ -1,8 +1,10 @@
 #pragma once
 
+#include <span>
 #include <string>
 
 #include "host/document/Document.h"
+#include "tests/hierfit/Samples.h"
 
 namespace hierfit::test {
 
@@ -12,15 +14,19 @@ namespace hierfit::test {
 /// square brackets.
 std::string DrawText(const document::Text& text);
 
-/// A table, one line each for title, captions, notes, dimensions and rows of cells: "Model: 3G 0.05S", "_" where a row
-/// has no cell. "*" parts notes.
-std::string DrawTable(const document::Table& table);
+/// The tables of a subtype, a line each for title, captions, notes, dimensions and rows of cells: "Model: 3G 0.05S",
+/// "_" where a row has no cell. "*" parts notes. With "charts", the charts with their XML in place of tables: template
+/// and description, a line for each variable of each source, such as "source0.X: 1 'lo' -", where "-" was never
+/// written, and one for the names of the calls on each variable's settings. With neither, headings and messages.
+std::string Draw(const std::list<document::Item>& items, const std::string& subtype = "");
 
-/// A chart without its XML: template and description, a line for each variable of each source, such as
-/// "source0.X: 1 'lo' -", where "-" was never written, and one for the calls on each variable's settings.
-std::string DrawChart(const document::Chart& chart);
+/// A document, and what comes of it: the tables of a subtype as they are drawn, and what the diagnostics tell of them.
+struct TableCase {
+    Sample fSample;
+    std::string_view fDrawn;  ///< line feeds about it do not count
+};
 
-/// The whole output, items of headings indented.
-std::string DrawItems(const std::list<document::Item>& items, const std::string& indent = "");
+/// Runs the procedure on each document. The diagnostics about a table begin as told.
+void CheckTables(const std::string& subtype, std::string_view diagnostic, std::span<const TableCase> cases);
 
 }  // namespace hierfit::test

@@ -7,10 +7,6 @@ namespace {
 
 constexpr const char* kMissing = "__MISSING__";
 
-// ---- Means ----
-
-void TopMeans(ChartStage&, HFITChartOutput& charts) { charts.BuildTopMeansCharts(); }
-
 Coordinates ColumnOf(const std::string& field, const Strings& values) { return {3, field, "", values}; }
 
 EstimateData MeansOf(std::vector<Coordinates> factors, const Strings& means, const Strings& lower,
@@ -23,135 +19,80 @@ EstimateData MeansOf(std::vector<Coordinates> factors, const Strings& means, con
     return data;
 }
 
+void MakeTopMeans(ChartStage& stage, const std::vector<EstimateData>& records) {
+    *stage.fStats.CreateEmmeansEstimates() = records;
+    stage.Charts().BuildTopMeansCharts();
+}
+
 const ChartCase kTopMeans[] = {
-    {"one factor, one of an unknown effect, and two factors",
-     [](ChartStage& stage) {
-         *stage.fStats.CreateEmmeansEstimates() = {
-             MeansOf({ColumnOf("a", {"1", "x1"})}, {"5", kMissing}, {"4"}, {"6", "7"}),
-             MeansOf({ColumnOf("t", {"1"})}, {"1"}, {"1"}, {"1"}),
-             MeansOf({ColumnOf("b", {"lo"}), ColumnOf("a", {"2"})}, {"1"}, {"0"}, {"2"})};
+    // One factor, one of an unknown effect, and two factors.
+    {[](ChartStage& stage) {
+         MakeTopMeans(stage, {MeansOf({ColumnOf("a", {"1", "x1"})}, {"5", kMissing}, {"4"}, {"6", "7"}),
+                              MeansOf({ColumnOf("t", {"1"})}, {"1"}, {"1"}, {"1"}),
+                              MeansOf({ColumnOf("b", {"lo"}), ColumnOf("a", {"2"})}, {"1"}, {"0"}, {"2"})});
      },
-     TopMeans,
-     R"(
-heading Estimated Marginal Means for Top Significant Fixed Effects
-chart GLMMEmMeans Yield by a
+     {R"(chart GLMMEmMeans Yield by a
 source0.effect1: 1 1 'x1' 'x1'
 source0.effect2: - - - -
 source0.target: 5 5 0 0
 source0.confMargin: 4 6 0 7
-effect1[0]: setLabel(a) setKESTVariable(a) addRelabels()
-chart GLMMEmMeans Yield by Level * a
+effect1[0]: setLabel setKESTVariable addRelabels
+)",
+      "[Yield]", R"(chart GLMMEmMeans Yield by Level * a
 source0.effect1: 'lo' 'lo'
 source0.effect2: 2 2
 source0.target: 1 1
 source0.confMargin: 0 2
-effect1[0]: setLabel(Level) setKESTVariable(b) addRelabels()
-effect2[0]: setLabel(a) setKESTVariable(a) addRelabels()
 )",
-     {"[Yield]", "title=\"effect1Label\"", "<legend id=\"legend\">"},
-     {},
+      "<legend id=\"legend\">"},
      "a chart of means is left out: its first factor begins no fixed effect\n"},
-    {"twelve records",
-     [](ChartStage& stage) {
-         stage.fStats.CreateEmmeansEstimates()->assign(12, MeansOf({ColumnOf("a", {})}, {}, {}, {}));
-     },
-     [](ChartStage& stage, HFITChartOutput& charts) {
-         TopMeans(stage, charts);
-         const auto& heading = std::get<document::Heading>(stage.fRun.GetDocument().fItems.front().fContent);
+    // Twelve records.
+    {[](ChartStage& stage) {
+         MakeTopMeans(stage, std::vector<EstimateData>(12, MeansOf({ColumnOf("a", {})}, {}, {}, {})));
+         const auto& heading = std::get<document::Heading>(stage.fRun.GetItems().front().fContent);
          EXPECT_EQ(heading.fItems.size(), 11U);
      },
-     nullptr,
-     {"[Yield]"},
-     {"<legend", "YAxisLabel"}},
-    {"no records", [](ChartStage& stage) { stage.fStats.CreateEmmeansEstimates(); }, TopMeans, R"(
-heading Estimated Marginal Means for Top Significant Fixed Effects
-)"},
-    {"no record list", [](ChartStage&) {}, TopMeans, ""},
+     {"chart", "!<legend"}},
+    {[](ChartStage& stage) { MakeTopMeans(stage, {}); }},
+    {[](ChartStage& stage) { stage.Charts().BuildTopMeansCharts(); }},
 };
 
 TEST(TopMeansCharts, AreSent) { CheckCharts(kTopMeans); }
 
-EmmeansData BlockOf(EstimateData estimates) {
+EmmeansData BlockOf(EstimateData estimates, std::vector<WarningMessage> warnings = {}) {
     EmmeansData block;
     block.fEstimates = std::move(estimates);
+    block.fvWarningList = std::move(warnings);
     return block;
 }
 
-/// A build step for a chart of one block.
-template <class Operation>
-auto Of(Operation makeBlock, void (HFITChartOutput::*build)(const EmmeansData&)) {
-    return [=](ChartStage& stage, HFITChartOutput& charts) { (charts.*build)(makeBlock(stage)); };
-}
-
-constexpr auto kCustom = &HFITChartOutput::BuildCustomEffectsChart;
-
 const ChartCase kCustomEffects[] = {
-    {"one factor, limits missing here and there",
-     Nothing,
-     Of(
-         [](ChartStage& stage) {
-             EmmeansData block = BlockOf(MeansOf({ColumnOf("x", {"1", "2", "3", "4"})}, {"5", kMissing, "6", "7"},
-                                                 {"4", "1", kMissing, "6"}, {"6", "1", "8", ""}));
-             block.fvLabels = {{"x", stage.Value("x", "2.345")}, {"n", stage.Value("n", "7")}};
-             return block;
-         },
-         kCustom),
-     R"(
-chart GLMMCustomEffects Estimated Means: Custom Effects
+    // One factor, limits missing here and there.
+    {[](ChartStage& stage) {
+         EmmeansData block = BlockOf(MeansOf({ColumnOf("x", {"1", "2", "3", "4"})}, {"5", kMissing, "6", "7"},
+                                             {"4", "1", kMissing, "6"}, {"6", "1", "8", ""}));
+         block.fvLabels = {{"x", stage.Value("x", "2.345")}, {"n", stage.Value("n", "7")}};
+         stage.Charts().BuildCustomEffectsChart(block);
+     },
+     {R"(
 source_0.targetValue: 5 5 - - 6 6 7 7
 source_0.effect1: 1 1 - - 3 3 4 4
 source_0.effect2: '' '' - - '' '' '' ''
 source_0.effect3: '' '' - - '' '' '' ''
 source_0.confMargin: 4 6 - - 8 8 6 -
-effect1[0]: setLabel(Dose) setCategorical(false)
+effect1[0]: setLabel setCategorical
 )",
-     {"width=\"99%\"", "<title>Estimates</title>", "[Dose]", "[Estimated Mean]",
-      "[Continuous predictors fixed at x = 2.35, n = 7]"},
-     {"<color", "<legend id=\"legend\">", "<faceting", "<facetLayout"}},
-    {"three factors",
-     Nothing,
-     Of(
-         [](ChartStage&) {
-             return BlockOf(
-                 MeansOf({ColumnOf("a", {"1"}), ColumnOf("t", {"2"}), ColumnOf("b", {"hi"})}, {"5"}, {"4"}, {"6"}));
-         },
-         kCustom),
-     R"(
-chart GLMMCustomEffects Estimated Means: Custom Effects
-source_0.targetValue: 5 5
-source_0.effect1: 1 1
-source_0.effect2: 2 2
-source_0.effect3: 'hi' 'hi'
-source_0.confMargin: 4 6
-effect1[0]: setLabel(a) setCategorical(true) setKESTVariable(a) addRelabels()
-effect2[0]: setLabel(t) setKESTVariable(t) addRelabels()
-effect3[0]: setLabel(Level) setKESTVariable(b) addRelabels() setFormatBasedOnKESTVariable(b) SetFormatPrefix(Level = )
-)",
-     {"width=\"75%\"", "<color", "<faceting", "<legend id=\"legend\">", "<footnote><![CDATA[]]></footnote>"}},
-    {"two factors",
-     Nothing,
-     Of(
-         [](ChartStage&) {
-             return BlockOf(MeansOf({ColumnOf("a", {"1"}), ColumnOf("b", {"hi"})}, {"5"}, {"4"}, {"6"}));
-         },
-         kCustom),
-     nullptr,
-     {"75%", "<color", "<legend id=\"legend\">"},
-     {"<faceting"}},
-    {"refused", Nothing,
-     Of(
-         [](ChartStage&) {
-             EmmeansData block = BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"5"}, {"4"}, {"6"}));
-             block.fvWarningList = {{"kGLMM_C19_1", {}}, {"kGLMM_C20", {}}};
-             return block;
-         },
-         kCustom),
-     ""},
+      "[Continuous predictors fixed at x = 2.35, n = 7]", "!<color", "!<faceting"}},
+    {[](ChartStage& stage) {
+         const EstimateData means = MeansOf({ColumnOf("a", {"1"}), ColumnOf("b", {"hi"})}, {"5"}, {"4"}, {"6"});
+         stage.Charts().BuildCustomEffectsChart(BlockOf(means));
+         stage.Charts().BuildCustomEffectsChart(BlockOf(means, {{"kGLMM_C19_1", {}}, {"kGLMM_C20", {}}}));
+         EXPECT_EQ(stage.fRun.GetItems().size(), 1U);
+     },
+     {"<color", "!<faceting", "<footnote><![CDATA[]]></footnote>"}},
 };
 
 TEST(CustomEffectsChart, IsSent) { CheckCharts(kCustomEffects); }
-
-// ---- Contrasts ----
 
 EmmeansData ContrastsOf(int kind, std::vector<Coordinates> factors, const Strings& estimates, const Strings& sigs) {
     EmmeansData block;
@@ -165,8 +106,6 @@ EmmeansData ContrastsOf(int kind, std::vector<Coordinates> factors, const String
     block.fContrasts.fCIUpper.fvValues = Strings(sigs.size(), "1");
     return block;
 }
-
-constexpr auto kContrast = &HFITChartOutput::BuildContrastChart;
 
 EmmeansData Pairs() {
     return ContrastsOf(ContrastKind::PAIRWISE, {ColumnOf("a", {"1", "1", "2"}), ColumnOf("a", {"02", "3", "3"})},
@@ -197,27 +136,10 @@ EmmeansData SimpleInPanels() {
     return block;
 }
 
-template <class Change>
-auto Changed(EmmeansData (*makeBlock)(), Change change) {
-    return Of(
-        [=](ChartStage& stage) {
-            EmmeansData block = makeBlock();
-            change(stage, block);
-            return block;
-        },
-        kContrast);
-}
-
-auto Plain(EmmeansData (*makeBlock)()) {
-    return Changed(makeBlock, [](ChartStage&, EmmeansData&) {});
-}
-
 const ChartCase kContrastCharts[] = {
-    {"pairs with a missing, a full and a strict significance",
-     Nothing,
-     Plain(Pairs),
-     R"(
-chart GLMMPairwiseContrasts.viztemplate Pairwise Contrasts
+    // Pairs with a missing, a full and a strict significance.
+    {[](ChartStage& stage) { stage.Charts().BuildContrastChart(Pairs()); },
+     {R"(
 nodeSource_1.node: 3 2 1 2
 nodeSource_1.facet1: '' '' '' ''
 nodeSource_1.facet2: '' '' '' ''
@@ -229,54 +151,22 @@ edgeSource_1.type: 1 0 0
 edgeSource_1.facet1: '' '' ''
 edgeSource_1.facet2: '' '' ''
 edgeSource_1.tooltip: 'Yield: two > one' 'Yield: one ~ 3' 'Yield: 3 ~ two'
-node[0]: setLabel(a) setKESTVariable(a) addRelabel(1,one) addRelabel(2,two)
-type[0]: addRelabel(0,Not Significant) addRelabel(1,Significant)
-from[0]: addRelabel(1,one) addRelabel(2,two)
-to[0]: addRelabel(1,one) addRelabel(2,two)
 )",
-     {"[Pairwise Contrasts]",
-      "[Sequential Sidak significance adjust 0.05\nConfidence interval bounds are approximate.]", "[Target: Yield]"},
-     {"faceting", "facetLayout"}},
-    {"pairs of texts in panels of two variables",
-     Nothing,
-     Plain(PairsInPanels),
-     R"(
-chart GLMMPairwiseContrasts.viztemplate Pairwise Contrasts
+      "[Sequential Sidak significance adjust 0.05\nConfidence interval bounds are approximate.]", "!faceting"}},
+    // Pairs of texts in panels of two variables.
+    {[](ChartStage& stage) { stage.Charts().BuildContrastChart(PairsInPanels()); },
+     {R"(
 nodeSource_1.node: '05lo' '05hi'
 nodeSource_1.facet1: 0 0
 nodeSource_1.facet2: 5 5
 edgeSource_1.from: '05hi'
 edgeSource_1.to: '05lo'
 edgeSource_1.weight: 1
-edgeSource_1.weightInPopup: 0
-edgeSource_1.type: 1
-edgeSource_1.facet1: 0
-edgeSource_1.facet2: 5
-edgeSource_1.tooltip: 'Yield: lo > hi'
-node[0]: setLabel(Level) setKESTVariable(b) addRelabel(5lo,Low)
-type[0]: addRelabel(0,Not Significant) addRelabel(1,Significant)
-facet1[0]: setLabel(a) setKESTVariable(a) addRelabels()
-facet1[1]: setLabel(a) setKESTVariable(a) addRelabels()
-facet2[0]: setLabel(Dose) setKESTVariable(x) addRelabels()
-facet2[1]: setLabel(Dose) setKESTVariable(x) addRelabels()
-from[0]: addRelabel(5lo,Low)
-to[0]: addRelabel(5lo,Low)
 )",
-     {"\"facet1\"", "\"facet2\"", "depth=\"2\""}},
-    {"pairs in panels of one variable",
-     Nothing,
-     Changed(PairsInPanels,
-             [](ChartStage&, EmmeansData& block) {
-                 block.fContrasts.fvFactorCoords.erase(block.fContrasts.fvFactorCoords.begin());
-             }),
-     nullptr,
-     {"\"facet1\"", "depth=\"1\""},
-     {"\"facet2\"", "depth=\"2\""}},
-    {"deviations, one without a mean",
-     Nothing,
-     Plain(Deviations),
-     R"(
-chart GLMMSimpleContrasts Deviation Contrasts
+      "edgeSource_1.tooltip: 'Yield: lo > hi'\n", "depth=\"2\""}},
+    // Deviations, one without a mean.
+    {[](ChartStage& stage) { stage.Charts().BuildContrastChart(Deviations()); },
+     {R"(
 source.value: 10 9 10 11.5
 source.category: 1 1 2 2
 source.type: 1 1 0 0
@@ -284,17 +174,12 @@ source.facet1: 0 0 0 0
 source.facet2: 0 0 0 0
 source.confMargin: 9 11 9 11
 source.tooltip: 'Yield: one down' 'Yield: one down' 'Yield: two same' 'Yield: two same'
-category[0]: setLabel(a) setKESTVariable(a) addRelabels()
 )",
-     {"y=\"10\"><unless><![CDATA[false]]>", "[Deviation Contrasts]", "[Sequential Sidak", "[Horizontal Line Deviation]",
-      "slot=\"confMargin\" name=\"confMargin\" source=\"source\" role=\"measure\"", "slot=\"tooltip\""},
-     {"whenText", "faceting", "facetLayout"},
+      "y=\"10\"><unless><![CDATA[false]]>", "!whenText", "!faceting"},
      "chart \"Deviation Contrasts\": a level is left out: the block has no mean for it\n"},
-    {"simple contrasts in panels of texts",
-     Nothing,
-     Plain(SimpleInPanels),
-     R"(
-chart GLMMSimpleContrasts Simple Contrasts
+    // Simple contrasts in panels of texts.
+    {[](ChartStage& stage) { stage.Charts().BuildContrastChart(SimpleInPanels()); },
+     {R"(
 source.value: 3 5 10 6 3 3
 source.category: 2 2 2 2 3 3
 source.type: 1 1 1 1 0 0
@@ -302,28 +187,23 @@ source.facet1: 'hi' 'hi' 'lo' 'lo' 'hi' 'hi'
 source.facet2: 0 0 0 0 0 0
 source.confMargin: 2 4 9 11 2 4
 source.tooltip: 'Yield: two > one' 'Yield: two > one' 'Yield: two < one' 'Yield: two < one' 'Yield: 3 ~ one' 'Yield: 3 ~ one'
-category[0]: setLabel(a) setKESTVariable(a) addRelabels()
-facet1[0]: setLabel(Level) setKESTVariable(b) addRelabels() setFormatBasedOnKESTVariable(b) SetFormatPrefix(Level = )
 )",
-     {"\"facet1\"", "y=\"3\"><unless><![CDATA[facet1!=&quot;hi&quot;]]>",
-      "y=\"10\"><unless><![CDATA[facet1!=&quot;lo&quot;]]>", "[Yield at a = one (one)]"},
-     {"whenText", "\"facet2\"></variableReference>"}},
-    {"no overall tests", Nothing, Changed(Pairs, [](ChartStage&, EmmeansData& block) { block.fvOverallTests.clear(); }),
-     ""},
-    {"no kind", Nothing,
-     Changed(Pairs, [](ChartStage&, EmmeansData& block) { block.fContrasts.fContrastKind = ContrastKind::OTHER; }), ""},
-    {"one factor column",
-     Nothing,
-     Changed(Pairs, [](ChartStage&, EmmeansData& block) { block.fContrasts.fvFactorCoords.pop_back(); }),
-     "",
-     {},
+      "y=\"3\"><unless><![CDATA[facet1!=&quot;hi&quot;]]>", "y=\"10\"><unless><![CDATA[facet1!=&quot;lo&quot;]]>",
+      "!\"facet2\"></variableReference>"}},
+    // Neither overall tests, nor a kind, nor a second factor column.
+    {[](ChartStage& stage) {
+         EmmeansData blocks[] = {Pairs(), Pairs(), Pairs()};
+         blocks[0].fvOverallTests.clear();
+         blocks[1].fContrasts.fContrastKind = ContrastKind::OTHER;
+         blocks[2].fContrasts.fvFactorCoords.pop_back();
+         for (const EmmeansData& block : blocks) stage.Charts().BuildContrastChart(block);
+     },
      {},
      "a chart of contrasts is left out: its contrasts have one factor column, not two\n"},
-    {"no adjustment that is known",
-     Nothing,
-     Changed(Pairs, [](ChartStage& stage,
-                       EmmeansData&) { stage.fStats.GetBuildSettings()->fPAdjustment = PAdjustment::OTHER; }),
-     nullptr,
+    {[](ChartStage& stage) {
+         stage.fStats.GetBuildSettings()->fPAdjustment = PAdjustment::OTHER;
+         stage.Charts().BuildContrastChart(Pairs());
+     },
      {"<footnote><![CDATA[]]></footnote>"}},
 };
 
@@ -331,13 +211,11 @@ TEST(ContrastCharts, AreSent) { CheckCharts(kContrastCharts); }
 
 TEST(MeansCharts, AreNotSentWithoutSettings) {
     ChartStage stage;
-    stage.fStats.CreateEmmeansEstimates();
     stage.fStats.RemoveBuildSettings();
-    HFITChartOutput charts(&stage.fRun.GetOutput(), stage.fRun.GetDataSource(), &stage.fStats);
-    charts.BuildTopMeansCharts();
-    charts.BuildCustomEffectsChart(BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"1"}, {}, {})));
-    charts.BuildContrastChart(Pairs());
-    EXPECT_TRUE(stage.fRun.GetDocument().fItems.empty());
+    MakeTopMeans(stage, {});
+    stage.Charts().BuildCustomEffectsChart(BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"1"}, {}, {})));
+    stage.Charts().BuildContrastChart(Pairs());
+    EXPECT_TRUE(stage.fRun.GetItems().empty());
 }
 
 }  // namespace

@@ -1,27 +1,22 @@
 #include <gtest/gtest.h>
 
-#include "tests/hierfit/ProcedureRun.h"
-#include "tests/hierfit/Samples.h"
-#include "tests/hierfit/TableCase.h"
+#include "tests/hierfit/Drawing.h"
 
 namespace hierfit::test {
 namespace {
 
-std::string Settings(const std::string& more) { return Sample().fSettings + more; }
-
 const std::string kTrials = Parameter("UseTrials", "true") + Parameter("TrialsField", "n");
 const std::string kFixedTrials = Parameter("UseTrials", "true") + Parameter("TrialsValue", "20");
+const std::string kNominal = Parameter("TargetField", "r") + Parameter("DistributionOfTarget", "NOMINAL");
 
 const TableCase kSummaries[] = {
-    {"a nominal target with trials in a field and a parameter that its link does not take",
-     {.fSettings = Settings(kTrials + Parameter("DistributionOfTarget", "NOMINAL") +
-                            Parameter("LinkFunctionType", "LOGIT") + Parameter("LinkFunctionParam", "1.5"))},
-     "ModelSummary",
+    // Trials in a field and a parameter that the link does not take.
+    {{.fSettings = kNominal + kTrials + Parameter("LinkFunctionType", "LOGIT") + Parameter("LinkFunctionParam", "1.5")},
      R"(
-table 'ModelSummary' Model Summary flag false width 150
+table Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(.G)
 rows 1 -name Content: Target{Events, Trials}, Measurement Level, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
-Target/Events: <y/2>
+Target/Events: <r/2>
 Target/Trials: <n/2>
 Measurement Level: Nominal
 Probability Distribution: Multinomial
@@ -29,13 +24,12 @@ Link Function: (1.5D)
 Information Criterion/Akaike Corrected: 1.5G
 Information Criterion/Bayesian: .G
 )"},
-    {"fixed trials, a power link and no target",
-     {.fSettings = Parameter("DistributionOfTarget", "GAMMA") + kFixedTrials + Parameter("LinkFunctionType", "POWER") +
+    // Fixed trials, a power link and no target.
+    {{.fSettings = Parameter("DistributionOfTarget", "GAMMA") + kFixedTrials + Parameter("LinkFunctionType", "POWER") +
                    Parameter("LinkFunctionParam", "-0.5"),
       .fStatistics = "<Statistic name='minus2LogLikelihood' value='7.25'/>"},
-     "ModelSummary",
      R"(
-table 'ModelSummary' Model Summary flag false width 150
+table Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(7.25G)
 rows 1 -name Content: Target{Events, Trials}, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
 Target/Events: </2>
@@ -47,49 +41,21 @@ Information Criterion/Bayesian: .G
 )"},
 };
 
-TEST(ModelSummary, IsIssued) { CheckTables(kSummaries); }
+TEST(ModelSummary, IsIssued) { CheckTables("ModelSummary", "table \"Model Summary\"", kSummaries); }
 
-std::string FirstSubject(const std::string& freq, const std::string& segment, const std::string& columns) {
-    return "<StructuredData description='firstSubjectRecordsForDataStructure'><Counts totalFreq='" + freq +
-           "'/><SegmentData>" + segment + "<MultivariateData>" + columns +
-           "</MultivariateData></SegmentData></StructuredData>";
-}
-
-std::string Group(const std::string& description, const std::string& columns) {
-    return "<CoordinatesGroup description='" + description + "'>" + columns + "</CoordinatesGroup>";
-}
+std::string Target(const std::string& columns) { return Group("target", columns); }
 
 const std::string kEstimates = Sample().fTraining;
 const std::string kUnused = Message("kGLMM_C26");
 
 const TableCase kStructures[] = {
-    {"no subjects", {.fDiagnostics = FirstSubject("2", Segment({}), "")}, "DataStructure", ""},
-    {"no subjects, since a field is unused", {.fTraining = kEstimates + kUnused}, "", R"(
-message 2 2 DATA_STRUCTURE:^1(Subject field not used ...)
-heading Covariance Parameters
-)"},
-    {"two subject fields, a repeated measure and ten records",
-     {.fDiagnostics = FirstSubject(
-          "10", Segment({"a", "2", "b", "hi"}),
-          Group("repeatedMeasures", Column("field='t'", "1 2")) + Group("target", Column("field='y'", "0.5 7")))},
-     "DataStructure",
-     R"(
-table 'DataStructure' Data Structure
-note Target ^1(<y/1>)
-rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
-rows 2 -name 'Data': Data for First Subject, Total Number of Levels
-columns 1 -name 'Variables': Subjects{<a/2>, <b/2>}, Repeated Measures{<t/2>}, Target{<y/2>}
-0N | Data for First Subject: <a=2/0> <b=hi/0> <t=1/0> <y=0.5/2>
-1N | Data for First Subject: <a=2/0> <b=hi/0> <t=2/0> <y=7/2>
-'Levels' | Total Number of Levels: 3N 2N 2N _
-)"},
-    {"fixed trials, eleven records and an unused field",
-     {.fSettings = Settings(kFixedTrials),
-      .fDiagnostics = FirstSubject("11", Segment({"a", "2"}), Group("target", Column("field='y'", "3"))),
+    {{.fDiagnostics = FirstSubject("2", {}, "")}, ""},
+    // Fixed trials, eleven records and an unused field.
+    {{.fSettings = kSettings + kFixedTrials,
+      .fDiagnostics = FirstSubject("11", {"a", "2"}, Target(Column("field='y'", "3"))),
       .fTraining = kEstimates + kUnused},
-     "DataStructure",
      R"(
-table 'DataStructure' Data Structure
+table Data Structure
 caption Only the first ^1 records are displayed.(10N)
 note Target ^1/^2(<y/1>; 20N)
 note [%1:
@@ -100,46 +66,49 @@ columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2> * Number of Trials = 
 0N | Data for First Subject: <a=2/0> <y=3/2>
 'Levels' | Total Number of Levels: 3N _
 )"},
-    {"a trials field that does not count, with too few values",
-     {.fSettings = Settings(Parameter("TrialsField", "n")),
-      .fDiagnostics = FirstSubject("2", Segment({"a", "2"}),
-                                   Group("target", Column("field='y'", "3 4") + Column("field='n'", "9")))},
-     "DataStructure",
+    // Ten records, a repeated measure, and a trials field that does not count, with too few values.
+    {{.fSettings = kSettings + Parameter("TrialsField", "n"),
+      .fDiagnostics = FirstSubject("10", {"a", "2"},
+                                   Group("repeatedMeasures", Column("field='t'", "1")) +
+                                       Target(Column("field='y'", "3 4") + Column("field='n'", "9")))},
      R"(
-table 'DataStructure' Data Structure
+table Data Structure
 note Target ^1(<y/1>)
 rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
-columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2>, <n/2>}
-0N | Data for First Subject: <a=2/0> <y=3/2> <n=9/2>
-1N | Data for First Subject: <a=2/0> <y=4/2> _
-'Levels' | Total Number of Levels: 3N _ _
-)",
-     "table \"Data Structure\": \"n\" has 1 values for 2 records, and the other cells stay empty\n"},
+columns 1 -name 'Variables': Subjects{<a/2>}, Repeated Measures{<t/2>}, Target{<y/2>, <n/2>}
+0N | Data for First Subject: <a=2/0> <t=1/0> <y=3/2> <n=9/2>
+1N | Data for First Subject: <a=2/0> _ <y=4/2> _
+'Levels' | Total Number of Levels: 3N 2N _ _
+table "Data Structure": "t" has 1 values for 2 records, and the other cells stay empty
+table "Data Structure": "n" has 1 values for 2 records, and the other cells stay empty
+)"},
 };
 
-TEST(DataStructure, IsIssued) { CheckTables(kStructures); }
-
-std::string Matrix(const std::string& attributes, const std::string& labels, const std::string& array) {
-    return "<Matrix description='classificationTable' " + attributes + ">" + labels + "<Array>" + array +
-           "</Array></Matrix>";
+TEST(DataStructure, IsIssued) {
+    CheckTables("DataStructure", "table \"Data Structure\"", kStructures);
+    const TableCase unused{{.fTraining = kEstimates + kUnused}, R"(
+message 2 2 DATA_STRUCTURE:^1(Subject field not used ...)
+heading Covariance Parameters
+)"};
+    CheckTables("", "table \"Data Structure\"", {&unused, 1});
 }
 
-std::string Labels(const Strings& labels) {
-    std::string text;
-    for (const std::string& label : labels) text += "<Label label='" + label + "'/>";
-    return "<MatrixLabels><RowColLabels>" + text + "</RowColLabels></MatrixLabels>";
-}
-
-const std::string kNominal = Parameter("TargetField", "r") + Parameter("DistributionOfTarget", "NOMINAL");
 const std::string kAccuracy = "<Statistic name='classificationAccuracy' value='0.625'/>";
+const std::string kLabels = "<Label label='no'/><Label label='yes'/>";
+
+std::string Classified(const std::string& attributes, const std::string& labels, const std::string& array) {
+    return Tag("Matrix description='classificationTable' " + attributes,
+               (labels.empty() ? "" : Tag("MatrixLabels", Tag("RowColLabels", labels))) + Tag("Array", array));
+}
 
 const TableCase kClassifications[] = {
-    {"events out of trials",
-     {.fSettings = Settings(kTrials), .fStatistics = kAccuracy, .fDiagnostics = Matrix("nbRows='2'", "", "3 1 0 0")},
-     "Classification",
+    // Events out of trials, without any event.
+    {{.fSettings = kSettings + kTrials,
+      .fStatistics = kAccuracy,
+      .fDiagnostics = Classified("nbRows='2'", "", "3 1 0 0")},
      R"(
-table 'Classification' Classification, overall ^1 ...(62.5P)
+table Classification, overall ^1 ...(62.5P)
 note Target ^1/^2(<y/1>; <n/1>)
 rows 2 Observed: Non-Event, Event
 rows 1 -name 'Statistics': E60868, % within Observed
@@ -149,24 +118,15 @@ Non-Event | % within Observed: 75P 25P
 Event | E60868: 0N 0N
 Event | % within Observed: 0P 0P
 )"},
-    {"fewer labels than rows",
-     {.fSettings = kNominal, .fDiagnostics = Matrix("nbRows='2'", Labels({"no"}), "1 2 3 4")},
-     "Classification",
-     "",
-     "table \"Classification\" is left out: there are fewer labels than rows\n"},
-    {"a matrix that is not square",
-     {.fSettings = kNominal, .fDiagnostics = Matrix("nbRows='2' nbCols='1'", Labels({"no", "yes"}), "1 2")},
-     "Classification",
-     "",
-     "table \"Classification\" is left out: the matrix is not square\n"},
-    {"three categories of trials",
-     {.fSettings = Settings(kTrials), .fDiagnostics = Matrix("nbRows='3' kind='diagonal'", "", "1 2 3")},
-     "Classification",
-     "",
-     "table \"Classification\" is left out: there are more than two categories of events out of trials\n"},
+    {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2'", "<Label label='no'/>", "1 2 3 4")},
+     R"(table "Classification" is left out: there are fewer labels than rows)"},
+    {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2' nbCols='1'", kLabels, "1 2")},
+     R"(table "Classification" is left out: the matrix is not square)"},
+    {{.fSettings = kSettings + kTrials, .fDiagnostics = Classified("nbRows='3' kind='diagonal'", "", "1 2 3")},
+     R"(table "Classification" is left out: there are more than two categories of events out of trials)"},
 };
 
-TEST(Classification, IsIssued) { CheckTables(kClassifications); }
+TEST(Classification, IsIssued) { CheckTables("Classification", "table \"Classification\"", kClassifications); }
 
 }  // namespace
 }  // namespace hierfit::test

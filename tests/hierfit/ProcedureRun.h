@@ -8,18 +8,17 @@
 #include "hierfit/store/HFITOutputStats.h"
 #include "host/context/RunContext.h"
 #include "host/pmml/Dictionary.h"
+#include "tests/hierfit/Samples.h"
 
 namespace hierfit::test {
 
-/// A run of the procedure on two texts, without the module and, without a translator, in
-/// the language of the source texts.
+/// A run of the procedure on two texts, without the module and, without a translator, in the language of the source
+/// texts.
 class ProcedureRun {
   public:
-    explicit ProcedureRun(std::string pmml, const context::Translator* translator = nullptr)
+    explicit ProcedureRun(std::string pmml = kSamplePmml, const context::Translator* translator = nullptr)
         : fPmml(std::move(pmml)),
           fDictionary(std::get<pmml::Dictionary>(pmml::Dictionary::Read(fPmml))),
-          fpDataSource(pmml::MakeDataSource(fDictionary)),
-          fpMetaData(pmml::MakeMetaData(fDictionary)),
           fContext({}, translator, HIERFIT_SHARE) {}
 
     /// A procedure with what the host gives it. It must not outlive the run.
@@ -47,20 +46,22 @@ class ProcedureRun {
     /// Whether the host remembers a look-up that failed since the last diagnostic.
     bool HasMiss() const { return fContext.GetMiss() != nullptr; }
 
-    const document::Document& GetDocument() { return fContext.GetDocument(); }
+    const std::list<document::Item>& GetItems() { return fContext.GetDocument().fItems; }
 
-    /// The texts of the diagnostics, one a line.
-    std::string Diagnostics() {
+    /// The texts of the diagnostics that begin with a text, one a line.
+    std::string Diagnostics(std::string_view begin = "") {
         std::string texts;
-        for (const document::Diagnostic& diagnostic : GetDocument().fvDiagnostics) texts += diagnostic.fText + "\n";
+        for (const document::Diagnostic& diagnostic : fContext.GetDocument().fvDiagnostics) {
+            if (diagnostic.fText.starts_with(begin)) texts += diagnostic.fText + "\n";
+        }
         return texts;
     }
 
   private:
     std::string fPmml;
     pmml::Dictionary fDictionary;
-    std::unique_ptr<ProcedureDataSource> fpDataSource;
-    std::unique_ptr<CFMetaData> fpMetaData;
+    std::unique_ptr<ProcedureDataSource> fpDataSource = pmml::MakeDataSource(fDictionary);
+    std::unique_ptr<CFMetaData> fpMetaData = pmml::MakeMetaData(fDictionary);
     context::RunContext fContext;
     context::RunContext::Activation fActivation{fContext};
     BpProcedure fOutput;

@@ -2,7 +2,6 @@
 
 #include "tests/hierfit/Drawing.h"
 #include "tests/hierfit/ProcedureRun.h"
-#include "tests/hierfit/Samples.h"
 #include "tests/support/ExampleFile.h"
 
 namespace hierfit::test {
@@ -15,51 +14,52 @@ TEST(Procedure, TakesOnePairOfDocuments) {
         std::vector<StatXMLBlock> fvBlocks;
         std::string fSummary;
         bool fIsRead;
-    };
-    const Case cases[] = {
-        {{SamplePmml()}, {{statXml}}, "", true},   {{}, {{statXml}}, "", false},
-        {{SamplePmml()}, {}, "", false},           {{SamplePmml(), SamplePmml()}, {{statXml}}, "", false},
-        {{SamplePmml()}, {{statXml}}, "x", false}, {{SamplePmml()}, {{statXml}, {statXml}}, "", false},
+    } cases[] = {
+        {{kSamplePmml}, {{statXml}}, "", true},
+        {{}, {{statXml}}, "", false},
+        {{kSamplePmml}, {}, "", false},
+        {{kSamplePmml, kSamplePmml}, {{statXml}}, "", false},
+        {{kSamplePmml}, {{statXml}}, "x", false},
+        {{kSamplePmml}, {{statXml}, {statXml}}, "", false},
         {{"no document"}, {{statXml}}, "", false},
     };
-    for (const Case& one : cases) {
-        ProcedureRun run(SamplePmml());
+    for (Case& one : cases) {
+        ProcedureRun run;
         const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
         EXPECT_TRUE(procedure->AcceptRun(nullptr, nullptr));
-        std::vector<std::string> pmml = one.fvPmml;
-        std::vector<StatXMLBlock> blocks = one.fvBlocks;
-        std::string summary = one.fSummary;
-        EXPECT_EQ(procedure->ProcessDocuments(pmml, blocks, summary), one.fIsRead);
-        EXPECT_EQ(run.GetDocument().fItems.empty(), !one.fIsRead);
+        EXPECT_EQ(procedure->ProcessDocuments(one.fvPmml, one.fvBlocks, one.fSummary), one.fIsRead);
+        EXPECT_EQ(run.GetItems().empty(), !one.fIsRead);
     }
 }
 
 TEST(Procedure, RefusesToRunWithoutWhatTheHostGives) {
     for (const int missing : {0, 1, 2}) {
-        ProcedureRun run(SamplePmml());
+        ProcedureRun run;
         const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
         if (missing == 0) procedure->fProcedure = nullptr;
         if (missing == 1) procedure->fDataSource = nullptr;
         if (missing == 2) procedure->fMetaData = nullptr;
-        EXPECT_FALSE(procedure->ProduceOutput(SamplePmml(), {Sample().Text()}));
-        EXPECT_TRUE(run.GetDocument().fItems.empty());
+        EXPECT_FALSE(procedure->ProduceOutput(kSamplePmml, {Sample().Text()}));
+        EXPECT_TRUE(run.GetItems().empty());
         EXPECT_FALSE(run.Diagnostics().empty());
     }
 }
 
 TEST(Procedure, ReplacesItsRecordsInASecondRun) {
-    ProcedureRun run(SamplePmml());
+    ProcedureRun run;
     const std::unique_ptr<CFProcCustom> procedure = run.MakeProcedure();
-    for (int i = 0; i < 2; ++i) EXPECT_TRUE(procedure->ProduceOutput(SamplePmml(), {Sample().Text()}));
-    const std::string drawn = DrawItems(run.GetDocument().fItems);
-    EXPECT_EQ(drawn.substr(0, drawn.size() / 2), drawn.substr(drawn.size() / 2));
+    EXPECT_TRUE(procedure->ProduceOutput(kSamplePmml, {Sample().Text()}));
+    std::list<document::Item> twice = run.GetItems();
+    twice.insert(twice.end(), run.GetItems().begin(), run.GetItems().end());
+    EXPECT_TRUE(procedure->ProduceOutput(kSamplePmml, {Sample().Text()}));
+    EXPECT_EQ(run.GetItems(), twice);
 }
 
 /// A document with a piece cut out or changed is read, or it fails with its one error and the host knows the place.
 void CheckMutilated(const std::string& pmml, const std::string& statXml) {
     ProcedureRun run(pmml);
     if (run.Run(statXml)) return;
-    EXPECT_EQ(DrawItems(run.GetDocument().fItems), "message 2 3 StatXML parsing error ...\n");
+    EXPECT_EQ(Draw(run.GetItems()), "message 2 3 StatXML parsing error ...\n");
     EXPECT_TRUE(run.HasMiss() || !run.Diagnostics().empty()) << statXml;
 }
 

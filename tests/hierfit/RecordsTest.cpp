@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <tuple>
 
 #include "tests/hierfit/ProcedureRun.h"
-#include "tests/hierfit/Samples.h"
 
 namespace hierfit::test {
 namespace {
@@ -11,114 +11,99 @@ namespace {
 /// Reads a sample and tells what a probe finds in the store.
 template <class Probe>
 auto ReadSample(const Sample& sample, Probe probe) {
-    ProcedureRun run(SamplePmml());
+    ProcedureRun run;
     HFITOutputStats stats;
     EXPECT_TRUE(run.Read(sample.Text(), stats)) << run.Diagnostics();
     return probe(stats);
 }
 
 template <class Probe>
-auto ReadPart(std::string Sample::*part, const std::string& content, Probe probe) {
+auto ReadDiagnostics(const std::string& content, Probe probe) {
     Sample sample;
-    sample.*part = content;
+    sample.fDiagnostics = content;
     return ReadSample(sample, probe);
 }
 
 TEST(Records, SettingsTakeTheirValuesFromTexts) {
-    struct Case {
-        const char* fName;
-        const char* fText;
-        int BuildSettings::*fpSetting;
-        int fValue;
+    using Settings = BuildSettings;
+    const std::tuple<const char*, const char*, int Settings::*, int> cases[] = {
+        {"DistributionOfTarget", "BINOMIAL", &Settings::fDistribution, 0},
+        {"DistributionOfTarget", "POISSON", &Settings::fDistribution, 7},
+        {"DistributionOfTarget", "normal", &Settings::fDistribution, 8},
+        {"LinkFunctionType", "CLOGLOG", &Settings::fLink, 0},
+        {"LinkFunctionType", "CAUCHIT", &Settings::fLink, 8},
+        {"LinkFunctionType", "", &Settings::fLink, 9},
+        {"ResidualCovarianceType", "VC", &Settings::fResidualCovarianceType, 0},
+        {"ResidualCovarianceType", "UNSTRUCTURED", &Settings::fResidualCovarianceType, 7},
+        {"ResidualCovarianceType", "UN", &Settings::fResidualCovarianceType, 8},
+        {"Other", "", &Settings::fResidualCovarianceType, 8},
+        {"ResidualCovarianceTBand", "", &Settings::fResidualCovarianceTBand, 2},
+        {"ResidualCovarianceTBand", "4", &Settings::fResidualCovarianceTBand, 4},
+        {"pAdjustment", "SEQSIDAK", &Settings::fPAdjustment, 2},
+        {"pAdjustment", "", &Settings::fPAdjustment, 3},
+        {"Other", "", &Settings::fPAdjustment, 3},
+        {"TrialsValue", "10.9", &Settings::fTrialsValue, 10},
+        {"TrialsValue", "-10.9", &Settings::fTrialsValue, -10},
+        {"TrialsValue", "", &Settings::fTrialsValue, 0},
+        {"TrialsValue", "nan", &Settings::fTrialsValue, 0},
+        {"TrialsValue", "1e300", &Settings::fTrialsValue, std::numeric_limits<int>::max()},
+        {"TrialsValue", "-1e300", &Settings::fTrialsValue, std::numeric_limits<int>::min()},
+        {"TrialsField", "n", &Settings::fTrialsIndex, 1},
+        {"Other", "", &Settings::fTrialsIndex, -1},
     };
-    const Case cases[] = {
-        {"DistributionOfTarget", "BINOMIAL", &BuildSettings::fDistribution, 0},
-        {"DistributionOfTarget", "POISSON", &BuildSettings::fDistribution, 7},
-        {"DistributionOfTarget", "normal", &BuildSettings::fDistribution, 8},
-        {"LinkFunctionType", "CLOGLOG", &BuildSettings::fLink, 0},
-        {"LinkFunctionType", "CAUCHIT", &BuildSettings::fLink, 8},
-        {"LinkFunctionType", "", &BuildSettings::fLink, 9},
-        {"ResidualCovarianceType", "VC", &BuildSettings::fResidualCovarianceType, 0},
-        {"ResidualCovarianceType", "UNSTRUCTURED", &BuildSettings::fResidualCovarianceType, 7},
-        {"ResidualCovarianceType", "UN", &BuildSettings::fResidualCovarianceType, 8},
-        {"Other", "", &BuildSettings::fResidualCovarianceType, 8},
-        {"ResidualCovarianceTBand", "", &BuildSettings::fResidualCovarianceTBand, 2},
-        {"ResidualCovarianceTBand", "4", &BuildSettings::fResidualCovarianceTBand, 4},
-        {"pAdjustment", "SEQSIDAK", &BuildSettings::fPAdjustment, 2},
-        {"pAdjustment", "", &BuildSettings::fPAdjustment, 3},
-        {"Other", "", &BuildSettings::fPAdjustment, 3},
-        {"TrialsValue", "10.9", &BuildSettings::fTrialsValue, 10},
-        {"TrialsValue", "-10.9", &BuildSettings::fTrialsValue, -10},
-        {"TrialsValue", "", &BuildSettings::fTrialsValue, 0},
-        {"TrialsValue", "ten", &BuildSettings::fTrialsValue, 0},
-        {"TrialsValue", "nan", &BuildSettings::fTrialsValue, 0},
-        {"TrialsValue", "1e300", &BuildSettings::fTrialsValue, std::numeric_limits<int>::max()},
-        {"TrialsValue", "-1e300", &BuildSettings::fTrialsValue, std::numeric_limits<int>::min()},
-        {"TrialsField", "n", &BuildSettings::fTrialsIndex, 1},
-        {"Other", "", &BuildSettings::fTrialsIndex, -1},
-    };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(std::string(one.fName) + " " + one.fText);
-        EXPECT_EQ(ReadPart(&Sample::fSettings, Parameter("TargetField", "y") + Parameter(one.fName, one.fText),
-                           [&](const HFITOutputStats& stats) { return stats.GetBuildSettings()->*one.fpSetting; }),
-                  one.fValue);
+    for (const auto& [name, text, setting, value] : cases) {
+        const Sample sample{.fSettings = Parameter("TargetField", "y") + Parameter(name, text)};
+        EXPECT_EQ(ReadSample(sample, [](const HFITOutputStats& stats) { return *stats.GetBuildSettings(); }).*setting,
+                  value)
+            << name << " " << text;
     }
 }
 
 TEST(Records, AnEmptyFigureIsMissing) {
-    const auto figures = [](const HFITOutputStats& stats) {
+    const Sample sample{.fStatistics =
+                            "<Statistic name='AICC' value=''/><Statistic name='numOfColsOfFixed' value=''/>"
+                            "<Statistic name='BIC' value='2'/>"};
+    const auto figures = ReadSample(sample, [](const HFITOutputStats& stats) {
         const ModelDiagnostics& read = *stats.GetModelDiagnostics();
         return std::make_tuple(read.fAICC, read.fBIC, read.fNumOfColsOfFixed, read.fNumOfColsOfRandom);
-    };
-    const std::string statistics =
-        "<Statistic name='AICC' value=''/><Statistic name='numOfColsOfFixed' value=''/>"
-        "<Statistic name='BIC' value='2'/>";
-    EXPECT_EQ(ReadPart(&Sample::fStatistics, statistics, figures),
-              std::make_tuple(kSystemMissing, 2.0, std::numeric_limits<int>::min(), -1));
+    });
+    EXPECT_EQ(figures, std::make_tuple(kSystemMissing, 2.0, std::numeric_limits<int>::min(), -1));
 }
 
 TEST(Records, TheFirstCompleteDistributionCounts) {
-    const auto element = [](const std::string& description, const std::string& mean, const std::string& columns) {
-        return "<UnivariateData description='" + description + "'><Statistic name='mean' value='" + mean +
-               "'/><Statistic name='shape' value=''/>" + columns + "</UnivariateData>";
+    const auto element = [](const std::string& description, const std::string& mean) {
+        return Tag("UnivariateData description='" + description + "'",
+                   "<Statistic name='mean' value='" + mean + "'/><Statistic name='shape' value=''/>" +
+                       Column("feature='observed'", "1 __MISSING__ 3") + Column("feature='other'", "x"));
     };
-    const std::string column = Column("feature='observed'", "1 __MISSING__ 3") + Column("feature='other'", "x");
-    const auto distribution = [](const HFITOutputStats& stats) {
+    const std::string distributions =
+        element("other", "1") + element("TargetDistribution", "2") + element("TargetDistribution", "3");
+    const auto distribution = ReadDiagnostics(distributions, [](const HFITOutputStats& stats) {
         const TargetDistribution& read = stats.GetModelDiagnostics()->fTargetDistribution;
         return std::make_tuple(read.fMean, read.fShape, read.fvObserved, read.fvFrequency.size());
-    };
-    EXPECT_EQ(ReadPart(&Sample::fDiagnostics,
-                       element("other", "1", column) + element("TargetDistribution", "2", column) +
-                           element("TargetDistribution", "3", column),
-                       distribution),
-              std::make_tuple(2.0, 0.0, std::vector<double>{1, kSystemMissing, 3}, std::size_t{0}));
+    });
+    EXPECT_EQ(distribution, std::make_tuple(2.0, 0.0, std::vector<double>{1, kSystemMissing, 3}, std::size_t{0}));
 }
 
 TEST(Records, TheAxisSpansObservedAndPredictedValues) {
-    const auto bounds = [](const std::string& observed, const std::string& predicted) {
-        return ReadPart(&Sample::fDiagnostics,
-                        "<BivariateData description='observedByPredicted'>" + Column("feature='observed'", observed) +
-                            Column("feature='statistic'", predicted) + "</BivariateData>",
-                        [](const HFITOutputStats& stats) {
-                            const PredByObserved& read = stats.GetModelDiagnostics()->fPredByObserved;
-                            return std::make_pair(read.fAxisMin, read.fAxisMax);
-                        });
+    const std::tuple<const char*, const char*, std::pair<double, double>> cases[] = {
+        {"2 5 3", "4 9", {2, 9}},
+        {"2 5", "1 3", {1, 5}},
+        {"2 5", "", {2, 5}},
+        {"", "2 5", {0, 5}},
+        {"2 __MISSING__", "", {kSystemMissing, 2}},
     };
-    EXPECT_EQ(bounds("2 5 3", "4 9"), std::make_pair(2.0, 9.0));
-    EXPECT_EQ(bounds("2 5", "1 3"), std::make_pair(1.0, 5.0));
-    EXPECT_EQ(bounds("2 5", ""), std::make_pair(2.0, 5.0));
-    EXPECT_EQ(bounds("", "2 5"), std::make_pair(0.0, 5.0));
-    EXPECT_EQ(bounds("2 __MISSING__", ""), std::make_pair(kSystemMissing, 2.0));
+    for (const auto& [observed, predicted, bounds] : cases) {
+        const std::string columns = Column("feature='observed'", observed) + Column("feature='statistic'", predicted);
+        const auto read =
+            ReadDiagnostics(Tag("BivariateData description='observedByPredicted'", columns),
+                            [](const HFITOutputStats& stats) { return stats.GetModelDiagnostics()->fPredByObserved; });
+        EXPECT_EQ(std::make_pair(read.fAxisMin, read.fAxisMax), bounds);
+    }
 }
 
 TEST(Records, MatricesAreUnpackedToFullRows) {
-    struct Case {
-        const char* fAttributes;
-        const char* fArray;
-        std::vector<std::vector<double>> fvRows;
-        std::vector<double> fvTotals;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, const char*, std::vector<std::vector<double>>, std::vector<double>> cases[] = {
         {"nbRows='2'", "1 2 3 4", {{1, 2}, {3, 4}}, {3, 7}},
         {"nbRows='2' nbCols='3'", "1 2 3 4 5 6", {{1, 2, 3}, {4, 5, 6}}, {6, 15}},
         {"nbRows='3' kind='diagonal'", "1 2 3", {{1, 0, 0}, {0, 2, 0}, {0, 0, 3}}, {1, 2, 3}},
@@ -126,28 +111,24 @@ TEST(Records, MatricesAreUnpackedToFullRows) {
         {"nbRows='1' kind='other'", "__MISSING__", {{kSystemMissing}}, {kSystemMissing}},
         {"nbRows='0'", "", {}, {}},
     };
-    for (const Case& one : cases) {
-        SCOPED_TRACE(one.fAttributes);
-        const auto rows = ReadPart(&Sample::fDiagnostics,
-                                   std::string("<Matrix description='classificationTable' ") + one.fAttributes +
-                                       "><Array>" + one.fArray + "</Array></Matrix>",
-                                   [](const HFITOutputStats& stats) { return stats.GetClassifMatrixData()->fvRows; });
-        std::vector<std::vector<double>> values;
+    for (const auto& [attributes, array, expected, expectedTotals] : cases) {
+        const std::string matrix = Matrix(std::string("description='classificationTable' ") + attributes, array);
+        std::vector<std::vector<double>> rows;
         std::vector<double> totals;
-        for (const MatrixRow& row : rows) {
-            values.push_back(row.fvValues);
+        for (const MatrixRow& row : ReadDiagnostics(
+                 matrix, [](const HFITOutputStats& stats) { return stats.GetClassifMatrixData()->fvRows; })) {
+            rows.push_back(row.fvValues);
             totals.push_back(row.fRowTotal);
         }
-        EXPECT_EQ(values, one.fvRows);
-        EXPECT_EQ(totals, one.fvTotals);
+        EXPECT_EQ(rows, expected) << attributes;
+        EXPECT_EQ(totals, expectedTotals) << attributes;
     }
 }
 
 TEST(Records, MatricesOfEventsOutOfTrialsReadNoLabels) {
-    Sample sample;
-    sample.fDiagnostics =
-        "<Matrix description='classificationTable' nbRows='1'><MatrixLabels><RowColLabels><Label label='3'/>"
-        "</RowColLabels></MatrixLabels><Array>1</Array></Matrix>";
+    Sample sample{.fDiagnostics =
+                      "<Matrix description='classificationTable' nbRows='1'><MatrixLabels><RowColLabels>"
+                      "<Label label='3'/></RowColLabels></MatrixLabels><Array>1</Array></Matrix>"};
     const auto count = [](const HFITOutputStats& stats) { return stats.GetClassifMatrixData()->fvLabels.size(); };
     EXPECT_EQ(ReadSample(sample, count), 1U);
     sample.fSettings += Parameter("UseTrials", "true");
@@ -155,10 +136,7 @@ TEST(Records, MatricesOfEventsOutOfTrialsReadNoLabels) {
 }
 
 TEST(Records, ARandomBlockFillsTheGapBelowIt) {
-    Sample sample;
-    const std::string block = RandomBlock("", true, Effect({"a"}));
-    sample.fSettings += ParameterOf("RandomSpecs", List(block + block + block));
-    sample.fTraining = Estimates("parameterType='random' block='2'", "", {{"p", {}}});
+    const Sample sample{.fTraining = Estimates("random' block='2", Estimate("p", {}))};
     const auto blocks = ReadSample(sample, [](const HFITOutputStats& stats) {
         std::string text;
         for (const RandomParamBlock& one : stats.GetParamCollect()->fvRandomParamEstim) {
@@ -172,15 +150,12 @@ TEST(Records, ARandomBlockFillsTheGapBelowIt) {
 TEST(Records, ColumnsOfMeansKeepTheLastOfAStatistic) {
     const std::string table = Column("feature='statistic' statistic='mean'", "1") + Column("statistic='other'", "2") +
                               Column("feature='fields' statistic='mean'", "__MISSING__ 'a b'");
-    const auto columns = [](const HFITOutputStats& stats) {
-        const EstimateData& read = stats.GetEmmeansEstimates()->front();
-        return std::make_tuple(read.fMean.fFeature, read.fMean.fvValues.front(), read.fStdErr.fvValues.size());
-    };
-    EXPECT_EQ(
-        ReadPart(&Sample::fDiagnostics,
-                 "<DataGroup description='Emmeans'><MultivariateData>" + table + "</MultivariateData></DataGroup>",
-                 columns),
-        std::make_tuple(3, std::string("__MISSING__"), std::size_t{0}));
+    const auto means =
+        ReadDiagnostics(Tag("DataGroup description='Emmeans'", Tag("MultivariateData", table)),
+                        [](const HFITOutputStats& stats) { return stats.GetEmmeansEstimates()->front(); });
+    EXPECT_EQ(means.fMean.fFeature, 3);
+    EXPECT_EQ(means.fMean.fvValues.front(), "__MISSING__");
+    EXPECT_TRUE(means.fStdErr.fvValues.empty());
 }
 
 }  // namespace

@@ -1,30 +1,25 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "hierfit/store/EffectNaming.h"
 #include "hierfit/tables/TableParts.h"
 #include "tests/hierfit/Drawing.h"
 #include "tests/hierfit/ProcedureRun.h"
-#include "tests/hierfit/Samples.h"
 
 namespace hierfit::test {
 namespace {
 
 class Texts : public testing::Test {
   protected:
-    ProcedureRun fRun{SamplePmml()};
+    ProcedureRun fRun;
     HFITOutputStats fStats;
 };
 
 TEST_F(Texts, NamesOfLinksDependOnTheDistribution) {
-    struct Case {
-        int fLink;
-        int fDistribution;
-        const char* fText;
-        const char* fPattern;
-    };
     using D = DistributionOfTarget;
     using L = LinkFunctionType;
-    const Case cases[] = {
+    const std::tuple<int, int, const char*, const char*> cases[] = {
         {L::LOGIT, D::BINOMIAL, "Logit", ""},
         {L::LOGIT, D::NOMINAL, "Generalized logit", ""},
         {L::LOGIT, D::ORDINAL, "Cumulative logit", ""},
@@ -38,35 +33,27 @@ TEST_F(Texts, NamesOfLinksDependOnTheDistribution) {
         {L::OTHER, D::NORMAL, "Unknown", ""},
         {-1, D::NORMAL, "Unknown", ""},
     };
-    for (const Case& one : cases) {
-        EXPECT_EQ(fStats.LinkText(one.fLink, one.fDistribution, false), one.fText);
-        EXPECT_EQ(LinkPattern(one.fLink, one.fDistribution), one.fPattern);
+    for (const auto& [link, distribution, text, pattern] : cases) {
+        EXPECT_EQ(fStats.LinkText(link, distribution, false), text);
+        EXPECT_EQ(LinkPattern(link, distribution), pattern);
     }
 }
 
 TEST(EffectNames, OpenABracketWhereTheLevelRises) {
-    struct Case {
-        std::vector<int> fvLevels;
-        std::size_t fFields;
-        const char* fName;
+    const std::tuple<std::vector<int>, Strings, const char*> cases[] = {
+        {{}, {}, ""},
+        {{0}, {"a"}, "a"},
+        {{0, 1}, {"a", "b"}, "a(b)"},
+        {{0, 1, 0}, {"a", "b", "c"}, "a(b * c)"},
+        {{0, 1, 2}, {"a", "b", "c"}, "a(b(c))"},
+        {{5, 1}, {"a", "b"}, "a(b)"},
+        {{0}, {"a", "b", "c"}, "a * b * c"},
+        {{0, -1}, {"a", "b"}, "a * b"},
     };
-    const Case cases[] = {
-        {{}, 0, ""},
-        {{0}, 1, "a"},
-        {{0, 0}, 2, "a * b"},
-        {{0, 1}, 2, "a(b)"},
-        {{0, 1, 0}, 3, "a(b * c)"},
-        {{0, 1, 2}, 3, "a(b(c))"},
-        {{5, 1}, 2, "a(b)"},
-        {{0}, 3, "a * b * c"},
-        {{0, -1}, 2, "a * b"},
-    };
-    for (const Case& one : cases) {
+    for (const auto& [levels, fields, name] : cases) {
         EffectStruct effect;
-        effect.fvNestingLevels = one.fvLevels;
-        const std::vector<std::string> names{"a", "b", "c"};
-        EXPECT_EQ(EffectName(effect, {names.begin(), names.begin() + static_cast<std::ptrdiff_t>(one.fFields)}),
-                  one.fName);
+        effect.fvNestingLevels = levels;
+        EXPECT_EQ(EffectName(effect, fields), name);
     }
 }
 
@@ -75,11 +62,7 @@ FactorTerm Factor(const char* field, const char* value, bool nest = false) {
 }
 
 TEST_F(Texts, TermsArePutTogether) {
-    struct Case {
-        RegressionParameter fTerm;
-        const char* fText;
-    };
-    const Case cases[] = {
+    const std::pair<RegressionParameter, const char*> cases[] = {
         {{{}, {}, true, "x"}, "Intercept"},
         {{{}, {}, false, "x"}, ""},
         {{{{"a", 0, 0}}, {}, false, ""}, "a"},
@@ -87,15 +70,14 @@ TEST_F(Texts, TermsArePutTogether) {
         {{{}, {Factor("b", "1")}, false, ""}, "b=1"},
         {{{}, {Factor("b", "")}, false, ""}, "b"},
         {{{}, {Factor("b", "1"), Factor("c", "2")}, false, ""}, "[b=1]*[c=2]"},
-        {{{}, {Factor("b", "2"), Factor("c", "3", true)}, false, ""}, "[b=2]([c=3])"},
         {{{}, {Factor("b", ""), Factor("c", "3", true), Factor("d", "4", true)}, false, ""}, "[b]([c=3]([d=4]))"},
         {{{{"a", 0, 2}}, {Factor("b", "1")}, false, ""}, "a*a*[b=1]"},
         {{{{"a", 0, 1}}, {Factor("b", "1", true)}, false, ""}, "a([b=1])"},
     };
-    for (const Case& one : cases) {
+    for (const auto& [term, expected] : cases) {
         std::string text = "before";
-        EXPECT_TRUE(fStats.RegressionParameterText(one.fTerm, text));
-        EXPECT_EQ(text, one.fText);
+        EXPECT_TRUE(fStats.RegressionParameterText(term, text));
+        EXPECT_EQ(text, expected);
     }
 }
 
@@ -134,13 +116,7 @@ TEST_F(Texts, CovarianceParametersAreLabelled) {
     RandomSpec without = withIntercept;
     without.fIntercept = false;
     fStats.CreateBuildSettings()->fvRandomSpecs = {withIntercept, without};
-    struct Case {
-        PrintableList fList;
-        int fBlock;
-        const char* fLabel;
-        const char* fArgs;
-    };
-    const Case cases[] = {
+    const std::tuple<PrintableList, int, const char*, const char*> cases[] = {
         {Pattern("Variance "), -1, "Variance ", ""},
         {Pattern("TP rho ^1", {"2"}), -1, "TP rho 2", "2|"},
         {Pattern("UN (^1,^2)", {"2", "1"}), 0, "UN (2,1)", "2|1|"},
@@ -158,41 +134,38 @@ TEST_F(Texts, CovarianceParametersAreLabelled) {
         {Pattern("VarOfEffect", {"0"}), -1, "", ""},
         {Pattern("VarOfEffect", {"0"}), 2, "", ""},
     };
-    for (const Case& one : cases) {
+    for (const auto& [list, block, expected, expectedArgs] : cases) {
         std::string key;
-        std::vector<std::string> args;
+        Strings args;
         std::string label;
-        fStats.CovarianceParameterLabel(one.fList, one.fBlock, key, args, label);
-        std::string joined;
-        for (const std::string& arg : args) joined += arg + "|";
-        EXPECT_EQ(label, one.fLabel);
-        EXPECT_EQ(joined, one.fArgs);
-        EXPECT_EQ(key, one.fList.fMapId == -1 ? one.fList.fPattern : "");
+        fStats.CovarianceParameterLabel(list, block, key, args, label);
+        EXPECT_EQ(label, expected);
+        EXPECT_EQ(Join(args, "", "|"), expectedArgs);
+        EXPECT_EQ(key, list.fMapId == -1 ? list.fPattern : "");
     }
-    EXPECT_NE(fRun.Diagnostics().find("random effect block 2 has no label, since there is no effect 1\n"),
-              std::string::npos);
+    EXPECT_EQ(fRun.Diagnostics(),
+              R"(a covariance parameter of random effect block 1 has no label, since there is no effect 2
+a covariance parameter of random effect block 2 has no label, since there is no effect 1
+a covariance parameter of the residual has no label, since there is no effect 0
+a covariance parameter of random effect block 3 has no label, since there is no effect 0
+)");
 }
 
-TEST_F(Texts, LongLabelsAreCutBetweenCharacters) {
-    const auto repeat = [](const std::string& character, int n) {
-        std::string text;
-        for (int i = 0; i < n; ++i) text += character;
-        return text;
-    };
+TEST(LongLabels, AreCutBetweenCharacters) {
+    const std::string a(255, 'a');
     const std::string umlaut = "\xC3\xA4";
-    struct Case {
-        std::string fLabel;
-        std::string fDrawn;
-    };
-    const Case cases[] = {
+    const std::string umlauts = Join(Strings(255, umlaut), "", "");
+    const std::pair<std::string, std::string> cases[] = {
         {"", "''"},
-        {repeat("a", 255), "'" + repeat("a", 255) + "'"},
-        {repeat("a", 256), "[:^1:]1(['" + repeat("a", 255) + "'; 'a'])"},
-        {repeat(umlaut, 255), "'" + repeat(umlaut, 255) + "'"},
-        {repeat(umlaut, 511),
-         "[:^1:]1(['" + repeat(umlaut, 255) + "'; '" + repeat(umlaut, 255) + "'; '" + umlaut + "'])"},
+        {a, "'" + a + "'"},
+        {a + "a", "[:^1:]1(['" + a + "'; 'a'])"},
+        {umlauts, "'" + umlauts + "'"},
+        {umlauts + umlauts + umlaut, "[:^1:]1(['" + umlauts + "'; '" + umlauts + "'; '" + umlaut + "'])"},
     };
-    for (const Case& one : cases) EXPECT_EQ(DrawText(*LabelCell(one.fLabel)->GetText()), one.fDrawn);
+    for (const auto& [label, drawn] : cases) {
+        const ProcedureRun run;
+        EXPECT_EQ(DrawText(*LabelCell(label)->GetText()), drawn);
+    }
 }
 
 }  // namespace
