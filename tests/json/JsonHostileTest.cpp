@@ -1,7 +1,5 @@
-#include <gtest/gtest.h>
-
 #include "report/json/JsonDocument.h"
-#include "tests/json/Samples.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::report {
 namespace {
@@ -18,13 +16,11 @@ std::string FindFailure(const std::string& json) {
     return error ? error->fText : std::string();
 }
 
-/// A document of messages; the last is within `depth` headings whose kind stands last.
+/// A document of headings in each other, whose kind stands last, about one more item.
 std::string MakeHeadings(int depth, const std::string& innermost) {
-    return std::string(
-               R"({"format": "hierfit-output", "version": 1, "producer": "", "language": "", "title": "", "sources": [],
-               "diagnostics": [], "items": [)") +
-           Repeat(R"({"title": {"text": "", "from": {"string": "", "translate": false}}, "items": [)", depth) +
-           innermost + Repeat(R"(], "kind": "heading"})", depth) + "]}";
+    const std::string open = R"({"title": {"text": "", "from": {"string": "", "translate": false}}, "items": [)";
+    const std::string items = Repeat(open, depth) + innermost + Repeat(R"(], "kind": "heading"})", depth);
+    return test::Replaced(WriteJson({}), "\"items\": []", "\"items\": [" + items + "]");
 }
 
 TEST(JsonHostile, NestingIsLimited) {
@@ -55,7 +51,7 @@ TEST(JsonHostile, ListsAreLimited) {
 /// any.
 TEST(JsonHostile, ChangedBytesDoNoHarm) {
     constexpr std::string_view kBytes("\0\"\\{],9- \xC3", 10);
-    const std::string json = WriteJson(test::MakeSmallDocument());
+    const std::string json = test::ReadFile(HIERFIT_SMALL_DOCUMENT);
     int documents = 0;
     for (std::size_t i = 0; i < json.size(); ++i) {
         std::string changed = json;

@@ -1,16 +1,59 @@
-// Checks output documents against their schema: node validate.mjs FILE...
+// Checks output documents against their schema: node validate.mjs [--strictly] FILE...
 //
-// Exit status 0: all are valid; 1: some are not, standard error says which and why; 77: the validator is not installed.
+// With --strictly, makes sure that the schema leaves nothing open: each key of each object is taken away in turn, given a
+// value of another type, and one more key is added. The schema must refuse every one of these documents. A chart's view is
+// left alone, since its keys are free.
+//
+// Exit status 0: all is well; 1: it is not, standard error says why; 77: the validator is not installed.
 
-import { readJson, validate } from "./schema.mjs";
+import { readFileSync } from "node:fs";
+import { createRequire } from "node:module";
 
-const files = process.argv.slice(2);
-if (files.length === 0) {
-  console.error("usage: node validate.mjs FILE...");
-  process.exit(1);
+const root = new URL("../../", import.meta.url);
+const readJson = (file) => JSON.parse(readFileSync(file, "utf8"));
+
+function loadAjv() {
+  try {
+    return createRequire(new URL("web/package.json", root))("ajv/dist/2020.js");
+  } catch (error) {
+    if (error.code !== "MODULE_NOT_FOUND") throw error;
+    console.log("skipped: ajv is not installed; run npm ci in web/");
+    process.exit(77);
+  }
 }
+
+const validate = new (loadAjv())({ strict: true, allowUnionTypes: true, strictTuples: false })
+  .compile(readJson(new URL("docs/output-document.schema.json", root)));
+
+/** Yields what was changed in a document, while it is changed. */
+function* changesOf(value, path) {
+  if (typeof value !== "object" || value === null) return;
+  for (const [key, child] of Object.entries(value)) {
+    if (key !== "view") yield* changesOf(child, `${path}/${key}`);
+    if (Array.isArray(value)) continue;
+    delete value[key];
+    yield `${path}: "${key}" is missing`;
+    value[key] = typeof child === "boolean" ? 0.5 : false;
+    yield `${path}: "${key}" is of another type`;
+    value[key] = child;
+  }
+  if (Array.isArray(value)) return;
+  value.extra = null;
+  yield `${path}: there is one key more`;
+  delete value.extra;
+}
+
+const [isStrict, files] = process.argv[2] === "--strictly" ? [true, process.argv.slice(3)] : [false, process.argv.slice(2)];
+const faults = files.length > 0 ? [] : ["usage: node validate.mjs [--strictly] FILE..."];
 for (const file of files) {
-  if (validate(readJson(file))) continue;
-  process.exitCode = 1;
-  for (const error of validate.errors) console.error(`${file}: ${error.instancePath}: ${error.message}`);
+  const document = readJson(file);
+  if (!validate(document)) {
+    faults.push(...validate.errors.map(({ instancePath, message }) => `${file}: ${instancePath}: ${message}`));
+  } else if (isStrict) {
+    for (const change of changesOf(document, "")) if (validate(document)) faults.push(`${file}: valid though ${change}`);
+  }
+}
+if (faults.length > 0) {
+  console.error(faults.join("\n"));
+  process.exit(1);
 }

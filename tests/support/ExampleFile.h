@@ -6,10 +6,14 @@
 
 namespace hierfit::test {
 
+inline std::string ReadFile(const std::string& path) {
+    std::ifstream stream(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 /// The text of a document of an example, such as ("oats", "model.statxml").
 inline std::string ReadExample(const std::string& example, const std::string& file) {
-    std::ifstream stream(std::string(HIERFIT_EXAMPLES) + "/" + example + "/" + file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
+    return ReadFile(std::string(HIERFIT_EXAMPLES) + "/" + example + "/" + file);
 }
 
 /// A text with the first place of another text replaced; the place must be there.

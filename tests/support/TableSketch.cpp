@@ -1,17 +1,20 @@
 #include "tests/support/TableSketch.h"
 
 #include <algorithm>
-#include <charconv>
 #include <map>
-#include <stdexcept>
 #include <string>
 
 namespace hierfit::test {
 
 namespace {
 
-std::vector<std::string_view> Split(std::string_view text, char mark) {
-    std::vector<std::string_view> parts;
+using document::Group;
+using document::Text;
+using Tokens = std::vector<std::string_view>;
+
+/// The parts between marks, or those between blanks that are not empty.
+Tokens Split(std::string_view text, char mark) {
+    Tokens parts;
     for (std::size_t at = 0; at <= text.size();) {
         const std::size_t end = std::min(text.find(mark, at), text.size());
         if (end > at || mark != ' ') parts.push_back(text.substr(at, end - at));
@@ -20,154 +23,121 @@ std::vector<std::string_view> Split(std::string_view text, char mark) {
     return parts;
 }
 
-// "#1.5" is a number shown as 1.5.
-document::Text MakeContent(std::string_view words) {
-    if (!words.starts_with('#')) return MakeText(words);
-    return {std::string(words.substr(1)), document::NumberSource{0, {document::FormatName::Coefficient}}};
-}
-
-std::string Spell(std::string_view token) {
-    std::string words(token);
-    std::replace(words.begin(), words.end(), '_', ' ');
-    std::replace(words.begin(), words.end(), '|', '\n');
-    return words;
-}
-
-int ReadInteger(std::string_view token) {
-    int number = 0;
-    std::from_chars(token.data(), token.data() + token.size(), number);
-    return number;
-}
-
 /// Reads the lines of one sketch.
 class Sketcher {
   public:
+    explicit Sketcher(std::string_view word) : fWord(word) {}
+
     document::Table Read(std::string_view sketch) {
-        for (std::string_view line : Split(sketch, '\n')) ReadLine(line);
+        for (std::string_view line : Split(sketch, '\n')) {
+            const Tokens tokens = Split(line, ' ');
+            if (!tokens.empty()) ReadLine(tokens[0], {tokens.begin() + 1, tokens.end()});
+        }
         return std::move(fTable);
     }
 
   private:
-    using Notes = std::vector<document::Text>;
+    using Members = std::list<document::Member>;
 
-    void ReadLine(std::string_view line) {
-        const std::vector<std::string_view> tokens = Split(line, ' ');
-        if (tokens.empty()) return;
-        const std::string_view key = tokens[0];
-        if (key == "title")
-            fTable.fTitle = MakeText(Spell(tokens.at(1)));
-        else if (key == "caption")
-            fTable.fvCaptions.push_back(MakeText(Spell(tokens.at(1))));
-        else if (key == "note")
-            fTable.fvNotes.push_back(MakeText(Spell(tokens.at(1))));
-        else if (key == "width")
-            fTable.fMinDataColumnWidth = ReadInteger(tokens.at(1));
-        else if (key == "rows" || key == "columns")
-            ReadDimension(tokens);
-        else if (key == "cells")
-            std::for_each(tokens.begin() + 1, tokens.end(), [this](auto cell) { ReadCell(cell); });
-        else
-            throw std::invalid_argument(std::string(line));
+    /// The categories of a dimension.
+    struct Categories {
+        std::map<std::string, int, std::less<>> fIds;  ///< by label, with and without groups
+        int fCount = 0;
+        int fNext = 0;  ///< that the next cell in order stands at
+    };
+
+    void ReadLine(std::string_view key, const Tokens& operands) {
+        if (key == "rows") return ReadDimension(document::Side::Rows, operands);
+        if (key == "columns") return ReadDimension(document::Side::Columns, operands);
+        if (key == "cells") return std::for_each(operands.begin(), operands.end(), [&](auto cell) { ReadCell(cell); });
+        const Text text = Spell(operands.at(0));
+        const std::map<std::string_view, std::vector<Text>*> lists{{"caption", &fTable.fvCaptions},
+                                                                   {"note", &fTable.fvNotes}};
+        if (key != "title") return lists.at(key)->push_back(text);
+        fTable.fSubtype = fTable.fTitle = text;
+        std::erase(std::get<document::StringSource>(fTable.fSubtype.fFrom).fString, ' ');
     }
 
-    void ReadDimension(const std::vector<std::string_view>& tokens) {
-        document::Dimension dimension{};
-        dimension.fSort = 2;
-        dimension.fPositioned = true;
-        dimension.fSide = tokens[0] == "rows" ? document::Side::Rows : document::Side::Columns;
-        dimension.fIndex = ReadInteger(tokens.at(1));
-        fIds.emplace_back();
-        std::size_t at = 2;
-        for (; at < tokens.size() && tokens[at] != ":"; ++at) {
-            if (tokens[at] == "-name")
-                dimension.fHideName = true;
-            else if (tokens[at] == "-labels")
-                dimension.fHideLabels = true;
-            else if (tokens[at] == "<")
-                dimension.fSort = 0;
-            else if (tokens[at] == ">")
-                dimension.fSort = 1;
-            else
-                dimension.fName = MakeText(Spell(tokens[at]));
-        }
-        int nextId = 0;
-        for (++at; at < tokens.size(); ++at) {
-            std::string_view member = tokens[at];
-            ReadMembers(member, "", nextId, dimension.fMembers);
-        }
+    void ReadDimension(document::Side side, const Tokens& tokens) {
+        const auto colon = std::find(tokens.begin(), tokens.end(), ":");
+        const auto has = [&](std::string_view mark) { return std::find(tokens.begin(), colon, mark) != colon; };
+        const int index = std::stoi(std::string(tokens.at(0)));
+        const int sort = has("<") ? 0 : has(">") ? 1 : 2;
+        document::Dimension dimension{Spell(colon[-1]), sort, true, side, index, has("-name"), has("-labels"), {}};
+        fvCategories.emplace_back();
+        std::for_each(colon + 1, tokens.end(), [&](auto member) { AddMember(dimension.fMembers, member, member); });
         fTable.fvDimensions.push_back(std::move(dimension));
     }
 
-    // Members of a group are parted by blanks elsewhere and by "+" in here: g(c+h(d)).
-    void ReadMembers(std::string_view& rest, const std::string& path, int& nextId,
-                     std::list<document::Member>& members) {
-        while (!rest.empty() && rest[0] != ')') {
-            const std::string_view token = rest.substr(0, rest.find_first_of("()+"));
-            rest.remove_prefix(token.size());
-            if (!rest.empty() && rest[0] == '(') {
-                rest.remove_prefix(1);
-                ReadGroup(token, rest, path, nextId, members);
-                if (!rest.empty()) rest.remove_prefix(1);
-            } else {
-                AddCategory(token, path, nextId, members);
-            }
-            if (!rest.empty() && rest[0] == '+') rest.remove_prefix(1);
-        }
+    /// Adds a category with the groups around it, as far as they are not there yet.
+    void AddMember(Members& members, std::string_view rest, std::string_view path) {
+        const std::size_t colons = rest.find("::");
+        if (colons == std::string_view::npos) return AddCategory(members, rest, path);
+        const int sort = rest[colons - 1] == '<' ? 0 : rest[colons - 1] == '>' ? 1 : 2;
+        const Text label = Spell(rest.substr(0, sort == 2 ? colons : colons - 1));
+        auto* group = members.empty() ? nullptr : std::get_if<Group>(&members.back().fContent);
+        if (!group || group->fLabel != label) members.push_back({Group{label, true, sort, {}}});
+        AddMember(std::get<Group>(members.back().fContent).fMembers, rest.substr(colons + 2), path);
     }
 
-    void ReadGroup(std::string_view token, std::string_view& rest, const std::string& path, int& nextId,
-                   std::list<document::Member>& members) {
-        document::Group group{{}, true, 2, {}};
-        if (token.ends_with('<')) group.fSort = 0;
-        if (token.ends_with('>')) group.fSort = 1;
-        if (group.fSort != 2) token.remove_suffix(1);
-        group.fLabel = MakeText(Spell(token));
-        ReadMembers(rest, path + std::string(token) + "/", nextId, group.fMembers);
-        members.push_back({std::move(group)});
-    }
-
-    void AddCategory(std::string_view token, const std::string& path, int& nextId,
-                     std::list<document::Member>& members) {
-        Notes notes;
-        const std::string label = ReadNoted(token, notes);
-        const std::string words(token.substr(0, token.find('*')));
-        fIds.back().emplace(path + words, nextId);
-        fIds.back().emplace(words, nextId);
-        members.push_back({document::Category{nextId++, MakeText(label), std::move(notes)}});
+    void AddCategory(Members& members, std::string_view token, std::string_view path) {
+        if (token.empty()) return;
+        Categories& categories = fvCategories.back();
+        document::Category category{categories.fCount++, {}, {}};
+        ReadNoted(token, category.fLabel, category.fvNotes);
+        for (std::string_view name : {path, token}) categories.fIds.emplace(Split(name, '*')[0], category.fId);
+        members.push_back({std::move(category)});
     }
 
     void ReadCell(std::string_view token) {
         document::Cell cell;
         const std::size_t equals = token.find('=');
-        std::size_t dimension = 0;
-        for (std::string_view category : Split(token.substr(0, equals), ',')) {
-            if (category.empty()) continue;
-            cell.fvAt.push_back(FindId(dimension, category));
-            ++dimension;
+        if (equals == std::string_view::npos) {
+            cell.fvAt = TakePlace();
+        } else if (equals > 0) {
+            for (std::string_view name : Split(token.substr(0, equals), ',')) {
+                const Categories& categories = fvCategories.at(cell.fvAt.size());
+                cell.fvAt.push_back(name == "-" ? document::kNoCategory : categories.fIds.at(std::string(name)));
+            }
         }
-        cell.fContent = MakeContent(ReadNoted(token.substr(equals + 1), cell.fvNotes));
+        if (token == "~") return;
+        ReadNoted(token.substr(equals + 1), cell.fContent, cell.fvNotes);
+        const bool isNumber = cell.fContent.fWords.find_first_of("0123456789.-<") == 0;
+        if (isNumber) cell.fContent.fFrom = document::NumberSource{0, {document::FormatName::Coefficient}};
         fTable.fvCells.push_back(std::move(cell));
     }
 
-    int FindId(std::size_t dimension, std::string_view category) const {
-        if (category == "-") return document::kNoCategory;
-        if (category.starts_with('#')) return ReadInteger(category.substr(1));
-        return fIds.at(dimension).at(std::string(category));
+    std::vector<int> TakePlace() {
+        std::vector<int> place;
+        for (const Categories& categories : fvCategories) place.push_back(categories.fNext);
+        const auto moves = [](Categories& categories) { return ++categories.fNext < categories.fCount; };
+        const auto moved = std::find_if(fvCategories.rbegin(), fvCategories.rend(), moves);
+        std::for_each(fvCategories.rbegin(), moved, [](Categories& categories) { categories.fNext = 0; });
+        return place;
     }
 
-    static std::string ReadNoted(std::string_view token, Notes& notes) {
-        const std::vector<std::string_view> parts = Split(token, '*');
-        for (std::size_t note = 1; note < parts.size(); ++note) notes.push_back(MakeText(Spell(parts[note])));
-        return Spell(parts[0]);
+    void ReadNoted(std::string_view token, Text& text, std::vector<Text>& notes) const {
+        const Tokens parts = Split(token, '*');
+        text = Spell(parts[0]);
+        for (std::size_t note = 1; note < parts.size(); ++note) notes.push_back(Spell(parts[note]));
     }
 
+    Text Spell(std::string_view token) const {
+        if (token == "@") return MakeText(fWord);
+        std::string words(token);
+        std::replace(words.begin(), words.end(), '_', ' ');
+        std::replace(words.begin(), words.end(), '|', '\n');
+        return MakeText(words);
+    }
+
+    std::string_view fWord;
     document::Table fTable{};
-    std::vector<std::map<std::string, int, std::less<>>> fIds;
+    std::vector<Categories> fvCategories;
 };
 
 }  // namespace
 
-document::Table SketchTable(std::string_view sketch) { return Sketcher().Read(sketch); }
+document::Table SketchTable(std::string_view sketch, std::string_view word) { return Sketcher(word).Read(sketch); }
 
 document::Text MakeText(std::string_view words) {
     return {std::string(words), document::StringSource{std::string(words), false}};
