@@ -49,11 +49,14 @@ class Sketcher {
     void ReadLine(std::string_view key, const Tokens& operands) {
         if (key == "rows") return ReadDimension(document::Side::Rows, operands);
         if (key == "columns") return ReadDimension(document::Side::Columns, operands);
-        if (key == "cells") return std::for_each(operands.begin(), operands.end(), [&](auto cell) { ReadCell(cell); });
+        if (key == "cells") {
+            for (std::string_view cell : operands) ReadCell(cell);
+            return;
+        }
         const Text text = Spell(operands.at(0));
-        const std::map<std::string_view, std::vector<Text>*> lists{{"caption", &fTable.fvCaptions},
-                                                                   {"note", &fTable.fvNotes}};
-        if (key != "title") return lists.at(key)->push_back(text);
+        if (key == "caption") return fTable.fvCaptions.push_back(text);
+        if (key == "note") return fTable.fvNotes.push_back(text);
+        if (key != "title") throw std::out_of_range(std::string(key));
         fTable.fSubtype = fTable.fTitle = text;
         std::erase(std::get<document::StringSource>(fTable.fSubtype.fFrom).fString, ' ');
     }
@@ -94,17 +97,19 @@ class Sketcher {
         const std::size_t equals = token.find('=');
         if (equals == std::string_view::npos) {
             cell.fvAt = TakePlace();
-        } else if (equals > 0) {
-            for (std::string_view name : Split(token.substr(0, equals), ',')) {
-                const Categories& categories = fvCategories.at(cell.fvAt.size());
-                cell.fvAt.push_back(name == "-" ? document::kNoCategory : categories.fIds.at(std::string(name)));
-            }
+        } else {
+            for (std::string_view name : Split(token.substr(0, equals), ',')) cell.fvAt.push_back(FindId(cell, name));
         }
         if (token == "~") return;
         ReadNoted(token.substr(equals + 1), cell.fContent, cell.fvNotes);
         const bool isNumber = cell.fContent.fWords.find_first_of("0123456789.-<") == 0;
         if (isNumber) cell.fContent.fFrom = document::NumberSource{0, {document::FormatName::Coefficient}};
         fTable.fvCells.push_back(std::move(cell));
+    }
+
+    int FindId(const document::Cell& cell, std::string_view name) const {
+        if (name == "-") return document::kNoCategory;
+        return fvCategories.at(cell.fvAt.size()).fIds.at(std::string(name));
     }
 
     std::vector<int> TakePlace() {
