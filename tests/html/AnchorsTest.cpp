@@ -1,40 +1,32 @@
 #include "report/html/Anchors.h"
 
-#include <gtest/gtest.h>
-
-#include "Documents.h"
+#include "tests/support/TableSketch.h"
 
 namespace hierfit::report::html {
 
 namespace {
 
 using document::Heading;
-using document::Item;
-using test::MakeTable;
-using test::Words;
-
-document::Text MakePattern(const std::string& words, const std::string& pattern, const std::string& argument) {
-    return {words, document::PatternSource{pattern, true, {{false, {Words(argument)}}}}};
-}
+using document::Text;
+using test::MakeText;
 
 TEST(Anchors, ComeFromSourcesAndDiffer) {
+    const Text pattern{"Means of dose",
+                       document::PatternSource{"Estimated Means: ^1", true, {{false, {MakeText("dose")}}}}};
+    const Text translated{"Feste Koeffizienten", document::StringSource{"FixedCoefficients", true}};
+    const std::pair<document::Item, const char*> cases[] = {
+        {{test::SketchTable("title Fixed_Coefficients")}, "FixedCoefficients-1"},
+        {{Heading{translated, {}}}, "FixedCoefficients-2"},
+        {{Heading{pattern, {}}}, "Estimated-Means-dose-1"},
+        {{Heading{MakeText("\"><script>"), {}}}, "script-1"},
+        {{Heading{MakeText("\u05D0"), {}}}, "Section-1"},
+        {{Heading{MakeText("95% level"), {}}}, "Section-95-level-1"},
+        {{document::Message{MakeText("Text"), 2, 1}}, "Message-1"},
+        // A title that looks like another's anchor gets one of its own.
+        {{Heading{MakeText("FixedCoefficients-1"), {}}}, "FixedCoefficients-1-1"},
+    };
     Anchors anchors;
-    const Item table{MakeTable("Fixed Coefficients", {}, {})};
-    Item translated = table;
-    std::get<document::Table>(translated.fContent).fSubtype.fWords = "Feste Koeffizienten";
-    EXPECT_EQ(anchors.Name(table), "FixedCoefficients-1");
-    EXPECT_EQ(anchors.Name(translated), "FixedCoefficients-2");
-
-    const Item pattern{Heading{MakePattern("Means of dose", "Estimated Means: ^1", "dose"), {}}};
-    EXPECT_EQ(anchors.Name(pattern), "Estimated-Means-dose-1");
-
-    EXPECT_EQ(anchors.Name({Heading{Words("\"><script>"), {}}}), "script-1");
-    EXPECT_EQ(anchors.Name({Heading{Words("\u05D0"), {}}}), "Section-1");
-    EXPECT_EQ(anchors.Name({Heading{Words("95% level"), {}}}), "Section-95-level-1");
-    EXPECT_EQ(anchors.Name({document::Message{Words("Text"), 2, 1}}), "Message-1");
-
-    // A title that looks like another's anchor gets one of its own.
-    EXPECT_EQ(anchors.Name({Heading{Words("FixedCoefficients-1"), {}}}), "FixedCoefficients-1-1");
+    for (const auto& [item, name] : cases) EXPECT_EQ(anchors.Name(item), name);
 }
 
 TEST(Anchors, AreShort) { EXPECT_LE(MakeSlug(std::string(10000, 'x')).size(), 64u); }

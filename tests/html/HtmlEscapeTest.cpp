@@ -1,9 +1,5 @@
 #include "report/html/HtmlEscape.h"
 
-#include <gtest/gtest.h>
-
-#include <string>
-
 namespace hierfit::report::html {
 
 namespace {

@@ -31,26 +31,33 @@ async function readClipboard(page) {
   return copied;
 }
 
-const classification = [
-  "\t\tPredicted\t",
-  "Observed\t\tNo\tYes",
-  "No\tCount\t12\t31",
-  "\t% within Observed\t27.9%\t72.1%",
-  "Yes\tCount\t9\t168",
-  "\t% within Observed\t5.1%\t94.9%",
-  "",
-].join("\n");
+const classification = `\t\tPredicted\t
+Observed\t\tNo\tYes
+No\tCount\t12\t31
+\t% within Observed\t27.9%\t72.1%
+Yes\tCount\t9\t168
+\t% within Observed\t5.1%\t94.9%
+`;
 
-const coefficients = [
-  "\t\t\t\t\t95% Confidence Interval\t",
-  "Model Term\tCoefficient\tStd. Error\tt\tSig.\tLower\tUpper",
-  "Intercept\t-2.978\t0.5123\t-5.812\t<.001\t-4.006\t-1.950",
-  "period=1\t1.580\t0.4321\t3.656\t.001\t0.713\t2.447",
-  "period=2\t0.588\t0.4511\t1.304\t.198\t-0.317\t1.493",
-  "period=3\t3.21E-05\t0.4701\t0.000\t.999\t-0.943\t0.943",
-  "period=4\t0.000\t.\t.\t.\t.\t.",
-  "",
-].join("\n");
+const coefficients = `\t\t\t\t\t95% Confidence Interval\t
+Model Term\tCoefficient\tStd. Error\tt\tSig.\tLower\tUpper
+Intercept\t-2.978\t0.5123\t-5.812\t<.001\t-4.006\t-1.950
+period=1\t1.580\t0.4321\t3.656\t.001\t0.713\t2.447
+period=2\t0.588\t0.4511\t1.304\t.198\t-0.317\t1.493
+period=3\t3.21E-05\t0.4701\t0.000\t.999\t-0.943\t0.943
+period=4\t0.000\t.\t.\t.\t.\t.
+`;
+
+const lines = `Fixed Coefficients
+Target: Number of new serological cases/Herd size
+a Redundant.
+b Reference category.The last one.`;
+
+const spans = `Coefficient 2x1
+Std. Error 2x1
+t 2x1
+Sig. 2x1
+95% Confidence Interval 1x2`;
 
 async function copyTable(page, anchor) {
   const button = page.locator(`#${anchor} .copy`);
@@ -68,15 +75,9 @@ async function checkReport(page) {
     ...expectEqual("status", table.status, "Copied"),
     ...expectEqual("plain text", table.text, coefficients),
     ...expectEqual("plain text with two levels of rows", matrix.text, classification),
-    ...expectEqual("lines", table.lines, [
-      "Fixed Coefficients",
-      "Target: Number of new serological cases/Herd size",
-      "a This coefficient is set to zero because it is redundant.",
-      "b Reference category.The last one in ascending order.",
-    ].join("\n")),
+    ...expectEqual("lines", table.lines, lines),
     ...expectEqual("cells by row", table.cellsByRow, "6 3 7 7 7 7 7"),
-    ...expectEqual("spans", table.spans,
-      ["Coefficient 2x1", "Std. Error 2x1", "t 2x1", "Sig. 2x1", "95% Confidence Interval 1x2"].join("\n")),
+    ...expectEqual("spans", table.spans, spans),
     ...expectEqual("letters", table.letters, "a, b a a"),
     ...expectEqual("styles", table.styles, "right left right"),
     ...expectEqual("what should stay behind", table.strange, 0),
@@ -96,7 +97,7 @@ async function checkFallbacks(browser, url) {
   await context.close();
   return [
     ...expectEqual("plain text by clipboard", text, classification),
-    ...expectEqual("title by clipboard", lines, "Classification (overall percent correct = 81.8%)"),
+    ...expectEqual("title by clipboard", lines, "Classification"),
     ...expectEqual("status", status, "Not copied"),
   ];
 }
@@ -129,18 +130,17 @@ async function checkWithoutScripts(browser, url) {
   return [...expectEqual("buttons", buttons, 0), ...expectEqual("contents are open", isOpen, true)];
 }
 
-/** A long table keeps its header in view, a wide one the labels of its rows. */
+/** A large table keeps its header in view, and the labels of its rows. */
 async function checkScrolling(page) {
-  const distance = await page.evaluate(() => {
+  const [below, beside] = await page.evaluate(() => {
     const frame = document.querySelector(".scroll");
-    const sideways = frame.scrollWidth > frame.clientWidth;
-    const pinned = frame.querySelector(sideways ? "tbody th" : "thead th:last-child");
     frame.scrollTo(200, 500);
-    const box = pinned.getBoundingClientRect();
+    const boxOf = (selector) => frame.querySelector(selector).getBoundingClientRect();
     const outer = frame.getBoundingClientRect();
-    return sideways ? box.left - outer.left : box.bottom - outer.top;
+    return [boxOf("thead th:last-child").bottom - outer.top, boxOf("tbody th").left - outer.left];
   });
-  return distance >= 0 && distance < 80 ? [] : [`what should stay in view is ${distance} px off`];
+  const isPinned = (distance) => distance >= 0 && distance < 80;
+  return isPinned(below) && isPinned(beside) ? [] : [`what should stay in view is ${below} and ${beside} px off`];
 }
 
 /** By name of the page. */
@@ -148,6 +148,5 @@ export const sampleChecks = {
   report: async (page, browser, url) => [...await checkReport(page), ...await checkFallbacks(browser, url),
     ...await checkWithoutScripts(browser, url)],
   hostile: checkHostile,
-  wide: checkScrolling,
-  long: checkScrolling,
+  large: checkScrolling,
 };

@@ -70,8 +70,8 @@ a     x
     {"a group parted all the same, since it is wider than the room", 24, R"(
 title Wide
 rows 1 Term : a
-columns 1 -name S : x Confidence_Interval::Lower_bound Confidence_Interval::Upper_bound Confidence_Interval::Middle
-cells 1 2 3 4
+columns 1 -name S : x Confidence_Interval::Lower_bound Confidence_Interval::Upper_bound
+cells 1 2 3
 )",
      R"(
 Wide
@@ -98,15 +98,6 @@ Term  Upper bound
 ─────────────────
 a               3
 ─────────────────
-
-────────────
-      Confidence
-      Interval
-      ──────
-Term  Middle
-────────────
-a          4
-────────────
 )"},
     {"labels and texts in a narrow room", 40, R"(
 title Narrow
