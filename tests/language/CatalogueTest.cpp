@@ -1,7 +1,5 @@
 #include "host/language/Catalogue.h"
 
-#include <gtest/gtest.h>
-
 #include <map>
 
 #include "tests/language/TemporaryFolder.h"
@@ -78,16 +76,15 @@ TEST_P(BothByteOrders, TruncatedFilesGiveNothingWrong) {
 TEST_P(BothByteOrders, DamagedWordsDoNoHarm) {
     const std::string whole = FileOf(kTexts, GetParam());
     const auto size = static_cast<std::uint32_t>(whole.size());
+    const std::uint32_t words[] = {0U, 1U, size - 4, size, size + 1, 0x7fffffffU, 0x80000000U, 0xfffffffcU, ~0U};
     for (std::size_t at = 0; at < 28 + 16 * kTexts.size(); at += 4) {
-        for (const std::uint32_t word :
-             {0U, 1U, size - 4, size, size + 1, 0x7fffffffU, 0x80000000U, 0xfffffffcU, ~0U}) {
+        for (const std::uint32_t word : words) {
             std::string bytes;
             Append(bytes, word, GetParam());
             const auto catalogue = Catalogue::FromBytes(std::string(whole).replace(at, 4, bytes));
             if (!catalogue) continue;
             for (const auto& [source, translation] : kTexts) {
-                const std::string answer(catalogue->Find(source).value_or(""));
-                EXPECT_LE(answer.size(), whole.size());
+                EXPECT_LE(catalogue->Find(source).value_or("").size(), whole.size());
             }
         }
     }
@@ -96,7 +93,6 @@ TEST_P(BothByteOrders, DamagedWordsDoNoHarm) {
 TEST(Catalogue, RefusesWhatItDoesNotKnow) {
     const std::string good = FileOf(kTexts, false);
     const std::string cases[] = {
-        "",
         std::string(28, '\0'),
         "msgid \"Mean\"\nmsgstr \"Mean\"\n",
         std::string(good).replace(4, 1, "\x01"),  // a later revision, minor and major
@@ -104,13 +100,9 @@ TEST(Catalogue, RefusesWhatItDoesNotKnow) {
         std::string(good).replace(0, 1, "\xdf"),
     };
     for (const auto& bytes : cases) EXPECT_FALSE(Catalogue::FromBytes(bytes)) << bytes;
-    EXPECT_TRUE(Catalogue::FromBytes(good));
-}
-
-TEST(Catalogue, AnEmptyOneFindsNothing) {
-    const auto catalogue = Catalogue::FromBytes(FileOf({}, false));
-    ASSERT_TRUE(catalogue);
-    EXPECT_FALSE(catalogue->Find("a"));
+    const auto empty = Catalogue::FromBytes(FileOf({}, false));
+    ASSERT_TRUE(empty);
+    EXPECT_FALSE(empty->Find("a"));
 }
 
 TEST(Catalogue, OpensRegularFilesOnly) {
@@ -129,7 +121,6 @@ TEST(Catalogue, ListsLanguages) {
     std::filesystem::create_directory(folder.Path("es.mo"));
     EXPECT_EQ(ListLanguages(folder.Path("")), (std::vector<std::string>{"C", "de", "fr", "pt_BR"}));
     EXPECT_EQ(ListLanguages(folder.Path("missing")), std::vector<std::string>{"C"});
-    EXPECT_EQ(ListLanguages(HIERFIT_SHARE "/languages").front(), "C");
 }
 
 }  // namespace hierfit::language::test

@@ -1,7 +1,5 @@
 #include "host/FetchFile.h"
 
-#include <gtest/gtest.h>
-
 #include "host/context/RunContext.h"
 #include "tests/language/TemporaryFolder.h"
 

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "host/FacSTDictionary.h"
 #include "host/ParserMessage.h"
 #include "host/PathFactory.h"
@@ -30,16 +28,15 @@ class LanguageRun {
 }  // namespace
 
 TEST(FillMarks, FillsInOnePass) {
+    std::string many;
+    for (int mark = 0; mark < 32; ++mark) many += "^1";
     const struct {
-        std::string_view fText;
+        std::string fText;
         Arguments fvArguments;
         std::string fFilled;
     } cases[] = {
         {"", {"a"}, ""},
-        {"no mark", {"a"}, "no mark"},
-        {"^1 by ^2", {"a", "b"}, "a by b"},
         {"^2 before ^1, ^2", {"a", "b"}, "b before a, b"},
-        {"^1^1", {"a"}, "aa"},
         {"^1-^2", {"^2", "^1"}, "^2-^1"},
         {"^1", {""}, ""},
         {"^1 ^2 ^3", {"a", {}, "c"}, "a ^2 c"},
@@ -48,7 +45,8 @@ TEST(FillMarks, FillsInOnePass) {
         {"^0 ^a ^: ^", {"a"}, "^0 ^a ^: ^"},
         {"^^1", {"a"}, "^a"},
         {"^10", {"a"}, "a0"},
-        {"\xE2\x82\xAC^1\xE2\x82\xAC", {"\xC3\xA9"}, "\xE2\x82\xAC\xC3\xA9\xE2\x82\xAC"},
+        {"\xE2\x82\xAC^1", {"\xC3\xA9"}, "\xE2\x82\xAC\xC3\xA9"},
+        {many + "^1 ^1", {"a"}, std::string(32, 'a') + "^1 ^1"},
     };
     for (const auto& [text, arguments, filled] : cases) EXPECT_EQ(FillMarks(text, arguments), filled);
 }
@@ -61,7 +59,6 @@ TEST(Translation, ReadsTheEnglishCatalogue) {
     } cases[] = {
         {"Model Summary", "Model Summary", "Model Summary"},
         {"Variance ", "Variance", "Variance "},
-        {"Variance", "Variance", "Variance"},
         {"VarOfEffect", "Variance of A", "VarOfEffect"},
         {"UN (^1,^2)", "UN (A,B)", "UN (A,B)"},
         {"E60868", "Count", "E60868"},
@@ -70,7 +67,6 @@ TEST(Translation, ReadsTheEnglishCatalogue) {
          "Probability Distribution A, Link Function B ..."},
         {"Target\\: ^1", "Target: A", "Target\\: A"},
         {"[%1:\n^1:]1", "[%1:\nA:]1", "[%1:\nA:]1"},
-        {"a variable's name", "a variable's name", "a variable's name"},
         {"", "", ""},
     };
     for (const bool isEnglish : {true, false}) {

@@ -1,28 +1,19 @@
-// Checks that the catalogues hold what the program asks for, and that what they give can be shown.
-//
-//     node keys.mjs PROJECT
+// Checks that the catalogues hold what the program asks for, and that what they give can be shown: node keys.mjs PROJECT
 //
 // In the code of the procedure, a text is for the reader when it is passed to a translating operation, or when it looks
 // like words: it begins with a capital or a mark. Diagnostics begin small. Texts that look like words and are not for
 // the reader stand in untranslated.txt.
 
-import assert from 'node:assert/strict';
-import {readFileSync, readdirSync} from 'node:fs';
-import {basename, dirname, join, relative} from 'node:path';
-import {test} from 'node:test';
-import {fileURLToPath} from 'node:url';
+import { readFileSync, readdirSync } from "node:fs";
+import { basename, join } from "node:path";
 
-import {literalsOf} from './literals.mjs';
-import {listsOf, marksOf, readCatalogue} from './po.mjs';
-
-const project = process.argv[2] ?? join(dirname(fileURLToPath(import.meta.url)), '../..');
+const project = process.argv[2];
 
 /** The marks that the texts behind keys may use. */
 const marksOfKeys = {
-    'Deviation Higher': 3, 'Deviation Lower': 3, 'Deviation Same': 3,
-    'Simple Higher': 3, 'Simple Lower': 3, 'Simple Same': 3,
-    'Horizontal Line Deviation': 3, 'Horizontal Line Simple': 3,
-    VarOfEffect: 1, kGLMM_C19_1: 1, kGLMM_C22: 1, kGLMM_C27: 1,
+  "Deviation Higher": 3, "Deviation Lower": 3, "Deviation Same": 3, "Horizontal Line Deviation": 3,
+  "Simple Higher": 3, "Simple Lower": 3, "Simple Same": 3, "Horizontal Line Simple": 3,
+  VarOfEffect: 1, kGLMM_C19_1: 1, kGLMM_C22: 1, kGLMM_C27: 1,
 };
 
 /** Sources that hold the names of the results' document, which look like words too. */
@@ -30,175 +21,111 @@ const readers = /^(HFITParseOutXML|SettingTexts|XmlReading)/;
 
 /** Keys that come with a model's results. */
 const documentKeys = [
-    'Variance ', 'VarOfEffect', 'UN (^1,^2)', 'AR1 diagonal', 'AR1 rho', 'ARMA11 diagonal', 'ARMA11 rho', 'ARMA11 phi',
-    'CS diagonal offset', 'CS covariance', 'TP diagonal', 'TP rho ^1', 'kGLMM_C19_1',
-    ...[8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30].map(n => `kGLMM_C${n}`),
+  "Variance ", "VarOfEffect", "UN (^1,^2)", "AR1 diagonal", "AR1 rho", "ARMA11 diagonal", "ARMA11 rho", "ARMA11 phi",
+  "CS diagonal offset", "CS covariance", "TP diagonal", "TP rho ^1", "kGLMM_C19_1",
+  ...[8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 20, 21, 22, 23, 24, 25, 26, 27, 28, 29, 30].map((n) => `kGLMM_C${n}`),
 ];
 
 /** Texts that take a list of any length after their own values. */
 const listKeys = [
-    'EffectVar1', 'EffectVar2', 'Covariance Structure ^1 ...', 'Covariance Structure ^1 Subject Specification ^2 ...',
+  "EffectVar1", "EffectVar2", "Covariance Structure ^1 ...", "Covariance Structure ^1 Subject Specification ^2 ...",
 ];
 
 function filesIn(folder, pattern) {
-    try {
-        const all = readdirSync(join(project, folder), {recursive: true, withFileTypes: true});
-        return all.filter(entry => entry.isFile() && pattern.test(entry.name))
-            .map(entry => join(entry.parentPath ?? entry.path, entry.name)).sort();
-    } catch (error) {
-        if (error.code === 'ENOENT') return [];
-        throw error;
-    }
+  return readdirSync(join(project, folder), { recursive: true }).filter((path) => pattern.test(path))
+    .map((path) => join(folder, path));
 }
 
-const read = path => readFileSync(path, 'utf8');
-const unescapeXml = text =>
-    text.replace(/&(lt|gt|quot|apos|amp);/g, (_, name) => ({lt: '<', gt: '>', quot: '"', apos: "'", amp: '&'})[name]);
-const untranslated =
-    new Set(read(join(dirname(fileURLToPath(import.meta.url)), 'untranslated.txt')).split('\n')
-        .filter(line => line && !line.startsWith('# ')));
-
-const isTranslator = call => /^(GetTranslatedText|Translate|LookUp|Translated|Composite)$/.test(call);
-const isPlain = call => call === 'Plain';
-const isCellText = call => /^(BpString|BpComposite)$/.test(call);
-const isForDevelopers = call => /^(Diagnose|static_assert|assert|\w*_error)$/.test(call);
-
-/** Whether a literal is certainly translated, certainly not, or neither. */
-function certainty({calls, isFirst, flag}) {
-    const [innermost = []] = calls;
-    if (isFirst && innermost.some(isTranslator)) return true;
-    if (isFirst && innermost.some(isPlain)) return false;
-    if (isFirst && innermost.some(isCellText) && flag !== undefined) return flag;
-    return calls.some(call => call.some(isForDevelopers)) ? false : undefined;
-}
+const read = (path) => readFileSync(join(project, path), "utf8");
+const untranslated = new Set(read("tests/language/untranslated.txt").split("\n"));
 
 function looksLikeWords(text, isReader) {
-    const isMarkAlone = /^\^\d$/.test(text);
-    const isMarkup = /[<>]|="|&\w+;/.test(text);
-    if (isMarkAlone || isMarkup || !/[A-Za-z]|[%^]\d/.test(text)) return false;
-    return /^([A-Z^%[]|kGLMM_)/.test(text) && (!isReader || text.includes(' '));
+  const isMarkAlone = /^\^\d$/.test(text);
+  const isMarkup = /[<>]|="|&\w+;/.test(text);
+  if (isMarkAlone || isMarkup || !/[A-Za-z]|[%^]\d/.test(text)) return false;
+  return /^([A-Z^%[]|kGLMM_)/.test(text) && (!isReader || text.includes(" "));
 }
 
-/** What a source of the procedure asks for: the texts that a catalogue must hold. */
-function wantedTexts(source, {isReader = false, isNet = true} = {}) {
-    return literalsOf(source).filter(literal => {
-        const isCertain = certainty(literal);
-        if (isCertain !== undefined || !isNet) return isCertain === true && literal.text !== '';
-        return looksLikeWords(literal.text, isReader) && !untranslated.has(literal.text.trim());
-    });
+/** Whether a literal is passed to be translated, passed to stay as it is, or neither. */
+function certainty(before, after) {
+  if (/\b(GetTranslatedText|Translate|LookUp|Translated|Composite)[({]\s*$/.test(before)) return true;
+  if (/\b(Plain[({]|extern)\s*$/.test(before)) return false;
+  const flag = /\bBp(String|Composite)\b[^"]{0,20}[({]\s*$/.test(before) && /^,\s*(true|false)\b/.exec(after);
+  return flag ? flag[1] === "true" : undefined;
 }
 
-function wantedBySources() {
-    return filesIn('backend', /\.(cpp|h)$/).flatMap(path => {
-        const isNet = relative(project, path).startsWith(join('backend', 'hierfit'));
-        const isReader = readers.test(basename(path));
-        return wantedTexts(read(path), {isReader, isNet})
-            .map(({text, line}) => ({text, place: `${relative(project, path)}:${line}`}));
-    });
+/** The texts of a source that a catalogue must hold. */
+function textsOf(path) {
+  const source = read(path).replace(/\/\/.*|^ *#.*/gm, "").replace(/\/\*[^]*?\*\//g, "").replace(/"\s*\n\s*"/g, "");
+  const literals = source.matchAll(/'(?:[^'\\\n]|\\.)+'|"(?<words>(?:[^"\\\n]|\\.)+)"/g);
+  return Array.from(literals).flatMap(({ 0: { length }, index, groups: { words } }) => {
+    if (words === undefined) return [];
+    const text = words.replaceAll("\\n", "\n").replace(/\\(.)/g, "$1");
+    const isInProcedure = path.startsWith("backend/hierfit") && !untranslated.has(text.trim());
+    const isWanted = certainty(source.slice(0, index), source.slice(index + length))
+      ?? (isInProcedure && looksLikeWords(text, readers.test(basename(path))));
+    return isWanted ? [{ text, place: path }] : [];
+  });
 }
 
-function wantedByPattern(folder, names, pattern) {
-    return filesIn(folder, names).flatMap(path =>
-        [...read(path).matchAll(pattern)].map(match =>
-            ({text: unescapeXml(match[1]), place: relative(project, path)})));
-}
+const textsLike = (folder, names, pattern) => filesIn(folder, names).flatMap((path) =>
+  Array.from(read(path).matchAll(pattern), ([, text]) => ({ text, place: path })));
 
 const wanted = [
-    ...wantedBySources(),
-    ...wantedByPattern('template', /\.(xml|viztemplate)$/, /\slookup="([^"]*)"/g),
-    ...wantedByPattern('examples', /\.statxml$/, /\spattern="([^"]*)"\s+isKey="true"/g),
-    ...[...documentKeys, ...listKeys, ...Object.keys(marksOfKeys)].map(text => ({text, place: 'keys.mjs'})),
+  ...filesIn("backend", /\.(cpp|h)$/).flatMap(textsOf),
+  ...textsLike("template", /\.(xml|viztemplate)$/, /\slookup="([^"]*)"/g),
+  ...textsLike("examples", /\.statxml$/, /\spattern="([^"]*)"\s+isKey="true"/g),
+  ...[...documentKeys, ...listKeys, ...Object.keys(marksOfKeys)].map((text) => ({ text, place: "keys.mjs" })),
 ];
 
-const catalogues = filesIn('languages', /\.po$/).map(path => {
-    const [header, ...entries] = readCatalogue(read(path));
-    return {name: basename(path, '.po'), header, entries};
-});
-
-/** The faults of one translation, as sentences. */
-function faultsOf({id, text, isFuzzy}) {
-    const mayUse = id in marksOfKeys ? ['^1', '^2', '^3'].slice(0, marksOfKeys[id]) : marksOf(id);
-    const mustUse = id in marksOfKeys ? [] : marksOf(id);
-    const used = marksOf(text);
-    const faults = [
-        [text === '', 'has no translation'],
-        [isFuzzy, 'is marked as a guess'],
-        [used.some(mark => !mayUse.includes(mark)), 'has a mark that gets no value'],
-        [mustUse.some(mark => !used.includes(mark)), 'lacks a mark'],
-        [listsOf(id).some(list => !text.includes(list)), 'changes the list of its source'],
-        [listKeys.includes(id) && listsOf(text).length !== 1, 'has no list for its items'],
-        [!listKeys.includes(id) && listsOf(text).length > listsOf(id).length, 'has a list that gets no items'],
-        [/kGLMM_|\bE\d{5}\b|EffectVar|VarOfEffect|EMMEANS|DATA_STRUCTURE/.test(text), 'shows a key'],
-        [/\.\.\.$/.test(text), 'is no whole text'],
-        [/^\s|\s$/.test(text), 'begins or ends with a blank'],
-        [text.includes('\\'), 'holds a backslash'],
-        [/\p{Cc}/u.test(text.replaceAll('\n', '')), 'holds a control character'],
-    ];
-    return faults.filter(([isFault]) => isFault).map(([, words]) => `"${id}" ${words}`);
+/** The entries of a catalogue, parted by empty lines; the first (id "") describes it. */
+function entriesOf(path) {
+  return read(path).split(/\n{2,}/).filter((entry) => entry.includes("msgid ")).map((entry) => {
+    const [id, text] = entry.replace(/^#.*\n/gm, "").split("msgstr ").map((part) =>
+      Array.from(part.matchAll(/".*"/g), ([line]) => JSON.parse(line)).join(""));  // its escapes are JSON's, too
+    return { id, text, isFuzzy: /^#,.*fuzzy/m.test(entry) };
+  });
 }
 
-test('there is an English catalogue', () => {
-    assert.ok(catalogues.some(catalogue => catalogue.name === 'en'));
-});
+/** The list patterns of a text, such as "[%1:\n^1:]1". */
+const listsOf = (text) => text.match(/\[[^\[\]:]*:[^\[\]:]*:\]\d/g) ?? [];
 
-for (const {name, header, entries} of catalogues) {
-    test(`${name}: the catalogue names its language`, () => {
-        assert.match(header.text, new RegExp(`^Language: ${name}$`, 'm'));
-        assert.match(header.text, /charset=UTF-8/);
-    });
+/** The marks of a text outside its list patterns. */
+const marksOf = (text) => listsOf(text).reduce((rest, list) => rest.replace(list, ""), text).match(/\^\d/g) ?? [];
 
-    test(`${name}: every text that the program asks for is there`, () => {
-        const held = new Set(entries.map(entry => entry.id));
-        const missing = wanted.filter(({text}) => !held.has(text));
-        assert.deepEqual(missing.map(({text, place}) => `${place}: ${JSON.stringify(text)}`), []);
-    });
-
-    test(`${name}: every translation can be shown`, () => {
-        assert.deepEqual(entries.flatMap(faultsOf), []);
-    });
+/** What is wrong with a translation. */
+function faultsOf({ id, text, isFuzzy }) {
+  const mayUse = id in marksOfKeys ? ["^1", "^2", "^3"].slice(0, marksOfKeys[id]) : marksOf(id);
+  const mustUse = id in marksOfKeys ? [] : marksOf(id);
+  const used = marksOf(text);
+  return Object.entries({
+    "has no translation": text === "",
+    "is marked as a guess": isFuzzy,
+    "has a mark that gets no value": used.some((mark) => !mayUse.includes(mark)),
+    "lacks a mark": mustUse.some((mark) => !used.includes(mark)),
+    "changes the list of its source": listsOf(id).some((list) => !text.includes(list)),
+    "has no list for its items": listKeys.includes(id) && listsOf(text).length !== 1,
+    "has a list that gets no items": !listKeys.includes(id) && listsOf(text).length > listsOf(id).length,
+    "shows a key": /kGLMM_|\bE\d{5}\b|EffectVar|VarOfEffect|EMMEANS|DATA_STRUCTURE/.test(text),
+    "is no whole text": /\.\.\.$/.test(text),
+    "begins or ends with a blank": /^\s|\s$/.test(text),
+    "holds a backslash": text.includes("\\"),
+    "holds a control character": /\p{Cc}/u.test(text.replaceAll("\n", "")),
+  }).filter(([, isFault]) => isFault).map(([words]) => `"${id}" ${words}`);
 }
 
-test('texts are found in sources', () => {
-    const cases = [
-        ['BpString("t", true)', ['t']],
-        ['BpString{"Sig.", true}', ['Sig.']],
-        ['BpComposite title("^1 - ^2", true);', ['^1 - ^2']],
-        ['std::make_unique<BpString>("df", true)', ['df']],
-        ['table.Category(BpString("F", true)).Cell(BpNumber(x, y))', ['F']],
-        ['Cell(Translated("t"), Plain("Plain Words"))', ['t']],
-        ['Composite("^1", value)', ['^1']],
-        ['BpString("FixedEffects", false)', []],
-        ['BpString("Some Column", false)', []],
-        ['Translate("a", nullptr)', ['a']],
-        ['fDictionary.LookUp("b")', ['b']],
-        ['GetTranslatedText(key, "c")', []],
-        ['struct Row { const char* f; } rows[] = {{"Std. Error"}, {"lower"}};', ['Std. Error']],
-        ['constexpr auto kC8 = "kGLMM_C8";', ['kGLMM_C8']],
-        ['f("Simple " /* why */ "Higher")', ['Simple Higher']],
-        ['f(R"(Target\\: ^1)")', ['Target\\: ^1']],
-        ['f("Target\\\\: ^1", "[%1:\\n^1:]1")', ['Target\\: ^1', '[%1:\n^1:]1']],
-        ['// "Not Me"\n/* "Nor Me" */\n#include "Header.h"', []],
-        ['#include "Header.h"\nextern "C" int f();', []],
-        ["char c = '\"'; f(\"After Quote\", 1'000)", ['After Quote']],
-        ['Diagnose("Left out: " + f("No Test"))', []],
-        ['insert(" visible=\\"false\\" "); find("<faceting a"); f("&quot; b")', []],
-        ['f("TitleText"); replace("^1", x)', []],
-        ['f(", ") + g("x") + "the table has no rows"', []],
-    ];
-    for (const [source, texts] of cases) assert.deepEqual(wantedTexts(source).map(found => found.text), texts, source);
-    assert.deepEqual(wantedTexts('f("ModelStats", "A text")', {isReader: true}).map(found => found.text), ['A text']);
-    assert.deepEqual(wantedTexts('f("A text", LookUp("B text"))', {isNet: false}).map(found => found.text), ['B text']);
-    assert.equal(wantedTexts('\n\n  f("On Line Three")')[0].line, 3);
-});
-
-test('faults of translations are found', () => {
-    const cases = [
-        ['Mean', 'Mittelwert', 0], ['Mean', '', 1], ['Mean', 'Mean ', 1], ['Mean', 'Mean ...', 1], ['Mean', '^1', 1],
-        ['^1 by ^2', '^2: ^1', 0], ['^1 by ^2', '^1', 1], ['^1 by ^2', '^1 by ^2 and ^3', 1],
-        ['kGLMM_C22', 'No fit: ^1', 0], ['kGLMM_C22', 'No fit', 0], ['kGLMM_C22', '^1 ^2', 1],
-        ['kGLMM_C8', 'kGLMM_C8', 1], ['E60868', 'E60868', 1], ['Target\\: ^1', 'Target\\: ^1', 1],
-        ['EffectVar1', '%1 = %2', 1], ['EffectVar1', '[%1=%2:, ^1=^2:]1', 0],
-        ['[:^1:]1', '[:^1:]1', 0], ['[:^1:]1', '[: ^1:]1', 1], ['Mean', 'Mean[:^1:]1', 1],
-    ];
-    for (const [id, text, count] of cases) assert.equal(faultsOf({id, text}).length, count, `${id} -> ${text}`);
-});
+const faults = wanted.length > 300 ? [] : [`only ${wanted.length} texts were found`];
+const catalogues = filesIn("languages", /\.po$/);
+if (!catalogues.includes("languages/en.po")) faults.push("there is no English catalogue");
+for (const path of catalogues) {
+  const [header, ...entries] = entriesOf(path);
+  const held = new Set(entries.map(({ id }) => id));
+  const isDescribed = header.text.includes(`Language: ${basename(path, ".po")}\n`) && /charset=UTF-8/.test(header.text);
+  if (!isDescribed) faults.push(`${path} does not name its language`);
+  faults.push(...wanted.filter(({ text }) => !held.has(text)).map(({ text, place }) => `${path} lacks "${text}" of ${place}`));
+  faults.push(...entries.flatMap(faultsOf).map((fault) => `${path}: ${fault}`));
+}
+if (faults.length > 0) {
+  console.error(faults.join("\n"));
+  process.exit(1);
+}

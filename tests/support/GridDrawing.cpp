@@ -1,5 +1,7 @@
 #include "tests/support/GridDrawing.h"
 
+#include <map>
+
 namespace hierfit::test {
 
 namespace {
@@ -10,7 +12,6 @@ class Drawing {
     explicit Drawing(const report::Grid& grid) : fGrid(grid) {
         const bool hasCornerLine = fGrid.fColumnLevels == 0 && !fGrid.fvCorner.empty();
         fTop = fGrid.fColumnLevels + (hasCornerLine ? 1 : 0);
-        fvLines.assign(Size(fTop + fGrid.fRows), std::vector<std::string>(Size(fGrid.fRowLevels + fGrid.fColumns)));
     }
 
     std::string Draw() {
@@ -23,24 +24,30 @@ class Drawing {
         for (const report::HeaderCell& header : fGrid.fvRowHeaders) {
             Fill(fTop + header.fFirst, header.fSpan, header.fLevel, header.fLevels, Describe(header));
         }
-        for (int row = 0; row < fGrid.fRows; ++row) {
-            for (int column = 0; column < fGrid.fColumns; ++column) {
-                Fill(fTop + row, 1, fGrid.fRowLevels + column, 1, Describe(fGrid.At(row, column)));
-            }
-        }
-        return Print();
+        std::string text;
+        for (int line = 0; line < fTop + fGrid.fRows; ++line) text += DrawLine(line);
+        for (const report::Note& note : fGrid.fvNotes) text += note.fLetter + ": " + note.fpText->fWords + '\n';
+        return text;
     }
 
   private:
-    static std::size_t Size(int number) { return static_cast<std::size_t>(number); }
-
     void Fill(int line, int lines, int column, int columns, const std::string& text) {
         for (int i = 0; i < lines; ++i) {
-            for (int k = 0; k < columns; ++k) {
-                std::string& place = fvLines.at(Size(line + i)).at(Size(column + k));
-                place += i == 0 && k == 0 ? text : k > 0 ? "<" : "^";
-            }
+            for (int k = 0; k < columns; ++k) fTexts[{line + i, column + k}] += k > 0 ? "<" : i > 0 ? "^" : text;
         }
+    }
+
+    std::string DrawLine(int line) {
+        std::string text;
+        for (int column = 0; column < fGrid.fRowLevels + fGrid.fColumns; ++column) {
+            std::string& place = fTexts[{line, column}];
+            if (line >= fTop && column >= fGrid.fRowLevels) {
+                const report::DataCell& cell = fGrid.At(line - fTop, column - fGrid.fRowLevels);
+                if (cell.fpCell) place += cell.fpCell->fContent.fWords + DescribeNotes(cell.fvNotes);
+            }
+            text += (column == 0 ? "" : place.empty() ? " |" : " | ") + place;
+        }
+        return text + '\n';
     }
 
     std::string Describe(const report::HeaderCell& header) const {
@@ -50,32 +57,15 @@ class Drawing {
         return text + DescribeNotes(header.fvNotes);
     }
 
-    std::string Describe(const report::DataCell& cell) const {
-        return cell.fpCell ? cell.fpCell->fContent.fWords + DescribeNotes(cell.fvNotes) : "";
-    }
-
     std::string DescribeNotes(const std::vector<int>& notes) const {
         std::string text;
-        for (const int note : notes) text += "*" + fGrid.fvNotes.at(Size(note)).fLetter;
-        return text;
-    }
-
-    std::string Print() const {
-        std::string text;
-        for (const std::vector<std::string>& line : fvLines) {
-            for (std::size_t column = 0; column < line.size(); ++column) {
-                if (column > 0) text += line[column].empty() ? " |" : " | ";
-                text += line[column];
-            }
-            text += '\n';
-        }
-        for (const report::Note& note : fGrid.fvNotes) text += note.fLetter + ": " + note.fpText->fWords + '\n';
+        for (const int note : notes) text += "*" + fGrid.fvNotes.at(static_cast<std::size_t>(note)).fLetter;
         return text;
     }
 
     const report::Grid& fGrid;
-    int fTop = 0;
-    std::vector<std::vector<std::string>> fvLines;
+    int fTop;
+    std::map<std::pair<int, int>, std::string> fTexts;  ///< by line and column
 };
 
 }  // namespace

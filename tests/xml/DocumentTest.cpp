@@ -1,7 +1,6 @@
 #include <string_view>
 
 #include "Parsed.h"
-#include "tests/support/ExampleFile.h"
 
 namespace hierfit::test {
 namespace {
@@ -56,19 +55,6 @@ TEST(Document, ReadsEncodings) {
     EXPECT_EQ(Shown(*Parsed(Utf16(declared, true))), "r [a=x]\n");
 }
 
-TEST(Document, WalksElementsOfOneName) {
-    const auto document = Parsed("<r><a/><b><a/></b><a><a/></a><c/></r>");
-    EXPECT_EQ(document->FirstChild(0, "a"), 1U);
-    EXPECT_EQ(document->NextOfName(1), 4U);
-    EXPECT_EQ(document->NextOfName(4), Document::kNone);
-    EXPECT_EQ(document->NextOfName(0), Document::kNone);
-    EXPECT_EQ(document->FirstChild(2, "a"), 3U);
-    EXPECT_EQ(document->FirstChild(3, "a"), Document::kNone);
-    EXPECT_EQ(document->FirstChild(0, "d"), Document::kNone);
-    EXPECT_EQ(document->Parent(3), 2U);
-    EXPECT_EQ(document->Parent(0), Document::kNone);
-}
-
 TEST(Document, FindsAmongThousandsOfNames) {
     std::string text = "<r>";
     for (int i = 0; i < 3000; ++i)
@@ -80,15 +66,6 @@ TEST(Document, FindsAmongThousandsOfNames) {
         EXPECT_EQ(document->Attribute(node, "long-attribute-name-" + std::to_string(i)), "v");
         EXPECT_EQ(document->Attribute(node, "long-attribute-name-" + std::to_string(i + 1)), std::nullopt);
     }
-}
-
-TEST(Document, ReadsAnExampleWhole) {
-    const auto document = Parsed(ReadExample("oats", "model.statxml"));
-    const Node model = document->FirstChild(0, "PMMLModel");
-    ASSERT_NE(model, Document::kNone);
-    const Node summary = document->FirstChild(model, "PredictiveSummary");
-    EXPECT_EQ(document->Attribute(summary, "algorithmName"), "GLMM");
-    EXPECT_EQ(document->PathOf(summary), "StatXML/PMMLModel/PredictiveSummary");
 }
 
 }  // namespace

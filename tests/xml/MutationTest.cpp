@@ -10,23 +10,10 @@ namespace {
 constexpr char kSpice[] = "<>/&;\"'=!?[]-:# \n\r\t\0\xC3\xA4\xFF\xFEx";
 
 std::string Mutate(std::string text, std::mt19937& random) {
-    const auto below = [&random](std::size_t limit) { return limit == 0 ? 0 : random() % limit; };
-    for (std::size_t edits = 1 + below(4); edits > 0; --edits) {
-        const std::size_t at = below(text.size());
-        switch (below(4)) {
-            case 0:
-                text[at] = kSpice[below(sizeof kSpice)];
-                break;
-            case 1:
-                text.erase(at, below(40));
-                break;
-            case 2:
-                text.insert(at, text.substr(below(text.size()), below(40)));
-                break;
-            default:
-                text.insert(at, 1, kSpice[below(sizeof kSpice)]);
-        }
-        if (text.empty()) return text;
+    const auto below = [&random](std::size_t limit) { return random() % limit; };
+    for (std::size_t edits = 1 + below(4); edits > 0 && !text.empty(); --edits) {
+        const std::string pieces[] = {"", text.substr(below(text.size()), below(40)), {kSpice[below(sizeof kSpice)]}};
+        text.replace(below(text.size()), below(2) * below(40), pieces[below(3)]);
     }
     return text;
 }
