@@ -1,8 +1,7 @@
 // Checks that the catalogues hold what the program asks for, and that what they give can be shown: node keys.mjs PROJECT
 //
 // In the code of the procedure, a text is for the reader when it is passed to a translating operation, or when it looks
-// like words: it begins with a capital or a mark. Diagnostics begin small. Texts that look like words and are not for
-// the reader stand in untranslated.txt.
+// like words: it begins with a capital or a mark and is no name, such as LabelX. Diagnostics begin small.
 
 import { readFileSync, readdirSync } from "node:fs";
 import { basename, join } from "node:path";
@@ -37,13 +36,17 @@ function filesIn(folder, pattern) {
 }
 
 const read = (path) => readFileSync(join(project, path), "utf8");
-const untranslated = new Set(read("tests/language/untranslated.txt").split("\n"));
+
+/** Names of subtypes and of charts' variables that look like words. */
+const names = ["Contrasts", "Frequency", "Nodes", "Transparency", "Weight", "Weight2", "X", "Y"];
 
 function looksLikeWords(text, isReader) {
+  if (text.startsWith("kGLMM_")) return !isReader;
   const isMarkAlone = /^\^\d$/.test(text);
   const isMarkup = /[<>]|="|&\w+;/.test(text);
-  if (isMarkAlone || isMarkup || !/[A-Za-z]|[%^]\d/.test(text)) return false;
-  return /^([A-Z^%[]|kGLMM_)/.test(text) && (!isReader || text.includes(" "));
+  const isName = /^\S+[A-Z]\S*$/.test(text.trim()) || names.includes(text);
+  if (isMarkAlone || isMarkup || isName || !/[A-Za-z]|[%^]\d/.test(text)) return false;
+  return /^[A-Z^%[]/.test(text) && (!isReader || text.includes(" "));
 }
 
 /** Whether a literal is passed to be translated, passed to stay as it is, or neither. */
@@ -61,9 +64,8 @@ function textsOf(path) {
   return Array.from(literals).flatMap(({ 0: { length }, index, groups: { words } }) => {
     if (words === undefined) return [];
     const text = words.replaceAll("\\n", "\n").replace(/\\(.)/g, "$1");
-    const isInProcedure = path.startsWith("backend/hierfit") && !untranslated.has(text.trim());
     const isWanted = certainty(source.slice(0, index), source.slice(index + length))
-      ?? (isInProcedure && looksLikeWords(text, readers.test(basename(path))));
+      ?? (path.startsWith("backend/hierfit") && looksLikeWords(text, readers.test(basename(path))));
     return isWanted ? [{ text, place: path }] : [];
   });
 }
