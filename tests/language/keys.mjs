@@ -44,7 +44,7 @@ function looksLikeWords(text, isReader) {
   if (text.startsWith("kGLMM_")) return !isReader;
   const isMarkAlone = /^\^\d$/.test(text);
   const isMarkup = /[<>]|="|&\w+;/.test(text);
-  const isName = /^\S+[A-Z]\S*$/.test(text.trim()) || names.includes(text);
+  const isName = /^\w+[A-Z][\w.]*$/.test(text.trim()) || names.includes(text);
   if (isMarkAlone || isMarkup || isName || !/[A-Za-z]|[%^]\d/.test(text)) return false;
   return /^[A-Z^%[]/.test(text) && (!isReader || text.includes(" "));
 }
