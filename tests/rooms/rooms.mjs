@@ -1,7 +1,7 @@
 // Reads every include of the project and says when a room calls one that it may not know: node rooms.mjs ROOT
 
 import { readdirSync, readFileSync } from "node:fs";
-import { join, relative } from "node:path";
+import { join } from "node:path";
 
 const values = ["document", "context", "xml", "data"];
 
@@ -30,45 +30,29 @@ const thirdParty = /^(expat|fmt\/|CLI\/|nlohmann\/|rapidjson\/|utf8proc|gtest\/|
 
 const root = process.argv[2];
 
-function* sources(folder) {
-  for (const entry of readdirSync(folder, { withFileTypes: true })) {
-    const path = join(folder, entry.name);
-    if (entry.isDirectory()) yield* sources(path);
-    else if (/\.(h|cpp)$/.test(entry.name)) yield path;
-  }
-}
+const sourcesIn = (folder) => readdirSync(join(root, folder), { recursive: true })
+  .filter((path) => /\.(h|cpp)$/.test(path)).map((path) => join(folder, path));
 
-function roomOfFile(path) {
-  const parts = relative(root, path).split("/");
-  if (parts[0] !== "backend") return parts[0];
-  if (parts[1] === "hierfit") return "hierfit";
-  return parts.length === 3 ? "contract" : parts[2];
-}
-
-function roomOfInclude(include, room) {
-  const parts = include.split("/");
+/** The room that a path names, if it names one. */
+function roomOf(path) {
+  const parts = path.replace(/^backend\//, "").split("/");
   if (parts[0] === "host") return parts.length === 2 ? "contract" : parts[1];
-  if (parts[0] === "hierfit" || parts[0] === "report") return parts[0];
-  return room;  // a neighbour in the same folder
+  return parts[0] in mayKnow ? parts[0] : undefined;
 }
 
 const faults = [];
-for (const folder of ["backend", "report", "program"]) {
-  for (const path of sources(join(root, folder))) {
-    const room = roomOfFile(path);
-    const isPublicHeader = path.endsWith(".h") && ["contract", "document", "session", "report"].includes(room);
-    for (const [, bracket, include] of readFileSync(path, "utf8").matchAll(/^#include ([<"])([^>"]+)[>"]/gm)) {
-      const where = `${relative(root, path)}: #include ${include}`;
-      if (bracket === "<") {
-        if (!thirdParty.test(include)) continue;
-        if (isPublicHeader) faults.push(`${where}: a library in a public header`);
-        if (room === "hierfit") faults.push(`${where}: the procedure knows the standard library and the contract alone`);
-      } else {
-        if (include === common) continue;
-        const other = roomOfInclude(include, room);
-        if (other !== room && !(mayKnow[room] ?? []).includes(other)) faults.push(`${where}: ${room} may not know ${other}`);
-      }
-    }
+for (const path of ["backend", "report", "program"].flatMap(sourcesIn)) {
+  const room = roomOf(path);
+  const isPublicHeader = path.endsWith(".h") && ["contract", "document", "session", "report"].includes(room);
+  const source = readFileSync(join(root, path), "utf8");
+  for (const [, bracket, include] of source.matchAll(/^#include ([<"])([^>"]+)[>"]/gm)) {
+    const where = `${path}: #include ${include}`;
+    const isLibrary = bracket === "<" && thirdParty.test(include);
+    if (isLibrary && isPublicHeader) faults.push(`${where}: a library in a public header`);
+    if (isLibrary && room === "hierfit") faults.push(`${where}: the procedure knows no library but the standard's`);
+    if (bracket === "<" || include === common) continue;
+    const other = roomOf(include) ?? room;  // or a neighbour in the same folder
+    if (other !== room && !mayKnow[room].includes(other)) faults.push(`${where}: ${room} may not know ${other}`);
   }
 }
 
