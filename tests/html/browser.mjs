@@ -59,9 +59,9 @@ async function judge(browser, path, sampleCheck) {
   const context = await browser.newContext({ viewport: { width: 1280, height: 900 },
     permissions: ["clipboard-read", "clipboard-write"] });
   const page = await context.newPage();
-  const watched = watch(page, url);
+  const faults = watch(page, url);
   await page.goto(url);
-  const faults = [...checkValidity(path)];
+  faults.push(...checkValidity(path));
   for (const check of [charts.checkDrawn, charts.checkWords, charts.checkTips, charts.checkSaved, checks.checkElements,
     checks.checkLinks, checks.checkHeaders, checks.checkAlignment, checks.checkMarks, checks.checkPhone]) {
     faults.push(...await check(page));
@@ -69,13 +69,13 @@ async function judge(browser, path, sampleCheck) {
   faults.push(...await checks.checkAccessibility(page, axeSource));
   if (sampleCheck) faults.push(...await sampleCheck(page, browser, url));
   await context.close();
-  return [...watched, ...faults];
+  return faults;
 }
 
 const isSamples = operands[0] === "--samples";
-const pages = isSamples
-  ? readdirSync(operands[1]).filter((name) => name.endsWith(".html")).map((name) => resolve(operands[1], name))
-  : operands.map((path) => resolve(path));
+const folder = operands[1];
+const names = isSamples ? readdirSync(folder).filter((name) => name.endsWith(".html")) : operands;
+const pages = names.map((name) => resolve(isSamples ? folder : "", name));
 
 const browser = await browserType.launch({ executablePath: chromium, args: flags });
 let faulty = 0;

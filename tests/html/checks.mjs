@@ -34,21 +34,19 @@ export async function checkHeaders(page) {
   return page.evaluate(() => {
     const faults = [];
     for (const table of document.querySelectorAll("table")) {
-      const covered = [];  // by row and column, the cell that stands there
+      const covered = Array.from(table.rows, () => []);  // by row and column, the cell that stands there
       Array.from(table.rows, (row, top) => {
         let left = 0;
         for (const cell of row.cells) {
-          while (covered[top]?.[left]) ++left;
+          while (covered[top][left]) ++left;
           for (let y = top; y < top + cell.rowSpan; ++y) {
-            covered[y] ??= [];
             for (let x = left; x < left + cell.colSpan; ++x) {
-              if (covered[y][x]) faults.push(`two cells at row ${y}, column ${x}`);
-              covered[y][x] = cell;
+              if (!covered[y] || covered[y][x]) faults.push(`a cell too many at row ${y}, column ${x}`);
+              else covered[y][x] = cell;
             }
           }
         }
       });
-      if (covered.length !== table.rows.length) faults.push("a cell goes beyond the last row");
       if (covered.some((row) => row.length !== covered[0].length)) faults.push("rows differ in length");
       const levels = Math.max(covered.findIndex((row) => row.at(-1).closest("tbody")), 0);
       covered.slice(levels).forEach((row, index) => row.forEach((cell, x) => {
@@ -68,13 +66,11 @@ export async function checkHeaders(page) {
 /** The numbers of a column stand below one another at the decimal sign, to half a pixel. */
 export async function checkAlignment(page) {
   return page.evaluate(() => {
-    const signPlace = (cell) => {
-      const node = cell.firstChild;
+    const signPlace = ({ firstChild: node }) => {
       if (node?.nodeType !== Node.TEXT_NODE || !/^[-<]?\d*\.\d+$/.test(node.data)) return null;
       const range = document.createRange();
-      const at = node.data.lastIndexOf(".");
-      range.setStart(node, at);
-      range.setEnd(node, at + 1);
+      range.setStart(node, node.data.lastIndexOf("."));
+      range.setEnd(node, range.startOffset + 1);
       return range.getBoundingClientRect().left;
     };
     const faults = [];

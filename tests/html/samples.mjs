@@ -1,7 +1,9 @@
 // What holds of single pages among the hand-made ones. Each check gives a list of faults.
 
-function expectEqual(what, actual, expected) {
-  return actual === expected ? [] : [`${what}:\n--- expected\n${expected}\n--- actual\n${actual}`];
+/** Compares those members of an object that are expected. */
+function compare(actual, expected) {
+  return Object.entries(expected).filter(([what, value]) => actual[what] !== value)
+    .map(([what, value]) => `${what}:\n--- expected\n${value}\n--- actual\n${actual[what]}`);
 }
 
 // Reads the clipboard as another page would, one without our policy, which a browser applies to what is pasted as well.
@@ -22,7 +24,7 @@ async function readClipboard(page) {
       letters: texts(table, "sup").join(" "),
       cellsByRow: Array.from(table.rows, (row) => row.cells.length).join(" "),
       spans: Array.from(table.querySelectorAll("[rowspan], [colspan]"),
-        (cell) => `${cell.textContent} ${cell.rowSpan}x${cell.colSpan}`).join("\n"),
+        (cell) => `${cell.textContent} ${cell.rowSpan}x${cell.colSpan}`).join(", "),
       styles: ["thead th", "tbody th", "tbody td"].map((cell) => table.querySelector(cell).style.textAlign).join(" "),
       strange: body.querySelectorAll("a, button, script, [class], [id], [data-pad]").length,
     };
@@ -39,25 +41,26 @@ Yes\tCount\t9\t168
 \t% within Observed\t5.1%\t94.9%
 `;
 
-const coefficients = `\t\t\t\t\t95% Confidence Interval\t
+const coefficients = {
+  status: "Copied",
+  text: `\t\t\t\t\t95% Confidence Interval\t
 Model Term\tCoefficient\tStd. Error\tt\tSig.\tLower\tUpper
 Intercept\t-2.978\t0.5123\t-5.812\t<.001\t-4.006\t-1.950
 period=1\t1.580\t0.4321\t3.656\t.001\t0.713\t2.447
 period=2\t0.588\t0.4511\t1.304\t.198\t-0.317\t1.493
 period=3\t3.21E-05\t0.4701\t0.000\t.999\t-0.943\t0.943
 period=4\t0.000\t.\t.\t.\t.\t.
-`;
-
-const lines = `Fixed Coefficients
+`,
+  lines: `Fixed Coefficients
 Target: Number of new serological cases/Herd size
 a Redundant.
-b Reference category.The last one.`;
-
-const spans = `Coefficient 2x1
-Std. Error 2x1
-t 2x1
-Sig. 2x1
-95% Confidence Interval 1x2`;
+b Reference category.The last one.`,
+  letters: "a, b a a",
+  cellsByRow: "6 3 7 7 7 7 7",
+  spans: "Coefficient 2x1, Std. Error 2x1, t 2x1, Sig. 2x1, 95% Confidence Interval 1x2",
+  styles: "right left right",
+  strange: 0,
+};
 
 async function copyTable(page, anchor) {
   const button = page.locator(`#${anchor} .copy`);
@@ -69,19 +72,8 @@ async function copyTable(page, anchor) {
 }
 
 async function checkReport(page) {
-  const table = await copyTable(page, "FixedCoefficients-1");
-  const matrix = await copyTable(page, "Classification-1");
-  return [
-    ...expectEqual("status", table.status, "Copied"),
-    ...expectEqual("plain text", table.text, coefficients),
-    ...expectEqual("plain text with two levels of rows", matrix.text, classification),
-    ...expectEqual("lines", table.lines, lines),
-    ...expectEqual("cells by row", table.cellsByRow, "6 3 7 7 7 7 7"),
-    ...expectEqual("spans", table.spans, spans),
-    ...expectEqual("letters", table.letters, "a, b a a"),
-    ...expectEqual("styles", table.styles, "right left right"),
-    ...expectEqual("what should stay behind", table.strange, 0),
-  ];
+  const faults = compare(await copyTable(page, "FixedCoefficients-1"), coefficients);
+  return [...faults, ...compare(await copyTable(page, "Classification-1"), { text: classification })];
 }
 
 /** Where a browser wants a selection for its event, copying goes by its clipboard; where that is refused, too, the page says so. */
@@ -90,16 +82,12 @@ async function checkFallbacks(browser, url) {
   const page = await context.newPage();
   await page.goto(url);
   await page.evaluate(() => { document.execCommand = () => false; });
-  const { text, lines } = await copyTable(page, "Classification-1");
+  const copied = await copyTable(page, "Classification-1");
   await page.evaluate(() => { navigator.clipboard.write = () => Promise.reject(new Error("refused")); });
   await page.locator("#Classification-1 .copy").click();
   const status = await page.locator("[role=status]").textContent();
   await context.close();
-  return [
-    ...expectEqual("plain text by clipboard", text, classification),
-    ...expectEqual("title by clipboard", lines, "Classification"),
-    ...expectEqual("status", status, "Not copied"),
-  ];
+  return compare({ ...copied, status }, { text: classification, lines: "Classification", status: "Not copied" });
 }
 
 /** Labels stand on the page as they are. What HTML cannot show stands there as symbols. */
@@ -108,12 +96,11 @@ async function checkHostile(page) {
     "&lt;b&gt; &amp; &#60;i&#62;", "</td></table><h1>out</h1>", "\u{FFFD}gpj.exe\u{FFFD} \u{FFFD}isolate",
     "nul␀bell␇␛[31mred", "broken \u{FFFD}( \u{FFFD}\u{FFFD} UTF-8", "W".repeat(10000)];
   return page.evaluate((expected) => {
-    const texts = (selector) => new Set(Array.from(document.querySelectorAll(selector), (element) => element.textContent));
     const places = { headings: "h2", captions: "caption", rows: "tbody th", columns: "thead th", sources: ".sources li",
       lines: ".caption", remarks: ".remark", charts: ".chart .title" };
     return Object.entries(places).flatMap(([place, selector]) => {
-      const found = texts(selector);
-      return expected.filter((label) => ![...found].some((text) => text.startsWith(label)))
+      const found = Array.from(document.querySelectorAll(selector), (element) => element.textContent);
+      return expected.filter((label) => !found.some((text) => text.startsWith(label)))
         .map((label) => `${label.slice(0, 60)} is not among the ${place}`);
     });
   }, labels);
@@ -127,7 +114,7 @@ async function checkWithoutScripts(browser, url) {
   const buttons = await page.locator("button").count();
   const isOpen = await page.locator("nav ol").first().isVisible();
   await context.close();
-  return [...expectEqual("buttons", buttons, 0), ...expectEqual("contents are open", isOpen, true)];
+  return compare({ buttons, isOpen }, { buttons: 0, isOpen: true });
 }
 
 /** A large table keeps its header in view, and the labels of its rows. */

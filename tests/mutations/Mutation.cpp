@@ -25,21 +25,19 @@ Mutator::Span Mutator::PickElement(const std::string& text) {
     const std::size_t tag = text.find_first_not_of(" \n", begin);
     const std::size_t lineEnd = std::min(text.find('\n', tag), text.size());
     const std::string line = text.substr(tag, lineEnd - tag);
-    if (line.ends_with("/>") || line.find("</") != std::string::npos) return {begin, lineEnd};
+    const bool isWhole = line.ends_with("/>") || line.find("</") != std::string::npos;
     const std::string name = line.substr(1, line.find_first_of(" >") - 1);
     const std::string end = text.substr(begin, tag - begin) + "</" + name + ">";
-    const std::size_t close = text.find(end, tag);
-    return close == std::string::npos ? Span{begin, lineEnd} : Span{begin, close + end.size()};
+    const std::size_t close = isWhole ? std::string::npos : text.find(end, tag);
+    return {begin, close == std::string::npos ? lineEnd : close + end.size()};
 }
 
 /// A blank, a name and a quoted value.
 Mutator::Span Mutator::PickAttribute(const std::string& text) {
     const std::size_t equals = text.find("=\"", Below(text.size()));
-    if (equals == std::string::npos) return {0, 0};
-    const std::size_t begin = text.rfind(' ', equals);
-    const std::size_t end = text.find('"', equals + 2);
-    if (begin == std::string::npos || end == std::string::npos) return {0, 0};
-    return {begin, end + 1};
+    const std::size_t begin = equals == std::string::npos ? equals : text.rfind(' ', equals);
+    if (begin == std::string::npos) return {0, 0};
+    return {begin, std::min(text.find('"', equals + 2), text.size() - 1) + 1};
 }
 
 /// A run of characters between blanks, quotes or tags.

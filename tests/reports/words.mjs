@@ -2,22 +2,12 @@
 
 import { readFileSync } from "node:fs";
 
-const unfinished = [
-  [/\^/, "a mark"],
-  [/kGLMM_/, "a key"],
-  [/\bE6\d{4}\b/, "a key"],
-  [/ \.\.\.$/, "a short form"],
-  [/\\/, "a backslash"],
-];
+const unfinished = { "a mark": /\^/, "a key": /kGLMM_|\bE6\d{4}\b/, "a short form": / \.\.\.$/, "a backslash": /\\/ };
 
-function* words(value) {
-  if (Array.isArray(value)) for (const one of value) yield* words(one);
-  else if (value && typeof value === "object") {
-    for (const [key, one] of Object.entries(value)) {
-      if (key === "text" && typeof one === "string") yield one;
-      else if (key !== "from") yield* words(one);
-    }
-  }
+function wordsOf(value) {
+  if (typeof value !== "object" || value === null) return [];
+  return Object.entries(value).flatMap(([key, one]) =>
+    key === "text" && typeof one === "string" ? [one] : key === "from" ? [] : wordsOf(one));
 }
 
 const faults = [];
@@ -25,9 +15,9 @@ let seen = 0;
 for (const path of process.argv.slice(2)) {
   const document = JSON.parse(readFileSync(path, "utf8"));
   if (document.language !== "en") continue;
-  for (const text of words(document)) {
+  for (const text of wordsOf(document)) {
     ++seen;
-    for (const [pattern, what] of unfinished) if (pattern.test(text)) faults.push(`${path}: ${what}: ${text}`);
+    for (const [what, pattern] of Object.entries(unfinished)) if (pattern.test(text)) faults.push(`${path}: ${what}: ${text}`);
   }
 }
 if (seen === 0) faults.push("no English text was read");
