@@ -32,35 +32,26 @@ TEST(JsonDocument, EveryFormComesBackAsItWas) {
 }
 
 TEST(JsonDocument, TextsAreEscaped) {
-    const struct {
-        std::string fText;
-        std::string fJson;
-    } kCases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"a\"b\\c/d", R"(a\"b\\c/d)"},          {"\U0001F600", "\U0001F600"}, {"a\xFFz", "a\uFFFDz"},
         {"\xC0\xAF", "\uFFFD\uFFFD"},            // too long a form
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},  // half of a pair
         {"cut \xE2\x82", "cut \uFFFD\uFFFD"},
     };
-    for (const auto& [text, json] : kCases) EXPECT_EQ(WriteTitle(text), json);
+    for (const auto& [text, json] : cases) EXPECT_EQ(WriteTitle(text), json);
 }
 
 TEST(JsonDocument, ViewsAreReadAsCompactObjects) {
     const std::string empty = R"("usermeta":{"columns":[],"keys":0,"rows":[]})";
-    const struct {
-        std::string fJson;
-        std::string fView;
-    } kCases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"{}", ""},
         {"{" + empty + "}", ""},
         {" { \"text\" : [ 1.0 , true, null ] ,\n\"mark\" : { } }", R"({"text":[1.0,true,null],"mark":{}})"},
         {R"({"text":"\u00e9\/"})", "{\"text\":\"\u00E9/\"}"},
     };
     const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
-    for (const auto& [view, expected] : kCases) {
-        std::string json = written;
-        const std::string bar = R"({"mark":"bar",)" + empty + "}";
-        json.replace(json.find(bar), bar.size(), view);
-        const Document document = ReadOrFail(json);
+    for (const auto& [view, expected] : cases) {
+        const Document document = ReadOrFail(test::Replaced(written, R"({"mark":"bar",)" + empty + "}", view));
         EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fView, expected) << view;
     }
 }
@@ -68,17 +59,14 @@ TEST(JsonDocument, ViewsAreReadAsCompactObjects) {
 // Documents once had one table, and did not say which of its columns are keys.
 TEST(JsonDocument, TablesOfChartsWithoutKeysAreRead) {
     using Tables = std::vector<document::ChartTable>;
-    const struct {
-        std::string fTables;
-        Tables fRead;
-    } kCases[] = {
+    const std::pair<std::string, Tables> cases[] = {
         {R"("columns":["A","B","C"],"rows":[["a","b","c"]])", {{{"A", "B", "C"}, 1, {{"a", "b", "c"}}}}},
         {R"("columns":["A"],"rows":[["a"]])", {{{"A"}, 0, {{"a"}}}}},
         {R"("columns":[],"rows":[])", {}},
         {R"("columns":[],"rows":[[]],"further":[{"rows":[],"columns":["A","B"]}])", {{{"A", "B"}, 1, {}}}},
     };
     const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
-    for (const auto& [tables, read] : kCases) {
+    for (const auto& [tables, read] : cases) {
         const Document document = ReadOrFail(test::Replaced(written, R"("columns":[],"keys":0,"rows":[])", tables));
         EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fShown.fvTables, read) << tables;
     }

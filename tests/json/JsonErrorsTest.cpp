@@ -115,10 +115,7 @@ TEST(JsonErrors, Form) {
 }
 
 TEST(JsonErrors, Syntax) {
-    const struct {
-        std::string fJson;
-        std::string fFailure;
-    } kCases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", "1:1 : value expected, but the text ends"},
         {" \n \t", "2:3 : value expected, but the text ends"},
         {"nul", ": object expected"},
@@ -149,7 +146,7 @@ TEST(JsonErrors, Syntax) {
         {"{\"title\": \"\xC3\x28\"}", "1:12 /title: UTF-8 expected"},
         {R"({"sources": ["a", "b)", "1:21 /sources/1: closing quote expected, but the text ends"},
     };
-    for (const auto& [json, failure] : kCases) EXPECT_EQ(DescribeFailure(json), failure) << json;
+    for (const auto& [json, failure] : cases) EXPECT_EQ(DescribeFailure(json), failure) << json;
 }
 
 TEST(JsonErrors, NothingFollowsTheDocument) {

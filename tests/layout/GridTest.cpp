@@ -6,21 +6,15 @@
 namespace hierfit {
 namespace {
 
-struct GridCase {
-    const char* fName;
-    const char* fTable;
-    const char* fGrid;
-};
-
-const GridCase kCases[] = {
+// What a case is about, then the sketch of a table, an empty line, and its grid.
+const std::pair<const char*, std::string> kCases[] = {
     {"the highest index of each side is outermost, whatever the order of the dimensions", R"(
 rows 1 Inner : i k
 rows 2 Outer : A B
 columns 1 In : x y
 columns 2 Out : P Q
 cells i,A,x,P=1 k,A,x,P=2 i,B,x,P=3 i,A,y,P=4 i,A,x,Q=5
-)",
-     R"(
+
  | | [Out] | < | <
  | | P | < | Q
  | | [In] | < | [In]
@@ -33,8 +27,7 @@ B | i | 3 | |
 rows 1 First : a
 rows 1 Second : b
 cells 1
-)",
-     R"(
+
 [First] | [Second] |
 a | b | 1
 )"},
@@ -42,8 +35,7 @@ a | b | 1
 rows 1 Term : plain g::c g::h::d g::h::e last
 columns 1 -name S : Est ci::Lower ci::Upper
 cells 1 ~ 2 3 ~ ~ 4 5 ~ 6 ~ ~ 7
-)",
-     R"(
+
  | | | Est | (ci) | <
 [Term] | < | < | ^ | Lower | Upper
 plain | < | < | 1 | | 2
@@ -58,8 +50,7 @@ rows 2 -name Data : first
 columns 1 -name Variables : v
 columns 2 -labels Shown : x y
 cells 0,first,v,x=1 1,first,v,x=2 1,first,v,y=3
-)",
-     R"(
+
  | v | v
 first | 1 |
 ^ | 2 | 3
@@ -70,8 +61,7 @@ rows 1 Inner : i*n
 columns 2 -name Q : P R
 columns 1 -name T : x
 cells 1 ~ ~ 2
-)",
-     R"(
+
  | | P | R
 [Outer] | [Inner] | x | x
 A | i*a | 1 |
@@ -82,8 +72,7 @@ a: n
 rows 1 R : g::same h::same
 columns 1 -name S : v
 cells 1 2
-)",
-     R"(
+
 [R] | < | v
 (g) | same | 1
 (h) | same | 2
@@ -91,8 +80,7 @@ cells 1 2
     {"no row dimension: one row without a label", R"(
 columns 1 -name Statistics : Mean ci::Lower
 cells 1 2
-)",
-     R"(
+
 Mean | (ci)
 ^ | Lower
 1 | 2
@@ -100,21 +88,19 @@ Mean | (ci)
     {"no column dimension: one column without a label", R"(
 rows 1 -name Content : Target g::AIC
 cells y 3
-)",
-     R"(
+
  | < |
 Target | < | y
 (g) | AIC | 3
 )"},
-    {"no dimension at all", "cells 7", "\n7\n"},
+    {"no dimension at all", "\ncells 7\n\n7\n"},
     {"what has no members or no cells is not laid out, nor does it make levels", R"(
 rows 2 Empty :
 rows 1 R : a unused g::deep::unused2 b
 columns 2 Hollow : g::
 columns 1 -name S : v w
 cells -,a,-,v=1 -,b,-,v=2
-)",
-     R"(
+
 [R] | v
 a | 1
 b | 2
@@ -123,8 +109,7 @@ b | 2
 rows 1 R : a g::b
 columns 1 S : v
 cells -,v=1 a,v=2 b,v=3 a,-=4
-)",
-     R"(
+
  | | [S] | <
 [R] | < | v | ~
 a | < | 2 | 4
@@ -135,8 +120,7 @@ a | < | 2 | 4
 rows 1 < R : b a2 B g>::x g>::z g>::y a10 same*one same*two
 columns 1 > S : v w
 cells 1 ~ 2 ~ 3 ~ ~ 4 ~ 5 ~ 6 7 ~ 8 ~ 9
-)",
-     R"(
+
  | | [S] | <
 [R] | < | w | v
 B | < | | 3
@@ -155,8 +139,7 @@ b: two
 rows 1 R : a*row b
 columns 1 -name S : v*column g::w
 cells 1 2*cell*row 3*late*column 4*cell*cell
-)",
-     R"(
+
  | v*a | (g)
 [R] | ^ | w
 a*b | 1 | 2*c*b
@@ -169,14 +152,16 @@ d: late
     {"dimensions but no cells", R"(
 rows 1 R : a
 columns 1 -name S : v
-)",
-     "\n[R]\n"},
+
+[R]
+)"},
 };
 
 TEST(Grid, LaysOut) {
-    for (const GridCase& test : kCases) {
-        const document::Table table = test::SketchTable(test.fTable);
-        EXPECT_EQ(test::DrawGrid(report::MakeGrid(table)), std::string_view(test.fGrid).substr(1)) << test.fName;
+    for (const auto& [name, text] : kCases) {
+        const std::size_t end = text.find("\n\n");
+        const document::Table table = test::SketchTable(text.substr(0, end));
+        EXPECT_EQ(test::DrawGrid(report::MakeGrid(table)), text.substr(end + 2)) << name;
     }
 }
 

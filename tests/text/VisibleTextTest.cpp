@@ -4,38 +4,28 @@ namespace hierfit {
 namespace {
 
 TEST(VisibleText, ShowsWhatATerminalWouldObey) {
-    struct Case {
-        std::string fText;
-        const char* fVisible;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {"plain", "plain"},
         {"\x1B[31mred", "␛[31mred"},
         {"bell\a, tab\t, null" + std::string(1, '\0'), "bell␇, tab␉, null␀"},
         {"lines\nstay\r\n", "lines\nstay␍\n"},
         {"delete\x7F", "delete␡"},
-        {"\xC2\x9B"
-         "31m",
-         "\\u{9B}31m"},
+        {"\u009B31m", "\\u{9B}31m"},
         {"right\u202Eto left", "right\\u{202E}to left"},
         {"\u200F\u2066\u061C\u2028", "\\u{200F}\\u{2066}\\u{061C}\\u{2028}"},
         {"Größe 身長 e\u0301", "Größe 身長 e\u0301"},
         {"bad \xFF\xC3", "bad \uFFFD\uFFFD"},
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
     };
-    for (const Case& test : cases) EXPECT_EQ(report::MakeVisible(test.fText), test.fVisible);
+    for (const auto& [text, visible] : cases) EXPECT_EQ(report::MakeVisible(text), visible);
 }
 
 TEST(VisibleText, MeasuresColumns) {
-    struct Case {
-        const char* fText;
-        int fWidth;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, int> cases[] = {
         {"", 0},   {"plain", 5}, {"Größe", 5}, {"身長", 4}, {"e\u0301", 1}, {"👨‍👩‍👧", 2},
         {"한", 2}, {"␛", 1},     {"─", 1},
     };
-    for (const Case& test : cases) EXPECT_EQ(report::MeasureWidth(test.fText), test.fWidth) << test.fText;
+    for (const auto& [text, width] : cases) EXPECT_EQ(report::MeasureWidth(text), width) << text;
 }
 
 TEST(VisibleText, Wraps) {

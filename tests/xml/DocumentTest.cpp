@@ -24,11 +24,7 @@ std::string Shown(const Document& document) {
 }
 
 TEST(Document, HoldsNamesAttributesAndTexts) {
-    struct Case {
-        const char* fText;
-        const char* fTree;
-    };
-    const Case cases[] = {
+    const std::pair<const char*, const char*> cases[] = {
         {"<r/>", "r\n"},
         {"<r><x/><y/><x/></r>", "r\nr/x[1]\nr/y\nr/x[2]\n"},
         {"<r a='1' b=''/>", "r [a=1] [b=]\n"},

@@ -45,11 +45,7 @@ TEST(Limits, HoldExactly) {
 TEST(Limits, SeeMarkupAsItIs) {
     const std::string blanks(6000, ' ');
     const std::string many = WithAttributes(1001);
-    struct Case {
-        std::string fText;
-        const char* fReason;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {"<a><!--" + many + "--><![CDATA[" + many + "]]><?p " + many + "?></a>", "read"},
         {"<a><!-- <!DOCTYPE x> --><![CDATA[<!DOCTYPE x>]]><?p <!DOCTYPE x>?></a>", "read"},
         {"<a>" + blanks + "<b c='>" + Repeat("\"", 1001) + "'/></a>", "read"},

@@ -8,11 +8,7 @@ using namespace std::string_literals;
 
 TEST(ParseError, SaysReasonPlaceAndLine) {
     const std::string filler(200, 'x');
-    struct Case {
-        std::string fText;
-        std::string fError;
-    };
-    const Case cases[] = {
+    const std::pair<std::string, std::string> cases[] = {
         {"", "1:1 no element found\n\n^"},
         {" \n", "2:1 no element found\n\n^"},
         {"hello", "1:1 syntax error\nhello\n^"},

@@ -16,12 +16,8 @@ std::string PositionsOf(const xml::Document& document) {
 }
 
 TEST(Position, CountsLinesAndCharacters) {
-    struct Case {
-        std::string fText;
-        const char* fPositions;
-    };
     const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>";
-    const Case cases[] = {
+    const std::pair<std::string, const char*> cases[] = {
         {"<a><b/>\n<b/></a>", "1:1 1:4 2:1"},
         {"\n\n <a>\n\n\n\t<b\n c='1'/><b/></a>", "3:2 6:2 7:9"},
         {"<a>\r\n<b/>\r\n\r\n <b/></a>", "1:1 2:1 4:2"},
