@@ -7,18 +7,18 @@ namespace hierfit::language::test {
 
 namespace {
 
-struct Fetched {
-    std::string fText;
-    std::vector<document::Diagnostic> fvDiagnostics;
-};
+using Texts = std::vector<std::string>;
 
-Fetched Fetch(const std::string& userFolder, const std::string& path) {
+/// The text, and the texts of the diagnostics.
+std::pair<std::string, Texts> Fetch(const std::string& userFolder, const std::string& path) {
     context::Settings settings;
     settings.fTemplateFolder = userFolder;
     context::RunContext context(settings, nullptr, "unused");
     const context::RunContext::Activation activation(context);
-    std::string text = FetchFile::fetch(path, true, true);
-    return {std::move(text), context.GetDocument().fvDiagnostics};
+    const std::string text = FetchFile::fetch(path, true, true);
+    Texts diagnostics;
+    for (const auto& diagnostic : context.GetDocument().fvDiagnostics) diagnostics.push_back(diagnostic.fText);
+    return {text, diagnostics};
 }
 
 }  // namespace
@@ -44,27 +44,23 @@ TEST(FetchFile, TakesTheUsersFileFirst) {
         {folder.Path("mine"), folder.Path("template/"), ""},
     };
     for (const auto& [userFolder, path, text] : cases) {
-        const auto fetched = Fetch(userFolder, path);
-        EXPECT_EQ(fetched.fText, text) << userFolder << " " << path;
+        EXPECT_EQ(Fetch(userFolder, path).first, text) << userFolder << " " << path;
     }
 }
 
 TEST(FetchFile, LeavesOutWhatIsTooLarge) {
     const TemporaryFolder folder;
     const std::string limit(std::size_t{16} << 20, ' ');
-    EXPECT_EQ(Fetch("", folder.Write("fits.xml", limit)).fText.size(), limit.size());
-    EXPECT_EQ(Fetch("", folder.Write("large.xml", limit + ' ')).fText, "");
+    EXPECT_EQ(Fetch("", folder.Write("fits.xml", limit)).first.size(), limit.size());
+    EXPECT_EQ(Fetch("", folder.Write("large.xml", limit + ' ')).first, "");
 }
 
 TEST(FetchFile, SaysWhenTheUsersFileCannotBeRead) {
     const TemporaryFolder folder;
     const std::string installed = folder.Write("template/A.xml", "installed");
     std::filesystem::create_directories(folder.Path("mine/A.xml"));
-    const auto fetched = Fetch(folder.Path("mine"), installed);
-    EXPECT_EQ(fetched.fText, "installed");
-    ASSERT_EQ(fetched.fvDiagnostics.size(), 1U);
-    EXPECT_EQ(fetched.fvDiagnostics[0].fText, "A.xml: the file in the folder of templates cannot be read");
-    EXPECT_TRUE(Fetch(folder.Path("absent"), installed).fvDiagnostics.empty());
+    const Texts diagnostics{"A.xml: the file in the folder of templates cannot be read"};
+    EXPECT_EQ(Fetch(folder.Path("mine"), installed), std::pair(std::string("installed"), diagnostics));
 }
 
 }  // namespace hierfit::language::test

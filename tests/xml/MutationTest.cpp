@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <random>
 
 #include "Parsed.h"
@@ -18,21 +19,17 @@ std::string Mutate(std::string text, std::mt19937& random) {
     return text;
 }
 
-/// Touches all of a tree; gives the number of bytes seen, so that nothing is left out.
-std::size_t WalkAll(const xml::Document& document) {
-    std::size_t size = 0;
+/// Touches all of a tree.
+void WalkAll(const xml::Document& document) {
     for (xml::Document::Node node = 0; node < document.Size(); ++node) {
-        size += document.Name(node).size() + document.Text(node).size() + document.PathOf(node).size();
-        size += document.Attribute(node, "name").value_or("").size();
-        EXPECT_GE(document.PositionOf(node).fLine, 1);
-        EXPECT_GE(document.PositionOf(node).fColumn, 1);
+        document.Attribute(node, "name");
+        EXPECT_GE(document.Name(node).size() + document.Text(node).size() + document.PathOf(node).size(), 2U);
+        EXPECT_GE(std::min(document.PositionOf(node).fLine, document.PositionOf(node).fColumn), 1);
     }
-    return size;
 }
 
 bool IsWellFormedUtf8(const std::string& text) {
-    const auto result = xml::Document::Parse("<a><![CDATA[" + text + "]]></a>");
-    return result.index() == 0;
+    return xml::Document::Parse("<a><![CDATA[" + text + "]]></a>").index() == 0;
 }
 
 // What a mutation does to a document cannot be told beforehand; that it ends well, with a place inside the text and an
@@ -47,13 +44,12 @@ TEST(Mutation, AnyTextEndsWell) {
         const std::string text = Mutate(sources[i % 4], random);
         const auto result = xml::Document::Parse(text);
         if (const auto* error = std::get_if<xml::ParseError>(&result)) {
-            ASSERT_GE(error->fLine, 1);
+            ASSERT_GE(std::min(error->fLine, error->fColumn), 1);
             ASSERT_LE(static_cast<std::size_t>(error->fLine), text.size() + 1);
-            ASSERT_GE(error->fColumn, 1);
             ASSERT_TRUE(IsWellFormedUtf8(error->fExcerpt)) << error->fExcerpt;
             ASSERT_LE(error->fExcerpt.size(), 700U);
         } else {
-            ASSERT_GT(WalkAll(*std::get<0>(result)), 0U);
+            WalkAll(*std::get<0>(result));
             ++read;
         }
     }
