@@ -4,13 +4,15 @@
 #   make test     build, and run every test
 #   make build    build the release: build/release/bin/hierfit
 #   make bench    build, and measure
+#   make fuzz     build with Clang, and feed changed inputs for a while; fuzz/README.md
 #
-# EXAMPLE=NAME chooses the example of `make report`.
+# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
 
 EXAMPLE ?= bacteria
+SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report test build bench setup format clean
+.PHONY: report test build bench fuzz setup format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
@@ -27,6 +29,10 @@ test: setup
 
 bench: build
 	bench/measure
+
+fuzz: setup
+	@scripts/build fuzz $(JOBS)
+	fuzz/run $(SECONDS)
 
 setup:
 	@scripts/setup

@@ -30,6 +30,13 @@ if(HIERFIT_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+# Everything is compiled so that a fuzzer sees which ways a run takes; the fuzz targets bring the fuzzer itself.
+if(HIERFIT_FUZZ)
+  add_compile_options(-O2 -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=fuzzer-no-link,address,undefined)
+endif()
+
 # The common settings of a target of our own.
 function(hierfit_target target)
   # GCC 12 takes inlined string concatenations for overlapping copies (its bug 105651).
@@ -37,6 +44,10 @@ function(hierfit_target target)
     target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-restrict>)
   endif()
   target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror>)
+  # Clang counts changes of sign among conversions, GCC does not.
+  if(CMAKE_CXX_COMPILER_ID MATCHES "Clang")
+    target_compile_options(${target} PRIVATE $<$<COMPILE_LANGUAGE:CXX>:-Wno-sign-conversion>)
+  endif()
   set_target_properties(${target} PROPERTIES CXX_VISIBILITY_PRESET default VISIBILITY_INLINES_HIDDEN ON)
 endfunction()
 

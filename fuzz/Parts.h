@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace hierfit::fuzz {
+
+/// Bytes that part an input: those that stand neither in XML nor in JSON.
+inline constexpr unsigned char kMarkers = 9;
+
+/// What a target takes its input apart into.
+struct Parts {
+    std::vector<std::string> fvTexts;
+    std::string fMarkers;  ///< the byte behind each text but the last; its value may mean something to the target
+};
+
+/// As many texts as asked for; the last one has all that is left, and those behind it are empty.
+Parts SplitInput(std::string_view input, std::size_t count);
+std::string JoinParts(const Parts& parts);
+
+}  // namespace hierfit::fuzz

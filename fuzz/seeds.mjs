@@ -1,0 +1,107 @@
+// Writes what the fuzzer begins with, from the project's examples: node seeds.mjs FOLDER
+// FOLDER/seeds/TARGET holds inputs, FOLDER/TARGET.dict words that are worth trying.
+
+import { mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
+import { dirname, join } from "node:path";
+import { fileURLToPath } from "node:url";
+
+const root = join(dirname(fileURLToPath(import.meta.url)), "..");
+const folder = process.argv[2];
+
+const largestPair = 35_000;
+const largestItem = 30_000;
+const longestWord = 60;
+const hostile = [
+  "", "0", "-1", "1", "2147483647", "2147483648", "-2147483648", "4294967296", "9223372036854775807", "1e308", "-1e400",
+  "1e-320", "1.7976931348623157e308", "-1.7976931348623157e+308", "nan", "inf", "NaN", "-Infinity", "0x1p3", "50000000",
+  "__MISSING__", "\\\"", "\"a b", "^1", "^0", "^99", "[*1]", "&lt;", "&#10;", "]]>", "<![CDATA[", "-->", "\u202e", "\u00ad",
+  "e\u0301", "\ufeff", "\u{1f600}", "\u{10ffff}", "\u4e00",
+];
+
+const read = (...path) => readFileSync(join(root, ...path), "utf8");
+const allMatches = (text, pattern) => [...text.matchAll(pattern)].map((match) => match[1]);
+const isWord = (text) => text !== "" && Buffer.byteLength(text) <= longestWord && !/^[-+.\deE]+$/.test(text);
+
+function quoted(word) {
+  const bytes = [...Buffer.from(word)];
+  const escape = (byte) => `\\x${byte.toString(16).padStart(2, "0")}`;
+  const isPlain = (byte) => byte > 0x20 && byte < 0x7f && byte !== 0x22 && byte !== 0x5c;
+  return `"${bytes.map((byte) => (isPlain(byte) ? String.fromCharCode(byte) : escape(byte))).join("")}"`;
+}
+
+function writeTarget(target, seeds, words) {
+  const place = join(folder, "seeds", target);
+  mkdirSync(place, { recursive: true });
+  seeds.forEach(([name, input]) => writeFileSync(join(place, name.replaceAll(/[^\w.-]/g, "_")), input));
+  const all = [...new Set([...hostile, ...words].filter((word) => word !== ""))];
+  writeFileSync(join(folder, `${target}.dict`), all.map((word) => quoted(word) + "\n").join(""));
+}
+
+const wordsOfXml = (text) =>
+  [...allMatches(text, /<(\w+)/g), ...allMatches(text, /(\w+)=/g), ...allMatches(text, /="([^"]*)"/g)].filter(isWord);
+
+// A document is the faster the less it holds, so each comes twice: whole, and with one table of means in place of all.
+const withoutIndent = (text) => text.replaceAll(/\n\s+/g, "\n");
+function withOneTable(statXml, index) {
+  const tables = statXml.match(/<DataGroup description="customEmmeans">[^]*?<\/DataGroup>\n/g) ?? [];
+  const kept = index % Math.max(tables.length, 1);
+  return tables.reduce((text, table, at) => (at === kept ? text : text.replace(table, "")), statXml);
+}
+const examples = readdirSync(join(root, "examples"), { withFileTypes: true })
+  .filter((entry) => entry.isDirectory())
+  .map(({ name }) => [name, ...["model.pmml", "model.statxml"].map((file) => withoutIndent(read("examples", name, file)))]);
+const smallExamples = ["wine", "cbpp", "sleepstudy", "orthodont", "bacteria", "warpbreaks-groups"];
+writeTarget(
+  "documents",
+  examples.flatMap(([name, pmml, statXml], index) => [
+    [name, `${pmml}\x04${statXml}`],
+    [`${name}-short`, `${pmml}\x04${withOneTable(statXml, index)}`],
+  ]).filter(([, input]) => input.length < largestPair),
+  examples.filter(([name]) => smallExamples.includes(name)).flatMap(([, pmml, statXml]) => wordsOfXml(pmml + statXml)),
+);
+
+// The smallest item of each kind, table and chart, and the largest that is not too large.
+const items = new Map();
+function collect(item) {
+  const name = item.kind === "table" ? item.subtype.text : item.kind === "chart" ? item.template : item.kind;
+  const size = JSON.stringify(item).length;
+  const keep = (key, isBetter) => {
+    if (!items.has(key) || isBetter(items.get(key).size)) items.set(key, { item, size });
+  };
+  keep(`${name}-small`, (other) => size < other);
+  if (size < largestItem) keep(`${name}-large`, (other) => size > other);
+  if (item.kind === "heading") item.items.forEach(collect);
+}
+const saved = readdirSync(join(root, "tests/golden/approved")).filter((name) => name.endsWith(".json"));
+const documents = saved.map((name) => JSON.parse(read("tests/golden/approved", name)));
+documents.forEach((document) => document.items.forEach(collect));
+const [frame] = documents;
+writeTarget(
+  "saved",
+  [
+    ["small", read("tests/json/small.json")],
+    ["messages", read("tests/golden/approved/messages-only.json")],
+    ...[...items].map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
+  ],
+  [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800"],
+);
+
+const charts = [...items].filter(([, { item }]) => item.kind === "chart");
+writeTarget(
+  "charts",
+  [
+    ...charts.map(([name, { item }]) => [name, `${JSON.stringify(item.data)}\x04label\x01${item.xml}`]),
+    ...readdirSync(join(root, "template")).map((name) => [`template-${name}`, `[]\x00\x00${read("template", name)}`]),
+  ],
+  [
+    ...wordsOfXml(charts.map(([, { item }]) => item.xml).join("")),
+    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
+    ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
+  ],
+);
+
+writeTarget(
+  "labels",
+  hostile.map((label, index) => [`label${index}`, label]),
+  [...allMatches(read("tests/chart/PatchedCharts.cpp"), /^ {4,}"((?:[^"\\]|\\.)+)",$/gm).map((word) => word.replaceAll("\\", "")), "\ufffe", "\xff"],
+);
