@@ -136,6 +136,19 @@ TEST(LevelsView, ArrangesPanels) {
     EXPECT_EQ(grid["params"]["facet2_text"], (Json{"F = d", "F = e"}));
 }
 
+TEST(LevelsView, SpellsCharactersAsSavedDocumentsDo) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"a\x7Fz", "a\\u007fz"},
+        {"a\u0080\u009F\u00A0z", "a\\u0080\\u009f\u00A0z"},
+        {"a\"\\z", "a\\\"\\\\z"},
+        {"a\xC2\xFFz", "a\uFFFD\uFFFDz"},
+    };
+    for (const auto& [level, spelled] : cases) {
+        const std::string view = MeansSample("", {"A"}, {{{level}, 1.0, {}, {}}}).Make().fJson;
+        EXPECT_NE(view.find("[\"" + spelled + "\"]"), std::string::npos) << spelled << view;
+    }
+}
+
 /// Heights of the lines in the panels of a chart whose facet variables have these levels.
 std::vector<double> HeightsOf(Levels facets, const std::vector<LineGuide>& guides) {
     facets.insert(facets.begin(), {"a"});

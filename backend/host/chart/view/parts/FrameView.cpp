@@ -1,6 +1,9 @@
 #include "host/chart/view/parts/FrameView.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
+#include <iterator>
 
 #include "host/chart/view/parts/ChartWords.h"
 #include "host/chart/view/parts/Config.h"
@@ -64,6 +67,26 @@ Json TextParams(const std::vector<LevelTexts>& texts) {
     return params;
 }
 
+/// Control characters behind ASCII's as numbers, which is how saved documents spell them.
+std::string EscapeControls(std::string json) {
+    const auto mayBegin = [](char byte) { return byte == '\x7F' || byte == '\xC2'; };
+    if (std::none_of(json.begin(), json.end(), mayBegin)) return json;
+    std::string escaped;
+    escaped.reserve(json.size());
+    for (std::size_t at = 0; at < json.size(); ++at) {
+        const auto byte = static_cast<unsigned char>(json[at]);
+        const auto next = static_cast<unsigned char>(at + 1 < json.size() ? json[at + 1] : 0);
+        const bool isPair = byte == 0xC2 && next < 0xA0;
+        if (isPair || byte == 0x7F) {
+            fmt::format_to(std::back_inserter(escaped), "\\u{:04x}", isPair ? next : byte);
+            at += isPair ? 1 : 0;
+        } else {
+            escaped += json[at];
+        }
+    }
+    return escaped;
+}
+
 }  // namespace
 
 std::string FrameView(const Specification& specification, Drawing& drawing) {
@@ -73,7 +96,7 @@ std::string FrameView(const Specification& specification, Drawing& drawing) {
     if (Json title = TitleBlock(specification, width); !title.empty()) view["title"] = std::move(title);
     if (!drawing.fvTexts.empty()) view["params"] = TextParams(drawing.fvTexts);
     AddDrawing(view, specification, drawing, width);
-    std::string text = view.dump(-1, ' ', false, Json::error_handler_t::replace);
+    std::string text = EscapeControls(view.dump(-1, ' ', false, Json::error_handler_t::replace));
     text.replace(text.size() - 1, 1, ",\"config\":" + ViewConfig() + "}");
     return text;
 }
