@@ -1,25 +1,21 @@
 #include "report/html/table/HtmlTable.h"
 
 #include "report/html/table/NumberColumns.h"
+#include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
 namespace hierfit::report::html {
 
 namespace {
 
+using test::Repeated;
 using test::SketchTable;
-
-std::string Repeat(const std::string& text, int count) {
-    std::string all;
-    for (int number = 0; number < count; ++number) all += text;
-    return all;
-}
 
 // The browsers' limits: 65534 rows, 1000 columns.
 TEST(HtmlTable, GoesOnWhereSpansEnd) {
     const struct {
         std::string fSide;
-        int fSpan;
+        std::size_t fSpan;
         std::vector<std::string> fvParts;
     } cases[] = {
         {"rows",
@@ -30,7 +26,7 @@ TEST(HtmlTable, GoesOnWhereSpansEnd) {
     };
     for (const auto& [side, span, parts] : cases) {
         const document::Table table =
-            SketchTable(side + " 1 -name D :" + Repeat(" All::x", span) + "\ncells" + Repeat(" 1", span));
+            SketchTable(side + " 1 -name D :" + Repeated(" All::x", span) + "\ncells" + Repeated(" 1", span));
         std::string html;
         AppendTable(html, table, "T", "A-1", 1);
         for (const std::string& part : parts) EXPECT_NE(html.find(part), std::string::npos) << part;
@@ -45,7 +41,7 @@ TEST(NumberColumns, AlignAtTheDecimalSign) {
         {{"1", "0." + std::string(100, '0')}, {"", ""}},
     };
     for (const auto& [numbers, expected] : cases) {
-        std::string sketch = "rows 1 R :" + Repeat(" r", static_cast<int>(numbers.size())) + "\ncells";
+        std::string sketch = "rows 1 R :" + Repeated(" r", numbers.size()) + "\ncells";
         for (const std::string& number : numbers) sketch += ' ' + number;
         const document::Table table = SketchTable(sketch);
         const NumberColumns columns(MakeGrid(table));

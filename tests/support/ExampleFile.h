@@ -21,4 +21,11 @@ inline std::string Replaced(std::string text, const std::string& from, const std
     return text.replace(text.find(from), from.size(), to);
 }
 
+/// A text so many times.
+inline std::string Repeated(const std::string& text, std::size_t count) {
+    std::string all;
+    for (std::size_t i = 0; i < count; ++i) all += text;
+    return all;
+}
+
 }  // namespace hierfit::test

@@ -1,6 +1,7 @@
 #include "report/text/TextReport.h"
 
 #include "report/text/VisibleText.h"
+#include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
 namespace hierfit {
@@ -184,17 +185,13 @@ struct ChartCase {
 
 std::vector<std::vector<std::string>> RepeatRow(std::size_t rows) { return {rows, {"1"}}; }
 
-std::string RepeatLine(int lines) {
-    std::string text = "\n─\nX\n─\n";
-    for (int line = 0; line < lines; ++line) text += "1\n";
-    return text + "─\n";
-}
+const std::string kTwentyRows = "\n─\nX\n─\n" + test::Repeated("1\n", 20) + "─\n";
 
 TEST(TextReport, PrintsTheTablesOfCharts) {
     const ChartCase cases[] = {
-        {{{{"X"}, 0, RepeatRow(20)}}, 0, RepeatLine(20)},
-        {{{{"X"}, 0, RepeatRow(21)}}, 0, RepeatLine(20) + "... and 1 more row\n"},
-        {{{{"X"}, 0, RepeatRow(50)}}, 0, RepeatLine(20) + "... and 30 more rows\n"},
+        {{{{"X"}, 0, RepeatRow(20)}}, 0, kTwentyRows},
+        {{{{"X"}, 0, RepeatRow(21)}}, 0, kTwentyRows + "... and 1 more row\n"},
+        {{{{"X"}, 0, RepeatRow(50)}}, 0, kTwentyRows + "... and 30 more rows\n"},
         // Each block repeats the keys. Rows of equal keys stay two, in their order.
         {{{{"K", "L", "Mean", "Text"},
            2,

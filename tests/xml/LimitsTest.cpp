@@ -1,18 +1,12 @@
 #include "Parsed.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::test {
 namespace {
 
 constexpr std::size_t kMebibyte = std::size_t{1} << 20U;
 
-std::string Repeat(const std::string& text, std::size_t count) {
-    std::string all;
-    all.reserve(text.size() * count);
-    for (std::size_t i = 0; i < count; ++i) all += text;
-    return all;
-}
-
-std::string Nested(std::size_t depth) { return Repeat("<a>", depth) + Repeat("</a>", depth); }
+std::string Nested(std::size_t depth) { return Repeated("<a>", depth) + Repeated("</a>", depth); }
 
 std::string WithAttributes(int count) {
     std::string text = "<a";
@@ -36,7 +30,7 @@ TEST(Limits, HoldExactly) {
               "1:1 an attribute value is longer than 16 MiB");
     EXPECT_EQ(Reason('<' + std::string(16 * kMebibyte + 1, 'x') + "/>"), "1:1 a name is longer than 16 MiB");
     EXPECT_EQ(Reason("<a " + std::string(16 * kMebibyte + 1, 'x') + "=''/>"), "1:1 a name is longer than 16 MiB");
-    EXPECT_EQ(Reason("<a>\n" + Repeat("<b/>", 5'000'000) + "</a>"),
+    EXPECT_EQ(Reason("<a>\n" + Repeated("<b/>", 5'000'000) + "</a>"),
               "2:19999997 the document has more than 5 million elements");
     EXPECT_EQ(Reason(std::string(256 * kMebibyte + 1, ' ')), "1:1 the document is larger than 256 MiB");
 }
@@ -48,7 +42,7 @@ TEST(Limits, SeeMarkupAsItIs) {
     const std::pair<std::string, const char*> cases[] = {
         {"<a><!--" + many + "--><![CDATA[" + many + "]]><?p " + many + "?></a>", "read"},
         {"<a><!-- <!DOCTYPE x> --><![CDATA[<!DOCTYPE x>]]><?p <!DOCTYPE x>?></a>", "read"},
-        {"<a>" + blanks + "<b c='>" + Repeat("\"", 1001) + "'/></a>", "read"},
+        {"<a>" + blanks + "<b c='>" + Repeated("\"", 1001) + "'/></a>", "read"},
         {"<a " + blanks + "b='1'" + blanks + "/>", "read"},
         {"<a>\n" + many + "</a>", "2:1 an element has more than 1,000 attributes"},
         {Utf16("<a>\n" + many + "</a>", false), "2:1 an element has more than 1,000 attributes"},
@@ -56,7 +50,7 @@ TEST(Limits, SeeMarkupAsItIs) {
         {Utf16("<a>\n<!-- '<--><![CDATA['<]]>" + WithAttributes(1000) + "</a>", true), "read"},
         {"<a></b>" + many, "1:6 mismatched tag"},
         {"<a/>" + many, "1:5 an element has more than 1,000 attributes"},
-        {"<a>" + Repeat("<b c='" + blanks, 500), "1:6010 not well-formed (invalid token)"},
+        {"<a>" + Repeated("<b c='" + blanks, 500), "1:6010 not well-formed (invalid token)"},
         {"<a/><!DOCTYPE a>", "1:5 document type declarations are not read"},
         {"<a>]\r<!DOCTYPE a>", "2:1 document type declarations are not read"},
     };
@@ -70,7 +64,7 @@ TEST(Limits, DifferentNamesAreCounted) {
 }
 
 TEST(Limits, HugeNonsenseEndsSoon) {
-    EXPECT_EQ(Reason(Repeat("<a>", 1'000'000)), "1:769 elements are nested deeper than 256 levels");
+    EXPECT_EQ(Reason(Repeated("<a>", 1'000'000)), "1:769 elements are nested deeper than 256 levels");
     EXPECT_EQ(Reason("<a b='" + std::string(50'000'000, 'x')), "1:1 an attribute value is longer than 16 MiB");
     EXPECT_EQ(Reason(WithAttributes(3'000'000)), "1:1 an element has more than 1,000 attributes");
     EXPECT_EQ(Reason(std::string(50'000'000, '<')), "1:2 not well-formed (invalid token)");
@@ -78,7 +72,7 @@ TEST(Limits, HugeNonsenseEndsSoon) {
 }
 
 TEST(Limits, MixedTextTakesLinearTime) {
-    const auto document = Parsed("<a>" + Repeat("x<b/>", 200'000) + "</a>");
+    const auto document = Parsed("<a>" + Repeated("x<b/>", 200'000) + "</a>");
     EXPECT_EQ(document->Text(0).size(), 200'000U);
 }
 

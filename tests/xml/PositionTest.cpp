@@ -1,7 +1,4 @@
-#include <cstring>
-
 #include "Parsed.h"
-#include "tests/support/ExampleFile.h"
 
 namespace hierfit::test {
 namespace {
@@ -33,25 +30,6 @@ TEST(Position, CountsLinesAndCharacters) {
          "1:1 1:6"},
     };
     for (const auto& [text, positions] : cases) EXPECT_EQ(PositionsOf(*Parsed(text)), positions) << text;
-}
-
-// Each start tag of a real document must be found at its place, counted here in the plainest way.
-TEST(Position, FindsEveryStartTagOfAnExample) {
-    const std::string text = ReadExample("many-means", "model.statxml");
-    const auto document = Parsed(text);
-    std::string expected;
-    int line = 1;
-    int column = 1;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (text[i] == '<' && !std::strchr("/?!", text[i + 1])) {
-            expected += (expected.empty() ? "" : " ") + std::to_string(line) + ':' + std::to_string(column);
-        }
-        column = text[i] == '\n' ? 1 : column + 1;
-        line += text[i] == '\n' ? 1 : 0;
-    }
-    EXPECT_EQ(PositionsOf(*document), expected);
-    EXPECT_EQ(PositionsOf(*Parsed(Utf16(text.substr(text.find("<StatXML")), false))),
-              PositionsOf(*Parsed(text.substr(text.find("<StatXML")))));
 }
 
 }  // namespace
