@@ -1,6 +1,9 @@
+#include "host/CFStatVariableValue.h"
 #include "host/Diagnose.h"
 #include "host/SDOMXMLWrapper.h"
 #include "host/context/RunContext.h"
+#include "host/data/VariableSource.h"
+#include "host/framework/MissText.h"
 
 namespace hierfit {
 namespace {
@@ -10,8 +13,40 @@ constexpr const char* kText =
     "  <B n='1'/>\n"
     "  <P><B n='2'/></P>\n"
     "  <P><S v='a'/><T/><S v='b'/></P>\n"
-    "  <P><S v='c'/></P>\n"
+    "  <P><S v='c'/><A>1 \"2</A></P>\n"
     "</s:R>";
+
+/// A run with a document and a data source of one numeric variable.
+class Wrapper : public testing::Test {
+  protected:
+    Wrapper() { EXPECT_EQ(fRoot.LoadFromString(kText), &fRoot); }
+
+    SDOMXMLWrapper& At(const char* path) {
+        SDOMXMLWrapper* element = nullptr;
+        EXPECT_TRUE(fRoot.GetFirstElement(path, &element, true));
+        return *element;
+    }
+
+    /// The look-up that failed last, with its place, such as "text @1:2".
+    std::string Miss() const {
+        const auto diagnostic = framework::DescribeMiss(fRun);
+        if (!diagnostic) return "none";
+        EXPECT_EQ(diagnostic->fLevel, 3);
+        if (!diagnostic->fPlace) return diagnostic->fText;
+        EXPECT_EQ(diagnostic->fPlace->fSource, 1);
+        return diagnostic->fText + " @" + std::to_string(diagnostic->fPlace->fLine) + ':' +
+               std::to_string(diagnostic->fPlace->fColumn);
+    }
+
+    context::RunContext fRun{{}, nullptr, ""};
+    context::RunContext::Activation fActivation{fRun};
+    SDOMXMLWrapper fRoot;
+    data::VariableSource fSource{{{.fName = "dose", .fLabel = {}, .fFormat = {}, .fValueLabels = {}}}};
+    std::string fText = "unchanged";
+    SDOMXMLWrapper* fpElement = nullptr;
+    SDOMXMLIterator* fpIterator = nullptr;
+    std::vector<std::string> fvTokens;
+};
 
 std::string ValuesOf(SDOMXMLIterator* iterator) {
     std::string values;
@@ -23,91 +58,101 @@ std::string ValuesOf(SDOMXMLIterator* iterator) {
     return values;
 }
 
-TEST(Wrapper, FindsElementsAndAttributes) {
-    SDOMXMLWrapper root;
-    ASSERT_EQ(root.LoadFromString(kText), &root);
-    SDOMXMLWrapper* element = nullptr;
-    std::string text = "unchanged";
-    ASSERT_TRUE(root.GetFirstElement("P/B", &element, true));
-    EXPECT_TRUE(element->GetAttribute("n", text));
-    EXPECT_EQ(text, "2");
-    EXPECT_FALSE(element->GetAttribute("N", text));
-    EXPECT_FALSE(root.GetAttribute("s", text));
-    EXPECT_EQ(text, "2");
-
-    SDOMXMLWrapper* const before = element;
+TEST_F(Wrapper, FindsElementsAndAttributes) {
+    ASSERT_TRUE(fRoot.GetFirstElement("P/B", &fpElement, true));
+    EXPECT_FALSE(fpElement->GetAttribute("N", fText));
+    EXPECT_FALSE(fRoot.GetAttribute("s", fText));
+    EXPECT_EQ(fText, "unchanged");
+    EXPECT_TRUE(fpElement->GetAttribute("n", fText));
+    EXPECT_EQ(fText, "2");
+    SDOMXMLWrapper* const before = fpElement;
     for (const char* path : {"R", "S", "P/R", "p", "", "/", "P/", "/P", "P//B", "B/n"}) {
-        EXPECT_FALSE(root.GetFirstElement(path, &element, true)) << path;
+        EXPECT_FALSE(fRoot.GetFirstElement(path, &fpElement, true)) << path;
     }
-    EXPECT_EQ(element, before);
+    EXPECT_EQ(fpElement, before);
 }
 
-TEST(Wrapper, TakesTheFirstBranchThatLeadsOn) {
-    SDOMXMLWrapper root;
-    ASSERT_NE(root.LoadFromString(kText), nullptr);
-    SDOMXMLIterator* iterator = nullptr;
-    EXPECT_FALSE(root.GetElementIterator("P/R", &iterator, true));
-    EXPECT_EQ(iterator, nullptr);
-    ASSERT_TRUE(root.GetElementIterator("P/S", &iterator, true));
-    EXPECT_EQ(ValuesOf(iterator), "ab");
-    ASSERT_TRUE(root.GetElementIterator("P", &iterator, true));
-    SDOMXMLWrapper* part = nullptr;
-    SDOMXMLIterator* inner = nullptr;
-    ASSERT_TRUE(iterator->Next(&part));
-    EXPECT_FALSE(part->GetElementIterator("S", &inner, true));
-    ASSERT_TRUE(iterator->Next(&part));
-    ASSERT_TRUE(part->GetElementIterator("S", &inner, true));
-    EXPECT_EQ(ValuesOf(inner), "ab");
-    EXPECT_EQ(ValuesOf(inner), "");
-    ASSERT_TRUE(iterator->Next(&part));
-    EXPECT_FALSE(iterator->Next(&part));
-}
-
-TEST(Wrapper, AnswersWithoutADocument) {
-    SDOMXMLWrapper root;
-    EXPECT_EQ(root.LoadFromString("<a>"), nullptr);
-    SDOMXMLWrapper* element = nullptr;
-    SDOMXMLIterator* iterator = nullptr;
-    std::string text;
-    std::vector<std::string> tokens{"x"};
-    EXPECT_FALSE(root.GetFirstElement("a", &element, true));
-    EXPECT_FALSE(root.GetElementIterator("a", &iterator, true));
-    EXPECT_FALSE(root.GetAttribute("a", text));
-    EXPECT_FALSE(root.GetSimpleArray(tokens));
-    EXPECT_TRUE(tokens.empty());
-    Diagnose(root, "told to nobody");
-}
-
-TEST(Wrapper, ElementsHandedOutStayGood) {
-    SDOMXMLWrapper root;
-    ASSERT_NE(root.LoadFromString("<a><b v='1'/></a>"), nullptr);
-    std::vector<SDOMXMLWrapper*> elements(5000);
-    for (SDOMXMLWrapper*& element : elements) ASSERT_TRUE(root.GetFirstElement("b", &element, true));
-    for (const SDOMXMLWrapper* element : elements) {
-        std::string value;
-        ASSERT_TRUE(element->GetAttribute("v", value));
-        ASSERT_EQ(value, "1");
+TEST_F(Wrapper, TakesTheFirstBranchThatLeadsOn) {
+    EXPECT_FALSE(fRoot.GetElementIterator("P/R", &fpIterator, true));
+    EXPECT_EQ(fpIterator, nullptr);
+    ASSERT_TRUE(fRoot.GetElementIterator("P/S", &fpIterator, true));
+    EXPECT_EQ(ValuesOf(fpIterator), "ab");
+    EXPECT_EQ(ValuesOf(fpIterator), "");
+    ASSERT_TRUE(fRoot.GetElementIterator("P", &fpIterator, true));
+    std::string values;
+    while (fpIterator->Next(&fpElement)) {
+        SDOMXMLIterator* inner = nullptr;
+        values += (fpElement->GetElementIterator("S", &inner, true) ? ValuesOf(inner) : "none") + " ";
     }
+    EXPECT_EQ(values, "none ab c ");
 }
 
-TEST(Diagnose, TellsTheRun) {
-    context::RunContext run({}, nullptr, "");
-    const context::RunContext::Activation activation(run);
+TEST_F(Wrapper, AnswersWithoutADocument) {
     SDOMXMLWrapper root;
     EXPECT_EQ(root.LoadFromString("<a>\n </b>"), nullptr);
-    EXPECT_EQ(run.GetLastXml(), nullptr);
-    ASSERT_NE(root.LoadFromString(kText), nullptr);
-    EXPECT_NE(run.GetLastXml(), nullptr);
-    SDOMXMLWrapper* element = nullptr;
-    ASSERT_TRUE(root.GetFirstElement("P/B", &element, true));
-    Diagnose(*element, "left out");
+    fvTokens = {"x"};
+    EXPECT_FALSE(root.GetFirstElement("a", &fpElement, true));
+    EXPECT_FALSE(root.GetElementIterator("a", &fpIterator, true));
+    EXPECT_FALSE(root.GetAttribute("a", fText));
+    EXPECT_FALSE(root.GetSimpleArray(fvTokens));
+    EXPECT_TRUE(fvTokens.empty());
+    Diagnose(root, "left out");
+    Diagnose(At("P/B"), "left out");
     Diagnose("a table is left out");
     const std::vector<document::Diagnostic> expected = {
         {3, "mismatched tag\n </b>\n   ^", document::Place{1, 2, 4}},
+        {2, "left out", std::nullopt},
         {2, "R/P[1]/B: left out", document::Place{1, 3, 6}},
         {2, "a table is left out", std::nullopt},
     };
-    EXPECT_EQ(run.GetDocument().fvDiagnostics, expected);
+    EXPECT_EQ(fRun.GetDocument().fvDiagnostics, expected);
+}
+
+TEST_F(Wrapper, ElementsHandedOutStayGood) {
+    std::vector<SDOMXMLWrapper*> elements;
+    for (int i = 0; i < 5000; ++i) elements.push_back(&At("B"));
+    for (const SDOMXMLWrapper* element : elements) {
+        ASSERT_TRUE(element->GetAttribute("n", fText));
+        ASSERT_EQ(fText, "1");
+    }
+}
+
+TEST_F(Wrapper, TellsEachKindOfMissWithItsPlace) {
+    EXPECT_EQ(Miss(), "none");
+    At("P/S").GetAttribute("w", fText);
+    EXPECT_EQ(Miss(), "R/P[2]/S[1]: attribute \"w\" expected @4:6");
+    fRoot.GetFirstElement("X/Y", &fpElement, true);
+    EXPECT_EQ(Miss(), "R: element \"X/Y\" expected @1:1");
+    fRoot.GetFirstElement("P/T/Z", &fpElement, true);
+    EXPECT_EQ(Miss(), "R/P[3]: element \"T/Z\" expected @5:3");
+    At("P/T").GetElementIterator("Z", &fpIterator, true);
+    EXPECT_EQ(Miss(), "R/P[2]/T: element \"Z\" expected @4:16");
+    At("P/A").GetSimpleArray(fvTokens);
+    EXPECT_EQ(Miss(), "R/P[3]/A: the array's quotes do not close @5:16");
+}
+
+TEST_F(Wrapper, TellsUnknownFieldsAndValuesWithTheElementTouchedLast) {
+    At("P/B").GetAttribute("n", fText);
+    fSource.FindVarIndex("Dose", 0);
+    EXPECT_EQ(Miss(), "R/P[1]/B: \"Dose\" is no field of the data source @3:6");
+    At("P/A").GetSimpleArray(fvTokens);
+    fSource.FindVarIndex("Dose", 0);
+    EXPECT_EQ(Miss(), "R/P[3]/A: \"Dose\" is no field of the data source @5:16");
+    At("P").GetElementIterator("B", &fpIterator, true);
+    CFStatVariableValue("abc").LoadObsValue(fSource.GetVariable(fSource.FindVarIndex("dose", 0)), 0);
+    EXPECT_EQ(Miss(), "R/P[1]: \"abc\" is no value of variable \"dose\" @3:3");
+    // The load that an unknown field spoils is no miss of its own.
+    CFStatVariableValue("1").LoadObsValue(fSource.GetVariable(fSource.FindVarIndex("Dose", 0)), 0);
+    EXPECT_EQ(Miss(), "R/P[1]: \"Dose\" is no field of the data source @3:3");
+    fRun.AddDiagnostic(2, "told", std::nullopt);
+    EXPECT_EQ(Miss(), "none");
+}
+
+TEST_F(Wrapper, AMissOfAnotherDocumentHasNoPlace) {
+    At("P/A").GetAttribute("value", fText);
+    SDOMXMLWrapper other;
+    other.LoadFromString("<a/>");
+    EXPECT_EQ(Miss(), "attribute \"value\" expected");
 }
 
 }  // namespace

@@ -14,6 +14,8 @@ class Words : public context::Translator {
   public:
     std::optional<std::string_view> Find(std::string_view key) const override {
         static const std::map<std::string_view, std::string_view> kTexts = {
+            {"Gamma", "G"},
+            {"Power", "P"},
             {"Simple Higher", "^1: ^2 > ^3"},
             {"Simple Lower", "^1: ^2 < ^3"},
             {"Simple Same", "^1: ^2 ~ ^3"},

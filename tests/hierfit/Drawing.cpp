@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <map>
 
 #include "host/SystemMissing.h"
 #include "tests/hierfit/ProcedureRun.h"
@@ -34,8 +35,8 @@ std::string DrawNotes(const std::vector<document::Text>& notes) {
     return drawn;
 }
 
-/// The categories of a dimension in their order, each with its path.
-using Paths = std::vector<std::pair<int, std::string>>;
+/// The categories of a dimension by their ids, each with its path.
+using Paths = std::map<int, std::string>;
 
 std::string DrawMembers(const std::list<document::Member>& members, const std::string& path, Paths& paths) {
     std::string drawn;
@@ -43,7 +44,7 @@ std::string DrawMembers(const std::list<document::Member>& members, const std::s
         drawn += drawn.empty() ? "" : ", ";
         if (const auto* category = std::get_if<document::Category>(&member.fContent)) {
             drawn += DrawText(category->fLabel) + DrawNotes(category->fvNotes);
-            paths.emplace_back(category->fId, path + DrawText(category->fLabel));
+            paths[category->fId] = path + DrawText(category->fLabel);
         } else {
             const auto& group = std::get<document::Group>(member.fContent);
             const std::string label = DrawText(group.fLabel);
@@ -63,25 +64,18 @@ std::string DrawDimension(const document::Dimension& dimension, Paths& paths) {
     return drawn + ": " + DrawMembers(dimension.fMembers, "", paths) + "\n";
 }
 
-std::size_t PlaceOf(const Paths& paths, int id) {
-    const auto found = std::find_if(paths.begin(), paths.end(), [&](const auto& path) { return path.first == id; });
-    return static_cast<std::size_t>(found - paths.begin());
-}
-
 /// A line for each row, with a place for each column.
 std::string DrawCells(const document::Table& table, const std::vector<Paths>& paths) {
     const bool hasColumns = table.fvDimensions.back().fSide == document::Side::Columns;
-    const std::size_t rowDimensions = paths.size() - (hasColumns ? 1 : 0);
     std::vector<std::pair<std::string, Strings>> rows;
     for (const document::Cell& cell : table.fvCells) {
         std::string label;
-        for (std::size_t i = 0; i < rowDimensions; ++i) {
-            const std::size_t place = PlaceOf(paths[i], cell.fvAt[i]);
-            label += (i > 0 ? " | " : "") + (place < paths[i].size() ? paths[i][place].second : "-");
+        for (std::size_t i = 0; i + (hasColumns ? 1 : 0) < paths.size(); ++i) {
+            label += (i > 0 ? " | " : "") + paths[i].at(cell.fvAt[i]);
         }
         auto row = std::find_if(rows.begin(), rows.end(), [&](const auto& one) { return one.first == label; });
         if (row == rows.end()) row = rows.insert(row, {label, Strings(hasColumns ? paths.back().size() : 1, " _")});
-        const std::size_t column = hasColumns ? PlaceOf(paths.back(), cell.fvAt.back()) : 0;
+        const auto column = static_cast<std::size_t>(hasColumns ? cell.fvAt.back() : 0);
         row->second.at(column) = " " + DrawText(cell.fContent) + DrawNotes(cell.fvNotes);
     }
     std::string drawn;

@@ -285,16 +285,6 @@ columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, ^1% Con
 'v' | <r=no/2>: 0C 0C 0C 0C
 table "Random Effect" of random effect block 1: a target category is left out, since 0 values stand for it
 )"},
-    // A gap before a block without segments.
-    {{.fSettings = kSettings + List("RandomSpecs", kBlock + kBlock), .fTraining = Random("1", "", Printable("v"))},
-     R"(
-table Random Effect Block ^1(2N)
-caption Covariance Structure ^1 Subject Specification ^2 ...('Variance components'; a)
-rows 1 Random Effect Covariance: 'v'
-columns 1 -name 'Random Effect Covariance Column': Estimate, Std. Error, 'Z', Sig., ^1% Confidence Interval(95D){Lower, Upper}
-'v': 0.5C 0.1C 3C 0.05S -1C 1C
-table "Random Effect" of random effect block 2 is left out: there are 0 sets of parameters, not one
-)"},
 };
 
 TEST(RandomEffect, IsIssued) { CheckTables("CovarianceParameters", "table \"Random Effect\"", kRandoms); }

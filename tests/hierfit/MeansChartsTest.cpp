@@ -112,12 +112,6 @@ EmmeansData Pairs() {
                        {"1", "-1", "x"}, {kMissing, "1", "0.05"});
 }
 
-EmmeansData PairsInPanels() {
-    return ContrastsOf(ContrastKind::PAIRWISE,
-                       {ColumnOf("a", {"0"}), ColumnOf("x", {"5"}), ColumnOf("b", {"lo"}), ColumnOf("b", {"hi"})},
-                       {"-2"}, {"0"});
-}
-
 EmmeansData Deviations() {
     EmmeansData block = ContrastsOf(ContrastKind::DEVIATION, {ColumnOf("a", {"1", "2", "4"}), ColumnOf("a", {})},
                                     {"-1", "1", "0"}, {"0.01", "0.05", "0"});
@@ -153,17 +147,6 @@ edgeSource_1.facet2: '' '' ''
 edgeSource_1.tooltip: 'Yield: two > one' 'Yield: one ~ 3' 'Yield: 3 ~ two'
 )",
       "[Sequential Sidak significance adjust 0.05\nConfidence interval bounds are approximate.]", "!faceting"}},
-    // Pairs of texts in panels of two variables.
-    {[](ChartStage& stage) { stage.Charts().BuildContrastChart(PairsInPanels()); },
-     {R"(
-nodeSource_1.node: '05lo' '05hi'
-nodeSource_1.facet1: 0 0
-nodeSource_1.facet2: 5 5
-edgeSource_1.from: '05hi'
-edgeSource_1.to: '05lo'
-edgeSource_1.weight: 1
-)",
-      "edgeSource_1.tooltip: 'Yield: lo > hi'\n", "depth=\"2\""}},
     // Deviations, one without a mean.
     {[](ChartStage& stage) { stage.Charts().BuildContrastChart(Deviations()); },
      {R"(
@@ -205,18 +188,16 @@ source.tooltip: 'Yield: two > one' 'Yield: two > one' 'Yield: two < one' 'Yield:
          stage.Charts().BuildContrastChart(Pairs());
      },
      {"<footnote><![CDATA[]]></footnote>"}},
+    // No settings.
+    {[](ChartStage& stage) {
+        stage.fStats.RemoveBuildSettings();
+        MakeTopMeans(stage, {});
+        stage.Charts().BuildCustomEffectsChart(BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"1"}, {}, {})));
+        stage.Charts().BuildContrastChart(Pairs());
+    }},
 };
 
 TEST(ContrastCharts, AreSent) { CheckCharts(kContrastCharts); }
-
-TEST(MeansCharts, AreNotSentWithoutSettings) {
-    ChartStage stage;
-    stage.fStats.RemoveBuildSettings();
-    MakeTopMeans(stage, {});
-    stage.Charts().BuildCustomEffectsChart(BlockOf(MeansOf({ColumnOf("a", {"1"})}, {"1"}, {}, {})));
-    stage.Charts().BuildContrastChart(Pairs());
-    EXPECT_TRUE(stage.fRun.GetItems().empty());
-}
 
 }  // namespace
 }  // namespace hierfit::test

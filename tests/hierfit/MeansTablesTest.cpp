@@ -72,10 +72,11 @@ TEST(MeansFrame, CaptionsGrandMeansOfTwentyBlocks) {
 }
 
 const TableCase kEstimates[] = {
-    // Columns of uneven length and a level that is no number.
+    // Columns of uneven length and a level that is no number. The last column of a statistic counts.
     {{.fSettings = Requests(kTwoFactors),
       .fDiagnostics = Block("0", Table("estimates", Factors({"a", "1 two", "b", "lo hi lo"}),
-                                       Figures({"mean"}, "1") + Figures({"confIntervalUpper"}, "__MISSING__ 2")))},
+                                       Figures({"mean"}, "9 9") + Figures({"mean"}, "1") +
+                                           Figures({"confIntervalUpper"}, "__MISSING__ 2")))},
      R"(
 table Estimates
 rows 2 <a/1>: <a=1/2>, <a=./2>
@@ -125,7 +126,8 @@ columns 1 -name Statistics: Contrast Estimate, Std. Error, t, df, Adj. Sig., ^1%
       .fDiagnostics = Contrasts({"a", "1", "a", "2"}, "simpleContrast", Message("kGLMM_C19_1"))},
      R"(table "Contrasts" of request 1 for means: the message that refuses it has 0 parameters, not one)"},
     {{.fSettings = Requests(MeansRequest({"a"}, "")), .fDiagnostics = Contrasts({"a", "1", "a", "2"})},
-     R"(table "Contrasts" of request 1 for means is left out: not the last two of its factor columns are those of the compare factor "")"},
+     R"(table "Contrasts" of request 1 for means is left out: )"
+     R"(not the last two of its factor columns are those of the compare factor "")"},
     {{.fSettings = Requests(kTwoFactors), .fDiagnostics = Contrasts({"b", "lo", "b", "hi"})},
      R"(table "Contrasts" of request 1 for means is left out: its factor columns are not those of the effect)"},
 };
@@ -146,12 +148,12 @@ rows 2 <a/1>: <a=1/2>
 rows 1 <b/1>: <b=lo/2>
 columns 1 -name Statistics: F, df1, df2, Sig.
 <a=1/2> | <b=lo/2>: 4C 1N 2.5N .C
-table "Overall Test Results" of request 1 for means: a test is left out, since its fields are not those of the first test
-)"},
+)"
+     R"(table "Overall Test Results" of request 1 for means: a test is left out, )"
+     R"(since its fields are not those of the first test)"},
     {{.fSettings = Requests(kTwoFactors), .fDiagnostics = Block("0", kOneMean + Test({"b", "lo"}, "4"))},
-     R"(
-table "Overall Test Results" of request 1 for means is left out: its fields are not the effect's factors without the compare factor
-)"},
+     R"(table "Overall Test Results" of request 1 for means is left out: )"
+     R"(its fields are not the effect's factors without the compare factor)"},
 };
 
 TEST(OverallTestResults, AreIssued) { CheckTables("OverallTestResults", "table \"Overall Test Results\"", kTests); }

@@ -145,7 +145,7 @@ const ChartCase kCoefficientDiagrams[] = {
      {R"(
 targetPointSource.PointTooltip: 'y
 Yield
-Probability Distribution Gamma, Link Function Power (2) ...'
+Probability Distribution G, Link Function P (2) ...'
 )",
       R"(
 pointSource.Type: 'intercept' 'continuous' 'categorical' 'interaction' -
@@ -175,6 +175,13 @@ E62317 = 1.000' 'Coefficient = -0.250
         stage.fStats.CreateParamCollect()->fvFixedParamEstim = {{{}, {}, {Intercept(1)}}};
         stage.Charts().BuildFixedCoefficientsDiagram();
     }},
+    // No settings.
+    {[](ChartStage& stage) {
+        stage.fStats.RemoveBuildSettings();
+        MakeEffects(stage, {{0, 0.5}});
+        MakeCoefficients(stage);
+        stage.Charts().BuildFixedCoefficientsDiagram();
+    }},
 };
 
 TEST(FixedCoefficientsDiagram, IsSent) { CheckCharts(kCoefficientDiagrams); }
@@ -195,15 +202,6 @@ TEST(TargetHistogram, NamesTheDistribution) {
                             {xml}};
         CheckCharts({&one, 1});
     }
-}
-
-TEST(Diagrams, AreNotSentWithoutSettings) {
-    ChartStage stage;
-    stage.fStats.RemoveBuildSettings();
-    MakeEffects(stage, {{0, 0.5}});
-    MakeCoefficients(stage);
-    stage.Charts().BuildFixedCoefficientsDiagram();
-    EXPECT_TRUE(stage.fRun.GetItems().empty());
 }
 
 }  // namespace

@@ -5,7 +5,7 @@
 namespace hierfit::test {
 namespace {
 
-const std::string kTrials = Parameter("UseTrials", "true") + Parameter("TrialsField", "n");
+const std::string kTrials = Parameter("UseTrials", "true") + Parameter("TrialsField", "y");  // the first field
 const std::string kFixedTrials = Parameter("UseTrials", "true") + Parameter("TrialsValue", "20");
 const std::string kNominal = Parameter("TargetField", "r") + Parameter("DistributionOfTarget", "NOMINAL");
 
@@ -17,7 +17,7 @@ table Model Summary flag false width 150
 caption Information Criteria, log likelhood ^1 ...(.G)
 rows 1 -name Content: Target{Events, Trials}, Measurement Level, Probability Distribution, Link Function, Information Criterion{Akaike Corrected, Bayesian}
 Target/Events: <r/2>
-Target/Trials: <n/2>
+Target/Trials: <y/2>
 Measurement Level: Nominal
 Probability Distribution: Multinomial
 Link Function: (1.5D)
@@ -48,11 +48,17 @@ std::string Target(const std::string& columns) { return Group("target", columns)
 const std::string kEstimates = Sample().fTraining;
 const std::string kUnused = Message("kGLMM_C26");
 
+const std::string kManyFields =
+    Tag("SegmentInfo", Join(Strings(2001, "<FieldInfo fieldName='a' fieldValue='1'/>"), "", ""));
+const std::string kManyRecords = Target(Column("field='y'", Join(Strings(2000, "1 "), "", "")));
+
 const TableCase kStructures[] = {
-    {{.fDiagnostics = FirstSubject("2", {}, "")}, ""},
+    {{.fDiagnostics = FirstSubject("2", Segment({}), "")}, ""},
+    {{.fDiagnostics = FirstSubject("2", kManyFields, kManyRecords)},
+     R"(table "Data Structure" is left out: too many subject fields for so many records)"},
     // Fixed trials, eleven records and an unused field.
     {{.fSettings = kSettings + kFixedTrials,
-      .fDiagnostics = FirstSubject("11", {"a", "2"}, Target(Column("field='y'", "3"))),
+      .fDiagnostics = FirstSubject("11", Segment({"a", "2"}), Target(Column("field='y'", "3"))),
       .fTraining = kEstimates + kUnused},
      R"(
 table Data Structure
@@ -67,21 +73,21 @@ columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2> * Number of Trials = 
 'Levels' | Total Number of Levels: 3N _
 )"},
     // Ten records, a repeated measure, and a trials field that does not count, with too few values.
-    {{.fSettings = kSettings + Parameter("TrialsField", "n"),
-      .fDiagnostics = FirstSubject("10", {"a", "2"},
+    {{.fSettings = kSettings + Parameter("TargetField", "x") + Parameter("TrialsField", "y"),
+      .fDiagnostics = FirstSubject("10", Segment({"a", "2"}),
                                    Group("repeatedMeasures", Column("field='t'", "1")) +
-                                       Target(Column("field='y'", "3 4") + Column("field='n'", "9")))},
+                                       Target(Column("field='x'", "3 4") + Column("field='y'", "9")))},
      R"(
 table Data Structure
-note Target ^1(<y/1>)
+note Target ^1(<x/1>)
 rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
-columns 1 -name 'Variables': Subjects{<a/2>}, Repeated Measures{<t/2>}, Target{<y/2>, <n/2>}
-0N | Data for First Subject: <a=2/0> <t=1/0> <y=3/2> <n=9/2>
-1N | Data for First Subject: <a=2/0> _ <y=4/2> _
+columns 1 -name 'Variables': Subjects{<a/2>}, Repeated Measures{<t/2>}, Target{<x/2>, <y/2>}
+0N | Data for First Subject: <a=2/0> <t=1/0> <x=3/2> <y=9/2>
+1N | Data for First Subject: <a=2/0> _ <x=4/2> _
 'Levels' | Total Number of Levels: 3N 2N _ _
 table "Data Structure": "t" has 1 values for 2 records, and the other cells stay empty
-table "Data Structure": "n" has 1 values for 2 records, and the other cells stay empty
+table "Data Structure": "y" has 1 values for 2 records, and the other cells stay empty
 )"},
 };
 
@@ -103,13 +109,13 @@ std::string Classified(const std::string& attributes, const std::string& labels,
 }
 
 const TableCase kClassifications[] = {
-    // Events out of trials, without any event.
-    {{.fSettings = kSettings + kTrials,
+    // Events out of trials, without any event. Labels do not matter.
+    {{.fSettings = kSettings + Parameter("TargetField", "x") + kTrials,
       .fStatistics = kAccuracy,
-      .fDiagnostics = Classified("nbRows='2'", "", "3 1 0 0")},
+      .fDiagnostics = Classified("nbRows='2'", "<Label/>", "3 1 0 0")},
      R"(
 table Classification, overall ^1 ...(62.5P)
-note Target ^1/^2(<y/1>; <n/1>)
+note Target ^1/^2(<x/1>; <y/1>)
 rows 2 Observed: Non-Event, Event
 rows 1 -name 'Statistics': E60868, % within Observed
 columns 1 Predicted: Non-Event, Event

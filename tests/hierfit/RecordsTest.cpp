@@ -125,38 +125,5 @@ TEST(Records, MatricesAreUnpackedToFullRows) {
     }
 }
 
-TEST(Records, MatricesOfEventsOutOfTrialsReadNoLabels) {
-    Sample sample{.fDiagnostics =
-                      "<Matrix description='classificationTable' nbRows='1'><MatrixLabels><RowColLabels>"
-                      "<Label label='3'/></RowColLabels></MatrixLabels><Array>1</Array></Matrix>"};
-    const auto count = [](const HFITOutputStats& stats) { return stats.GetClassifMatrixData()->fvLabels.size(); };
-    EXPECT_EQ(ReadSample(sample, count), 1U);
-    sample.fSettings += Parameter("UseTrials", "true");
-    EXPECT_EQ(ReadSample(sample, count), 0U);
-}
-
-TEST(Records, ARandomBlockFillsTheGapBelowIt) {
-    const Sample sample{.fTraining = Estimates("random' block='2", Estimate("p", {}))};
-    const auto blocks = ReadSample(sample, [](const HFITOutputStats& stats) {
-        std::string text;
-        for (const RandomParamBlock& one : stats.GetParamCollect()->fvRandomParamEstim) {
-            text += std::to_string(one.fBlock) + ":" + std::to_string(one.fvGroups.size()) + " ";
-        }
-        return text;
-    });
-    EXPECT_EQ(blocks, "2:0 2:0 2:1 ");
-}
-
-TEST(Records, ColumnsOfMeansKeepTheLastOfAStatistic) {
-    const std::string table = Column("feature='statistic' statistic='mean'", "1") + Column("statistic='other'", "2") +
-                              Column("feature='fields' statistic='mean'", "__MISSING__ 'a b'");
-    const auto means =
-        ReadDiagnostics(Tag("DataGroup description='Emmeans'", Tag("MultivariateData", table)),
-                        [](const HFITOutputStats& stats) { return stats.GetEmmeansEstimates()->front(); });
-    EXPECT_EQ(means.fMean.fFeature, 3);
-    EXPECT_EQ(means.fMean.fvValues.front(), "__MISSING__");
-    EXPECT_TRUE(means.fStdErr.fvValues.empty());
-}
-
 }  // namespace
 }  // namespace hierfit::test

@@ -101,10 +101,9 @@ inline std::string Group(const std::string& description, const std::string& colu
     return Tag("CoordinatesGroup description='" + description + "'", columns);
 }
 
-inline std::string FirstSubject(const std::string& freq, const Strings& segment, const std::string& groups) {
-    return Tag(
-        "StructuredData description='firstSubjectRecordsForDataStructure'",
-        "<Counts totalFreq='" + freq + "'/>" + Tag("SegmentData", Segment(segment) + Tag("MultivariateData", groups)));
+inline std::string FirstSubject(const std::string& freq, const std::string& segment, const std::string& groups) {
+    return Tag("StructuredData description='firstSubjectRecordsForDataStructure'",
+               "<Counts totalFreq='" + freq + "'/>" + Tag("SegmentData", segment + Tag("MultivariateData", groups)));
 }
 
 inline std::string Covariances(const std::string& labels, const std::string& segments) {

@@ -107,6 +107,13 @@ TEST_F(Texts, ListsAreResolvedByTheFirstMapOfTheirNumber) {
     EXPECT_EQ(text, "first");
     EXPECT_TRUE(fStats.PrintableText(Pattern("P"), text));
     EXPECT_EQ(text, "P");
+    StringMap map;
+    map.fMapId = 3;
+    map.Append({"P", {{{std::string(1'000'000, 'x'), 0, 65}}, {}, false, ""}});
+    maps.Append(std::move(map));
+    EXPECT_TRUE(fStats.PrintableText(Pattern("P", {}, 3), text));
+    EXPECT_FALSE(fStats.PrintableText(Pattern("P", {}, 1), text)) << "the document's labels are too long";
+    EXPECT_EQ(fRun.Diagnostics(), "the labels of model terms are too long, and those that follow are left empty\n");
 }
 
 TEST_F(Texts, CovarianceParametersAreLabelled) {

@@ -47,21 +47,22 @@ TEST_F(CellText, ShowsVariablesAndValuesAsTheUserWants) {
         {Labels::Name, "dose|sex|1.00|2.00|3.50|f|m|"},
         {Labels::Both, "dose (Dose given)|sex|1.00 (low)|2.00|3.50|f (female)|m|"},
     };
+    const OBS female("f");
+    const OBS male("m");
     for (const auto& [wanted, expected] : cases) {
         context::Settings settings;
         settings.fVariables = settings.fValues = wanted;
         context::RunContext run(settings, nullptr, "");
         const context::RunContext::Activation activation(run);
         std::string words;
-        for (const KEST_Variable* variable : {&fDose, &fSex}) {
-            words += BpVariable(variable, BpShow::InList).GetText()->fWords + "|";
-        }
-        for (const double value : {1.0, 2.0, 3.5}) {
-            words += BpDataValue(&fDose, value, BpPreference::Plain).GetText()->fWords + "|";
-        }
-        for (const char* value : {"f", "m"}) {
-            const OBS observed{std::string(value)};
-            words += BpDataValue(&fSex, &observed, BpPreference::Plain).GetText()->fWords + "|";
+        for (const auto& text :
+             {BpVariable(&fDose, BpShow::InList).GetText(), BpVariable(&fSex, BpShow::InList).GetText(),
+              BpDataValue(&fDose, 1.0, BpPreference::Plain).GetText(),
+              BpDataValue(&fDose, 2.0, BpPreference::Plain).GetText(),
+              BpDataValue(&fDose, 3.5, BpPreference::Plain).GetText(),
+              BpDataValue(&fSex, &female, BpPreference::Plain).GetText(),
+              BpDataValue(&fSex, &male, BpPreference::Plain).GetText()}) {
+            words += text->fWords + "|";
         }
         EXPECT_EQ(words, expected);
     }

@@ -41,7 +41,7 @@ const NumberCase kCases[] = {
     {FormatName::SigDigit, {0.95 * 100, 0.29 * 100, 100, 0, -0.0}, "95 29 100 0 0"},
     {FormatName::SigDigit, {99.5, -0.25, 1.0 / 3}, "99.5 -0.25 0.333333333333333"},
     {FormatName::SigDigit, {0.0001, 0.00001}, "0.0001 1e-05"},
-    {FormatName::SigDigit, {123456789012345678.0, kSystemMissing}, "1.23456789012346e+17 ."},
+    {FormatName::SigDigit, {1e15, 123456789012345678.0, kSystemMissing}, "1e+15 1.23456789012346e+17 ."},
 };
 
 TEST(NumberFormat, GivesTheWords) {

@@ -29,25 +29,6 @@ class PivotTable : public test::PivotRun {
     std::optional<BpPivotTable> fTable{BpProcedure().PivotTable(Fixed("Title"), Fixed("Kind"), true)};
 };
 
-TEST_F(PivotTable, WritesAtTheCurrentCategoryOfEveryDimension) {
-    BpDimension rows = AddDimension("Rows", BpPlace::Rows, 1);
-    BpDimension columns = AddDimension("Columns", BpPlace::Columns, 1);
-    BpCategory a = rows.Category(Fixed("a"));
-    columns.Category(Fixed("x"));
-    a.Cell(Fixed("1"));
-    BpGroup group = columns.Group(Fixed("g"), true, BpSort::AsIssued);
-    a.Cell(Fixed("2"));
-    group.Category(Fixed("y")).Cell(Fixed("3"));
-    rows.Category(Fixed("b"));
-    a.Cell(Fixed("4"));
-    EXPECT_EQ(Draw(), R"( | [Columns] | <
- | x | (g)
-[Rows] | ^ | y
-a | 2 | 3
-b | | 4
-)");
-}
-
 TEST_F(PivotTable, FindsMembersByTheirText) {
     BpDimension rows = AddDimension("R", BpPlace::Rows, 1);
     for (const char* name : {"same", "other", "same"}) {
@@ -113,6 +94,8 @@ TEST_F(PivotTable, KeepsTheLastCellAtAPlace) {
     ASSERT_EQ(GetTable().fvCells.size(), 2u);
     EXPECT_EQ(GetTable().fvCells[0].fContent.fWords, "last");
     EXPECT_TRUE(GetTable().fvCells[0].fvNotes.empty());
+    a.CellNote(Annotate("note"));
+    EXPECT_EQ(GetTable().fvCells[0].fvNotes.size(), 1U);
     const auto& told = fContext.GetDocument().fvDiagnostics;
     ASSERT_EQ(told.size(), 1U);
     a.Cell(Fixed("last"));

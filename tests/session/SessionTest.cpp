@@ -43,6 +43,11 @@ TEST(Session, TellsMessagesThatNobodyShows) {
         {"sleepstudy", summary, Message("") + Message("x"), "x|"},
         {"sleepstudy", summary, Repeat(Message("x"), 150),
          Repeat("x|", 100) + "there are more warnings, which are not listed|"},
+        // Titles of a heading and a table, a cell, two categories and a group show these.
+        {"sleepstudy", summary,
+         Message("Covariance Parameters") + Message("Model Summary") + Message("Normal") + Message("Link Function") +
+             Message("Bayesian") + Message("Information Criterion"),
+         ""},
         // A table's message shows this one without its parameter.
         {"cbpp", "</DataGroup>\n    </ModelDiagnostics>", Message("kGLMM_C19_1", "<PrintableValue value='a'/>"), ""},
     };
@@ -72,6 +77,10 @@ TEST(Session, TellsWhyThereIsNoOutput) {
          R"(PMML/GeneralRegressionModel/MiningSchema/MiningField[2]: "Dayz" is no field of the data dictionary)",
          {0, 52, 7}},
         {pmml, "", "the document is empty", {1, 1, 1}},
+        {pmml,
+         Replaced(statXml, "algorithmName", "other"),
+         "StatXML/PMMLModel/PredictiveSummary: attribute \"algorithmName\" expected",
+         {1, 0, 0}},
         {pmml, Replaced(statXml, "<TrainingSummary", "<Other"), "mismatched tag", {1, 0, 0}},
     };
     for (const auto& one : cases) {

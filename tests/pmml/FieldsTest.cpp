@@ -2,8 +2,11 @@
 
 #include <fmt/format.h>
 
-#include "host/KEST_ValueLabelMap.h"
+#include <sstream>
+
+#include "host/MCPMMLParser.h"
 #include "host/data/PrintFormat.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::pmml {
 namespace {
@@ -42,6 +45,7 @@ TEST(Dictionary, ReadsOneField) {
         {OneField(kNumber), "x \"\" t2 l3 F8.2"},
         {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
         {OneField("optype='categorical' dataType='integer' displayName='The x'"), "x \"The x\" t1 l1 F8.0"},
+        {OneField("optype='continuous' dataType='string'"), "x \"\" t0 l3 A8"},
         {OneField("dataType='integer'"), "x \"\" t1 l3 F8.0"},
         {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8"},
         {OneField(""), "x \"\" t0 l1 A8"},
@@ -86,8 +90,8 @@ TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
         {"<M><MiningSchema><MiningField name='c'/><MiningField name='a' usageType='target'/></MiningSchema></M>", "20"},
         {"<M><MiningSchema><MiningField name='b'/><MiningField name='b'/></MiningSchema></M>", "1"},
         {"<M><S><MiningSchema><MiningField name='b'/></MiningSchema></S><MiningSchema/></M>", "1"},
-        {"<Extension><MiningSchema/></Extension><Header><MiningSchema/></Header><M><MiningSchema><MiningField "
-         "name='c'/></MiningSchema></M>",
+        {"<Extension><MiningSchema/></Extension><MiningBuildTask><MiningSchema/></MiningBuildTask><M><MiningSchema>"
+         "<MiningField name='c'/></MiningSchema></M>",
          "2"},
         {"<p:M><p:MiningSchema><p:MiningField name='c'/></p:MiningSchema></p:M>", "2"},
     };
@@ -117,30 +121,64 @@ TEST(Dictionary, TellsWhatItCannotRead) {
 }
 
 TEST(Dictionary, MakesDataSourceAndMetaData) {
+    const std::string values = "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/>";
     const auto result = Dictionary::Read(
-        "<PMML><DataDictionary><DataField name='n' displayName='Number' optype='ordinal' dataType='double'>"
-        "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/><Value value='2'/></DataField>"
-        "<DataField name='s' optype='categorical' dataType='string'><Value value='1' displayValue='text'/></DataField>"
-        "<DataField name='i' optype='continuous' dataType='integer'/></DataDictionary></PMML>");
+        "<PMML><DataDictionary><DataField name='n' displayName='Number' optype='ordinal' dataType='double'>" + values +
+        "</DataField><DataField name='s' dataType='string'>" + values +
+        "</DataField><DataField name='i' dataType='integer'/></DataDictionary></PMML>");
     const auto source = MakeDataSource(std::get<Dictionary>(result));
     const auto metaData = MakeMetaData(std::get<Dictionary>(result));
-    ASSERT_EQ(metaData->FieldCount(), 3);
-    const int types[] = {2, 0, 1};
-    for (int i = 0; i < 3; ++i) {
-        EXPECT_EQ(metaData->GetField(i)->GetType(), types[i]);
-        EXPECT_EQ(metaData->GetFieldIndex(source->GetVariable(i)->GetName()), i);
-        EXPECT_EQ(source->FindVarIndex(source->GetVariable(i)->GetName(), 0), i);
+    std::string fields;
+    for (int i = 0; i < metaData->FieldCount(); ++i) {
+        const KEST_Variable& variable = *source->GetVariable(i);
+        EXPECT_EQ(metaData->GetFieldIndex(variable.GetName()), i);
+        fields += fmt::format("{} l{} {} {}+{}, ", metaData->GetField(i)->GetType(), variable.GetMeasurementLevel(),
+                              variable.GetLabel() ? variable.GetLabel() : "-",
+                              variable.GetValueLabels().fOfNumbers.size(), variable.GetValueLabels().fOfTexts.size());
     }
+    EXPECT_EQ(fields, "2 l2 Number 1+0, 0 l1 - 0+2, 1 l3 - 0+0, ");
     EXPECT_EQ(metaData->GetFieldIndex("N"), -1);
     EXPECT_EQ(metaData->GetField(3), nullptr);
     EXPECT_EQ(metaData->GetField(-1), nullptr);
-    EXPECT_STREQ(source->GetVariable(0)->GetLabel(), "Number");
-    EXPECT_EQ(source->GetVariable(1)->GetLabel(), nullptr);
-    EXPECT_EQ(source->GetVariable(0)->GetMeasurementLevel(), 2);
-    const KEST_ValueLabelMap numbers(source->GetVariable(0)->GetValueLabels());
-    EXPECT_STREQ(numbers.GetLabel(1.0), "one");
-    EXPECT_EQ(numbers.GetLabel(2.0), nullptr);
-    EXPECT_STREQ(KEST_ValueLabelMap(source->GetVariable(1)->GetValueLabels()).GetLabel(std::string("1")), "text");
+}
+
+/// The variables that a list holds, such as "dose:2/3", or "error".
+std::string Variables(const std::string& text, const std::vector<std::string>& names = {}) {
+    MCPMMLParser parser;
+    std::istringstream stream(text);
+    MCVarList list;
+    if (parser.ParseToDOM(stream).IsError()) return "error";
+    if (parser.FillVarList(&list, names, false).IsError()) return list.Size() == 0 ? "unknown" : "unknown, but filled";
+    std::string variables;
+    for (int i = 0; i < list.Size(); ++i) {
+        std::string name;
+        list.GetVarAt(i)->GetName(name);
+        variables += (i > 0 ? " " : "") + name + ':' + std::to_string(list.GetVarAt(i)->GetKind()) + '/' +
+                     std::to_string(list.GetVarAt(i)->GetCategoryCount());
+    }
+    return variables;
+}
+
+TEST(PmmlParser, ListsTheVariablesOfTheModel) {
+    const std::string oats = test::ReadExample("oats", "model.pmml");
+    EXPECT_EQ(Variables(oats), "yield:1/0 nitro:3/4 Variety:2/3 Block:2/6");
+    EXPECT_EQ(Variables(oats, {"Block", "yield"}), "Block:2/6 yield:1/0");
+    EXPECT_EQ(Variables(oats, {"Block", "plot"}), "unknown");
+    EXPECT_EQ(Variables(test::Replaced(oats, "name=\"yield\"", "name=\"yeild\"")), "error");
+    EXPECT_EQ(Variables(oats.substr(0, oats.size() / 2)), "error");
+    EXPECT_EQ(Variables(""), "error");
+}
+
+TEST(PmmlParser, FailsWithoutADocument) {
+    MCPMMLParser parser;
+    MCVarList list;
+    EXPECT_TRUE(parser.FillVarList(&list, {}, false).IsError());
+    std::istringstream good(test::ReadExample("oats", "model.pmml"));
+    EXPECT_FALSE(parser.ParseToDOM(good).IsError());
+    EXPECT_TRUE(parser.FillVarList(nullptr, {}, false).IsError());
+    std::istringstream bad("<PMML/>");
+    EXPECT_TRUE(parser.ParseToDOM(bad).IsError());
+    EXPECT_TRUE(parser.FillVarList(&list, {}, false).IsError());
 }
 
 }  // namespace
