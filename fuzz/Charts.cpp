@@ -1,6 +1,7 @@
 // Feeds a data stream, a label and chart XML, parted by markers that choose settings, through the chart library.
 
 #include <array>
+#include <memory>
 #include <optional>
 
 #include "fuzz/Checks.h"
@@ -33,6 +34,13 @@ void Fill(VarDataProcessor& processor, const std::vector<ChartSource>& sources) 
             }
         }
     }
+}
+
+/// What is written as a stream can be read from it.
+void CheckStream(const VarDataProcessor& processor) {
+    int length = 0;
+    const std::unique_ptr<const char[]> stream(processor.GetDataStream(&length));
+    if (!chart::ReadDataStream({stream.get(), static_cast<std::size_t>(length)})) Fail("the stream cannot be read");
 }
 
 /// A variable of the data source that is called by the label, and two of whose values are.
@@ -75,6 +83,7 @@ void RunInput(std::string_view input) {
     const context::RunContext::Activation activation(run);
     VarDataProcessor processor;
     Fill(processor, sources);
+    CheckStream(processor);
     XDocument document(parts.fvTexts[2]);
     if (parts.fMarkers[1] % 2 == 1) document.applyTemplates();
     document.SetDescription(words);

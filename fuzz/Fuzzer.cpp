@@ -88,12 +88,13 @@ class Mutator {
         }
     }
 
+    /// Names and numbers are seldom anything once their bytes are changed, so they change places most often.
     void ChangeLeaf(const Form& form, std::string& text, const Piece& piece, std::string given) {
         const std::string old = text.substr(piece.fBegin, piece.fEnd - piece.fBegin);
-        const bool isTyped = piece.fKind == Piece::Kind::Name || piece.fKind == Piece::Kind::Number;
-        if (Below(3) > 0 || (isTyped && Below(4) > 0)) {
+        const bool isWord = piece.fKind == Piece::Kind::Word;
+        if (isWord ? Below(3) > 0 : Below(16) == 0) {
             given = MutateBytes(Below(2) == 0 ? "" : old);
-            if (!isTyped) given = form.Escape(given);
+            if (isWord) given = form.Escape(given);
         }
         text.replace(piece.fBegin, old.size(), given);
     }

@@ -9,7 +9,8 @@ const root = join(dirname(fileURLToPath(import.meta.url)), "..");
 const folder = process.argv[2];
 
 const largestPair = 35_000;
-const largestItem = 30_000;
+const largestItem = 60_000;
+const largestSaved = 25_000;
 const longestWord = 60;
 const hostile = [
   "", "0", "-1", "1", "2147483647", "2147483648", "-2147483648", "4294967296", "9223372036854775807", "1e308", "-1e400",
@@ -81,16 +82,26 @@ writeTarget(
   [
     ["small", read("tests/json/small.json")],
     ["messages", read("tests/golden/approved/messages-only.json")],
-    ...[...items].map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
+    ...[...items].filter(([, { size }]) => size < largestSaved).map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
   ],
   [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800"],
 );
 
+/// The histogram within a diagram as a chart of its own, once for each distribution.
+function histograms({ xml }) {
+  const [, chart, stream] = xml.match(/<inset[^>]*>\s*(<chart[^]*<\/chart>)\s*<stream>([^]*)<\/stream>/) ?? [];
+  if (!chart) return [];
+  return ["normal", "gamma", "gaussianinverse", "binomialnegative", "poisson"].map((distribution) => [
+    `histogram-${distribution}`,
+    `${stream}\x04label\x00${chart.replace('"normal"', `"${distribution}" parameter="2.5" secondaryParameter="0.4"`)}`,
+  ]);
+}
 const charts = [...items].filter(([, { item }]) => item.kind === "chart");
 writeTarget(
   "charts",
   [
     ...charts.map(([name, { item }]) => [name, `${JSON.stringify(item.data)}\x04label\x01${item.xml}`]),
+    ...charts.flatMap(([, { item }]) => histograms(item)),
     ...readdirSync(join(root, "template")).map((name) => [`template-${name}`, `[]\x00\x00${read("template", name)}`]),
   ],
   [
