@@ -24,6 +24,7 @@ TEST(ChartStringTest, TurnsAnyBytesIntoText) {
          "\uFFFD\uFFFDa"},                                 // no byte order mark either
         {"\xC3", "\uFFFD"},                                // cut short
         {"\xC0\xAF", "\uFFFD\uFFFD"},                      // longer than need be
+        {"\xE0\x80\xAF", "\uFFFD\uFFFD\uFFFD"},            // and so is this
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},            // half a pair
         {"\xF4\x90\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // behind the last character
         {"\xE2\x82z", "\uFFFD\uFFFDz"},

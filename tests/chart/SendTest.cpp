@@ -144,6 +144,16 @@ TEST(SendTest, HistogramIsMergedWhereAllThreeCanBeRead) {
     }
 }
 
+TEST(SendTest, MachineMayRefuseToStart) {
+    context::Settings settings;
+    settings.fMachineRefusesToStart = true;
+    const ChartRun run(settings);
+    KestJVM machine = KestJVM::GetInstance();
+    EXPECT_FALSE(machine.StartJVM() || machine.IsStarted() || machine.AttachCurrentThread(nullptr));
+    EXPECT_FALSE(ViZEditor::GetInstance().StartEditorHeadless(machine.GetEnv()));
+    EXPECT_FALSE(ViZEditor::GetInstance().IsStartedHeadless());
+}
+
 /// Values under every name that the templates know, some of them of the wrong kind.
 void FillAllVariables(VarDataProcessor& processor) {
     const char* const kNames[] = {"X",       "Y",        "FromX",   "FromY",  "ToX",     "ToY",     "Label_X",

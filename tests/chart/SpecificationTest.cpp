@@ -25,7 +25,7 @@ TEST(SpecificationTest, ReadsWhatIsRightAndNamesWhatIsNot) {
              "remark: attribute width of plot cannot be \"75\"\nremark: attribute margin-bottom of plot cannot be "
              "\"-1px\"\n"
              "remark: attribute square of plot cannot be \"1\"\n"},
-        {InPlot("<span of='x' min='inf' max='-nan'/><span of='y' min='1e999' max=' 7 '/>"),
+        {InPlot("<span of='y' min='1e999' max=' 7 '/><span of='x' min='inf' max='-nan'/>"),
          "chart\nplot 0 margin=0 y<=7\nremark: attribute min of span cannot be \"1e999\"\n"},
         {InPlot("<points x='a'/><points node='n'/><links from='a'/><names x='a' y='b'/>"),
          plot + "mark 0 node=n\nremark: points without x y is left out\nremark: links without x y x2 y2 is left out\n"
@@ -122,8 +122,8 @@ TEST(SpecificationTest, LargeAndSenselessTextsAreReadInLinearTime) {
     };
     constexpr std::size_t kBytes = 4'000'000;
     const ChartRun run;
-    for (const char* piece :
-         {"<title><![CDATA[", "<![CDATA[", "]]>", "<", "<a \"", "<!--", "<use ", "<use fragment=\"a\"/>"}) {
+    for (const char* piece : {"<title><![CDATA[", "<title><![CDATA[]]>", "<![CDATA[", "]]>", "<", "<a \"", "<!--",
+                              "<use ", "<use fragment=\"a\"/>"}) {
         DescribeXml(repeat(piece, kBytes));
     }
     for (const char* piece : {"<points node=\"n\"/>", "<lineGuide y=\"1\"/>", "<x/>"}) {

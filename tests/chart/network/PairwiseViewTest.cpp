@@ -18,7 +18,7 @@ std::vector<Json> LinksOf(const Sample& sample) {
 TEST(PairwiseViewTest, LeavesOutLinesWithoutAnEnd) {
     Sample sample = PairwiseSample("", 3, {});
     ValuesOf(sample, "edgeSource_1", "to")[0] = "nobody";
-    ValuesOf(sample, "edgeSource_1", "from")[1] = document::ChartValue();
+    ValuesOf(sample, "edgeSource_1", "from")[1] = {};
     EXPECT_EQ(LinksOf(sample).size(), 1U);
     EXPECT_EQ(sample.Make().fShown.fvTables.at(0).fvRows.size(), 1U);
 }

@@ -27,7 +27,7 @@ TEST(ScatterViewTest, HasEqualAxesThatHoldLimitsAndPoints) {
 
 TEST(ScatterViewTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {
     Sample sample = ScatterSample("", 5);
-    ValuesOf(sample, "source0", "X")[0] = document::ChartValue();
+    ValuesOf(sample, "source0", "X")[0] = {};
     ValuesOf(sample, "source0", "Y") = {1.0, std::nan(""), 220.25, 230.0, 240.0};
     ValuesOf(sample, "source0", "Frequency") = {1.0, 1.0, 3.0, -2.0, document::ChartValue()};
     const std::vector<std::vector<std::string>> rows = {

@@ -60,6 +60,7 @@ TEST(LevelsView, DrawsWhatTheLevelsBear) {
         {false, {three}, means, "x", 0},
         {false, {three, Named("S", 8)}, "line " + means, "x", 0},
         {false, {three, Named("S", 9)}, means, "x", 0},
+        {false, {{"a", "b", "c", "d", "district_one district_two district_six"}}, means, "x", 0},
         {false, {Named("District", 40)}, means, "y", 0},           // long words
         {false, {Named("S", 10), Named("S", 10)}, means, "y", 0},  // more series than fit
         {true, {three}, contrasts, "x", 0},
@@ -88,22 +89,23 @@ TEST(LevelsView, MakesAnAxisOfNumbersOnlyOfNumbers) {
 }
 
 TEST(LevelsView, HasAnAxisOfSomeLengthForAnyMeans) {
-    const std::vector<std::tuple<double, Span, Json>> cases = {{7, {}, {6.5, 7.5}},
-                                                               {1e17, {}, {1e17 - 1e11, 1e17 + 1e11}},
-                                                               {7, {3, 3}, {2.5, 3.5}},
-                                                               {7, {7, {}}, {6.5, 7.5}},
-                                                               {7, {{}, 7}, {6.5, 7.5}},
-                                                               {7, {9, {}}, {8.5, 9.5}},
-                                                               {1e305, {4, {}}, {3.5, 4.5}},
-                                                               {7, {HUGE_VAL, {}}, {6.5, 7.5}},
-                                                               {7, {3, 9}, {}}};
+    const std::vector<std::tuple<double, Span, Json>> cases = {
+        {7, {}, {6.5, 7.5}},          {1e17, {}, {1e17 - 1e11, 1e17 + 1e11}},
+        {7, {3, 3}, {2.5, 3.5}},      {7, {7, {}}, {6.5, 7.5}},
+        {7, {{}, 7}, {6.5, 7.5}},     {7, {9, {}}, {8.5, 9.5}},
+        {1e305, {4, {}}, {3.5, 4.5}}, {7, {HUGE_VAL, {}}, {6.5, 7.5}},
+        {7, {3, 9}, {3, 9}}};
     for (const auto& [mean, span, domain] : cases) {
         Sample sample = MeansSample("", {"A"}, {{{"a"}, mean, {}, {}}});
         sample.fSpecification.fPlot.fY = span;
         const Json view = ViewOf(sample);
-        EXPECT_EQ(ChannelOf(view, "y", "m")["scale"]["domain"], domain) << mean;
+        Json scale = ChannelOf(view, "y", "m")["scale"];
+        EXPECT_EQ(scale.contains("domain") ? scale["domain"] : Json({scale["domainMin"], scale["domainMax"]}), domain);
         EXPECT_EQ(view["data"]["values"].size(), mean > 1e300 ? 0U : 1U);
     }
+    Sample contrast = ContrastSample("", {"A"}, {{{"a"}, 7.0, {}, {}}}, 7);
+    contrast.fSpecification.fPlot.fvLineGuides = {{9, "false"}};
+    EXPECT_FALSE(ChannelOf(ViewOf(contrast), "y", "m")["scale"].contains("domain")) << "it holds the line";
 }
 
 TEST(LevelsView, LeavesOutWhatHasNoPlaceAndKeepsPointsWithoutRanges) {
@@ -120,6 +122,17 @@ TEST(LevelsView, LeavesOutWhatHasNoPlaceAndKeepsPointsWithoutRanges) {
     }
     EXPECT_LT(values[3]["lo"], values[3]["hi"]);
     EXPECT_EQ(sample.Make().fShown.fvTables[0].fvRows[1], (std::vector<std::string>{"b", "1.00", "", ""}));
+}
+
+TEST(LevelsView, TakesFromEitherRowOfAPairWhatBothHaveInCommon) {
+    Sample means = MeansSample("", {"A"}, {{{"a"}, 1.5, 1.0, 2.0}});
+    ValuesOf(means, "source0", "target")[1] = {};
+    ValuesOf(means, "source0", "effect1")[0] = {};
+    EXPECT_EQ(ViewOf(means)["data"]["values"][0]["m"], 1.5);
+    Sample contrasts = ContrastSample("", {"A"}, {{{"a"}, 1.5, 1.0, 2.0}}, 1);
+    ValuesOf(contrasts, "source", "tooltip")[0] = {};
+    const std::string tip = ViewOf(contrasts)["data"]["values"][1]["tip"];
+    EXPECT_TRUE(tip.starts_with("Average reaction time (ms) of a is higher\n")) << tip;
 }
 
 TEST(LevelsView, ArrangesPanels) {
@@ -149,6 +162,17 @@ TEST(LevelsView, SpellsCharactersAsSavedDocumentsDo) {
     }
 }
 
+TEST(LevelsView, ArrangesPanelsDownwardsFirst) {
+    Sample column = MeansSample("", {"A", "B", "C"}, CrossedMeans({{"a"}, {"b"}, {"c", "d"}}, 5));
+    column.fSpecification.fFaceting->fvAlongColumns = {false};
+    EXPECT_EQ(ViewOf(column)["columns"], 1);
+    Sample grid = ContrastSample("", {"A", "B", "C"}, CrossedMeans({{"a"}, {"b", "c"}, {"d", "e"}}, 5), 5);
+    grid.fSpecification.fFaceting->fvAlongColumns = {false, true};
+    Json view = ViewOf(grid);
+    EXPECT_EQ(view["params"]["facet_text"], (Json{"C = d", "C = e"}));
+    EXPECT_EQ(view["data"]["values"].size(), 8U) << "a mean and a line in each of four panels";
+}
+
 /// Heights of the lines in the panels of a chart whose facet variables have these levels.
 std::vector<double> HeightsOf(Levels facets, const std::vector<LineGuide>& guides) {
     facets.insert(facets.begin(), {"a"});
@@ -176,6 +200,7 @@ TEST(LineGuides, AreDrawnWhereTheConditionNamesThePanel) {
         {{{1.0, 2.0}}, "facet1!=&quot;1&quot;", 1},
         {{{1.0, 2.0}}, "facet1!=&quot;1.0&quot;", 1},
         {{{1.0, 2.0}}, "facet1!=&quot;1.0x&quot;", 0},
+        {{{"1.0", "2"}}, "facet1!=&quot;1&quot;", 1},
         {{{1e300, 2.0}}, "facet1!=&quot;1e+300&quot;", 1},
         {{{"u\"||facet2!=\"x"}}, "facet1!=&quot;u\"||facet2!=\"x&quot;", 1},
         {{{"u", "v"}, {"w", "x"}}, "facet1!=&quot;u&quot;||facet2!=&quot;x&quot;", 1},

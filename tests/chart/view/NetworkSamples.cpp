@@ -4,7 +4,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <stdexcept>
 
 namespace hierfit::chart {
 
@@ -174,15 +173,6 @@ void AddScatters(std::vector<Sample>& samples) {
 }
 
 }  // namespace
-
-std::vector<ChartValue>& ValuesOf(Sample& sample, const std::string& source, const std::string& variable) {
-    for (ChartSource& each : sample.fvData) {
-        for (ChartVariable& values : each.fvVariables) {
-            if (each.fName == source && values.fName == variable) return values.fvValues;
-        }
-    }
-    throw std::out_of_range(variable);
-}
 
 Sample HistogramSample(std::string name, Curve curve, const std::vector<ChartValue>& centers,
                        const std::vector<ChartValue>& counts) {

@@ -20,9 +20,6 @@ Sample PairwiseSample(std::string name, int levels, const std::vector<std::vecto
 /// Points along the diagonal, every one with a frequency.
 Sample ScatterSample(std::string name, int points);
 
-/// The values of a variable of a sample's data.
-std::vector<document::ChartValue>& ValuesOf(Sample& sample, const std::string& source, const std::string& variable);
-
 /// All kinds of node-and-edge charts, scatter plots and histograms, usual and unusual.
 std::vector<Sample> NetworkSamples();
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <nlohmann/json.hpp>
+#include <stdexcept>
 #include <string>
 #include <variant>
 #include <vector>
@@ -36,6 +37,16 @@ inline document::ChartSource SourceOf(const std::string& name, const std::vector
 /// Adds one value to each of the variables.
 inline void AddRow(document::ChartSource& source, const std::vector<document::ChartValue>& values) {
     for (std::size_t at = 0; at < values.size(); ++at) source.fvVariables[at].fvValues.push_back(values[at]);
+}
+
+/// The values of a variable of a sample's data.
+inline std::vector<document::ChartValue>& ValuesOf(Sample& sample, const std::string& source, const std::string& name) {
+    for (document::ChartSource& each : sample.fvData) {
+        for (document::ChartVariable& variable : each.fvVariables) {
+            if (each.fName == source && variable.fName == name) return variable.fvValues;
+        }
+    }
+    throw std::out_of_range(name);
 }
 
 }  // namespace hierfit::chart
