@@ -44,7 +44,7 @@ TEST(JsonDocument, ViewsAreReadAsCompactObjects) {
     };
     const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
     for (const auto& [view, expected] : cases) {
-        const Document document = ReadOrFail(test::Replaced(written, R"({"mark":"bar",)" + empty + "}", view));
+        const Document document = ReadText(test::Replaced(written, R"({"mark":"bar",)" + empty + "}", view));
         EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fView, expected) << view;
     }
 }
