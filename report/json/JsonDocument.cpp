@@ -115,7 +115,7 @@ std::optional<Place> ParsePlace(std::string_view text, const SourceIndices& sour
 
 void PlaceDiagnostics(const JsonReader& in, std::vector<UnplacedDiagnostic>& unplaced, Document& document) {
     SourceIndices sources;
-    for (const std::string& name : document.fvSources) sources.try_emplace(name, static_cast<int>(sources.size()));
+    for (int index = 0; const std::string& name : document.fvSources) sources.try_emplace(name, index++);
     for (UnplacedDiagnostic& diagnostic : unplaced) {
         if (diagnostic.fPlace) {
             diagnostic.fDiagnostic.fPlace = ParsePlace(*diagnostic.fPlace, sources);

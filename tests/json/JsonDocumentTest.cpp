@@ -71,6 +71,14 @@ TEST(JsonDocument, APlaceWithoutItsSourceIsNull) {
     for (const auto& diagnostic : ReadText(WriteJson(document)).fvDiagnostics) EXPECT_FALSE(diagnostic.fPlace);
 }
 
+TEST(JsonDocument, PlacesAreInTheFirstSourceOfTheirName) {
+    Document document{.fvSources = {"a", "a", "b"}};
+    document.fvDiagnostics = {{1, "x", {{1, 2, 3}}}, {1, "y", {{2, 2, 3}}}};
+    const Document read = ReadText(WriteJson(document));
+    EXPECT_EQ(read.fvDiagnostics.at(0).fPlace.value().fSource, 0);
+    EXPECT_EQ(read.fvDiagnostics.at(1).fPlace.value().fSource, 2);
+}
+
 TEST(JsonDocument, OtherSpellingsAreRead) {
     const std::string kJson =
         "\xEF\xBB\xBF"
