@@ -25,6 +25,12 @@ TEST(ScatterViewTest, HasEqualAxesThatHoldLimitsAndPoints) {
     }
 }
 
+TEST(ScatterViewTest, NamesTheLegendByItsHeading) {
+    Sample sample = ScatterSample("", 40);
+    sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
+    EXPECT_EQ(EncodingOf(sample)["opacity"]["title"], Json::array({"Records"}));
+}
+
 TEST(ScatterViewTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {
     Sample sample = ScatterSample("", 5);
     ValuesOf(sample, "source0", "X")[0] = {};

@@ -61,6 +61,7 @@ TEST(LevelsView, DrawsWhatTheLevelsBear) {
         {false, {three, Named("S", 8)}, "line " + means, "x", 0},
         {false, {three, Named("S", 9)}, means, "x", 0},
         {false, {{"a", "b", "c", "d", "district_one district_two district_six"}}, means, "x", 0},
+        {false, {{"a", "b", "c", "d", "district_one district_two district_six district_ten"}}, means, "y", 0},
         {false, {Named("District", 40)}, means, "y", 0},           // long words
         {false, {Named("S", 10), Named("S", 10)}, means, "y", 0},  // more series than fit
         {true, {three}, contrasts, "x", 0},
