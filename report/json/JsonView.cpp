@@ -99,12 +99,13 @@ void ReadTables(JsonReader& in, std::vector<ChartTable>& tables) {
     std::erase_if(tables, [](const ChartTable& table) { return table.fvColumns.empty(); });
 }
 
-/// Numbers that decide how much is drawn. Beyond these, drawing takes time and memory without end.
+/// Numbers that decide how much is drawn.
 struct Most {
     std::string_view fKey;
-    double fNumber;
+    int fNumber;
 };
-constexpr Most kMost[] = {{"tickCount", 1e5}, {"width", 4e6}, {"height", 4e6}};
+constexpr Most kMost[] = {
+    {"tickCount", document::kMostTicks}, {"width", document::kMostPixels}, {"height", document::kMostPixels}};
 
 const Most* FindExceeded(std::string_view key, std::string_view number) {
     const auto* const most = std::ranges::find(kMost, key, &Most::fKey);
@@ -174,7 +175,7 @@ class ViewReader {
     void CopyNumber(std::string_view key) {
         const std::string_view number = fTokens.TakeNumber();
         if (const Most* most = FindExceeded(key, number)) {
-            fIn.Fail(fmt::format("number up to {:.0f} expected", most->fNumber));
+            fIn.Fail(fmt::format("number up to {} expected", most->fNumber));
         }
         fOut += number;
     }

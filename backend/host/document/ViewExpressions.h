@@ -49,6 +49,10 @@ inline constexpr std::array kAll = {
 
 namespace hierfit::document {
 
+/// What a view may ask for at most, so that it can be drawn in bounded time and memory: pixels of a side, ticks of an axis.
+inline constexpr int kMostPixels = 4'000'000;
+inline constexpr int kMostTicks = 100'000;
+
 /// The keys of a view whose texts are expressions.
 inline constexpr std::array<std::string_view, 3> kExpressionKeys{"expr", "filter", "labelExpr"};
 

@@ -106,7 +106,7 @@ Json LevelsAxis::Channel(const std::string& title) const {
     for (std::size_t level = 0; level < values.size(); ++level) values[level] = level;
     const double end = Count(values.size()) - 0.5;
     Json axis = {{"values", values},
-                 {"tickCount", 2 * values.size()},
+                 {"tickCount", std::min(2 * values.size(), std::size_t{document::kMostTicks})},
                  {"labelExpr", HasLines() ? expression::kXLines : expression::kXText},
                  {"grid", false},
                  {"domain", !fIsTurned},

@@ -128,6 +128,9 @@ LevelsStyle StyleOf(const ViewContext& context, const LevelsMarks& marks, const 
     return style;
 }
 
+/// Beyond what can be drawn levels stand closer.
+double Pixels(double length) { return std::min(std::round(length), double{document::kMostPixels}); }
+
 }  // namespace
 
 Drawing MakeLevelsDrawing(const ViewContext& context) {
@@ -135,7 +138,7 @@ Drawing MakeLevelsDrawing(const ViewContext& context) {
     const LevelsItems items(context, marks);
     const LevelsAxis axis = items.fIsLinear ? LinearLayout(items) : LayOutLevels(items, marks.fIsContrast);
     const std::vector<PanelGuide> guides = GuidesOf(context.fSpecification, items);
-    Json panel = {{"width", std::round(axis.fWidth)}, {"height", std::round(axis.fHeight)}};
+    Json panel = {{"width", Pixels(axis.fWidth)}, {"height", Pixels(axis.fHeight)}};
     MoveMembers(panel, LayersOf(marks, items, StyleOf(context, marks, items, axis, guides)));
     Drawing drawing;
     drawing.fView = items.fPanels.Arrange(std::move(panel), LevelsValues(marks, items, axis, guides), axis.fHeight);
