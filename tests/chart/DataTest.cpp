@@ -144,7 +144,7 @@ TEST(DataTest, ManyRowsInAnyNumberOfVariablesAreHeld) {
     processor.AddDataSource("a", 0);
     std::vector<VarDataProcessor::_varinfo> variables(7);
     for (std::size_t i = 0; i < variables.size(); ++i) processor.AddVariable("a", std::to_string(i), &variables[i]);
-    for (int row = 0; row < 50'000; ++row) {
+    for (int row = 0; row < 200'000; ++row) {
         for (const auto& variable : variables) ASSERT_TRUE(processor.SetVariableValue(variable, row, row));
     }
 }

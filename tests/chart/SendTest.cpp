@@ -49,9 +49,11 @@ TEST(SendTest, ChartHoldsWhatWasSentAndEveryCall) {
 
 TEST(SendTest, WhatIsUnknownOrLackingIsToldOnceInARun) {
     const std::string chart =
-        "<chart version=\"1\" template=\"T\"><plot arrange=\"free\" hue=\"1\"><dots/><dots/>"
-        "<points source=\"s\" x=\"x\" y=\"gone\"/><points source=\"s\" x=\"gone\" y=\"unwritten\"/>"
-        "<points source=\"none\" x=\"a\" y=\"b\"/></plot></chart>";
+        "<chart version='1' template='T'><plot arrange='free' hue='1'><dots/><dots/><color of='color'/>"
+        "<points source='s' x='x' y='gone'/><points source='s' x='lost' y='unwritten'/>"
+        "<points source='none' x='a' y='b'/><bars source='s' x='x' y='counts'/></plot>"
+        "<inset at='anchor'><chart><plot><bars x='X' y='Y'/></plot></chart><stream>"
+        "[{\"source\":\"i\",\"rows\":0,\"variables\":[{\"name\":\"Y\",\"values\":[1]}]}]</stream></inset></chart>";
     ChartRun run;
     VarDataProcessor processor;
     processor.AddDataSource("s", 1);
@@ -65,7 +67,9 @@ TEST(SendTest, WhatIsUnknownOrLackingIsToldOnceInARun) {
     }
     EXPECT_EQ(run.Diagnostics(),
               "chart T: unknown attribute \"hue\" of plot\nchart T: unknown element \"dots\" in plot\n"
-              "chart T: its data hold no variable \"gone\"\n");
+              "chart T: its data hold no variable \"gone\"\nchart T: its data hold no variable \"lost\"\n"
+              "chart T: its data hold no variable \"counts\"\nchart T: its data hold no variable \"color\"\n"
+              "chart T: its data hold no variable \"X\"\n");
 }
 
 TEST(SendTest, WhatIsNoChartIsLeftOutAndSaysWhere) {

@@ -16,7 +16,7 @@ double Pixel(const Json& channel, double value) {
 }
 
 TEST(DiagramViewTest, EndsLinesAtTheEdgeOfTheBox) {
-    for (const int nodes : {1, 2, 9, 40, 500}) {
+    for (const int nodes : {1, 2, 9, 40, 500, 1000}) {
         SCOPED_TRACE(nodes);
         const Json view = DiagramSample("", nodes, true).MakeJson();
         const Json& links = view["layer"][0]["layer"][0];
@@ -25,6 +25,7 @@ TEST(DiagramViewTest, EndsLinesAtTheEdgeOfTheBox) {
         EXPECT_NEAR(Pixel(links["encoding"]["x"], nodes), box["x"].get<double>(), 0.01);
         EXPECT_GE(box["x2"].get<double>() - box["x"].get<double>(), 140);
         EXPECT_LE(box["y2"].get<double>(), view["height"].get<double>());
+        EXPECT_LE(view["height"].get<double>(), 16000);
     }
 }
 

@@ -35,6 +35,13 @@ TEST(PairwiseViewTest, KeepsLinesToTheirPanels) {
     EXPECT_EQ(table.fvRows.front().size(), table.fvColumns.size());
 }
 
+TEST(PairwiseViewTest, CutsThePanelOffAKeyThatLostItsZeros) {
+    Sample sample = PairwiseSample("", 1, {{"01"}});
+    sample.fvSettings.clear();
+    ValuesOf(sample, "nodeSource_1", "node")[0] = 12.0;
+    EXPECT_EQ(sample.MakeJson()["concat"][0]["data"]["values"][0]["label"], "2");
+}
+
 TEST(PairwiseViewTest, DrawsALineAsWideAsItsWeightIsSmall) {
     Sample sample = PairwiseSample("", 3, {});
     ValuesOf(sample, "edgeSource_1", "weight") = {4.0, document::ChartValue(), std::numeric_limits<double>::max()};

@@ -29,6 +29,8 @@ TEST(ScatterViewTest, NamesTheLegendByItsHeading) {
     Sample sample = ScatterSample("", 40);
     sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
     EXPECT_EQ(EncodingOf(sample)["opacity"]["title"], Json::array({"Records"}));
+    ValuesOf(sample, "source0", "X").assign(40, document::ChartValue());
+    EXPECT_TRUE(EncodingOf(sample)["opacity"]["legend"].is_null()) << "there is nothing to explain";
 }
 
 TEST(ScatterViewTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {

@@ -129,7 +129,8 @@ TEST(LevelsView, TakesFromEitherRowOfAPairWhatBothHaveInCommon) {
     Sample means = MeansSample("", {"A"}, {{{"a"}, 1.5, 1.0, 2.0}});
     ValuesOf(means, "source0", "target")[1] = {};
     ValuesOf(means, "source0", "effect1")[0] = {};
-    EXPECT_EQ(ViewOf(means)["data"]["values"][0]["m"], 1.5);
+    means.fSpecification.fvPopups = {{"target", {"Mean", ""}}};
+    EXPECT_EQ(ViewOf(means)["data"]["values"][0]["tip"], "A: a\nMean: 1.50\nConfidence Interval: 1.00 to 2.00");
     Sample contrasts = ContrastSample("", {"A"}, {{{"a"}, 1.5, 1.0, 2.0}}, 1);
     ValuesOf(contrasts, "source", "tooltip")[0] = {};
     const std::string tip = ViewOf(contrasts)["data"]["values"][1]["tip"];

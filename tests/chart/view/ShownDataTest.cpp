@@ -88,7 +88,9 @@ TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {
     Specification specification;
     specification.fvFields.push_back({"y", "target", "", false, "", "Label of y", {}});
     const std::vector<document::ChartSource> data = {
-        {"one", 0, {{"x", {1.0}}, {"target", {2.0}}, {"empty", {std::monostate()}}}}, {"two", 0, {{"x", {3.0}}}}};
+        {"one", 0, {{"x", {1.0}}, {"target", {2.0}}, {"empty", {std::monostate()}}}},
+        {"two", 0, {{"x", {3.0}}}},
+        {"three", 0, {{"x", {4.0}}}}};
     VariableSetting second;
     second.fName = "x";
     second.fIndex = 1;
@@ -98,6 +100,7 @@ TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {
     EXPECT_EQ(shown.Find("", "x")->NumberAt(0), 1.0);
     EXPECT_EQ(shown.Find("", "x")->Label(), "");
     EXPECT_EQ(shown.Find("two", "x")->Label(), "second x");
+    EXPECT_EQ(shown.Find("three", "x")->Label(), "");
     EXPECT_EQ(shown.Find("", "y")->Label(), "Label of y");
     for (const char* missing : {"", "empty", "z"}) EXPECT_EQ(shown.Find("", missing), nullptr) << missing;
     EXPECT_EQ(shown.Find("two", "target"), nullptr);
