@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "host/BpProcedure.h"
+#include "host/ViZEditor.h"
 #include "host/context/RunContext.h"
 
 namespace hierfit::test {
@@ -15,6 +15,12 @@ class ChartRun {
     explicit ChartRun(context::Settings settings = {}) : fContext(std::move(settings), nullptr, HIERFIT_SHARE) {}
 
     context::RunContext* operator->() { return &fContext; }
+
+    /// Starts what merges histograms.
+    static void StartEditor() {
+        KestJVM::GetInstance().StartJVM();
+        ViZEditor::GetInstance().StartEditorHeadless(nullptr);
+    }
 
     /// The texts of the diagnostics so far, one a line.
     std::string Diagnostics() {

@@ -1,7 +1,6 @@
 #include <map>
 
 #include "hierfit/charts/ChartText.h"
-#include "host/ViZEditor.h"
 #include "tests/chart/ChartRun.h"
 #include "tests/chart/Describe.h"
 #include "tests/chart/PatchedCharts.h"
@@ -9,16 +8,6 @@
 namespace hierfit::test {
 
 namespace {
-
-class PatchTest : public testing::Test {
-  protected:
-    PatchTest() {
-        KestJVM::GetInstance().StartJVM();
-        ViZEditor::GetInstance().StartEditorHeadless(nullptr);
-    }
-
-    ChartRun fRun;
-};
 
 /// A label as words of the chart: without what XML cannot hold.
 std::string Cleaned(const std::string& label) {
@@ -29,7 +18,9 @@ std::string Cleaned(const std::string& label) {
 
 constexpr const char* kPlain = "@@";
 
-TEST_F(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
+TEST(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
+    ChartRun run;
+    ChartRun::StartEditor();
     const auto plain = MakePatchedCharts(kPlain);
     for (const std::string& label : HostileLabels()) {
         const auto charts = MakePatchedCharts(label);
@@ -41,7 +32,7 @@ TEST_F(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
             EXPECT_EQ(description, expected) << charts[i].fName << ", label: " << label;
         }
     }
-    EXPECT_EQ(fRun.Diagnostics(), "");
+    EXPECT_EQ(run.Diagnostics(), "");
 }
 
 /// Lines of a description that begin in a certain way.
@@ -51,7 +42,9 @@ std::size_t CountLines(const std::string& description, const std::string& begin)
     return count;
 }
 
-TEST_F(PatchTest, PatchesMeanWhatTheyAreFor) {
+TEST(PatchTest, PatchesMeanWhatTheyAreFor) {
+    const ChartRun run;
+    ChartRun::StartEditor();
     std::map<std::string, std::string> charts;
     for (const auto& [name, xml] : MakePatchedCharts(kPlain)) charts[name] = DescribeXml(xml);
 

@@ -4,7 +4,6 @@
 #include <fstream>
 #include <string>
 
-#include "host/ViZEditor.h"
 #include "host/chart/specification/ChartMarkup.h"
 #include "tests/chart/ChartRun.h"
 #include "tests/chart/PatchedCharts.h"
@@ -12,8 +11,7 @@
 int main(int argc, char** argv) {
     if (argc != 2) return 1;
     const hierfit::test::ChartRun run;
-    hierfit::KestJVM::GetInstance().StartJVM();
-    hierfit::ViZEditor::GetInstance().StartEditorHeadless(nullptr);
+    hierfit::test::ChartRun::StartEditor();
 
     const std::filesystem::path folder = argv[1];
     std::filesystem::remove_all(folder);
