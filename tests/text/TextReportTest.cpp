@@ -18,7 +18,7 @@ struct TableCase {
 
 // What the examples hold is in their outputs; here are limits and what is rare.
 const TableCase kTables[] = {
-    {"columns in blocks, parted between groups", 30, R"(
+    {"columns in blocks, parted between groups", 29, R"(
 title Wide
 caption A_caption_that_needs_more_than_one_line_of_such_a_width.
 rows 1 Term : Intercept age
@@ -41,11 +41,27 @@ Term       Lower  Upper  Sig.
 Intercept    2.0    3.0
 age                      .031
 ─────────────────────────────
-A caption that needs more than
-one line of such a width.
+A caption that needs more
+than one line of such a
+width.
 a. A note of more than one
    line, too, behind its
    letter.
+)"},
+    {"numbers below one another at the decimal sign, a missing one below the units where there is none", 0, R"(
+title Numbers
+rows 1 -name R : a b c
+columns 1 -name S : df Value
+cells 12 1.5 5% 10 . .
+
+Numbers
+─────────────
+    df  Value
+─────────────
+a  12     1.5
+b   5%   10
+c   .      .
+─────────────
 )"},
     {"no cells", 0, R"(
 title Nothing

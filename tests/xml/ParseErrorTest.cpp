@@ -21,6 +21,7 @@ TEST(ParseError, SaysReasonPlaceAndLine) {
         {"<a>&nbsp;</a>", "1:4 undefined entity\n<a>&nbsp;</a>\n   ^"},
         {"<a>\x01</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
         {"<a>"s + '\0' + "</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
+        {"<a>\x7F\xC2\x9B</b>", "1:8 mismatched tag\n<a>\xEF\xBF\xBD\xEF\xBF\xBD</b>\n       ^"},
         {"<a>\xC3\xA4\xFF</a>", "1:5 not well-formed (invalid token)\n<a>\xC3\xA4\xEF\xBF\xBD</a>\n    ^"},
         {"<a>\xED\xA0\x80</a>",
          "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD</a>\n   ^"},
