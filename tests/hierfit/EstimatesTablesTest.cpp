@@ -219,22 +219,25 @@ std::string Block(const Strings& segment, const std::string& attributes, const s
 const std::string kNominal = Distribution("NOMINAL", Parameter("TargetField", "r") + kOneBlock);
 
 const TableCase kMatrices[] = {
-    // Two blocks, the second by groups.
+    // Two blocks, the second by groups, of which one lacks a column and one a row.
     {{.fSettings = kSettings + List("RandomSpecs", kBlock + kGrouped),
-      .fDiagnostics =
-          Covariances(Labels({"x"}), Block({}, "nbRows='1'", "1") + Block({}, "nbRows='1'", "1")) +
-          Covariances(Labels({"x"}), Block({"a", "1"}, "nbRows='1'", "3") + Block({"a", "2"}, "nbRows='0'", ""))},
+      .fDiagnostics = Covariances(Labels({"x"}), Block({}, "nbRows='1'", "1") + Block({}, "nbRows='1'", "1")) +
+                      Covariances(Labels({"x", "y"}), Block({"a", "1"}, "nbRows='2'", "3 4 5 6") +
+                                                          Block({"a", "2"}, "nbRows='2' nbCols='1'", "1 2") +
+                                                          Block({"a", "3"}, "nbRows='1'", "1"))},
      R"(
 table Random Effect Block ^1(2N)
 caption Covariance Structure ^1 Subject Specification ^2 ...('Diagonal'; '(None)')
-rows 1 Random Effect Block: x
+rows 1 Random Effect Block: x, y
 rows 2 Grouping: EffectVar1([<a/2>; <a=1/2>])
-columns 1 -name Random Effect Block Column: x
-x | EffectVar1([<a/2>; <a=1/2>]): 3G
+columns 1 -name Random Effect Block Column: x, y
+x | EffectVar1([<a/2>; <a=1/2>]): 3G 4G
+y | EffectVar1([<a/2>; <a=1/2>]): 5G 6G
 table "Random Effect Covariances" of random effect block 1 is left out: there are 2 sets of parameters, not one
 table "Random Effect Covariances" of random effect block 2: matrix 2 is left out, since it is smaller than its labels
+table "Random Effect Covariances" of random effect block 2: matrix 3 is left out, since it is smaller than its labels
 )"},
-    // Categories of a nominal target, and a matrix that has too few columns.
+    // Categories of a nominal target.
     {{.fSettings = kNominal,
       .fDiagnostics =
           Covariances(Labels({"x"}), Block({"r", "yes"}, "nbRows='1'", "3") + Block({}, "nbRows='1'", "4"))},

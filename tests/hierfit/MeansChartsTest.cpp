@@ -44,7 +44,7 @@ source0.effect2: 2 2
 source0.target: 1 1
 source0.confMargin: 0 2
 )",
-      "<legend id=\"legend\">"},
+      "<legend id=\"legend\">", "!by t"},
      "a chart of means is left out: its first factor begins no fixed effect\n"},
     // Twelve records.
     {[](ChartStage& stage) {
@@ -113,9 +113,9 @@ EmmeansData Pairs() {
 }
 
 EmmeansData Deviations() {
-    EmmeansData block = ContrastsOf(ContrastKind::DEVIATION, {ColumnOf("a", {"1", "2", "4"}), ColumnOf("a", {})},
-                                    {"-1", "1", "0"}, {"0.01", "0.05", "0"});
-    block.fEstimates = MeansOf({ColumnOf("a", {"1", "2", "1"})}, {"9", "11.5", "77"}, {}, {});
+    EmmeansData block = ContrastsOf(ContrastKind::DEVIATION, {ColumnOf("a", {"1", "2", "4", "3"}), ColumnOf("a", {})},
+                                    {"-1", "1", "0", "0"}, {"0.01", "0.05", "0", "0.01"});
+    block.fEstimates = MeansOf({ColumnOf("a", {"1", "2", "1", "3"})}, {"9", "11.5", "77", "10"}, {}, {});
     return block;
 }
 
@@ -147,16 +147,16 @@ edgeSource_1.facet2: '' '' ''
 edgeSource_1.tooltip: 'Yield: two > one' 'Yield: one ~ 3' 'Yield: 3 ~ two'
 )",
       "[Sequential Sidak significance adjust 0.05\nConfidence interval bounds are approximate.]", "!faceting"}},
-    // Deviations, one without a mean.
+    // Deviations, one without a mean and one of nothing.
     {[](ChartStage& stage) { stage.Charts().BuildContrastChart(Deviations()); },
      {R"(
-source.value: 10 9 10 11.5
-source.category: 1 1 2 2
-source.type: 1 1 0 0
-source.facet1: 0 0 0 0
-source.facet2: 0 0 0 0
-source.confMargin: 9 11 9 11
-source.tooltip: 'Yield: one down' 'Yield: one down' 'Yield: two same' 'Yield: two same'
+source.value: 10 9 10 11.5 10 10
+source.category: 1 1 2 2 3 3
+source.type: 1 1 0 0 1 1
+source.facet1: 0 0 0 0 0 0
+source.facet2: 0 0 0 0 0 0
+source.confMargin: 9 11 9 11 9 11
+source.tooltip: 'Yield: one down' 'Yield: one down' 'Yield: two same' 'Yield: two same' 'Yield: 3 down' 'Yield: 3 down'
 )",
       "y=\"10\"><unless><![CDATA[false]]>", "!whenText", "!faceting"},
      "chart \"Deviation Contrasts\": a level is left out: the block has no mean for it\n"},

@@ -72,13 +72,16 @@ TEST(MeansFrame, CaptionsGrandMeansOfTwentyBlocks) {
 }
 
 const TableCase kEstimates[] = {
-    // Columns of uneven length and a level that is no number. The last column of a statistic counts.
+    // Columns of uneven length, a level that is no number, a predictor that the data lacks behind its first field. The
+    // last column of a statistic counts.
     {{.fSettings = Requests(kTwoFactors),
-      .fDiagnostics = Block("0", Table("estimates", Factors({"a", "1 two", "b", "lo hi lo"}),
-                                       Figures({"mean"}, "9 9") + Figures({"mean"}, "1") +
-                                           Figures({"confIntervalUpper"}, "__MISSING__ 2")))},
+      .fDiagnostics = Block("0", Tag("Label", Tag("PrintableList", Printable("y", {"2"}) + Printable("z", {"1"}))) +
+                                     Table("estimates", Factors({"a", "1 two", "b", "lo hi lo"}),
+                                           Figures({"mean"}, "9 9") + Figures({"mean"}, "1") +
+                                               Figures({"confIntervalUpper"}, "__MISSING__ 2")))},
      R"(
 table Estimates
+caption Continuous predictors fixed at [%1=%2:,^1=^2:]1([<y/0>; <y=2/2>])
 rows 2 <a/1>: <a=1/2>, <a=./2>
 rows 1 <b/1>: <b=lo/2>, <b=hi/2>
 columns 1 -name Statistics: Mean, ^1% Confidence Interval(95D){Upper}

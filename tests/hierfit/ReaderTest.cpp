@@ -81,7 +81,6 @@ const Outcome kDiagnostics[] = {
     {Subject("repeatedMeasures", "y", "1"), kRead},
     {Subject("repeatedMeasures", "z", "1"), kFails},
     // Matrices.
-    {"<Matrix/>", kRead},
     {Classified("'0'", ""), kRead},
     {Classified("'2'", "1 2 3"), kFails, kModel + "Matrix: the matrix has 3 numbers, not 4\n"},
     {Classified("'2' kind='diagonal'", "1 2 3 4"), kFails, kModel + "Matrix: the matrix has 4 numbers, not 2\n"},
@@ -97,7 +96,6 @@ const Outcome kDiagnostics[] = {
      kModel + "DataGroup: a continuous predictor cannot be read, and those behind it are left out\n"},
     {Means("<Label><PrintableList/></Label>" + kTable), kFails},
     {Means(kTable + Message("")), kRead},
-    {"<DataGroup/><DataGroup description='emmeans'/>", kRead},
 };
 
 const Outcome kAlgorithm[] = {

@@ -25,7 +25,6 @@ TEST_F(Texts, NamesOfLinksDependOnTheDistribution) {
         {L::LOGIT, D::ORDINAL, "Cumulative logit", ""},
         {L::CAUCHIT, D::BINOMIAL, "Unknown", ""},
         {L::CAUCHIT, D::ORDINAL, "Cumulative Cauchit", ""},
-        {L::IDENTITY, D::ORDINAL, "Unknown", ""},
         {L::LOG, D::NOMINAL, "Unknown", ""},
         {L::POWER, D::GAMMA, "Power", "Power(^1)"},
         {L::POWER, D::OTHER, "Power", "Power(^1)"},
