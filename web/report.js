@@ -1,5 +1,5 @@
-// What a page can do beyond being read: tables are copied, pictures saved, frames that need not scroll are no stops for the keyboard,
-// and wide tables shrink to the paper. Nothing here is needed to read a report.
+// What a page can do beyond being read: tables are copied, pictures saved, frames that need not scroll are no stops for the
+// keyboard, and wide tables shrink to the paper. Nothing here is needed to read a report.
 "use strict";
 (() => {
   const words = document.body.dataset;
