@@ -5,6 +5,8 @@
 #include <variant>
 #include <vector>
 
+#include "host/document/Picture.h"
+
 namespace hierfit::document {
 
 /// One value behind a chart: never written, a number or a text.
@@ -43,15 +45,6 @@ struct ChartSetting {
     bool operator==(const ChartSetting&) const = default;
 };
 
-/// Values behind the marks of a chart, as shown.
-struct ChartTable {
-    std::vector<std::string> fvColumns;  ///< one at least
-    int fKeys = 0;  ///< so many leading columns tell what a row is about; there are others, which tell its figures
-    std::vector<std::vector<std::string>> fvRows;  ///< as many cells as there are columns
-
-    bool operator==(const ChartTable&) const = default;
-};
-
 /// What a chart shows, for readers who do not see it: a sentence and the values behind its marks.
 struct ChartShown {
     std::string fSentence;             ///< kind, axes, number of marks, range
@@ -71,6 +64,7 @@ struct Chart {
     /// JSON: the picture's specification, without `fShown`'s tables, as one object that is not empty and has no blanks
     /// between its tokens; an empty text when there is no picture. It holds to `ViewExpressions.h`.
     std::string fView;
+    Picture fPicture;
     ChartShown fShown;  ///< goes with the view, whose "description" is the sentence
 
     bool operator==(const Chart&) const = default;
