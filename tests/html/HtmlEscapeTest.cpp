@@ -1,4 +1,4 @@
-#include "report/html/HtmlEscape.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
@@ -36,7 +36,7 @@ TEST(HtmlEscape, KeepsTextsTexts) {
         AppendText(content, each.fText);
         EXPECT_EQ(content, "before " + each.fContent);
         std::string attribute;
-        AppendAttribute(attribute, each.fText);
+        AppendCharacters(attribute, each.fText);
         EXPECT_EQ(attribute, each.fAttribute.empty() ? each.fContent : each.fAttribute);
     }
 }

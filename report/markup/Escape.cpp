@@ -1,10 +1,10 @@
-#include "report/html/HtmlEscape.h"
+#include "report/markup/Escape.h"
 
 #include <utf8proc.h>
 
 #include <array>
 
-namespace hierfit::report::html {
+namespace hierfit::report {
 
 namespace {
 
@@ -58,9 +58,24 @@ bool IsShown(utf8proc_int32_t code) {
     return !isControl && !isDirectional && !isNoCharacter;
 }
 
+int DirectionOf(utf8proc_int32_t code) { return utf8proc_get_property(code)->bidi_class; }
+
+bool IsRightToLeftLetter(int direction) {
+    return direction == UTF8PROC_BIDI_CLASS_R || direction == UTF8PROC_BIDI_CLASS_AL;
+}
+
 bool IsRightToLeft(utf8proc_int32_t code) {
-    const auto kind = utf8proc_get_property(code)->bidi_class;
-    return kind == UTF8PROC_BIDI_CLASS_R || kind == UTF8PROC_BIDI_CLASS_AL || kind == UTF8PROC_BIDI_CLASS_AN;
+    const int direction = DirectionOf(code);
+    return IsRightToLeftLetter(direction) || direction == UTF8PROC_BIDI_CLASS_AN;
+}
+
+/// The character at a place, or -1, and the bytes that it takes, at least 1.
+utf8proc_int32_t DecodeAt(std::string_view text, std::size_t at, std::size_t& length) {
+    utf8proc_int32_t code = -1;
+    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at);
+    const auto taken = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size() - at), &code);
+    length = taken > 0 ? static_cast<std::size_t>(taken) : 1;
+    return taken > 0 ? code : -1;
 }
 
 class Escape {
@@ -96,16 +111,15 @@ class Escape {
     }
 
     void AppendMultiple() {
-        utf8proc_int32_t code = -1;
-        const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(fText.data() + fAt);
-        const auto length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(fText.size() - fAt), &code);
-        if (length > 0 && IsShown(code)) {
-            fOut.append(fText, fAt, static_cast<std::size_t>(length));
+        std::size_t length = 0;
+        const utf8proc_int32_t code = DecodeAt(fText, fAt, length);
+        if (IsShown(code)) {
+            fOut.append(fText, fAt, length);
             fHasRightToLeft = fHasRightToLeft || IsRightToLeft(code);
         } else {
             fOut += kReplacement;
         }
-        fAt += length > 0 ? static_cast<std::size_t>(length) : 1;
+        fAt += length;
     }
 
     std::string& fOut;
@@ -126,6 +140,20 @@ void AppendText(std::string& out, std::string_view text) {
     out += "</bdi>";
 }
 
-void AppendAttribute(std::string& out, std::string_view text) { Escape(out, text, " ").Append(); }
+void AppendCharacters(std::string& out, std::string_view text, std::string_view lineBreak) {
+    Escape(out, text, lineBreak).Append();
+}
 
-}  // namespace hierfit::report::html
+bool BeginsRightToLeft(std::string_view text) {
+    std::size_t length = 0;
+    for (std::size_t at = 0; at < text.size(); at += length) {
+        const utf8proc_int32_t code = DecodeAt(text, at, length);
+        if (code < 0) continue;
+        const int direction = DirectionOf(code);
+        if (direction == UTF8PROC_BIDI_CLASS_L) return false;
+        if (IsRightToLeftLetter(direction)) return true;
+    }
+    return false;
+}
+
+}  // namespace hierfit::report
