@@ -17,9 +17,9 @@ namespace {
 using charts::Names;
 using charts::Scene;
 
-// A picture's room is measured in these steps: the style sheet has a class for each, "w1" for the first, and shows the
+// A picture's room is measured in these steps: the style sheet has a class for each, "r1" for the first, and shows the
 // layout for a phone in a room that is narrower. A wider picture never has that much room.
-constexpr double kSteps[] = {400, 480, 560, 640, 720, 960, 1280};
+constexpr double kSteps[] = {400, 480, 560, 640, 720, 960};
 
 void AppendTag(std::string& out, const document::Picture& picture, const ChartPlace& place, bool isWide) {
     out.append("<figure class=\"chart").append(picture.fTitle.empty() ? "" : " titled").append(isWide ? " wide" : "");
@@ -36,7 +36,7 @@ void AppendTag(std::string& out, const document::Picture& picture, const ChartPl
 
 void AppendBoth(std::string& out, const Scene& desk, const Scene& phone) {
     const auto step = std::ranges::lower_bound(kSteps, desk.fWidth) - std::begin(kSteps) + 1;
-    const std::string room = " w" + std::to_string(step) + '"';
+    const std::string room = " r" + std::to_string(step) + '"';
     AppendSvg(out, desk, Names::Marks, " class=\"desk" + room);
     out += '\n';
     AppendSvg(out, phone, Names::None,

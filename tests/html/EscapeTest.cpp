@@ -1,6 +1,6 @@
 #include "report/markup/Escape.h"
 
-namespace hierfit::report::html {
+namespace hierfit::report {
 
 namespace {
 
@@ -12,7 +12,7 @@ struct EscapeCase {
     std::string fAttribute;  ///< empty where it is the same as the content
 };
 
-TEST(HtmlEscape, KeepsTextsTexts) {
+TEST(Escape, KeepsTextsTexts) {
     const EscapeCase cases[] = {
         {"plain text, 100% = 1.5", "plain text, 100% = 1.5", ""},
         {"<b>&amp;</b>", "&lt;b&gt;&amp;amp;&lt;/b&gt;", ""},
@@ -41,6 +41,13 @@ TEST(HtmlEscape, KeepsTextsTexts) {
     }
 }
 
+TEST(Escape, TellsWhereATextBegins) {
+    const std::pair<std::string, bool> cases[] = {{"", false},        {"12 (", false},    {"a \u05D0", false},
+                                                  {"\u05D0 a", true}, {"3 \u0628", true}, {"\xFF\u05D0", true},
+                                                  {"\u0661 a", false}};
+    for (const auto& [text, isRightToLeft] : cases) EXPECT_EQ(BeginsRightToLeft(text), isRightToLeft) << text;
+}
+
 }  // namespace
 
-}  // namespace hierfit::report::html
+}  // namespace hierfit::report
