@@ -23,7 +23,7 @@ Item MakeMessage(int level, const std::string& words) { return {document::Messag
 
 Item MakeChart(const std::string& description) {
     document::ChartShown shown{description, {{{description, "Mean"}, 1, {{description, "1.50"}, {"", "."}}}}};
-    return {document::Chart{description, {}, 2, description, description, {}, {}, "", std::move(shown)}};
+    return {document::Chart{description, {}, 2, description, description, {}, {}, "", {}, std::move(shown)}};
 }
 
 document::Document MakeReport() {
