@@ -1,9 +1,11 @@
 #include "host/session/BackEndMessages.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
 #include <utility>
 
+#include "host/KEST_DataSource.h"
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
 
@@ -34,15 +36,48 @@ std::vector<std::string> ReadParameters(const xml::Document& xml, Node list) {
     return parameters;
 }
 
-void ReadMessagesBelow(const xml::Document& xml, Node parent, std::vector<BackEndMessage>& messages) {
+void ReadMessagesBelow(const xml::Document& xml, Node parent, Node block, std::vector<BackEndMessage>& messages) {
     for (Node message = xml.FirstChild(parent, "Message"); message != xml::Document::kNone;
          message = xml.NextOfName(message)) {
         const Node list = xml.FirstChild(message, "PrintableList");
         if (list == xml::Document::kNone) continue;
         const std::string_view key = xml.Attribute(list, "pattern").value_or("");
         if (key.empty()) continue;
-        messages.push_back({std::string(key), ReadParameters(xml, list), message});
+        messages.push_back({std::string(key), ReadParameters(xml, list), message, block});
     }
+}
+
+/// The label of the field of that name, or the name.
+std::string DisplayName(const context::RunContext& context, std::string_view field) {
+    const KEST_DataSource* source = context.GetDataSource();
+    const std::string name(field);
+    const KEST_Variable* variable = source == nullptr ? nullptr : source->GetVariable(source->FindVarIndex(name, 0));
+    return variable != nullptr && variable->GetLabel() != nullptr ? variable->GetLabel() : name;
+}
+
+/// The factors of a block of means, joined as in its heading.
+std::string FactorsOf(const context::RunContext& context, Node block) {
+    const xml::Document& xml = *context.GetLastXml();
+    std::string factors;
+    Node group = Find(xml, block, {"MultivariateData", "CoordinatesGroup"});
+    if (group == xml::Document::kNone) return factors;
+    for (Node factor = xml.FirstChild(group, "Coordinates"); factor != xml::Document::kNone;
+         factor = xml.NextOfName(factor)) {
+        factors += (factors.empty() ? "" : " * ") + DisplayName(context, xml.Attribute(factor, "field").value_or(""));
+    }
+    return factors;
+}
+
+/// The number of a block of means, counted from 1; empty where the block does not tell it.
+std::string NumberOf(const xml::Document& xml, Node block) {
+    for (Node each = xml.FirstChild(block, "Statistic"); each != xml::Document::kNone; each = xml.NextOfName(each)) {
+        const std::string_view value = xml.Attribute(each, "value").value_or("");
+        int index = -1;
+        const bool isIndex = xml.Attribute(each, "name") == "EMMEANSIndex";
+        std::from_chars(value.data(), value.data() + value.size(), index);
+        if (isIndex && index >= 0) return std::to_string(index + 1LL);
+    }
+    return {};
 }
 
 /// A message in the run's language.
@@ -64,6 +99,15 @@ Words PutTogether(const context::RunContext& context, const BackEndMessage& mess
     return words;
 }
 
+/// Says which block of means a message is about, as its heading does; empty for one about the model.
+std::string BlockBefore(const context::RunContext& context, const BackEndMessage& message) {
+    if (message.fBlock == xml::Document::kNone) return {};
+    const std::string number = NumberOf(*context.GetLastXml(), message.fBlock);
+    const std::string factors = FactorsOf(context, message.fBlock);
+    if (number.empty() || factors.empty()) return {};
+    return language::FillMarks(context.Translate("EMMEANS Effect ^1 block ^2 ..."), {factors, number}) + ": ";
+}
+
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
     if (shown.HasKey(message.fKey) || shown.HasMessageWith(words)) return true;
     return std::ranges::any_of(kShownAs, [&](const auto& other) {
@@ -79,11 +123,13 @@ std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml) {
     if (diagnostics != xml::Document::kNone) {
         for (Node group = statXml.FirstChild(diagnostics, "DataGroup"); group != xml::Document::kNone;
              group = statXml.NextOfName(group)) {
-            if (statXml.Attribute(group, "description") == "customEmmeans") ReadMessagesBelow(statXml, group, messages);
+            if (statXml.Attribute(group, "description") == "customEmmeans") {
+                ReadMessagesBelow(statXml, group, group, messages);
+            }
         }
     }
     const Node summary = Find(statXml, 0, {"PMMLModel", "TrainingSummary"});
-    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, messages);
+    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, xml::Document::kNone, messages);
     return messages;
 }
 
@@ -93,10 +139,10 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     if (messages.empty()) return;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
-        Words words = PutTogether(context, message);
+        const Words words = PutTogether(context, message);
         if (IsShown(shown, message, words.fFilled) || !context.TakeRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
-        context.AddDiagnostic(2, std::move(words.fWhole),
+        context.AddDiagnostic(2, BlockBefore(context, message) + words.fWhole,
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
     }
 }
