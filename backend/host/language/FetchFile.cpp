@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "host/Excerpt.h"
 #include "host/context/RunContext.h"
 #include "host/language/WholeFile.h"
 
@@ -19,7 +20,7 @@ std::optional<std::string> ReadUsersOwn(context::RunContext& context, const std:
     auto text = language::ReadWholeFile(path, kSizeLimit);
     std::error_code error;
     if (!text && std::filesystem::exists(path, error))
-        context.AddDiagnostic(2, name + ": the file in the folder of templates cannot be read", std::nullopt);
+        context.AddDiagnostic(2, Excerpt(name) + ": the file in the folder of templates cannot be read", std::nullopt);
     return text;
 }
 

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <utility>
 
+#include "host/Excerpt.h"
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
 
@@ -45,23 +46,26 @@ void ReadMessagesBelow(const xml::Document& xml, Node parent, std::vector<BackEn
     }
 }
 
-/// A message in the run's language.
-struct Words {
-    std::string fFilled;  ///< as a table or message would show it
-    std::string fWhole;   ///< with the parameters that the wording has no mark for behind it
-};
+using Parameters = std::vector<std::string>;
 
-Words PutTogether(const context::RunContext& context, const BackEndMessage& message) {
-    const std::string_view pattern = context.Translate(message.fKey);
-    Words words;
-    words.fFilled = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
+/// A message in the run's language as a table or message would show it.
+std::string Fill(std::string_view pattern, const Parameters& parameters) {
+    return language::FillMarks(pattern, {parameters.begin(), parameters.end()});
+}
+
+/// The same in excerpts, with the parameters that the wording has no mark for behind it.
+std::string Summarize(std::string_view pattern, const BackEndMessage& message) {
+    constexpr std::size_t kMarks = 9;
+    Parameters parameters;
     std::string rest;
-    for (std::size_t i = 0; i < message.fvParameters.size(); ++i) {
-        if (pattern.find("^" + std::to_string(i + 1)) != std::string_view::npos) continue;
-        rest += (rest.empty() ? "" : "; ") + message.fvParameters[i];
+    for (const std::string& parameter : message.fvParameters) {
+        parameters.push_back(Excerpt(parameter));
+        const std::size_t number = parameters.size();
+        if (number <= kMarks && pattern.find("^" + std::to_string(number)) != std::string_view::npos) continue;
+        rest += (rest.empty() ? "" : "; ") + parameters.back();
     }
-    words.fWhole = rest.empty() ? words.fFilled : words.fFilled + " (" + rest + ")";
-    return words;
+    const std::string words = Fill(pattern == message.fKey ? Excerpt(pattern) : std::string(pattern), parameters);
+    return rest.empty() ? words : words + " (" + Excerpt(rest) + ")";
 }
 
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
@@ -93,10 +97,10 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     if (messages.empty()) return;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
-        Words words = PutTogether(context, message);
-        if (IsShown(shown, message, words.fFilled) || !context.TakeRoomForWarning()) continue;
+        const std::string_view pattern = context.Translate(message.fKey);
+        if (IsShown(shown, message, Fill(pattern, message.fvParameters)) || !context.TakeRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
-        context.AddDiagnostic(2, std::move(words.fWhole),
+        context.AddDiagnostic(2, Summarize(pattern, message),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
     }
 }
