@@ -10,7 +10,7 @@
 #include <utility>
 
 #include "StandardError.h"
-#include "host/Excerpt.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::program {
 
@@ -116,7 +116,7 @@ std::optional<std::string> CheckLanguage(const std::string& language) {
 }
 
 Explanation Wrong(const std::string& what) {
-    return {"hierfit: " + Excerpt(what, kMostOfText) + "\nTry: hierfit --help\n", true};
+    return {"hierfit: " + unicode::Excerpt(what, kMostOfText) + "\nTry: hierfit --help\n", true};
 }
 
 Command Finish(ReportCommand command) {

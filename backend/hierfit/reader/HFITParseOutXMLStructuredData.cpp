@@ -2,7 +2,7 @@
 #include "hierfit/reader/XmlReading.h"
 #include "host/Conversions.h"
 #include "host/Diagnose.h"
-#include "host/Excerpt.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -40,7 +40,7 @@ bool HFITParseOutXML::ReadFirstSubjectRecords(SDOMXMLWrapper* element, Structure
 bool HFITParseOutXML::ReadRecordColumns(const SDOMXMLWrapper& group, StructuredData* record) {
     const std::string description = AttributeText(group, "description");
     if (description != "repeatedMeasures" && description != "target") {
-        Diagnose(group, "a group of columns is described \"" + Excerpt(description) +
+        Diagnose(group, "a group of columns is described \"" + unicode::Excerpt(description) +
                             "\", not \"repeatedMeasures\" or \"target\"");
         return false;
     }

@@ -3,10 +3,10 @@
 #include <string_view>
 
 #include "host/Diagnose.h"
-#include "host/Excerpt.h"
 #include "host/FetchFile.h"
 #include "host/PathFactory.h"
 #include "host/data/PrintFormat.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::chart {
 
@@ -73,7 +73,7 @@ std::string TemplateBuilder::Build() const {
         FetchFile::fetch(PathFactory::getPathInstance().GetBaseDirectory() + "template/" + file, true, true);
     const std::size_t end = xml.rfind(kRootEnd);
     if (end == std::string::npos) {
-        const std::string name = Excerpt(file);
+        const std::string name = unicode::Excerpt(file);
         Diagnose(xml.empty() ? "there is no chart template " + name : "chart template " + name + " holds no chart");
         return {};
     }

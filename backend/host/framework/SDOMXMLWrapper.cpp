@@ -5,10 +5,10 @@
 #include <utility>
 #include <variant>
 
-#include "host/Excerpt.h"
 #include "host/context/RunContext.h"
 #include "host/framework/SimpleArray.h"
 #include "host/framework/XmlPool.h"
+#include "host/unicode/Excerpt.h"
 #include "host/xml/Document.h"
 
 namespace hierfit {
@@ -127,7 +127,7 @@ void Diagnose(const SDOMXMLWrapper& element, const std::string& text) {
     if (!element.fpPool) return run->AddDiagnostic(2, text, std::nullopt);
     const xml::Document& document = element.fpPool->GetDocument();
     const auto [line, column] = document.PositionOf(element.fNode);
-    run->AddDiagnostic(2, Excerpt(document.PathOf(element.fNode)) + ": " + text,
+    run->AddDiagnostic(2, unicode::Excerpt(document.PathOf(element.fNode)) + ": " + text,
                        document::Place{document::kStatXmlSource, line, column});
 }
 

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "host/Diagnose.h"
-#include "host/Excerpt.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::pivot {
 
@@ -60,7 +60,7 @@ void TableBuilder::WriteCell(const document::Text& content) {
 
 void TableBuilder::TellOverwriting() {
     if (std::exchange(fHasOverwritten, true)) return;
-    Diagnose("table \"" + Excerpt(fTable.fTitle.fWords) +
+    Diagnose("table \"" + unicode::Excerpt(fTable.fTitle.fWords) +
              "\": rows or columns of the same names fall together, and the last of them is shown");
 }
 

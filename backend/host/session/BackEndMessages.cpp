@@ -4,9 +4,9 @@
 #include <string_view>
 #include <utility>
 
-#include "host/Excerpt.h"
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::session {
 
@@ -53,19 +53,22 @@ std::string Fill(std::string_view pattern, const Parameters& parameters) {
     return language::FillMarks(pattern, {parameters.begin(), parameters.end()});
 }
 
-/// The same in excerpts, with the parameters that the wording has no mark for behind it.
+/// The same, with the parameters that the wording has no mark for behind it. They may be sentences of the back-end and
+/// stand nowhere else, so they get more room than a name.
 std::string Summarize(std::string_view pattern, const BackEndMessage& message) {
     constexpr std::size_t kMarks = 9;
+    constexpr std::size_t kMost = 1000;
     Parameters parameters;
     std::string rest;
     for (const std::string& parameter : message.fvParameters) {
-        parameters.push_back(Excerpt(parameter));
+        parameters.push_back(unicode::Excerpt(parameter, kMost));
         const std::size_t number = parameters.size();
         if (number <= kMarks && pattern.find("^" + std::to_string(number)) != std::string_view::npos) continue;
         rest += (rest.empty() ? "" : "; ") + parameters.back();
     }
-    const std::string words = Fill(pattern == message.fKey ? Excerpt(pattern) : std::string(pattern), parameters);
-    return rest.empty() ? words : words + " (" + Excerpt(rest) + ")";
+    const std::string words =
+        Fill(pattern == message.fKey ? unicode::Excerpt(pattern) : std::string(pattern), parameters);
+    return rest.empty() ? words : words + " (" + unicode::Excerpt(rest, kMost) + ")";
 }
 
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
