@@ -141,7 +141,8 @@ for (const [name, args, part] of outputs) {
   check(name, status === 0 && out.includes(part), `${status} ${out.slice(0, 400)}`);
 }
 
-const chartsIn = (items) => items.flatMap((item) => item.kind === "heading" ? chartsIn(item.items) : item.kind === "chart" ? [item] : []);
+const chartsIn = (items) => items.flatMap((item) => (item.kind === "heading" ? chartsIn(item.items) : item))
+  .filter(({ kind }) => kind === "chart");
 run("report", "-f", "svg", "-o", "new/folder/", example);
 const pictures = readdirSync("new/folder");
 const charts = chartsIn(JSON.parse(readFileSync("a.json", "utf8")).items);
