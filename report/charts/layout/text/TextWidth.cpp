@@ -4,7 +4,7 @@
 #include <span>
 
 #include "TextWidths.h"
-#include "report/charts/layout/text/Characters.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report::charts {
 
@@ -27,7 +27,7 @@ int CharacterWidth(char32_t code, bool isBold) {
 double TextWidth(std::string_view text, const TextStyle& style) {
     long sum = 0;
     for (std::size_t place = 0; place < text.size();) {
-        const Character character = CharacterAt(text, place);
+        const unicode::Character character = unicode::CharacterAt(text, place);
         sum += CharacterWidth(character.fCode, style.fIsBold);
         place += character.fLength;
     }

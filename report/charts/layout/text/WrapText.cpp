@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "report/charts/layout/text/Characters.h"
+#include "host/unicode/Utf8.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {
@@ -45,7 +45,7 @@ std::size_t LineLength(std::string_view text, double width, const TextStyle& sty
     std::size_t afterWord = 0;
     bool isBehindInk = false;
     for (std::size_t place = 0; place < text.size();) {
-        const std::size_t length = CharacterAt(text, place).fLength;
+        const std::size_t length = unicode::CharacterAt(text, place).fLength;
         const bool isBlank = text[place] == ' ';
         if (isBlank && isBehindInk) afterWord = place;
         isBehindInk = !isBlank;
