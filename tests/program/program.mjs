@@ -107,6 +107,9 @@ const refused = [
     `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
+  ["pictures without a folder", ["report", "-f", "svg", example], 1,
+    `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["pictures into a file", ["report", "-f", "svg", "-o", "bad.json", example], 3, "hierfit: bad.json: Not a directory\n"],
   ["a device that is full", ["report", "-f", "text", "-o", "/dev/full", example], 3,
     "hierfit: /dev/full: No space left on device\n"],
 ];
@@ -168,6 +171,20 @@ writeFileSync("d/model.statxml", statXml.replace("</TrainingSummary>", `${messag
 got = report("d");
 check("a message of 15 MB", got.status === 0, `status ${got.status}`);
 check("a message of 15 MB", got.err.replace(/^.*?: /, "") === `${cut(long)} (${cut(long, 1000)})\n`, got.err.slice(0, 3000));
+
+const chartsIn = (items) => items.flatMap((item) => (item.kind === "heading" ? chartsIn(item.items) : item))
+  .filter(({ kind }) => kind === "chart");
+run("report", "-f", "svg", "-o", "new/folder/", example);
+const pictures = readdirSync("new/folder");
+const charts = chartsIn(JSON.parse(readFileSync("a.json", "utf8")).items);
+check("pictures", pictures.length > 0 && pictures.length === charts.length, `${pictures} of ${charts.length} charts`);
+const page = run("report", "-f", "html", example).out;
+for (const picture of pictures) {
+  check(picture, page.includes(`id="${picture.replace(".svg", "")}"`), "is named otherwise than in the page");
+  check(picture, readFileSync(join("new/folder", picture), "utf8").startsWith("<svg xmlns="), "is no picture");
+}
+const bare = run("report", "--static", "-f", "html", example).out;
+check("a static page", bare.includes("<svg") && !bare.includes("<script"), "has a script or no picture");
 
 // ---- encodings
 
