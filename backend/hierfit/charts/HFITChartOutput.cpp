@@ -3,6 +3,7 @@
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "host/ConfidenceLevel.h"
 #include "host/FetchFile.h"
 #include "host/PathFactory.h"
 
@@ -45,6 +46,7 @@ HFITChartOutput::HFITChartOutput(BpProcedure* procedure, KEST_DataSource* dataSo
     fpState->fpDictionary = MakeDictionary();
     const BuildSettings* settings = stats->GetBuildSettings();
     if (!settings) return;
+    NoteConfidenceLevel(settings->fConfidenceLevel);
     fpState->fTargetIndex = settings->fTargetIndex;
     const KEST_Variable* target = dataSource->GetVariable(settings->fTargetIndex);
     fpState->fTargetHasLabel = target && target->GetLabel();
