@@ -7,9 +7,6 @@ import { dirname, join } from "node:path";
 
 const mostLines = 3000;
 
-// Rooms larger than that. A room that no longer is must leave the list.
-const tooLarge = ["backend/host/chart/view"];
-
 // Files that anybody may call: characters, and a number that all mean by the same name.
 const common = ["backend/host/unicode/", "backend/host/SystemMissing.h"];
 
@@ -38,18 +35,28 @@ const knows = {
   "backend/host/framework": host("contract", "document", "context", "xml", "data"),
   "backend/host/pmml": host("contract", "xml", "data"),
   "backend/host/pivot": host("contract", "document", "context"),
-  "backend/host/chart": host("contract", "document", "context", "data", "chart/data", "chart/specification", "chart/view"),
+  "backend/host/chart": [
+    ...host("contract", "document", "context", "data"), ...host("chart/data", "chart/specification", "chart/picture"),
+  ],
   "backend/host/chart/data": host("contract", "document"),
   "backend/host/chart/specification": host("contract", "document", "xml", "data", "chart/data"),
-  "backend/host/chart/view": host("contract", "document", "context", "chart/specification"),
+  "backend/host/chart/picture": host("contract", "document", "context", "chart/specification"),
+  "backend/host/chart/picture/histogram": host("document", "chart/specification", "chart/picture"),
+  "backend/host/chart/picture/levels": host("context", "chart/picture"),
+  "backend/host/chart/picture/graphs": [
+    ...host("document", "chart/specification"), ...host("chart/picture", "chart/picture/histogram"),
+  ],
   "backend/host/session": host("contract", "document", "context", "xml", "language", "framework", "pmml"),
   "report/layout": report(),
+  "report/markup": [],
   "report/text": report("layout"),
   "report/json": report(),
-  "report/html": report("layout"),
+  "report/html": report("layout", "markup", "charts/layout", "charts/svg"),
+  "report/charts": report("html", "charts/layout", "charts/svg"),
   "report/charts/layout": report(),
-  "report/pictures": report("html"),
-  "program": [...report("text", "json", "html", "pictures"), ...host("session")],
+  "report/charts/svg": ["report/charts/layout", "report/markup"],
+  "report/charts/raster": [],
+  "program": [...report("text", "json", "html", "charts"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
@@ -157,7 +164,7 @@ for (const room of Object.keys(knows)) {
   const lines = [...texts].filter(([path]) => rooms.get(path) === room)
     .reduce((sum, [, text]) => sum + text.split("\n").length - 1, 0);
   if (lines === 0) faults.push(`${room}: there is no such room`);
-  if (lines > mostLines !== tooLarge.includes(room)) faults.push(`${room}: has ${lines} lines, not above ${mostLines}`);
+  if (lines > mostLines) faults.push(`${room}: has ${lines} lines, more than ${mostLines}`);
 }
 
 if (faults.length > 0) {
