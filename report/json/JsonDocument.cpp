@@ -6,6 +6,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "host/unicode/Utf8.h"
 #include "report/json/JsonForms.h"
 
 namespace hierfit::report {
@@ -145,9 +146,7 @@ void SetPlace(JsonError& error, std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, offset);
     const std::string_view line = before.substr(before.rfind('\n') + 1);
     error.fLine = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
-    error.fColumn = 1 + static_cast<int>(std::count_if(line.begin(), line.end(), [](char byte) {
-                        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-                    }));
+    error.fColumn = 1 + static_cast<int>(unicode::CountCharacters(line));
 }
 
 void WritePlace(JsonOutput& out, const Document& document, const std::optional<Place>& place) {

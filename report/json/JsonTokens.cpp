@@ -1,11 +1,11 @@
 #include "report/json/JsonTokens.h"
 
 #include <fmt/core.h>
-#include <utf8proc.h>
 
-#include <array>
 #include <charconv>
 #include <utility>
+
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
 
@@ -17,12 +17,6 @@ bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 bool IsPlain(char byte) {
     const auto value = static_cast<unsigned char>(byte);
     return value >= 0x20 && value < 0x80 && byte != '"' && byte != '\\';
-}
-
-void AppendCharacter(std::string& out, char32_t character) {
-    std::array<utf8proc_uint8_t, 4> bytes;
-    const utf8proc_ssize_t length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(character), bytes.data());
-    out.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
 }
 
 }  // namespace
@@ -184,12 +178,10 @@ void JsonTokens::TakeSpecial() {
     } else if (static_cast<unsigned char>(GetCharacter()) < 0x20) {
         Fail(fAt < fText.size() ? "control character escaped in the string expected" : "closing quote expected");
     } else {
-        utf8proc_int32_t character = 0;
-        const utf8proc_ssize_t length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(fText.data() + fAt),
-                                                         static_cast<utf8proc_ssize_t>(fText.size() - fAt), &character);
-        if (length <= 0) Fail("UTF-8 expected");
-        fBuffer.append(fText.substr(fAt, static_cast<std::size_t>(length)));
-        fAt += static_cast<std::size_t>(length);
+        const unicode::Character character = unicode::CharacterAt(fText, fAt);
+        if (!character.fIsValid) Fail("UTF-8 expected");
+        fBuffer.append(fText.substr(fAt, character.fLength));
+        fAt += character.fLength;
     }
 }
 
@@ -199,7 +191,7 @@ void JsonTokens::TakeEscape() {
     fWasEscaped = true;
     ++fAt;
     const char name = GetCharacter();
-    if (name == 'u') return AppendCharacter(fBuffer, TakeCodePoint());
+    if (name == 'u') return unicode::Append(fBuffer, TakeCodePoint());
     const std::size_t at = kNames.find(name);
     if (at == std::string_view::npos) Fail("escape expected");
     fBuffer += kNamed[at];

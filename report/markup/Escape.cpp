@@ -1,8 +1,9 @@
 #include "report/markup/Escape.h"
 
-#include <utf8proc.h>
-
 #include <array>
+
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
 
@@ -51,31 +52,16 @@ void AppendSymbol(std::string& out, char control) {
     out += static_cast<char>(0x80 + (code == kDelete ? 0x21 : code));
 }
 
-bool IsShown(utf8proc_int32_t code) {
-    const bool isControl = code < 0xA0;
+/// Whether a character beyond ASCII stands for itself.
+bool IsShown(char32_t code) {
     const bool isDirectional = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
     const bool isNoCharacter = (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFE) == 0xFFFE;
-    return !isControl && !isDirectional && !isNoCharacter;
+    return !unicode::IsControl(code) && !isDirectional && !isNoCharacter;
 }
 
-int DirectionOf(utf8proc_int32_t code) { return utf8proc_get_property(code)->bidi_class; }
-
-bool IsRightToLeftLetter(int direction) {
-    return direction == UTF8PROC_BIDI_CLASS_R || direction == UTF8PROC_BIDI_CLASS_AL;
-}
-
-bool IsRightToLeft(utf8proc_int32_t code) {
-    const int direction = DirectionOf(code);
-    return IsRightToLeftLetter(direction) || direction == UTF8PROC_BIDI_CLASS_AN;
-}
-
-/// The character at a place, or -1, and the bytes that it takes, at least 1.
-utf8proc_int32_t DecodeAt(std::string_view text, std::size_t at, std::size_t& length) {
-    utf8proc_int32_t code = -1;
-    const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(text.data() + at);
-    const auto taken = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(text.size() - at), &code);
-    length = taken > 0 ? static_cast<std::size_t>(taken) : 1;
-    return taken > 0 ? code : -1;
+bool IsRightToLeft(char32_t code) {
+    const unicode::Direction direction = unicode::DirectionOf(code);
+    return direction == unicode::Direction::RightToLeft || direction == unicode::Direction::RightToLeftNumber;
 }
 
 class Escape {
@@ -111,15 +97,14 @@ class Escape {
     }
 
     void AppendMultiple() {
-        std::size_t length = 0;
-        const utf8proc_int32_t code = DecodeAt(fText, fAt, length);
-        if (IsShown(code)) {
-            fOut.append(fText, fAt, length);
-            fHasRightToLeft = fHasRightToLeft || IsRightToLeft(code);
+        const unicode::Character character = unicode::LongCharacterAt(fText, fAt);
+        if (character.fIsValid && IsShown(character.fCode)) {
+            fOut.append(fText, fAt, character.fLength);
+            fHasRightToLeft = fHasRightToLeft || IsRightToLeft(character.fCode);
         } else {
             fOut += kReplacement;
         }
-        fAt += length;
+        fAt += character.fLength;
     }
 
     std::string& fOut;
@@ -145,13 +130,12 @@ void AppendCharacters(std::string& out, std::string_view text, std::string_view 
 }
 
 bool BeginsRightToLeft(std::string_view text) {
-    std::size_t length = 0;
-    for (std::size_t at = 0; at < text.size(); at += length) {
-        const utf8proc_int32_t code = DecodeAt(text, at, length);
-        if (code < 0) continue;
-        const int direction = DirectionOf(code);
-        if (direction == UTF8PROC_BIDI_CLASS_L) return false;
-        if (IsRightToLeftLetter(direction)) return true;
+    for (std::size_t at = 0; at < text.size();) {
+        const unicode::Character character = unicode::CharacterAt(text, at);
+        const unicode::Direction direction = unicode::DirectionOf(character.fCode);
+        if (direction == unicode::Direction::LeftToRight) return false;
+        if (direction == unicode::Direction::RightToLeft) return true;
+        at += character.fLength;
     }
     return false;
 }

@@ -65,23 +65,35 @@ TEST(Utf8Test, CutsBetweenCharacters) {
 }
 
 TEST(PropertiesTest, TellsWidthsAndDirections) {
+    using enum Direction;
     const struct {
         char32_t fCode;
         int fWidth;
         bool fIsControl;
-        bool fIsRightToLeft;
-    } cases[] = {{'a', 1, false, false},    {'\n', 0, true, false},     {0x7F, 0, true, false},
-                 {0x9F, 0, true, false},    {0xA0, 1, false, false},    {0x301, 0, false, false},
-                 {0x200B, 0, false, false}, {0x5D0, 1, false, true},    {0x627, 1, false, true},
-                 {0x4E2D, 2, false, false}, {0xFF21, 2, false, false},  {0x1F600, 2, false, false},
-                 {0xFFFD, 1, false, false}, {0x110000, 1, false, false}};
-    for (const auto& [code, width, isControl, isRightToLeft] : cases) {
+        Direction fDirection;
+    } cases[] = {{'a', 1, false, LeftToRight},
+                 {'1', 1, false, Neither},
+                 {'\n', 0, true, Neither},
+                 {0x7F, 0, true, Neither},
+                 {0x9F, 0, true, Neither},
+                 {0xA0, 1, false, Neither},
+                 {0x301, 0, false, Neither},
+                 {0x200B, 0, false, Neither},
+                 {0x5D0, 1, false, RightToLeft},
+                 {0x627, 1, false, RightToLeft},
+                 {0x661, 1, false, RightToLeftNumber},
+                 {0x4E2D, 2, false, LeftToRight},
+                 {0xFF21, 2, false, LeftToRight},
+                 {0x1F600, 2, false, Neither},
+                 {kReplacement, 1, false, Neither},
+                 {0x110000, 1, false, Neither}};
+    for (const auto& [code, width, isControl, direction] : cases) {
         const auto shown = testing::Message() << std::hex << static_cast<unsigned>(code);
         EXPECT_EQ(WidthOf(code), width) << shown;
         EXPECT_EQ(IsZeroWidth(code), width == 0) << shown;
         EXPECT_EQ(IsWide(code), width == 2) << shown;
         EXPECT_EQ(IsControl(code), isControl) << shown;
-        EXPECT_EQ(IsRightToLeft(code), isRightToLeft) << shown;
+        EXPECT_EQ(DirectionOf(code), direction) << shown;
     }
 }
 

@@ -5,7 +5,7 @@
 #include <variant>
 
 #include "host/Diagnose.h"
-#include "host/chart/DataStore.h"
+#include "host/chart/data/DataStore.h"
 #include "host/chart/picture/MakePicture.h"
 #include "host/chart/specification/ReadSpecification.h"
 #include "host/context/RunContext.h"

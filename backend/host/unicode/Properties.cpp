@@ -13,9 +13,18 @@ utf8proc_int32_t CodeOf(char32_t code) { return static_cast<utf8proc_int32_t>(co
 
 int WidthOf(char32_t code) { return utf8proc_charwidth(CodeOf(code)); }
 
-bool IsRightToLeft(char32_t code) {
-    const auto kind = utf8proc_get_property(CodeOf(code))->bidi_class;
-    return kind == UTF8PROC_BIDI_CLASS_R || kind == UTF8PROC_BIDI_CLASS_AL || kind == UTF8PROC_BIDI_CLASS_AN;
+Direction DirectionOf(char32_t code) {
+    switch (utf8proc_get_property(CodeOf(code))->bidi_class) {
+        case UTF8PROC_BIDI_CLASS_L:
+            return Direction::LeftToRight;
+        case UTF8PROC_BIDI_CLASS_R:
+        case UTF8PROC_BIDI_CLASS_AL:
+            return Direction::RightToLeft;
+        case UTF8PROC_BIDI_CLASS_AN:
+            return Direction::RightToLeftNumber;
+        default:
+            return Direction::Neither;
+    }
 }
 
 bool ClusterBreaks::IsBreak(char32_t before, char32_t next) {

@@ -12,8 +12,10 @@ int WidthOf(char32_t code);
 inline bool IsZeroWidth(char32_t code) { return WidthOf(code) == 0; }
 inline bool IsWide(char32_t code) { return WidthOf(code) == 2; }
 
-/// Whether a character is written from right to left.
-bool IsRightToLeft(char32_t code);
+/// How a character is written. Neither: digits, punctuation, and all that takes the direction of what is around it.
+enum class Direction { Neither, LeftToRight, RightToLeft, RightToLeftNumber };
+
+Direction DirectionOf(char32_t code);
 
 /// Finds where a reader sees a new character. One object serves one text, from its begin on.
 class ClusterBreaks {

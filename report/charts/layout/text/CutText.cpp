@@ -63,7 +63,7 @@ std::size_t CommonBeginning(const std::vector<std::string>& texts, const std::ve
         const auto [end, other] = std::ranges::mismatch(first, texts[member]);
         common = std::min(common, static_cast<std::size_t>(end - first.begin()));
     }
-    while (common > 0 && common < first.size() && (static_cast<unsigned char>(first[common]) & 0xC0) == 0x80) --common;
+    while (common > 0 && common < first.size() && !unicode::BeginsCharacter(first[common])) --common;
     return common;
 }
 

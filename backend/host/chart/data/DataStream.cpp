@@ -1,4 +1,4 @@
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStream.h"
 
 #include <fmt/format.h>
 

@@ -1,4 +1,4 @@
-#include "host/chart/DataStore.h"
+#include "host/chart/data/DataStore.h"
 
 #include <algorithm>
 #include <utility>
