@@ -65,8 +65,7 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
         "html, text, json, or svg, which puts each chart into the\n"
         "folder FILE; by default FILE's ending tells, else text\n"
         "goes to a terminal and html elsewhere");
-    app.add_flag("--static", output.fIsStatic,
-                 "HTML with static pictures in place of scripts; other formats\nstay as they are");
+    app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");

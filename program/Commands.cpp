@@ -57,14 +57,12 @@ std::string Render(const document::Document& document, const OutputOptions& outp
         case Format::Svg:
             break;
     }
-    if (!output.fIsStatic) return report::MakeHtmlReport(document);
-    const std::vector<std::string> pictures = DrawCharts(document).fvSvg;
-    return report::MakeHtmlReport(document, &pictures);
+    return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
 }
 
 int Write(const document::Document& document, const OutputOptions& output) {
     if (output.fFormat == Format::Svg) {
-        const auto error = WritePictures(DrawCharts(document), output.fFile);
+        const auto error = WritePictures(report::MakePictures(document), output.fFile);
         return error ? Fail(kUnwritable, error->fText) : kWritten;
     }
     if (const auto error = WriteOutput(output.fFile, Render(document, output))) return Fail(kUnwritable, error->fText);

@@ -23,12 +23,14 @@ using Layout = JsonOutput::Layout;
 namespace {
 
 constexpr std::string_view kFormat = "hierfit-output";
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 
 /// The text that must stand there.
 struct Constant {
     std::string_view fText;
 };
+
+struct Version {};
 
 }  // namespace
 
@@ -62,6 +64,16 @@ static void Read(JsonReader& in, Constant& constant) {
     std::string text;
     Read(in, text);
     if (text != constant.fText) in.Fail(fmt::format("\"{}\" expected", constant.fText));
+}
+
+static void Read(JsonReader& in, Version&) {
+    int version = 0;
+    Read(in, version);
+    if (version == kVersion) return;
+    if (version < 1 || version > kVersion) in.Fail(fmt::format("{} expected", kVersion));
+    in.Fail(
+        "the document was saved by an earlier version of hierfit; write it anew from the model's two documents with "
+        "\"hierfit report -f json\"");
 }
 
 static void Read(JsonReader& in, Heading& heading) {
@@ -163,8 +175,7 @@ static void Read(JsonReader& in, UnplacedDiagnostic& diagnostic) {
 
 static void Read(JsonReader& in, Document& document) {
     std::vector<UnplacedDiagnostic> diagnostics;
-    int version = 0;
-    in.ReadObject(Field("format", Constant{kFormat}), Field("version", Bounded{version, kVersion, kVersion}),
+    in.ReadObject(Field("format", Constant{kFormat}), Field("version", Version{}),
                   Field("producer", document.fProducer), Field("language", document.fLanguage),
                   Field("title", document.fTitle), Field("sources", document.fvSources),
                   Field("items", document.fItems), Field("diagnostics", diagnostics));

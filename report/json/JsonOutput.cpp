@@ -55,8 +55,6 @@ std::size_t AppendSpecial(std::string& out, std::string_view text) {
     return static_cast<std::size_t>(length);
 }
 
-}  // namespace
-
 void AppendQuoted(std::string& out, std::string_view text) {
     out += '"';
     while (true) {
@@ -68,6 +66,8 @@ void AppendQuoted(std::string& out, std::string_view text) {
     }
     out += '"';
 }
+
+}  // namespace
 
 void JsonOutput::Key(std::string_view key) {
     Separate();

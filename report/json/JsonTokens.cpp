@@ -7,8 +7,6 @@
 #include <charconv>
 #include <utility>
 
-#include "report/json/JsonOutput.h"
-
 namespace hierfit::report {
 
 namespace {
@@ -120,50 +118,6 @@ void JsonTokens::Skip() {
             for (BeginObject(); NextKey(key);) Skip();
             return;
     }
-}
-
-void JsonTokens::CopyCompact(std::string& out) {
-    switch (Peek()) {
-        case Kind::Null:
-            TakeNull();
-            out += "null";
-            return;
-        case Kind::Boolean:
-            out += TakeBoolean() ? "true" : "false";
-            return;
-        case Kind::Number:
-            out += TakeNumber();
-            return;
-        case Kind::String:
-            return AppendQuoted(out, TakeString());
-        case Kind::List:
-            return CopyList(out);
-        case Kind::Object:
-            return CopyObject(out);
-    }
-}
-
-void JsonTokens::CopyList(std::string& out) {
-    out += '[';
-    BeginList();
-    for (bool isFirst = true; NextElement(); isFirst = false) {
-        if (!isFirst) out += ',';
-        CopyCompact(out);
-    }
-    out += ']';
-}
-
-void JsonTokens::CopyObject(std::string& out) {
-    out += '{';
-    BeginObject();
-    std::string_view key;
-    for (bool isFirst = true; NextKey(key); isFirst = false) {
-        if (!isFirst) out += ',';
-        AppendQuoted(out, key);
-        out += ':';
-        CopyCompact(out);
-    }
-    out += '}';
 }
 
 void JsonTokens::Finish() {

@@ -113,8 +113,9 @@ async function checkWithoutScripts(browser, url) {
   await page.goto(url);
   const buttons = await page.locator("button").count();
   const isOpen = await page.locator("nav ol").first().isVisible();
+  const pictures = await page.locator(".drawing svg").filter({ visible: true }).count();
   await context.close();
-  return compare({ buttons, isOpen }, { buttons: 0, isOpen: true });
+  return compare({ buttons, isOpen, pictures }, { buttons: 0, isOpen: true, pictures: 1 });
 }
 
 /** A large table keeps its header in view, and the labels of its rows. */

@@ -3,6 +3,7 @@
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
+#include "host/ConfidenceLevel.h"
 #include "host/FetchFile.h"
 #include "host/PathFactory.h"
 
@@ -45,6 +46,7 @@ HFITChartOutput::HFITChartOutput(BpProcedure* procedure, KEST_DataSource* dataSo
     fpState->fpDictionary = MakeDictionary();
     const BuildSettings* settings = stats->GetBuildSettings();
     if (!settings) return;
+    NoteConfidenceLevel(settings->fConfidenceLevel);
     fpState->fTargetIndex = settings->fTargetIndex;
     const KEST_Variable* target = dataSource->GetVariable(settings->fTargetIndex);
     fpState->fTargetHasLabel = target && target->GetLabel();
@@ -103,19 +105,6 @@ ChartString HFITChartOutput::MakeFixedAtFootnote(const EmmeansData& block) const
     }
     footnote.replaceSubstring(ChartString(kPlace), list);
     return footnote;
-}
-
-ChartString HFITChartOutput::MakeAdjustmentFootnote(const EmmeansData& block) const {
-    constexpr const char* kTexts[] = {"Least Significant significance adjust ^1",
-                                      "Sequential Bonferroni significance adjust ^1",
-                                      "Sequential Sidak significance adjust ^1"};
-    const int adjustment = fpState->fpStats->GetBuildSettings()->fPAdjustment;
-    if (adjustment < PAdjustment::LSD || adjustment >= PAdjustment::OTHER) return {};
-    std::string text = LookUp(kTexts[adjustment]);
-    if (adjustment != PAdjustment::LSD) text += "\n" + LookUp("Confidence interval bounds are approximate.");
-    const OBS level(block.fContrasts.fAdjustedSigLevel);
-    ReplaceFirst(text, "^1", ToString(&level, kFigureFormat));
-    return XUtility::ChartStringFromOLANG(text);
 }
 
 }  // namespace hierfit

@@ -12,7 +12,7 @@
 #include <stdexcept>
 #include <utility>
 
-#include "host/chart/Utf8.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::chart {
 
@@ -145,7 +145,7 @@ bool RefuseDepth(int depth, Json::parse_event_t, Json&) {
 std::string WriteDataStream(const std::vector<ChartSource>& sources) {
     std::string json;
     AppendList(json, sources, AppendSource);
-    return MakeUtf8(std::move(json));
+    return unicode::MakeUtf8(std::move(json));
 }
 
 std::optional<std::vector<ChartSource>> ReadDataStream(std::string_view json) {

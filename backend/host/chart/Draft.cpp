@@ -7,7 +7,7 @@
 #include "host/Diagnose.h"
 #include "host/chart/DataStore.h"
 #include "host/chart/specification/ReadSpecification.h"
-#include "host/chart/view/MakeView.h"
+#include "host/chart/picture/MakePicture.h"
 #include "host/context/RunContext.h"
 
 namespace hierfit::chart {
@@ -62,10 +62,9 @@ bool Draft::Send(const std::array<bool, 3>& arguments) const {
         chart.fvSettings.push_back(calls);
         settings.push_back(setting);
     }
-    View view = MakeView(specification, chart.fvData, settings);
-    chart.fView = std::move(view.fJson);
-    chart.fShown = std::move(view.fShown);
-    tell(view.fvRemarks);
+    MadePicture made = MakePicture(specification, chart.fvData, settings);
+    chart.fPicture = std::move(made.fPicture);
+    tell(made.fvRemarks);
     run.InnermostItems().push_back({std::move(chart)});
     return true;
 }

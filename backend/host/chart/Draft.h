@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/VarDataProcessor.h"
-#include "host/chart/view/VariableSetting.h"
+#include "host/chart/picture/VariableSetting.h"
 #include "host/document/Chart.h"
 
 namespace hierfit::chart {

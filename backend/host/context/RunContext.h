@@ -103,6 +103,10 @@ class RunContext {
     void SetLastXml(std::shared_ptr<const xml::Document> document) { fpLastXml = std::move(document); }
     const std::shared_ptr<const xml::Document>& GetLastXml() const { return fpLastXml; }
 
+    /// The level of confidence of the run's intervals, between 0 and 1, where the procedure has told it.
+    std::optional<double> GetConfidenceLevel() const { return fConfidenceLevel; }
+    void SetConfidenceLevel(double level) { fConfidenceLevel = level; }
+
     /// Remembers the element that was looked at last.
     void Touch(unsigned node) { fTouchedNode = node; }
     unsigned GetTouchedNode() const { return fTouchedNode; }
@@ -122,6 +126,7 @@ class RunContext {
     document::Document fDocument;
     std::vector<std::weak_ptr<std::list<document::Item>>> fvOpenHeadings;
     std::shared_ptr<const xml::Document> fpLastXml;
+    std::optional<double> fConfidenceLevel;
     unsigned fTouchedNode = 0;
     Miss fMiss{};
     bool fHasMiss = false;

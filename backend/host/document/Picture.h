@@ -39,7 +39,8 @@ struct PictureClasses {
     bool operator==(const PictureClasses&) const = default;
 };
 
-/// What is set off (significant) and the rest, in words.
+/// What is set off (significant) and the rest, in words. Words are empty where no mark is of that kind, and the legend
+/// has no entry for it.
 struct PictureEmphasis {
     std::string fSetOff;
     std::string fRest;

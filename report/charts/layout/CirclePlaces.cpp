@@ -21,13 +21,16 @@ constexpr double kNameGap = 12;        // from the middle of a node
 constexpr double kNodeEdge = 7;
 constexpr double kLeastRadius = 42;
 constexpr double kRadius = 110;
-constexpr double kMoreEach = 7;  // for each node beyond six
+constexpr double kPanelRadius = 84;  // where there are several panels
+constexpr double kMoreEach = 7;      // for each node beyond six
 constexpr double kRoomyRadius = 190;
 constexpr double kRoomyArc = 30;  // between radial names
 constexpr double kWidestName = 150;
 constexpr double kWidestWord = 90;     // panels grow rather than break shorter words
 constexpr double kShareOfName = 0.28;  // of the width
-constexpr double kLeastRadialName = 56;
+constexpr double kShareInPanels = 0.2;
+constexpr double kLeastRadialName = 56;  // names are cut to this rather than left out
+constexpr double kUsualRadialName = 90;
 constexpr double kTurnaround = 2 * std::numbers::pi;
 
 /// What a line of words takes across, with a little between two.
@@ -38,6 +41,8 @@ std::size_t MostNodes(const std::vector<CirclePanel>& panels) {
     for (const CirclePanel& panel : panels) most = std::max(most, panel.fvNodes.size());
     return most;
 }
+
+double RadiusFor(std::size_t panels) { return panels > 1 ? kPanelRadius : kRadius; }
 
 /// The radius at which the lines of so many radial names just stand clear.
 double TightRadius(std::size_t nodes) {
@@ -64,6 +69,12 @@ double LongestWordOf(const std::vector<CirclePanel>& panels) {
     return std::min(longest + 1, kWidestWord);
 }
 
+double LongestNameOf(const std::vector<CirclePanel>& panels) {
+    double longest = 0;
+    for (const CirclePanel& panel : panels) longest = std::max(longest, WidestLine(NamesOf(panel), kLabelStyle));
+    return longest;
+}
+
 void Hold(Frame& reach, const Frame& frame) {
     reach = {std::min(reach.fLeft, frame.fLeft), std::min(reach.fTop, frame.fTop), std::max(reach.fRight, frame.fRight),
              std::max(reach.fBottom, frame.fBottom)};
@@ -85,8 +96,9 @@ double LeftOf(double at, double width, Anchor anchor) {
 class UprightNames {
   public:
     UprightNames(const std::vector<CirclePanel>& panels, double width, std::size_t lines) : fWidth(width) {
-        const double share = std::max(width * kShareOfName, LongestWordOf(panels));
-        const double most = std::max(std::min({share, width / 2 - kLeastRadius - kNameGap, kWidestName}), 1.0);
+        const double share = width * (panels.size() > 1 ? kShareInPanels : kShareOfName);
+        const double most = std::max(
+            std::min({std::max(share, LongestWordOf(panels)), width / 2 - kLeastRadius - kNameGap, kWidestName}), 1.0);
         for (const CirclePanel& panel : panels) {
             fvNames.push_back(SetNames(NamesOf(panel), std::vector<double>(panel.fvNodes.size(), most), lines));
         }
@@ -136,9 +148,10 @@ class UprightNames {
 
     /// As wished, or as the names on both sides leave room for.
     double Radius() const {
-        double radius = kRadius;
+        const double usual = RadiusFor(fvNames.size());
+        double radius = usual;
         for (const auto& names : fvNames) {
-            radius = std::max(radius, kRadius + kMoreEach * (static_cast<double>(names.size()) - 6));
+            radius = std::max(radius, usual + kMoreEach * (static_cast<double>(names.size()) - 6));
         }
         for (const auto& names : fvNames) {
             for (std::size_t at = 0; at < names.size(); ++at) {
@@ -160,19 +173,11 @@ class RadialNames {
   public:
     RadialNames(const std::vector<CirclePanel>& panels, double width) {
         const std::size_t most = MostNodes(panels);
-        double longest = 0;
-        for (const CirclePanel& panel : panels) {
-            fvNames.push_back(CutTexts(NamesOf(panel), kWidestName, kLabelStyle));
-            longest = std::max(longest, WidestLine(fvNames.back(), kLabelStyle));
-        }
+        const double longest = std::min(LongestNameOf(panels) + 0.5, kWidestName);
         const double room = width / 2 - kNameGap - 1;
-        const double roomy = std::clamp(static_cast<double>(most) * kRoomyArc / kTurnaround, kRadius, kRoomyRadius);
-        const double largest = room - std::min(longest, kLeastRadialName);
-        const double tight = std::min(TightRadius(most), largest);
-        fRadius = std::clamp(room - longest, std::max(tight, 1.0), std::max({roomy, tight, 1.0}));
-        for (std::size_t at = 0; at < panels.size(); ++at) {
-            fvNames[at] = CutTexts(NamesOf(panels[at]), std::min(kWidestName, room - fRadius), kLabelStyle);
-        }
+        fRadius = Radius(most, longest, room, RadiusFor(panels.size()));
+        const double forName = std::max(std::min(kWidestName, room - fRadius), 1.0);
+        for (const CirclePanel& panel : panels) fvNames.push_back(CutTexts(NamesOf(panel), forName, kLabelStyle));
     }
 
     void Place(CirclePlaces& places) const {
@@ -190,6 +195,17 @@ class RadialNames {
     }
 
   private:
+    /// Roomy where names leave it so; as tight as the lines of names can be if that is enough for names cut short;
+    /// else some names are left out, and the others keep their room.
+    static double Radius(std::size_t nodes, double longest, double room, double usual) {
+        const double roomy = std::clamp(static_cast<double>(nodes) * kRoomyArc / kTurnaround, usual, kRoomyRadius);
+        const double tight = TightRadius(nodes);
+        if (tight > room - std::min(longest, kLeastRadialName)) {
+            return std::max(room - std::min(longest, kUsualRadialName), kLeastRadius);
+        }
+        return std::clamp(room - longest, tight, std::max(roomy, tight));
+    }
+
     void AddName(CirclePlace& place, const std::string& name, const Point& direction, CirclePlaces& places) const {
         const bool isLeft = direction.fX < -1e-9;
         const double outer = fRadius + kNameGap - 1;
@@ -227,7 +243,10 @@ void HoldNodes(CirclePlaces& places) {
 
 double LeastCircleWidth(const std::vector<CirclePanel>& panels) {
     const std::size_t most = MostNodes(panels);
-    if (most > kMostUpright) return 2 * (TightRadius(most) + kNameGap + kLeastRadialName + 1);
+    if (most > kMostUpright) {
+        const double name = std::clamp(LongestNameOf(panels), kLeastRadialName, kUsualRadialName);
+        return 2 * (TightRadius(most) + kNameGap + name + 1);
+    }
     return 2 * (kLeastRadius + kNameGap + LongestWordOf(panels));
 }
 

@@ -18,6 +18,7 @@ namespace {
 constexpr double kNarrow = 480;  // pictures below this are laid out for a phone
 constexpr double kLeastWidth = 200;
 constexpr double kLongestName = 230;
+constexpr double kGrace = 0.5;   // sums of widths are rounded
 constexpr double kBelowRow = 5;  // between names of several lines
 constexpr double kTallest = 16000;
 constexpr std::size_t kRowsOfLargeNodes = 20;
@@ -33,7 +34,7 @@ struct Measures {
 };
 
 constexpr Measures kWide{{150, 200}, 240, 380, 60, 2, 1};
-constexpr Measures kPhone{{108, 136}, 84, 380, 40, 1, 3};
+constexpr Measures kPhone{{104, 136}, 96, 380, 40, 1, 3};
 
 Extent ReachOfX(const NetworkPicture& picture) {
     Extent reach;
@@ -72,7 +73,7 @@ Spread SpreadFor(const std::vector<double>& names, const std::vector<double>& sh
                  const Measures& measures, double leastStart) {
     double start = leastStart;
     for (std::size_t node = 0; node < names.size(); ++node) {
-        const double need = names[node] + kNameGap;
+        const double need = names[node] + kNameGap + kGrace;
         if (shares[node] < 1) start = std::max(start, (need - shares[node] * room) / (1 - shares[node]));
     }
     start = std::max(std::min(start, room - measures.fLeastLinks), leastStart);
@@ -80,7 +81,7 @@ Spread SpreadFor(const std::vector<double>& names, const std::vector<double>& sh
     if (length <= measures.fMostLinks) return {start, length};
     start = leastStart;
     for (std::size_t node = 0; node < names.size(); ++node) {
-        start = std::max(start, names[node] + kNameGap - shares[node] * measures.fMostLinks);
+        start = std::max(start, names[node] + kNameGap + kGrace - shares[node] * measures.fMostLinks);
     }
     return {start, measures.fMostLinks};
 }

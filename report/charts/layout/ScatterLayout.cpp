@@ -1,3 +1,5 @@
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <cmath>
 
@@ -88,7 +90,7 @@ double AddFrequencies(Scene& scene, const ScatterPicture& picture, double width)
     const double most = MostFrequent(picture);
     for (const double frequency : LegendFrequencies(picture)) {
         const Shape swatch = MakeSymbol(Symbol::Circle, {}, kRadius, PaintOf(picture, frequency, most));
-        legend.fvEntries.push_back({TicksOf({frequency, frequency + 1, false}, 1, true).front().fWords, {swatch}, -1});
+        legend.fvEntries.push_back({fmt::format("{:.12g}", frequency), {swatch}, -1});
     }
     return AddLegend(scene, legend, {}, width) + kBelowLegend;
 }
@@ -127,8 +129,9 @@ Scene LayOutContent(const ScatterPicture& picture, double width) {
     const double across = std::min(width - left - kForWords, picture.fIsSquare ? kSquare : kWide);
     const double upright = picture.fIsSquare ? across : across * kFlat;
     const Frame plot{left, top, left + across, top + upright};
-    y = MakeNumberAxis(TitleOf(picture.fY), reach.fY, upright, false, false);
     const NumberAxis x = MakeNumberAxis(TitleOf(picture.fX), reach.fX, across, true, false);
+    // Axes that are alike have the same ticks.
+    y = MakeNumberAxis(TitleOf(picture.fY), reach.fY, upright, picture.fIsSquare, false);
     AddGrid(scene, y, plot, false);
     AddGrid(scene, x, plot, true);
     const Scale scaleX{x.fDomain, plot.fLeft, plot.fRight};

@@ -1,7 +1,7 @@
 #include <algorithm>
 #include <unordered_map>
 
-#include "report/charts/layout/text/Characters.h"
+#include "host/unicode/Utf8.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {
@@ -24,7 +24,7 @@ std::size_t FittingBeginning(std::string_view text, double width, const TextStyl
     double sum = 0;
     std::size_t place = 0;
     while (place < text.size()) {
-        const std::size_t length = CharacterAt(text, place).fLength;
+        const std::size_t length = unicode::CharacterAt(text, place).fLength;
         sum += TextWidth(text.substr(place, length), style);
         if (sum > width) return place;
         place += length;
@@ -35,7 +35,8 @@ std::size_t FittingBeginning(std::string_view text, double width, const TextStyl
 /// Where the end begins that fits.
 std::size_t FittingEnd(std::string_view text, double width, const TextStyle& style) {
     std::vector<std::size_t> places;
-    for (std::size_t place = 0; place < text.size(); place += CharacterAt(text, place).fLength) places.push_back(place);
+    for (std::size_t place = 0; place < text.size(); place += unicode::CharacterAt(text, place).fLength)
+        places.push_back(place);
     double sum = 0;
     std::size_t end = text.size();
     for (std::size_t at = places.size(); at-- > 0;) {

@@ -4,7 +4,7 @@
 #include <span>
 
 #include "TextWidths.h"
-#include "report/charts/layout/text/Characters.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report::charts {
 
@@ -27,7 +27,7 @@ int CharacterWidth(char32_t code, bool isBold) {
 double TextWidth(std::string_view text, const TextStyle& style) {
     long sum = 0;
     for (std::size_t place = 0; place < text.size();) {
-        const Character character = CharacterAt(text, place);
+        const unicode::Character character = unicode::CharacterAt(text, place);
         sum += CharacterWidth(character.fCode, style.fIsBold);
         place += character.fLength;
     }
@@ -37,8 +37,9 @@ double TextWidth(std::string_view text, const TextStyle& style) {
 double LongestWord(std::string_view text, const TextStyle& style) {
     double longest = 0;
     for (std::size_t place = 0; place < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(" \n", place), text.size());
-        longest = std::max(longest, TextWidth(text.substr(place, end - place), style));
+        const std::size_t end = std::min(text.find_first_of(" \n*", place), text.size());
+        const std::size_t sign = end < text.size() && text[end] == '*' ? 1 : 0;
+        longest = std::max(longest, TextWidth(text.substr(place, end + sign - place), style));
         place = end + 1;
     }
     return longest;
