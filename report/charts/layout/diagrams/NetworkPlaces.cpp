@@ -1,10 +1,10 @@
-#include "report/charts/layout/NetworkPlaces.h"
+#include "report/charts/layout/diagrams/NetworkPlaces.h"
 
 #include <algorithm>
 #include <cmath>
 
-#include "report/charts/layout/NodeNames.h"
 #include "report/charts/layout/Shapes.h"
+#include "report/charts/layout/diagrams/NodeNames.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {

@@ -1,4 +1,4 @@
-#include "report/charts/layout/NodeNames.h"
+#include "report/charts/layout/diagrams/NodeNames.h"
 
 #include <algorithm>
 #include <numeric>

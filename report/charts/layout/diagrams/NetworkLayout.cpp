@@ -2,10 +2,10 @@
 #include <cmath>
 
 #include "report/charts/layout/Content.h"
-#include "report/charts/layout/Keys.h"
 #include "report/charts/layout/Legend.h"
-#include "report/charts/layout/NetworkPlaces.h"
 #include "report/charts/layout/Shapes.h"
+#include "report/charts/layout/diagrams/Keys.h"
+#include "report/charts/layout/diagrams/NetworkPlaces.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {

@@ -1,4 +1,4 @@
-#include "report/charts/layout/Keys.h"
+#include "report/charts/layout/diagrams/Keys.h"
 
 namespace hierfit::report::charts {
 

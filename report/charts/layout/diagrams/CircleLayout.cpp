@@ -1,11 +1,11 @@
 #include <algorithm>
 
-#include "report/charts/layout/CirclePlaces.h"
 #include "report/charts/layout/Content.h"
-#include "report/charts/layout/Keys.h"
 #include "report/charts/layout/Legend.h"
 #include "report/charts/layout/PanelGrid.h"
 #include "report/charts/layout/Shapes.h"
+#include "report/charts/layout/diagrams/CirclePlaces.h"
+#include "report/charts/layout/diagrams/Keys.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {

@@ -1,4 +1,4 @@
-#include "report/charts/layout/TargetBox.h"
+#include "report/charts/layout/diagrams/TargetBox.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 
 #include "host/document/Picture.h"
 #include "report/charts/layout/Scene.h"
-#include "report/charts/layout/TargetBox.h"
+#include "report/charts/layout/diagrams/TargetBox.h"
 
 namespace hierfit::report::charts {
 

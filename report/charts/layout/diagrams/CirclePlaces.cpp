@@ -1,11 +1,11 @@
-#include "report/charts/layout/CirclePlaces.h"
+#include "report/charts/layout/diagrams/CirclePlaces.h"
 
 #include <algorithm>
 #include <cmath>
 #include <numbers>
 
-#include "report/charts/layout/NodeNames.h"
 #include "report/charts/layout/Shapes.h"
+#include "report/charts/layout/diagrams/NodeNames.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::report::charts {
