@@ -12,30 +12,31 @@ EXAMPLE ?= bacteria
 SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report test build bench fuzz setup format clean
+.PHONY: report test build bench fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
 	@echo "The report lies in $(CURDIR)/report.html"
 
-build: setup
-	@scripts/build release $(JOBS)
+build: setup-build
+	@scripts/build release $(JOBS) -D HIERFIT_TESTS=OFF -D HIERFIT_BENCH=OFF
 
-test: setup
+test: setup-test
 	@scripts/build release $(JOBS)
 	@scripts/build sanitize $(JOBS)
 	ctest --preset sanitize
 	ctest --preset release
 
-bench: build
+bench: setup-test
+	@scripts/build release $(JOBS)
 	bench/measure
 
-fuzz: setup
+fuzz: setup-test
 	@scripts/build fuzz $(JOBS)
 	fuzz/run $(SECONDS)
 
-setup:
-	@scripts/setup
+setup-%:
+	@scripts/setup $*
 
 format:
 	git ls-files '*.cpp' '*.h' | xargs -d '\n' clang-format -i

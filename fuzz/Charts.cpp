@@ -9,7 +9,7 @@
 #include "fuzz/Target.h"
 #include "host/VarDataProcessor.h"
 #include "host/XDocument.h"
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStream.h"
 #include "host/context/RunContext.h"
 
 namespace hierfit::fuzz {

@@ -9,6 +9,9 @@
 #include <string_view>
 #include <utility>
 
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
+
 namespace hierfit::program {
 
 namespace {
@@ -65,8 +68,7 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
         "html, text, json, or svg, which puts each chart into the\n"
         "folder FILE; by default FILE's ending tells, else text\n"
         "goes to a terminal and html elsewhere");
-    app.add_flag("--static", output.fIsStatic,
-                 "HTML with static pictures in place of scripts; other formats\nstay as they are");
+    app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
@@ -113,7 +115,9 @@ std::optional<std::string> CheckLanguage(const std::string& language) {
     return "--lang: " + language + ": no such language; there are " + list;
 }
 
-Explanation Wrong(const std::string& what) { return {"hierfit: " + what + "\nTry: hierfit --help\n", true}; }
+Explanation Wrong(const std::string& what) {
+    return {"hierfit: " + unicode::Excerpt(what, kMostOfText) + "\nTry: hierfit --help\n", true};
+}
 
 Command Finish(ReportCommand command) {
     if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);

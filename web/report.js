@@ -1,5 +1,5 @@
-// What a page can do beyond being read: tables are copied, pictures saved, frames that need not scroll are no stops for the
-// keyboard, and wide tables shrink to the paper. Nothing here is needed to read a report.
+// What a page can do beyond being read: tables are copied, pictures saved, their marks tell what they are, frames that need
+// not scroll are no stops for the keyboard, and wide tables shrink to the paper. Nothing here is needed to read a report.
 "use strict";
 (() => {
   const words = document.body.dataset;
@@ -150,15 +150,168 @@
     setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
   };
 
-  // The picture as it would be on paper: its colours are attributes, and only the page's style makes dark ones of them.
-  const savePicture = (figure) => {
-    const picture = figure.querySelector(".drawing :is(svg, canvas)");
-    if (picture.localName === "canvas") return picture.toBlob((image) => saveFile(`${figure.id}.png`, image));
-    const text = new XMLSerializer().serializeToString(picture);
-    saveFile(`${figure.id}.svg`, new Blob([text], { type: "image/svg+xml" }));
+  // ---- Pictures. A mark has a name, which is its tip, and keys; what shares a key goes together. An entry of a legend has
+  // the keys that it explains.
+
+  const marksIn = (picture) => picture.querySelectorAll("[role=img]");
+
+  // The layout for a phone has the marks of the other one, in the same order, and takes names and keys from them.
+  const nameMarks = (drawing) => {
+    const phone = drawing.querySelector(".phone[role]");
+    if (!phone?.getClientRects().length) return;
+    const named = marksIn(drawing.querySelector(".desk"));
+    const marks = phone.querySelectorAll(".m");
+    if (named.length !== marks.length) return;
+    for (const name of ["role", "aria-label"]) phone.removeAttribute(name);
+    marks.forEach((mark, place) => {
+      for (const name of ["role", "aria-label", "data-k"]) {
+        const value = named[place].getAttribute(name);
+        if (value !== null) mark.setAttribute(name, value);
+      }
+    });
   };
 
-  const addSaveButton = (drawing) => drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
+  // The picture as it would be on paper: its colours are attributes, and only the page's style makes dark ones of them.
+  const savePicture = (figure) => {
+    const picture = figure.querySelector(".desk").cloneNode(true);
+    picture.removeAttribute("class");
+    for (const element of picture.querySelectorAll(".on, .at")) element.classList.remove("on", "at");
+    const addFirst = (name, text, attributes = {}) => {
+      const element = document.createElementNS(picture.namespaceURI, name);
+      element.textContent = text;
+      for (const [attribute, value] of Object.entries(attributes)) element.setAttribute(attribute, value);
+      picture.prepend(element);
+    };
+    addFirst("rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
+    addFirst("desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
+    addFirst("title", figure.querySelector(".title").textContent);
+    saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
+  };
+
+  const tip = document.createElement("div");
+  tip.className = "tip";
+  tip.hidden = true;
+  const gap = 12;
+
+  const showTip = (text, x, y) => {
+    tip.textContent = text;
+    tip.hidden = false;
+    const { offsetWidth: width, offsetHeight: height } = tip;
+    const right = document.documentElement.clientWidth;
+    const left = x + gap + width > right ? x - gap - width : x + gap;
+    const top = y + gap + height > innerHeight ? y - gap - height : y + gap;
+    tip.style.left = `${Math.max(0, Math.min(left, right - width))}px`;
+    tip.style.top = `${Math.max(0, top)}px`;
+  };
+
+  let lit = [];
+  const dim = () => {
+    for (const element of lit) element.classList.remove("lit", "on");
+    lit = [];
+  };
+
+  const keysOf = ({ dataset }) => (dataset.k ?? dataset.e ?? "").split(" ").filter(Boolean);
+
+  // An entry lights what it explains; a mark what it is tied to, but not all that a legend takes for the same.
+  const light = (element) => {
+    if (lit.includes(element)) return;
+    dim();
+    const picture = element.ownerSVGElement;
+    const entries = Array.from(picture.querySelectorAll("[data-e]"));
+    const isEntry = entries.includes(element);
+    const explained = new Set(isEntry ? [] : entries.flatMap(keysOf));
+    const keys = keysOf(element).filter((key) => !explained.has(key));
+    if (keys.length === 0) return;
+    const together = Array.from(picture.querySelectorAll(keys.map((key) => `[data-k~="${key}"]`).join()));
+    if (!isEntry && together.length < 2) return;
+    lit = [picture, ...together, ...isEntry ? [element] : entries];
+    for (const one of lit) one.classList.add(one === picture ? "lit" : "on");
+  };
+
+  // What the keyboard or a finger is at.
+  let mark = null;
+  const leave = () => {
+    mark?.classList.remove("at");
+    mark = null;
+    tip.hidden = true;
+    dim();
+  };
+
+  const showBeside = () => {
+    const { left, top, width, height } = mark.getBoundingClientRect();
+    showTip(mark.getAttribute("aria-label"), left + width / 2, top + height / 2);
+  };
+
+  const goTo = (next) => {
+    leave();
+    mark = next;
+    mark.classList.add("at");
+    mark.scrollIntoView({ block: "nearest", inline: "nearest" });
+    showBeside();
+    light(mark);
+    status.textContent = tip.textContent;
+  };
+
+  // Lines are thin, so what is next to the pointer counts, too.
+  const around = [[0, 0], [0, -3], [3, 0], [0, 3], [-3, 0]];
+  const findAt = (x, y, selector) => {
+    for (const [right, down] of around) {
+      const found = document.elementFromPoint(x + right, y + down)?.closest(selector);
+      if (found) return found;
+    }
+    return null;
+  };
+
+  // When a picture moves below the pointer, that counts as a move, too, but not as one of the reader's.
+  const point = ({ clientX, clientY, pointerType, movementX, movementY }) => {
+    if (pointerType === "touch" || (mark && movementX === 0 && movementY === 0)) return;
+    const found = findAt(clientX, clientY, ".drawing svg [role=img], .drawing [data-e]");
+    if (mark || !found) leave();
+    if (!found) return;
+    const text = found.getAttribute("aria-label");
+    if (text) showTip(text, clientX, clientY);
+    else tip.hidden = true;
+    light(found);
+  };
+
+  const touch = ({ clientX, clientY, pointerType }) => {
+    if (pointerType !== "touch") return;
+    const found = findAt(clientX, clientY, ".drawing svg [role=img]");
+    if (found) goTo(found);
+    else leave();
+  };
+
+  const walk = (event) => {
+    if (event.key === "Escape") return leave();
+    const step = { ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1 }[event.key];
+    if (!step || event.ctrlKey || event.altKey || event.metaKey) return;
+    const picture = Array.from(event.currentTarget.children).find((one) => one.getClientRects().length);
+    const marks = Array.from(marksIn(picture));
+    if (marks.length === 0) return;
+    event.preventDefault();
+    const place = marks.indexOf(mark);
+    goTo(marks.at((place < 0 && step < 0 ? -1 : place + step) % marks.length));
+  };
+
+  const naming = new ResizeObserver((changes) => changes.forEach(({ target }) => nameMarks(target)));
+  const enliven = (drawing) => {
+    drawing.tabIndex = 0;
+    drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
+    const listeners = {
+      pointermove: point,
+      pointerdown: touch,
+      pointerleave: () => mark || leave(),
+      keydown: walk,
+      focusout: () => drawing.contains(mark) && leave(),
+    };
+    for (const [name, listener] of Object.entries(listeners)) drawing.addEventListener(name, listener);
+    naming.observe(drawing);
+  };
+
+  // A tip beside a mark goes with it, one by the pointer goes away.
+  addEventListener("scroll", () => { mark ? showBeside() : leave(); }, { passive: true, capture: true });
+
+  // ---- Frames
 
   const setStop = (frame) => {
     const scrolls = frame.scrollWidth > frame.clientWidth || frame.scrollHeight > frame.clientHeight;
@@ -177,8 +330,8 @@
     addCopyButton(frame.parentElement);
     resizing.observe(frame);
   }
-  document.querySelectorAll(".drawing").forEach(addSaveButton);
-  document.body.append(status);
+  document.querySelectorAll(".drawing").forEach(enliven);
+  document.body.append(tip, status);
 
   // An A4 page between its margins, in pixels at the size of printed text.
   const paper = 680;

@@ -1,60 +1,49 @@
-// From a chart's specification and data to its picture: time over the number of rows, which must be linear. Rows are
-// means, contrasts, points, nodes, or pairs of levels.
+// From a picture to its scene, and from that to SVG: time over the number of marks, which must be linear.
+// "bytes_per_second" counts the bytes of the SVG.
 
 #include <benchmark/benchmark.h>
 
 #include <string>
 
-#include "host/context/RunContext.h"
-#include "tests/chart/picture/LevelsSamples.h"
-#include "tests/chart/picture/NetworkSamples.h"
+#include "report/charts/layout/LayOut.h"
+#include "report/charts/svg/Svg.h"
 
 namespace {
 
-namespace chart = hierfit::chart;
-namespace context = hierfit::context;
+namespace charts = hierfit::report::charts;
+namespace document = hierfit::document;
 
-/// Words are their own translations.
-class NoTranslator : public context::Translator {
-  public:
-    std::optional<std::string_view> Find(std::string_view) const override { return {}; }
-};
-
-std::vector<chart::SampleMean> MeansOf(int rows) { return chart::CrossedMeans({chart::Named("District", rows)}, 60); }
-
-template <typename MakeSample>
-void MeasurePicture(benchmark::State& state, MakeSample makeSample) {
-    const NoTranslator translator;
-    context::RunContext run(context::Settings{}, &translator, "");
-    const context::RunContext::Activation activation{run};
-    const chart::Sample sample = makeSample(static_cast<int>(state.range(0)));
-    for (auto _ : state) benchmark::DoNotOptimize(sample.Make());
-    const auto rows = static_cast<std::int64_t>(sample.fvData.back().fvVariables.front().fvValues.size());
-    state.SetItemsProcessed(state.iterations() * rows);
-    state.SetComplexityN(rows);
+document::Picture MakePicture(std::int64_t count) {
+    document::Picture picture;
+    picture.fTitle = "Predicted by observed";
+    document::ScatterPicture points;
+    points.fX = {"Observed", 0, static_cast<double>(count), false};
+    points.fY = {"Predicted", 0, 101, false};
+    for (std::int64_t i = 0; i < count; ++i) {
+        const auto at = static_cast<double>(i);
+        const auto height = static_cast<double>(i * 37 % 101);
+        points.fvPoints.push_back({at, height, 1, "Observed = " + std::to_string(i) + "\nPredicted = 3.5"});
+    }
+    picture.fContent = std::move(points);
+    return picture;
 }
 
-void Means(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::MeansSample("means", {"District"}, MeansOf(n)); });
-}
-void Contrasts(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::ContrastSample("contrasts", {"District"}, MeansOf(n), 60); });
-}
-void Pairs(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::PairwiseSample("pairs", n, {}); });
-}
-void Diagram(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::DiagramSample("diagram", n, true); });
-}
-void Scatter(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::ScatterSample("scatter", n); });
+void Scene(benchmark::State& state) {
+    const document::Picture picture = MakePicture(state.range(0));
+    for (auto _ : state) benchmark::DoNotOptimize(charts::LayOut(picture, charts::kDeskWidth));
+    state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(Means)->RangeMultiplier(4)->Range(64, 16384)->Complexity()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Contrasts)->RangeMultiplier(4)->Range(64, 16384)->Complexity()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Diagram)->RangeMultiplier(4)->Range(64, 16384)->Complexity()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Scatter)->RangeMultiplier(4)->Range(64, 16384)->Complexity()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Pairs)->RangeMultiplier(2)->Range(16, 256)->Complexity()->Unit(benchmark::kMicrosecond);
+void Svg(benchmark::State& state) {
+    const charts::Scene scene = charts::LayOut(MakePicture(state.range(0)), charts::kDeskWidth);
+    std::size_t bytes = 0;
+    for (auto _ : state) bytes = charts::MakeSvgFile(scene, "Points", "Many of them").size();
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
+    state.SetComplexityN(state.range(0));
+}
+
+BENCHMARK(Scene)->RangeMultiplier(10)->Range(100, 10'000)->Complexity()->Unit(benchmark::kMicrosecond);
+BENCHMARK(Svg)->RangeMultiplier(10)->Range(100, 10'000)->Complexity()->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 

@@ -8,9 +8,6 @@ extern const char hierfit_asset_style_hash[];
 extern const char hierfit_asset_script_begin[];
 extern const char hierfit_asset_script_end[];
 extern const char hierfit_asset_script_hash[];
-extern const char hierfit_asset_charts_begin[];
-extern const char hierfit_asset_charts_end[];
-extern const char hierfit_asset_charts_hash[];
 }
 
 namespace hierfit::report::html {
@@ -24,9 +21,5 @@ std::string_view Between(const char* begin, const char* end) { return {begin, st
 Asset StyleSheet() { return {Between(hierfit_asset_style_begin, hierfit_asset_style_end), hierfit_asset_style_hash}; }
 
 Asset Script() { return {Between(hierfit_asset_script_begin, hierfit_asset_script_end), hierfit_asset_script_hash}; }
-
-Asset ChartScript() {
-    return {Between(hierfit_asset_charts_begin, hierfit_asset_charts_end), hierfit_asset_charts_hash};
-}
 
 }  // namespace hierfit::report::html

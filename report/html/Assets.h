@@ -13,7 +13,4 @@ struct Asset {
 Asset StyleSheet();
 Asset Script();
 
-/// What draws charts: in a page all of its own accord, elsewhere by `drawPicture(json, take, fail)`.
-Asset ChartScript();
-
 }  // namespace hierfit::report::html

@@ -1,52 +1,31 @@
 #include "report/html/ChartFigure.h"
 
-#include "report/html/HtmlEscape.h"
-#include "report/html/SafeSvg.h"
+#include <algorithm>
+#include <iterator>
+
+#include "report/charts/layout/LayOut.h"
+#include "report/charts/svg/Svg.h"
 #include "report/html/Words.h"
 #include "report/html/table/HtmlTable.h"
 #include "report/layout/ShownTable.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
 namespace {
 
-// Inside a script's element nothing may look like markup. In JSON a "<" stands in strings only.
-void AppendJson(std::string& out, std::string_view json) {
-    for (std::size_t at = 0; at < json.size();) {
-        const std::size_t end = std::min(json.find('<', at), json.size());
-        out += json.substr(at, end - at);
-        if (end < json.size()) out += "\\u003c";
-        at = end + 1;
-    }
-}
+using charts::Names;
+using charts::Scene;
 
-/// Past the text that begins at a quotation mark.
-std::size_t EndOfText(std::string_view json, std::size_t at) {
-    for (++at; at < json.size() && json[at] != '"'; ++at) {
-        if (json[at] == '\\') ++at;
-    }
-    return at + 1;
-}
+// A picture's room is measured in these steps: the style sheet has a class for each, "r1" for the first, and shows the
+// layout for a phone in a room that is narrower. A wider picture never has that much room.
+constexpr double kSteps[] = {400, 480, 560, 640, 720, 960};
 
-/// Whether a view has a title of its own, told by the JSON's outermost names; deeper ones are those of axes.
-bool HasTitle(std::string_view json) {
-    int depth = 0;
-    for (std::size_t at = 0; at < json.size(); ++at) {
-        if (json[at] == '{' || json[at] == '[') ++depth;
-        if (json[at] == '}' || json[at] == ']') --depth;
-        if (json[at] != '"') continue;
-        const std::size_t end = EndOfText(json, at);
-        if (depth == 1 && json.substr(at, end - at) == R"("title")" && json.substr(end).starts_with(':')) return true;
-        at = end - 1;
-    }
-    return false;
-}
-
-void AppendTag(std::string& out, const document::Chart& chart, const ChartPlace& place) {
-    out.append("<figure class=\"chart").append(HasTitle(chart.fView) ? " titled" : "");
+void AppendTag(std::string& out, const document::Picture& picture, const ChartPlace& place, bool isWide) {
+    out.append("<figure class=\"chart").append(picture.fTitle.empty() ? "" : " titled").append(isWide ? " wide" : "");
     out.append("\" id=\"").append(place.fAnchor);
     out.append("\" role=\"group\" aria-labelledby=\"").append(place.fAnchor).append("-title\"");
-    if (!chart.fShown.fSentence.empty()) {
+    if (!picture.fSentence.empty()) {
         out.append(" aria-describedby=\"").append(place.fAnchor).append("-sentence\"");
     }
     out += ">\n";
@@ -55,34 +34,24 @@ void AppendTag(std::string& out, const document::Chart& chart, const ChartPlace&
     out += "</p>\n";
 }
 
-// Whoever has no pointer can scroll a picture, too.
-void BeginDrawing(std::string& out) {
-    out.append("<div class=\"drawing\" tabindex=\"0\" role=\"group\" aria-label=\"")
-        .append(words::kPicture)
-        .append("\">");
+void AppendBoth(std::string& out, const Scene& desk, const Scene& phone) {
+    const auto step = std::ranges::lower_bound(kSteps, desk.fWidth) - std::begin(kSteps) + 1;
+    const std::string room = " r" + std::to_string(step) + '"';
+    AppendSvg(out, desk, Names::Marks, " class=\"desk" + room);
+    out += '\n';
+    AppendSvg(out, phone, Names::None,
+              " class=\"phone" + room + " role=\"img\" aria-label=\"" + std::string(words::kPicture) + '"');
 }
 
-void AppendLive(std::string& out, std::string_view view) {
-    BeginDrawing(out);
-    out += "<script type=\"application/json\">";
-    AppendJson(out, view);
-    out.append("</script></div>\n<noscript><p>").append(words::kNeedsScript).append("</p></noscript>\n");
-}
-
-bool AppendDrawing(std::string& out, const document::Chart& chart, const ChartPlace& place) {
-    const std::string* picture = place.fpPicture;
-    if (!picture && !chart.fView.empty()) {
-        AppendLive(out, chart.fView);
-        return true;
+void AppendDrawing(std::string& out, const document::Picture& picture, const Scene& desk) {
+    out.append("<div class=\"drawing\" role=\"group\" aria-label=\"").append(words::kPicture).append("\">\n");
+    const Scene phone = desk.fWidth > charts::kPhoneWidth ? charts::LayOut(picture, charts::kPhoneWidth) : Scene{};
+    if (phone.fWidth > 0 && phone.fWidth < desk.fWidth) {
+        AppendBoth(out, desk, phone);
+    } else {
+        AppendSvg(out, desk, Names::Marks, " class=\"desk\"");
     }
-    const auto safe = picture ? MakeSafeSvg(*picture, std::string(place.fAnchor) + '-') : std::nullopt;
-    if (!safe) {
-        out.append("<p>").append(words::kNoPicture).append("</p>\n");
-        return false;
-    }
-    BeginDrawing(out);
-    out.append(*safe).append("</div>\n");
-    return true;
+    out += "\n</div>\n";
 }
 
 void AppendSentence(std::string& out, const std::string& sentence, const ChartPlace& place) {
@@ -92,11 +61,10 @@ void AppendSentence(std::string& out, const std::string& sentence, const ChartPl
     out += "</p>\n";
 }
 
-void AppendValues(std::string& out, const document::ChartShown& shown, const ChartPlace& place, bool isOpen) {
-    const std::vector<const document::ChartTable*> tables = FindShownTables(shown);
+void AppendValues(std::string& out, const document::Picture& picture, const ChartPlace& place) {
+    const std::vector<const document::ChartTable*> tables = FindShownTables(picture);
     if (tables.empty()) return;
-    out += isOpen ? "<details open>" : "<details>";
-    out.append("<summary>").append(words::kValues).append("</summary>\n");
+    out.append("<details><summary>").append(words::kValues).append("</summary>\n");
     int number = place.fTable;
     for (const document::ChartTable* table : tables) {
         out += "<div class=\"values\">\n";
@@ -109,10 +77,12 @@ void AppendValues(std::string& out, const document::ChartShown& shown, const Cha
 }  // namespace
 
 void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place) {
-    AppendTag(out, chart, place);
-    const bool isDrawn = AppendDrawing(out, chart, place);
-    AppendSentence(out, chart.fShown.fSentence, place);
-    AppendValues(out, chart.fShown, place, !isDrawn);
+    const document::Picture& picture = chart.fPicture;
+    const Scene desk = charts::LayOut(picture, charts::kDeskWidth);
+    AppendTag(out, picture, place, desk.fWidth > charts::kDeskWidth);
+    AppendDrawing(out, picture, desk);
+    AppendSentence(out, picture.fSentence, place);
+    AppendValues(out, picture, place);
     out += "</figure>\n";
 }
 

@@ -12,11 +12,10 @@ struct ChartPlace {
     std::string_view fTitle;
     std::string_view fAnchor;
     int fTable;  ///< number that the first table of values takes among the page's tables; ids inside them hold theirs
-    const std::string* fpPicture;  ///< SVG, empty where there is none; null for a chart that the page draws itself
 };
 
-/// Appends a chart as a figure named by its title: the picture, the sentence about it, and the values that it shows as
-/// tables to unfold, which stand open where there is no picture.
+/// Appends a chart as a figure named by its title: the picture, laid out for a desk and for a phone unless both are
+/// alike, the sentence about it, and the values that it shows as tables to unfold.
 void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place);
 
 }  // namespace hierfit::report::html

@@ -1,8 +1,8 @@
 #include "report/html/Contents.h"
 
 #include "report/html/Anchors.h"
-#include "report/html/HtmlEscape.h"
 #include "report/html/Words.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 

@@ -3,10 +3,10 @@
 #include <algorithm>
 
 #include "report/html/ChartFigure.h"
-#include "report/html/HtmlEscape.h"
 #include "report/html/Words.h"
 #include "report/html/table/HtmlTable.h"
 #include "report/layout/ShownTable.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
@@ -17,7 +17,7 @@ int HeadingLevel(int depth) { return std::min(depth + 2, 6); }
 
 class ItemWriter {
   public:
-    ItemWriter(std::string& out, const std::vector<std::string>* pictures) : fOut(out), fpPictures(pictures) {}
+    explicit ItemWriter(std::string& out) : fOut(out) {}
 
     void Append(const Entry& entry) {
         CloseSections(entry.fDepth);
@@ -42,10 +42,8 @@ class ItemWriter {
     }
 
     void operator()(const document::Chart& chart) {
-        const std::string* picture = fpPictures ? &fpPictures->at(fCharts) : nullptr;
-        AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1, picture});
-        ++fCharts;
-        fTables += static_cast<int>(FindShownTables(chart.fShown).size());
+        AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1});
+        fTables += static_cast<int>(FindShownTables(chart.fPicture).size());
     }
 
     void operator()(const document::Message& message) {
@@ -58,11 +56,9 @@ class ItemWriter {
 
   private:
     std::string& fOut;
-    const std::vector<std::string>* fpPictures;  ///< of the charts; null where the page draws them
     const Entry* fpEntry = nullptr;
     int fDepth = 0;  ///< open sections
     int fTables = 0;
-    std::size_t fCharts = 0;
 };
 
 void AppendPlace(std::string& out, const document::Document& document, const document::Place& place) {
@@ -86,8 +82,8 @@ void AppendDiagnostic(std::string& out, const document::Document& document, cons
 
 }  // namespace
 
-void AppendItems(std::string& out, const std::vector<Entry>& entries, const std::vector<std::string>* pictures) {
-    ItemWriter writer(out, pictures);
+void AppendItems(std::string& out, const std::vector<Entry>& entries) {
+    ItemWriter writer(out);
     for (const Entry& entry : entries) writer.Append(entry);
     writer.CloseSections(0);
 }

@@ -7,9 +7,8 @@
 
 namespace hierfit::report::html {
 
-/// Appends the items of a page, headings as nested sections. `pictures` are the static pictures of the charts, in their
-/// order, or null for charts that the page draws itself.
-void AppendItems(std::string& out, const std::vector<Entry>& entries, const std::vector<std::string>* pictures);
+/// Appends the items of a page, headings as nested sections.
+void AppendItems(std::string& out, const std::vector<Entry>& entries);
 
 /// Appends the section of what the host noticed; nothing if there is none.
 void AppendDiagnostics(std::string& out, const document::Document& document);

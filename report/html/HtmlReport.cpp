@@ -4,16 +4,13 @@
 
 #include "report/html/Assets.h"
 #include "report/html/Contents.h"
-#include "report/html/HtmlEscape.h"
 #include "report/html/HtmlItems.h"
 #include "report/html/Words.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report {
 
 namespace {
-
-using html::AppendAttribute;
-using html::AppendText;
 
 bool IsLetter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }
 
@@ -33,26 +30,24 @@ std::string_view TitleOf(const document::Document& document) {
 }
 
 // Nothing is fetched, and no script or style counts but our own.
-void AppendPolicy(std::string& out, bool drawsCharts) {
+void AppendPolicy(std::string& out, Scripts scripts) {
     out += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '";
     out += html::StyleSheet().fHash;
-    out += "'; script-src '";
-    out += html::Script().fHash;
-    if (drawsCharts) out.append("' '").append(html::ChartScript().fHash);
+    if (scripts == Scripts::Yes) out.append("'; script-src '").append(html::Script().fHash);
     out += "'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
 }
 
-void AppendHead(std::string& out, const document::Document& document, bool drawsCharts) {
+void AppendHead(std::string& out, const document::Document& document, Scripts scripts) {
     out += "<head>\n<meta charset=\"utf-8\">\n";
-    AppendPolicy(out, drawsCharts);
+    AppendPolicy(out, scripts);
     out += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
     out += "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"generator\" content=\"";
-    AppendAttribute(out, document.fProducer);
+    AppendCharacters(out, document.fProducer);
     out += "\">\n<title>";
-    AppendAttribute(out, TitleOf(document));
+    AppendCharacters(out, TitleOf(document));
     for (const std::string& source : document.fvSources) {
         out += &source == &document.fvSources.front() ? " – " : ", ";
-        AppendAttribute(out, source);
+        AppendCharacters(out, source);
     }
     out += "</title>\n<link rel=\"icon\" href=\"data:,\">\n<style>";
     out += html::StyleSheet().fText;
@@ -60,12 +55,15 @@ void AppendHead(std::string& out, const document::Document& document, bool draws
 }
 
 // The script finds its words at the body, so that all words of the page come from one place.
-void AppendBodyTag(std::string& out) {
+void AppendBodyTag(std::string& out, Scripts scripts) {
+    if (scripts == Scripts::No) {
+        out += "<body>\n";
+        return;
+    }
     out.append("<body data-copy=\"").append(html::words::kCopy);
     out.append("\" data-copied=\"").append(html::words::kCopied);
     out.append("\" data-not-copied=\"").append(html::words::kNotCopied);
-    out.append("\" data-save=\"").append(html::words::kSave);
-    out.append("\" data-not-drawn=\"").append(html::words::kNotDrawn).append("\">\n");
+    out.append("\" data-save=\"").append(html::words::kSave).append("\">\n");
 }
 
 void AppendHeader(std::string& out, const document::Document& document) {
@@ -89,33 +87,22 @@ void AppendFooter(std::string& out, const document::Document& document) {
     out += "</footer>\n";
 }
 
-bool HasView(const html::Entry& entry) {
-    const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent);
-    return chart && !chart->fView.empty();
-}
-
-void AppendScript(std::string& out, const html::Asset& script) {
-    out.append("<script>").append(script.fText).append("</script>\n");
-}
-
 }  // namespace
 
-std::string MakeHtmlReport(const document::Document& document, const std::vector<std::string>* pictures) {
+std::string MakeHtmlReport(const document::Document& document, Scripts scripts) {
     const std::vector<html::Entry> entries = html::ListEntries(document);
-    const bool drawsCharts = !pictures && std::any_of(entries.begin(), entries.end(), HasView);
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
     out.append(LanguageTag(document.fLanguage)).append("\">\n");
-    AppendHead(out, document, drawsCharts);
-    AppendBodyTag(out);
+    AppendHead(out, document, scripts);
+    AppendBodyTag(out, scripts);
     AppendHeader(out, document);
     html::AppendContents(out, entries, !document.fvDiagnostics.empty());
     out += "<main id=\"main\">\n";
-    html::AppendItems(out, entries, pictures);
+    html::AppendItems(out, entries);
     html::AppendDiagnostics(out, document);
     out += "</main>\n";
     AppendFooter(out, document);
-    AppendScript(out, html::Script());
-    if (drawsCharts) AppendScript(out, html::ChartScript());
+    if (scripts == Scripts::Yes) out.append("<script>").append(html::Script().fText).append("</script>\n");
     out += "</body>\n</html>\n";
     return out;
 }

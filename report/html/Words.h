@@ -19,9 +19,6 @@ inline constexpr std::string_view kNoCells = "This table has no cells.";
 inline constexpr std::string_view kIsChart = " (chart)";
 inline constexpr std::string_view kValues = "Values";
 inline constexpr std::string_view kPicture = "Picture";
-inline constexpr std::string_view kNotDrawn = "This chart could not be drawn.";
-inline constexpr std::string_view kNeedsScript = "Drawing this chart needs scripts.";
-inline constexpr std::string_view kNoPicture = "There is no picture of this chart.";
 
 inline constexpr std::string_view kCopy = "Copy";
 inline constexpr std::string_view kCopied = "Copied";

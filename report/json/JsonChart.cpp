@@ -3,7 +3,6 @@
 #include <utility>
 
 #include "report/json/JsonForms.h"
-#include "report/json/JsonView.h"
 
 namespace hierfit::report {
 
@@ -76,8 +75,7 @@ void WriteMembers(JsonOutput& out, const Chart& chart) {
     WriteMember(out, "xml", chart.fXml);
     WriteList(out, "data", chart.fvData, Layout::Block);
     WriteList(out, "variables", chart.fvSettings, Layout::Block);
-    out.Key("view");
-    WriteView(out, chart);
+    WriteMember(out, "picture", chart.fPicture);
 }
 
 static void Read(JsonReader& in, ChartValue& value) {
@@ -144,20 +142,10 @@ static void Read(JsonReader& in, ChartSetting& setting) {
     in.ReadObject(Field("name", setting.fName), Field("index", setting.fIndex), Field("calls", setting.fvCalls));
 }
 
-namespace {
-
-struct View {
-    Chart& fTarget;
-};
-
-void Read(JsonReader& in, View& view) { ReadView(in, view.fTarget); }
-
-}  // namespace
-
 void Read(JsonReader& in, Chart& chart) {
     in.ReadObject(Field("description", chart.fDescription), Field("sendArguments", chart.fSendArguments),
                   Field("editor", chart.fEditor), Field("template", chart.fTemplate), Field("xml", chart.fXml),
-                  Field("data", chart.fvData), Field("variables", chart.fvSettings), Field("view", View{chart}));
+                  Field("data", chart.fvData), Field("variables", chart.fvSettings), Field("picture", chart.fPicture));
 }
 
 }  // namespace hierfit::report

@@ -6,6 +6,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "host/unicode/Utf8.h"
 #include "report/json/JsonForms.h"
 
 namespace hierfit::report {
@@ -23,12 +24,14 @@ using Layout = JsonOutput::Layout;
 namespace {
 
 constexpr std::string_view kFormat = "hierfit-output";
-constexpr int kVersion = 1;
+constexpr int kVersion = 2;
 
 /// The text that must stand there.
 struct Constant {
     std::string_view fText;
 };
+
+struct Version {};
 
 }  // namespace
 
@@ -62,6 +65,16 @@ static void Read(JsonReader& in, Constant& constant) {
     std::string text;
     Read(in, text);
     if (text != constant.fText) in.Fail(fmt::format("\"{}\" expected", constant.fText));
+}
+
+static void Read(JsonReader& in, Version&) {
+    int version = 0;
+    Read(in, version);
+    if (version == kVersion) return;
+    if (version < 1 || version > kVersion) in.Fail(fmt::format("{} expected", kVersion));
+    in.Fail(
+        "the document was saved by an earlier version of hierfit; write it anew from the model's two documents with "
+        "\"hierfit report -f json\"");
 }
 
 static void Read(JsonReader& in, Heading& heading) {
@@ -133,9 +146,7 @@ void SetPlace(JsonError& error, std::string_view text, std::size_t offset) {
     const std::string_view before = text.substr(0, offset);
     const std::string_view line = before.substr(before.rfind('\n') + 1);
     error.fLine = 1 + static_cast<int>(std::count(before.begin(), before.end(), '\n'));
-    error.fColumn = 1 + static_cast<int>(std::count_if(line.begin(), line.end(), [](char byte) {
-                        return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-                    }));
+    error.fColumn = 1 + static_cast<int>(unicode::CountCharacters(line));
 }
 
 void WritePlace(JsonOutput& out, const Document& document, const std::optional<Place>& place) {
@@ -163,8 +174,7 @@ static void Read(JsonReader& in, UnplacedDiagnostic& diagnostic) {
 
 static void Read(JsonReader& in, Document& document) {
     std::vector<UnplacedDiagnostic> diagnostics;
-    int version = 0;
-    in.ReadObject(Field("format", Constant{kFormat}), Field("version", Bounded{version, kVersion, kVersion}),
+    in.ReadObject(Field("format", Constant{kFormat}), Field("version", Version{}),
                   Field("producer", document.fProducer), Field("language", document.fLanguage),
                   Field("title", document.fTitle), Field("sources", document.fvSources),
                   Field("items", document.fItems), Field("diagnostics", diagnostics));

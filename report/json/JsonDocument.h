@@ -9,8 +9,7 @@
 namespace hierfit::report {
 
 /// The document as JSON, without loss; docs/output-document.schema.json describes it. Every number is written with the
-/// fewest digits that give the same double back, bytes that are no UTF-8 become U+FFFD, and a chart's view loses the
-/// blanks between its tokens; a view that is no JSON object is written as an empty one.
+/// fewest digits that give the same double back; bytes that are no UTF-8 become U+FFFD.
 std::string WriteJson(const document::Document& document);
 
 /// Why a text is no such document. Line and column count from 1; 0 when the fault is not one of syntax.

@@ -23,6 +23,10 @@ void Read(JsonReader& in, document::Table& table);
 void WriteMembers(JsonOutput& out, const document::Chart& chart);
 void Read(JsonReader& in, document::Chart& chart);
 
+/// The picture of a chart, of whatever kind.
+void Write(JsonOutput& out, const document::Picture& picture);
+void Read(JsonReader& in, document::Picture& picture);
+
 inline void Write(JsonOutput& out, bool value) { out.Boolean(value); }
 inline void Write(JsonOutput& out, int value) { out.Integer(value); }
 inline void Write(JsonOutput& out, double value) { out.Number(value); }

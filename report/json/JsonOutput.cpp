@@ -1,11 +1,12 @@
 #include "report/json/JsonOutput.h"
 
-#include <utf8proc.h>
-
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <utility>
+
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
 
@@ -39,23 +40,16 @@ void AppendEscape(std::string& out, unsigned char character) {
 
 /// Appends the first character, which is not plain, and tells how many bytes of the text it took.
 std::size_t AppendSpecial(std::string& out, std::string_view text) {
-    constexpr utf8proc_int32_t kEndOfControls = 0xA0;
-    utf8proc_int32_t character = 0;
-    const utf8proc_ssize_t length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()),
-                                                     static_cast<utf8proc_ssize_t>(text.size()), &character);
-    if (length <= 0) {
+    const unicode::Character character = unicode::CharacterAt(text, 0);
+    if (!character.fIsValid) {
         out += "\uFFFD";
-        return 1;
-    }
-    if (character < kEndOfControls) {
-        AppendEscape(out, static_cast<unsigned char>(character));
+    } else if (character.fCode == '"' || character.fCode == '\\' || unicode::IsControl(character.fCode)) {
+        AppendEscape(out, static_cast<unsigned char>(character.fCode));
     } else {
-        out.append(text.substr(0, static_cast<std::size_t>(length)));
+        out.append(text.substr(0, character.fLength));
     }
-    return static_cast<std::size_t>(length);
+    return character.fLength;
 }
-
-}  // namespace
 
 void AppendQuoted(std::string& out, std::string_view text) {
     out += '"';
@@ -68,6 +62,8 @@ void AppendQuoted(std::string& out, std::string_view text) {
     }
     out += '"';
 }
+
+}  // namespace
 
 void JsonOutput::Key(std::string_view key) {
     Separate();

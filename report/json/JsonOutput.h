@@ -6,9 +6,6 @@
 
 namespace hierfit::report {
 
-/// Appends a text as a JSON string in UTF-8. Control characters are escaped, bytes that are no UTF-8 become U+FFFD.
-void AppendQuoted(std::string& out, std::string_view text);
-
 /// Puts a JSON text together, one value after the other. Objects and lists are laid out on one line, or as a block with
 /// a line for each member. Whoever calls keeps to the grammar: in an object, a key before each value.
 class JsonOutput {
@@ -26,6 +23,8 @@ class JsonOutput {
     void Null() { Verbatim("null"); }
     void Boolean(bool value) { Verbatim(value ? "true" : "false"); }
     void Integer(int value);
+
+    /// In UTF-8. Control characters are escaped, bytes that are no UTF-8 become U+FFFD.
     void String(std::string_view value);
 
     /// With a decimal point or exponent; "NaN", "Infinity" and "-Infinity" as strings.

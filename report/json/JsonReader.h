@@ -21,9 +21,17 @@ struct Field {
     std::string_view fKey;
     Target fTarget;
     bool fIsSeen = false;
+    bool fMayLack = false;  ///< its key may be absent; the target then stays as it is
 };
 template <typename Target>
 Field(std::string_view, Target&&) -> Field<Target>;
+
+template <typename Target>
+Field<Target> Optional(std::string_view key, Target&& target) {
+    Field<Target> field(key, std::forward<Target>(target));
+    field.fMayLack = true;
+    return field;
+}
 
 /// A whole number within limits.
 struct Bounded {
@@ -58,7 +66,7 @@ class JsonReader {
     template <typename... Target>
     void ReadFields(Field<Target>&... fields);
 
-    /// Reads an object that has all these keys.
+    /// Reads an object that has all these keys but the optional ones.
     template <typename... Target>
     void ReadObject(Field<Target>... fields);
 
@@ -133,7 +141,7 @@ void JsonReader::ReadObject(Field<Target>... fields) {
 
 template <typename Target>
 void JsonReader::Require(const Field<Target>& field) const {
-    if (!field.fIsSeen) Fail("key \"" + std::string(field.fKey) + "\" expected");
+    if (!field.fIsSeen && !field.fMayLack) Fail("key \"" + std::string(field.fKey) + "\" expected");
 }
 
 template <typename Target>

@@ -1,13 +1,11 @@
 #include "report/json/JsonTokens.h"
 
 #include <fmt/core.h>
-#include <utf8proc.h>
 
-#include <array>
 #include <charconv>
 #include <utility>
 
-#include "report/json/JsonOutput.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
 
@@ -19,12 +17,6 @@ bool IsDigit(char character) { return character >= '0' && character <= '9'; }
 bool IsPlain(char byte) {
     const auto value = static_cast<unsigned char>(byte);
     return value >= 0x20 && value < 0x80 && byte != '"' && byte != '\\';
-}
-
-void AppendCharacter(std::string& out, char32_t character) {
-    std::array<utf8proc_uint8_t, 4> bytes;
-    const utf8proc_ssize_t length = utf8proc_encode_char(static_cast<utf8proc_int32_t>(character), bytes.data());
-    out.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
 }
 
 }  // namespace
@@ -122,50 +114,6 @@ void JsonTokens::Skip() {
     }
 }
 
-void JsonTokens::CopyCompact(std::string& out) {
-    switch (Peek()) {
-        case Kind::Null:
-            TakeNull();
-            out += "null";
-            return;
-        case Kind::Boolean:
-            out += TakeBoolean() ? "true" : "false";
-            return;
-        case Kind::Number:
-            out += TakeNumber();
-            return;
-        case Kind::String:
-            return AppendQuoted(out, TakeString());
-        case Kind::List:
-            return CopyList(out);
-        case Kind::Object:
-            return CopyObject(out);
-    }
-}
-
-void JsonTokens::CopyList(std::string& out) {
-    out += '[';
-    BeginList();
-    for (bool isFirst = true; NextElement(); isFirst = false) {
-        if (!isFirst) out += ',';
-        CopyCompact(out);
-    }
-    out += ']';
-}
-
-void JsonTokens::CopyObject(std::string& out) {
-    out += '{';
-    BeginObject();
-    std::string_view key;
-    for (bool isFirst = true; NextKey(key); isFirst = false) {
-        if (!isFirst) out += ',';
-        AppendQuoted(out, key);
-        out += ':';
-        CopyCompact(out);
-    }
-    out += '}';
-}
-
 void JsonTokens::Finish() {
     SkipBlanks();
     if (fAt != fText.size()) Fail("end of the text expected");
@@ -230,12 +178,10 @@ void JsonTokens::TakeSpecial() {
     } else if (static_cast<unsigned char>(GetCharacter()) < 0x20) {
         Fail(fAt < fText.size() ? "control character escaped in the string expected" : "closing quote expected");
     } else {
-        utf8proc_int32_t character = 0;
-        const utf8proc_ssize_t length = utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(fText.data() + fAt),
-                                                         static_cast<utf8proc_ssize_t>(fText.size() - fAt), &character);
-        if (length <= 0) Fail("UTF-8 expected");
-        fBuffer.append(fText.substr(fAt, static_cast<std::size_t>(length)));
-        fAt += static_cast<std::size_t>(length);
+        const unicode::Character character = unicode::CharacterAt(fText, fAt);
+        if (!character.fIsValid) Fail("UTF-8 expected");
+        fBuffer.append(fText.substr(fAt, character.fLength));
+        fAt += character.fLength;
     }
 }
 
@@ -245,7 +191,7 @@ void JsonTokens::TakeEscape() {
     fWasEscaped = true;
     ++fAt;
     const char name = GetCharacter();
-    if (name == 'u') return AppendCharacter(fBuffer, TakeCodePoint());
+    if (name == 'u') return unicode::Append(fBuffer, TakeCodePoint());
     const std::size_t at = kNames.find(name);
     if (at == std::string_view::npos) Fail("escape expected");
     fBuffer += kNamed[at];

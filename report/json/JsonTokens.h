@@ -53,9 +53,6 @@ class JsonTokens {
     /// Takes a value of any kind.
     void Skip();
 
-    /// Takes a value of any kind and appends it without blanks. Numbers keep their spelling.
-    void CopyCompact(std::string& out);
-
     /// Makes sure that nothing follows.
     void Finish();
 
@@ -83,8 +80,6 @@ class JsonTokens {
     void TakeEscape();
     char32_t TakeHexadecimal();
     char32_t TakeCodePoint();
-    void CopyObject(std::string& out);
-    void CopyList(std::string& out);
 
     std::string_view fText;
     std::size_t fAt = 0;

@@ -2,7 +2,7 @@
 
 #include <vector>
 
-#include "report/layout/Grid.h"
+#include "report/layout/GridParts.h"
 #include "report/layout/LeafOrder.h"
 
 namespace hierfit::report {

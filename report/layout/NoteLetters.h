@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "report/layout/Grid.h"
+#include "report/layout/GridParts.h"
 
 namespace hierfit::report {
 

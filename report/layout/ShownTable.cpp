@@ -62,9 +62,9 @@ void AddRow(Table& table, const std::vector<std::string>& cells, std::size_t key
 
 }  // namespace
 
-std::vector<const ChartTable*> FindShownTables(const document::ChartShown& shown) {
+std::vector<const ChartTable*> FindShownTables(const document::Picture& picture) {
     std::vector<const ChartTable*> tables;
-    for (const ChartTable& table : shown.fvTables) {
+    for (const ChartTable& table : picture.fvTables) {
         if (!table.fvColumns.empty() && !table.fvRows.empty()) tables.push_back(&table);
     }
     return tables;

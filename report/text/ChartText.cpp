@@ -23,9 +23,9 @@ void WriteValues(const document::ChartTable& shown, int width, Sink& sink) {
 
 void WriteChart(const document::Chart& chart, int width, Sink& sink) {
     sink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), width);
-    const document::ChartShown& shown = chart.fShown;
-    if (!shown.fSentence.empty()) sink.WriteParagraph(Role::Plain, "", MakeVisible(shown.fSentence), width);
-    for (const document::ChartTable* table : FindShownTables(shown)) WriteValues(*table, width, sink);
+    const document::Picture& picture = chart.fPicture;
+    if (!picture.fSentence.empty()) sink.WriteParagraph(Role::Plain, "", MakeVisible(picture.fSentence), width);
+    for (const document::ChartTable* table : FindShownTables(picture)) WriteValues(*table, width, sink);
 }
 
 }  // namespace hierfit::report

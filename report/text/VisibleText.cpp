@@ -1,15 +1,15 @@
 #include "report/text/VisibleText.h"
 
 #include <fmt/format.h>
-#include <utf8proc.h>
 
 #include <algorithm>
+
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
 
 namespace {
-
-constexpr std::string_view kReplacement = "\xEF\xBF\xBD";
 
 bool IsPlain(char c) { return c >= ' ' && c < '\x7F'; }
 
@@ -23,48 +23,40 @@ class Characters {
     explicit Characters(std::string_view text) : fRest(text) {}
 
     bool Next() {
-        fRest.remove_prefix(fBytes.size());
+        fRest.remove_prefix(fCharacter.fLength);
         if (fRest.empty()) return false;
-        const auto* bytes = reinterpret_cast<const utf8proc_uint8_t*>(fRest.data());
-        const auto length = utf8proc_iterate(bytes, static_cast<utf8proc_ssize_t>(fRest.size()), &fCharacter);
-        if (length <= 0) fCharacter = -1;
-        fBytes = fRest.substr(0, length <= 0 ? 1 : static_cast<std::size_t>(length));
+        fCharacter = unicode::CharacterAt(fRest, 0);
         return true;
     }
 
-    utf8proc_int32_t Get() const { return fCharacter; }  ///< -1 for a byte that is no UTF-8
-    std::string_view Bytes() const { return fBytes; }
+    char32_t Get() const { return fCharacter.fCode; }
+    std::string_view Bytes() const { return fRest.substr(0, fCharacter.fLength); }
 
   private:
     std::string_view fRest;
-    std::string_view fBytes;
-    utf8proc_int32_t fCharacter = 0;
+    unicode::Character fCharacter{0, 0, true};
 };
 
-bool IsControl(utf8proc_int32_t c) { return c < 0x20 || (c >= 0x7F && c < 0xA0); }
-
 // Characters that turn the direction of what stands about them, or part lines.
-bool TurnsOrParts(utf8proc_int32_t c) {
+bool TurnsOrParts(char32_t c) {
     return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
 }
 
 // Control pictures stand 0x2400 above the control characters.
-std::string ShowControl(utf8proc_int32_t c) {
+std::string ShowControl(char32_t c) {
     if (c == 0x7F) return "\xE2\x90\xA1";
     if (c < 0x20) return {'\xE2', '\x90', static_cast<char>(0x80 + c)};
-    return fmt::format("\\u{{{:02X}}}", c);
+    return fmt::format("\\u{{{:02X}}}", static_cast<unsigned>(c));
 }
 
 void AddVisible(std::string& visible, const Characters& characters) {
-    const utf8proc_int32_t c = characters.Get();
-    if (c < 0) {
-        visible += kReplacement;
-    } else if (c != '\n' && IsControl(c)) {
+    const char32_t c = characters.Get();
+    if (c != '\n' && unicode::IsControl(c)) {
         visible += ShowControl(c);
     } else if (TurnsOrParts(c)) {
-        visible += fmt::format("\\u{{{:04X}}}", c);
+        visible += fmt::format("\\u{{{:04X}}}", static_cast<unsigned>(c));
     } else {
-        visible += characters.Bytes();
+        unicode::Append(visible, c);
     }
 }
 
@@ -77,13 +69,13 @@ class Clusters {
         if (!fHasNext) return false;
         const std::size_t start = fEnd;
         fWidth = 0;
-        utf8proc_int32_t before;
+        char32_t before;
         do {
             before = fCharacters.Get();
-            fWidth = std::max(fWidth, utf8proc_charwidth(before));
+            fWidth = std::max(fWidth, unicode::WidthOf(before));
             fEnd += fCharacters.Bytes().size();
             fHasNext = fCharacters.Next();
-        } while (fHasNext && !utf8proc_grapheme_break_stateful(before, fCharacters.Get(), &fState));
+        } while (fHasNext && !fBreaks.IsBreak(before, fCharacters.Get()));
         fBytes = fText.substr(start, fEnd - start);
         return true;
     }
@@ -98,7 +90,7 @@ class Clusters {
     std::size_t fEnd = 0;
     std::string_view fBytes;
     int fWidth = 0;
-    utf8proc_int32_t fState = 0;
+    unicode::ClusterBreaks fBreaks;
 };
 
 template <typename Take>

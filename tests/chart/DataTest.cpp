@@ -6,8 +6,8 @@
 #include "host/ChartString.h"
 #include "host/SystemMissing.h"
 #include "host/VarDataProcessor.h"
-#include "host/chart/DataStore.h"
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStore.h"
+#include "host/chart/data/DataStream.h"
 #include "tests/chart/ChartRun.h"
 
 namespace hierfit::test {

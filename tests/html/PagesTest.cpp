@@ -21,9 +21,59 @@ document::Document MakeDocument(const std::string& title, std::list<Item> items)
 
 Item MakeMessage(int level, const std::string& words) { return {document::Message{MakeText(words), 2, level}}; }
 
-Item MakeChart(const std::string& description) {
-    document::ChartShown shown{description, {{{description, "Mean"}, 1, {{description, "1.50"}, {"", "."}}}}};
-    return {document::Chart{description, {}, 2, description, description, {}, {}, "", std::move(shown)}};
+document::Chart MakeChart(const std::string& description, document::Picture picture) {
+    document::Chart chart{};
+    chart.fDescription = description;
+    chart.fTemplate = "Chart";
+    chart.fPicture = std::move(picture);
+    return chart;
+}
+
+/// Means of so many levels in two series, each word of it the label.
+document::Picture MakeMeans(const std::string& label, int count) {
+    document::Picture picture{label, label, label, label, {label}, {}, label, {}};
+    picture.fvTables = {{{label, "Mean"}, 1, {{label, "1.50"}, {"", "."}}}};
+    document::LevelsPicture means;
+    means.fValues.fTitle = means.fPredictor.fTitle = means.fSeries.fTitle = label;
+    means.fSeries.fvWords = {"Left " + label, "Right " + label};
+    means.fSeries.fHasLegend = true;
+    means.fvLevels.assign(static_cast<std::size_t>(count), label);
+    for (int mark = 0; mark < 2 * count; ++mark) {
+        const double value = 7 * mark % 11;
+        means.fvMarks.push_back({{},
+                                 mark / 2,
+                                 mark % 2,
+                                 value,
+                                 {},
+                                 value - 1,
+                                 value + 1,
+                                 false,
+                                 label + "\nMean = " + std::to_string(value)});
+    }
+    picture.fContent = std::move(means);
+    return picture;
+}
+
+document::Picture MakePoints(int count) {
+    document::Picture picture{"", "", "", "", {}, {}, "Many points", {}};
+    document::ScatterPicture points;
+    points.fX = {"Observed", 0, count, false};
+    points.fY = {"Predicted", 0, 100, false};
+    for (int i = 0; i < count; ++i) {
+        points.fvPoints.push_back({i + 0.5, i * 37 % 100 + 0.5, 1, "Observed = " + std::to_string(i)});
+    }
+    picture.fContent = std::move(points);
+    return picture;
+}
+
+Item MakeChart(const std::string& label) { return {MakeChart(label, MakeMeans(label, 3))}; }
+
+document::Document MakeCharts() {
+    std::list<Item> items{{MakeChart("Means", MakeMeans("Means of dose", 8))},
+                          {MakeChart("Few means", MakeMeans("Few", 1))},
+                          {MakeChart("Points", MakePoints(10'000))},
+                          {MakeChart("Hebrew", MakeMeans("\u05E9\u05DC\u05D5\u05DD (1)", 4))}};
+    return MakeDocument("Charts", std::move(items));
 }
 
 document::Document MakeReport() {
@@ -138,15 +188,13 @@ document::Document MakeBare() {
 }
 
 TEST(Pages, AreWritten) {
-    const std::pair<std::string, document::Document> pages[] = {{"report", MakeReport()},
-                                                                {"hostile", MakeHostile()},
-                                                                {"large", MakeLarge()},
-                                                                {"nested", MakeNested()},
-                                                                {"bare", MakeBare()}};
+    const std::pair<std::string, document::Document> pages[] = {
+        {"report", MakeReport()}, {"hostile", MakeHostile()}, {"large", MakeLarge()},  {"nested", MakeNested()},
+        {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}};
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
         std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);
-        file << MakeHtmlReport(document);
+        file << MakeHtmlReport(document, name == "static" ? Scripts::No : Scripts::Yes);
         EXPECT_TRUE(file.flush()) << name;
     }
 }

@@ -62,7 +62,7 @@ async function judge(browser, path, sampleCheck) {
   const faults = watch(page, url);
   await page.goto(url);
   faults.push(...checkValidity(path));
-  for (const check of [charts.checkDrawn, charts.checkWords, charts.checkTips, charts.checkSaved, checks.checkElements,
+  for (const check of [charts.checkDrawn, charts.checkPlaces, charts.checkTips, charts.checkSaved, checks.checkElements,
     checks.checkLinks, checks.checkHeaders, checks.checkAlignment, checks.checkMarks, checks.checkPhone]) {
     faults.push(...await check(page));
   }

@@ -5,7 +5,6 @@
 namespace hierfit::report {
 namespace {
 
-using document::Chart;
 using document::Document;
 
 Document ReadText(const std::string& json) { return std::get<Document>(ReadJson(json)); }
@@ -34,37 +33,6 @@ TEST(JsonDocument, TextsAreEscaped) {
     for (const auto& [text, json] : cases) EXPECT_EQ(WriteTitle(text), json);
 }
 
-TEST(JsonDocument, ViewsAreReadAsCompactObjects) {
-    const std::string empty = R"("usermeta":{"columns":[],"keys":0,"rows":[]})";
-    const std::pair<std::string, std::string> cases[] = {
-        {"{}", ""},
-        {"{" + empty + "}", ""},
-        {" { \"text\" : [ 1.0 , true, null ] ,\n\"mark\" : { } }", R"({"text":[1.0,true,null],"mark":{}})"},
-        {R"({"text":"\u00e9\/"})", "{\"text\":\"\u00E9/\"}"},
-    };
-    const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
-    for (const auto& [view, expected] : cases) {
-        const Document document = ReadText(test::Replaced(written, R"({"mark":"bar",)" + empty + "}", view));
-        EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fView, expected) << view;
-    }
-}
-
-// Documents once had one table, and did not say which of its columns are keys.
-TEST(JsonDocument, TablesOfChartsWithoutKeysAreRead) {
-    using Tables = std::vector<document::ChartTable>;
-    const std::pair<std::string, Tables> cases[] = {
-        {R"("columns":["A","B","C"],"rows":[["a","b","c"]])", {{{"A", "B", "C"}, 1, {{"a", "b", "c"}}}}},
-        {R"("columns":["A"],"rows":[["a"]])", {{{"A"}, 0, {{"a"}}}}},
-        {R"("columns":[],"rows":[])", {}},
-        {R"("columns":[],"rows":[[]],"further":[{"rows":[],"columns":["A","B"]}])", {{{"A", "B"}, 1, {}}}},
-    };
-    const std::string written = WriteJson(Document{.fItems = {{Chart{.fView = R"({"mark":"bar"})"}}}});
-    for (const auto& [tables, read] : cases) {
-        const Document document = ReadText(test::Replaced(written, R"("columns":[],"keys":0,"rows":[])", tables));
-        EXPECT_EQ(std::get<Chart>(document.fItems.front().fContent).fShown.fvTables, read) << tables;
-    }
-}
-
 TEST(JsonDocument, APlaceWithoutItsSourceIsNull) {
     Document document{.fvSources = {"a.pmml"}};
     document.fvDiagnostics = {{1, "x", {{1, 2, 3}}}, {1, "y", {{-1, 2, 3}}}};
@@ -83,7 +51,7 @@ TEST(JsonDocument, OtherSpellingsAreRead) {
     const std::string kJson =
         "\xEF\xBB\xBF"
         R"({"title":"\u0041\/\ud83d\uDE00","sources":[],"extra":[{"a":[]},-1.5E+2,"\n"],
-        "diagnostics":[{"place":null,"text":"","level":1.0}],"version":1e0,"format":"hierfit-output","language":"","producer":"",
+        "diagnostics":[{"place":null,"text":"","level":1.0}],"version":2e0,"format":"hierfit-output","language":"","producer":"",
         "items":[{"level":3,"text":{"from":{"preference":0,"variable":"v","value":1e2},"text":""},"show":2,"kind":"message"}]})";
     const Document document = ReadText(kJson);
     EXPECT_EQ(document.fTitle, "A/\U0001F600");

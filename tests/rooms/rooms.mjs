@@ -1,59 +1,170 @@
-// Reads every include of the project and says when a room calls one that it may not know: node rooms.mjs ROOT
+// Reads every include of the project and says when a room calls one that it may not know, when files or rooms call each
+// other in a circle, when a header shows a library to other rooms, and when a room has grown too large:
+// node rooms.mjs ROOT
 
 import { readdirSync, readFileSync } from "node:fs";
-import { join } from "node:path";
+import { dirname, join } from "node:path";
 
-const values = ["document", "context", "xml", "data"];
+const mostLines = 3000;
 
-// A number that everybody means by the same name.
-const common = "host/SystemMissing.h";
+// Files that anybody may call: characters, and a number that all mean by the same name.
+const common = ["backend/host/unicode/", "backend/host/SystemMissing.h"];
 
-// Room -> the rooms whose headers it may include, besides its own. "contract" is backend/host/*.h.
-const mayKnow = {
-  contract: ["contract"],
-  document: [],
-  xml: [],
-  context: ["document"],
-  language: ["contract", "context", "document"],
-  data: ["contract", "context"],
-  framework: ["contract", ...values],
-  pmml: ["contract", ...values],
-  pivot: ["contract", "language", "framework", ...values],
-  chart: ["contract", "language", "framework", ...values],
-  session: ["contract", "language", "framework", "pmml", "pivot", "chart", ...values],
-  hierfit: ["contract"],
-  report: ["document"],
-  program: ["session", "report", "document"],
+const procedure = (...rooms) => ["host", ...rooms.map((room) => `hierfit/${room}`)].map((room) => `backend/${room}`);
+const host = (...rooms) => rooms.map((room) => (room === "contract" ? "backend/host" : `backend/host/${room}`));
+const report = (...rooms) => [...host("document"), ...rooms.map((room) => `report/${room}`)];
+
+// Room -> the rooms whose headers it includes, besides its own and the common ones; no more and no less. A room is a
+// folder with all below it that is in no other room. "contract" stands for the headers in backend/host itself.
+const knows = {
+  "backend/hierfit": procedure("store", "reader", "model"),
+  "backend/hierfit/store": procedure(),
+  "backend/hierfit/reader": procedure("store"),
+  "backend/hierfit/tables": procedure("store"),
+  "backend/hierfit/model": procedure("store", "tables", "estimates", "means", "charts"),
+  "backend/hierfit/estimates": procedure("store", "tables"),
+  "backend/hierfit/means": procedure("store", "tables", "charts"),
+  "backend/hierfit/charts": procedure("store", "tables"),
+  "backend/host": [],
+  "backend/host/unicode": [],
+  "backend/host/document": [],
+  "backend/host/xml": [],
+  "backend/host/context": host("document"),
+  "backend/host/language": host("contract", "context"),
+  "backend/host/data": host("contract", "context"),
+  "backend/host/framework": host("contract", "document", "context", "xml", "data"),
+  "backend/host/pmml": host("contract", "xml", "data"),
+  "backend/host/pivot": host("contract", "document", "context"),
+  "backend/host/chart": [
+    ...host("contract", "document", "context", "data"), ...host("chart/data", "chart/specification", "chart/picture"),
+  ],
+  "backend/host/chart/data": host("contract", "document"),
+  "backend/host/chart/specification": host("contract", "document", "xml", "data", "chart/data"),
+  "backend/host/chart/picture": host("contract", "document", "context", "chart/specification"),
+  "backend/host/chart/picture/histogram": host("document", "chart/specification", "chart/picture"),
+  "backend/host/chart/picture/levels": host("context", "chart/picture"),
+  "backend/host/chart/picture/graphs": [
+    ...host("document", "chart/specification"), ...host("chart/picture", "chart/picture/histogram"),
+  ],
+  "backend/host/session": host("contract", "document", "context", "xml", "language", "framework", "pmml"),
+  "report/layout": report(),
+  "report/markup": [],
+  "report/text": report("layout"),
+  "report/json": report(),
+  "report/html": report("layout", "markup", "charts/layout", "charts/svg"),
+  "report/charts": report("html", "charts/layout", "charts/svg"),
+  "report/charts/layout": report(),
+  "report/charts/svg": ["report/charts/layout", "report/markup"],
+  "report/charts/raster": [],
+  "program": [...report("text", "json", "html", "charts"), ...host("session")],
 };
 
-const thirdParty = /^(expat|fmt\/|CLI\/|nlohmann\/|rapidjson\/|utf8proc|gtest\/|benchmark\/)/;
+// Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
+// at all in those that other projects compile.
+const library = /^(expat|fmt\/|CLI\/|nlohmann\/|rapidjson\/|utf8proc|JavaScriptCore\/|gtest\/|benchmark\/)/;
+const published = ["backend/host", "backend/host/document", "backend/host/session"];
 
 const root = process.argv[2];
+const faults = [];
 
-const sourcesIn = (folder) => readdirSync(join(root, folder), { recursive: true })
-  .filter((path) => /\.(h|cpp)$/.test(path)).map((path) => join(folder, path));
-
-/** The room that a path names, if it names one. */
+/** The room that a path stands in. */
 function roomOf(path) {
-  const parts = path.replace(/^backend\//, "").split("/");
-  if (parts[0] === "host") return parts.length === 2 ? "contract" : parts[1];
-  return parts[0] in mayKnow ? parts[0] : undefined;
+  let room = dirname(path);
+  while (room !== "." && !(room in knows)) room = dirname(room);
+  if (room === ".") faults.push(`${path}: stands in no room`);
+  return room;
 }
 
-const faults = [];
-for (const path of ["backend", "report", "program"].flatMap(sourcesIn)) {
-  const room = roomOf(path);
-  const isPublicHeader = path.endsWith(".h") && ["contract", "document", "session", "report"].includes(room);
-  const source = readFileSync(join(root, path), "utf8");
-  for (const [, bracket, include] of source.matchAll(/^#include ([<"])([^>"]+)[>"]/gm)) {
-    const where = `${path}: #include ${include}`;
-    const isLibrary = bracket === "<" && thirdParty.test(include);
-    if (isLibrary && isPublicHeader) faults.push(`${where}: a library in a public header`);
-    if (isLibrary && room === "hierfit") faults.push(`${where}: the procedure knows no library but the standard's`);
-    if (bracket === "<" || include === common) continue;
-    const other = roomOf(include) ?? room;  // or a neighbour in the same folder
-    if (other !== room && !mayKnow[room].includes(other)) faults.push(`${where}: ${room} may not know ${other}`);
+const texts = new Map();
+for (const folder of ["backend", "report", "program"]) {
+  for (const path of readdirSync(join(root, folder), { recursive: true })) {
+    if (/\.(h|cpp)$/.test(path)) texts.set(join(folder, path), readFileSync(join(root, folder, path), "utf8"));
   }
+}
+const rooms = new Map([...texts.keys()].map((path) => [path, roomOf(path)]));
+
+/** The file that an include in quotes names; none where it is made by the build. */
+const resolve = (path, include) =>
+  [join("backend", include), include, join(dirname(path), include)].find((candidate) => texts.has(candidate));
+
+// What each file includes of the project, and the libraries that it shows to whoever includes it.
+const includes = new Map();
+const libraries = new Map();
+for (const [path, text] of texts) {
+  const found = [...text.matchAll(/^#include ([<"])([^>"]+)[>"]/gm)];
+  const own = found.filter(([, bracket]) => bracket === '"').map(([, , include]) => resolve(path, include));
+  includes.set(path, own.filter((include) => include !== undefined));
+  libraries.set(path, found.map(([, , include]) => include).filter((include) => library.test(include)));
+}
+
+/** Adds an edge to a graph of sets. */
+function connect(graph, from, to) {
+  if (!graph.has(from)) graph.set(from, new Set());
+  if (from !== to) graph.get(from).add(to);
+}
+
+/** A way through a graph that ends where it begins, if there is one. */
+function findCircle(graph) {
+  const state = new Map();  // true: on the way; false: done with
+  const visit = (node, way) => {
+    if (state.get(node)) return way.slice(way.indexOf(node));
+    if (state.has(node)) return undefined;
+    state.set(node, true);
+    for (const next of graph.get(node) ?? []) {
+      const circle = visit(next, [...way, next]);
+      if (circle) return circle;
+    }
+    state.set(node, false);
+    return undefined;
+  };
+  for (const node of graph.keys()) {
+    const circle = visit(node, [node]);
+    if (circle) return circle;
+  }
+  return undefined;
+}
+
+const arrows = new Map();  // between rooms
+const files = new Map();  // between files, where a header and its source are one
+const calledFromOutside = new Set();
+const nameOf = (path) => path.replace(/\.(h|cpp)$/, "");
+for (const [path, own] of includes) {
+  const room = rooms.get(path);
+  for (const include of own) {
+    const other = rooms.get(include);
+    connect(files, nameOf(path), nameOf(include));
+    if (other !== room) calledFromOutside.add(include);
+    if (common.some((start) => include.startsWith(start))) continue;
+    connect(arrows, room, other);
+    if (other !== room && !knows[room]?.includes(other)) {
+      faults.push(`${path}: #include ${include}: ${room} may not know ${other}`);
+    }
+  }
+}
+for (const [room, others] of Object.entries(knows)) {
+  for (const other of others) {
+    if (!arrows.get(room)?.has(other)) faults.push(`${room} is said to know ${other} and does not`);
+  }
+}
+for (const graph of [files, arrows]) {
+  const circle = findCircle(graph);
+  if (circle) faults.push(`a circle: ${circle.join(" -> ")}`);
+}
+
+for (const [path, shown] of libraries) {
+  const isSeen = path.endsWith(".h") && (published.includes(rooms.get(path)) || calledFromOutside.has(path));
+  const isProcedure = path.startsWith("backend/hierfit/");
+  for (const include of shown) {
+    if (isSeen) faults.push(`${path}: #include ${include}: a library in a header that other rooms see`);
+    if (isProcedure) faults.push(`${path}: #include ${include}: the procedure knows no library but the standard's`);
+  }
+}
+
+for (const room of Object.keys(knows)) {
+  const lines = [...texts].filter(([path]) => rooms.get(path) === room)
+    .reduce((sum, [, text]) => sum + text.split("\n").length - 1, 0);
+  if (lines === 0) faults.push(`${room}: there is no such room`);
+  if (lines > mostLines) faults.push(`${room}: has ${lines} lines, more than ${mostLines}`);
 }
 
 if (faults.length > 0) {

@@ -107,17 +107,4 @@ ChartString HFITChartOutput::MakeFixedAtFootnote(const EmmeansData& block) const
     return footnote;
 }
 
-ChartString HFITChartOutput::MakeAdjustmentFootnote(const EmmeansData& block) const {
-    constexpr const char* kTexts[] = {"Least Significant significance adjust ^1",
-                                      "Sequential Bonferroni significance adjust ^1",
-                                      "Sequential Sidak significance adjust ^1"};
-    const int adjustment = fpState->fpStats->GetBuildSettings()->fPAdjustment;
-    if (adjustment < PAdjustment::LSD || adjustment >= PAdjustment::OTHER) return {};
-    std::string text = LookUp(kTexts[adjustment]);
-    if (adjustment != PAdjustment::LSD) text += "\n" + LookUp("Confidence interval bounds are approximate.");
-    const OBS level(block.fContrasts.fAdjustedSigLevel);
-    ReplaceFirst(text, "^1", ToString(&level, kFigureFormat));
-    return XUtility::ChartStringFromOLANG(text);
-}
-
 }  // namespace hierfit

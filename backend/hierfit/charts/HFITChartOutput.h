@@ -79,8 +79,9 @@ class HFITChartOutput {
     void PatchCustomEffects(std::string& xml, const EmmeansData& block,
                             const std::vector<const KEST_Variable*>& variables) const;
 
-    /// Whether a block's contrasts have what a chart needs.
+    /// Whether a block's contrasts have what a chart needs; the host is told of what is missing.
     bool CanChartContrasts(const EmmeansData& block) const;
+    void BuildLevelContrastsChart(const EmmeansData& block);
 
     std::unique_ptr<ChartState> fpState;
 };

@@ -259,41 +259,10 @@ void HFITChartOutput::LevelContrasts::Send() {
     }
 }
 
-void HFITChartOutput::BuildContrastChart(const EmmeansData& block) {
-    const ContrastData& contrasts = block.fContrasts;
-    if (!CanChartContrasts(block)) return;
-    if (contrasts.fContrastKind == ContrastKind::PAIRWISE) return BuildPairwiseContrastsChart(block);
-    if (contrasts.fContrastKind != ContrastKind::DEVIATION && contrasts.fContrastKind != ContrastKind::SIMPLE) return;
+void HFITChartOutput::BuildLevelContrastsChart(const EmmeansData& block) {
     LevelContrasts chart(*this, block);
     chart.WriteRows();
     chart.Send();
-}
-
-bool HFITChartOutput::CanChartContrasts(const EmmeansData& block) const {
-    const std::size_t nColumns = block.fContrasts.fvFactorCoords.size();
-    if (nColumns == 0 || !fpState->fpStats->GetBuildSettings() || block.fvOverallTests.empty()) return false;
-    if (nColumns > 1) return true;
-    Diagnose("a chart of contrasts is left out: its contrasts have one factor column, not two");
-    return false;
-}
-
-std::string HFITChartOutput::ContrastTooltip(const char* key, const std::string& level,
-                                             const std::string& reference) const {
-    std::string text = LookUp(key);
-    ReplaceFirst(text, "^1", fpState->fTargetLabel);
-    ReplaceFirst(text, "^2", level);
-    ReplaceFirst(text, "^3", reference);
-    return XUtility::ChartStringFromOLANG(text).toUTF8();
-}
-
-std::string HFITChartOutput::ContrastCaption(const char* key, const std::string& compareField,
-                                             const std::string& reference) const {
-    const KEST_Variable* compare = FindVariable(compareField);
-    std::string text = LookUp(key);
-    ReplaceAll(text, "^1", fpState->fTargetLabel);
-    ReplaceAll(text, "^2", compare ? VariableDisplayName(*compare).toUTF8() : "");
-    ReplaceAll(text, "^3", reference);
-    return XUtility::ChartStringFromOLANG(text).toUTF8();
 }
 
 }  // namespace hierfit

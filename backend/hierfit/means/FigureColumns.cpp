@@ -1,6 +1,6 @@
 #include "hierfit/means/FigureColumns.h"
 
-#include "hierfit/reader/XmlReading.h"
+#include "hierfit/store/MissingToken.h"
 #include "host/Conversions.h"
 #include "host/Diagnose.h"
 

@@ -1,5 +1,6 @@
 #include "hierfit/reader/XmlReading.h"
 
+#include "hierfit/store/MissingToken.h"
 #include "host/Conversions.h"
 #include "host/SystemMissing.h"
 

@@ -9,9 +9,6 @@
 
 namespace hierfit {
 
-/// Stands in arrays for a figure that is missing.
-inline constexpr const char* kMissingToken = "__MISSING__";
-
 /// The elements that an iterator gives, for a range loop. One pass: an iterator does not start over.
 class Elements {
   public:

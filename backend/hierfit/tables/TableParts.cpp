@@ -1,20 +1,12 @@
 #include "hierfit/tables/TableParts.h"
 
+#include "host/unicode/Utf8.h"
+
 namespace hierfit {
 
 namespace {
 
-constexpr int kPieceLength = 255;
-
-/// The end of the piece that starts at a byte of a UTF-8 text.
-std::size_t EndOfPiece(const std::string& text, std::size_t start) {
-    int nCharacters = 0;
-    for (std::size_t i = start; i < text.size(); ++i) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0) != 0x80;
-        if (startsCharacter && ++nCharacters > kPieceLength) return i;
-    }
-    return text.size();
-}
+constexpr std::size_t kPieceLength = 255;
 
 BpVariable VariableInText(const KEST_DataSource& data, int index) {
     return BpVariable(data.GetVariable(index), BpShow::InText);
@@ -106,13 +98,14 @@ BpComposite GroupingCell(const SubjectData& segment, const KEST_DataSource& data
 }
 
 std::unique_ptr<BpCellText> LabelCell(const std::string& label) {
-    std::size_t end = EndOfPiece(label, 0);
-    if (end == label.size()) return std::make_unique<BpString>(label, false);
+    std::string_view rest = label;
+    std::string_view piece = unicode::FirstCharacters(rest, kPieceLength);
+    if (piece.size() == rest.size()) return std::make_unique<BpString>(label, false);
     auto cell = std::make_unique<BpComposite>("[:^1:]1", true);
     cell->Sublist();
-    for (std::size_t start = 0; start < label.size(); start = end) {
-        end = EndOfPiece(label, start);
-        cell->Add(Plain(label.substr(start, end - start)));
+    for (; !rest.empty(); piece = unicode::FirstCharacters(rest, kPieceLength)) {
+        cell->Add(Plain(std::string(piece)));
+        rest.remove_prefix(piece.size());
     }
     cell->EndSublist();
     cell->Finish();

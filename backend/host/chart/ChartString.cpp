@@ -2,11 +2,11 @@
 
 #include <utility>
 
-#include "host/chart/Utf8.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit {
 
-ChartString::ChartString(const char* text) : fText(chart::DecodeUtf8(text)) {}
+ChartString::ChartString(const char* text) : fText(unicode::Decode(text)) {}
 
 ChartString::ChartString(std::u32string text) : fText(std::move(text)) {}
 
@@ -25,9 +25,9 @@ void ChartString::replaceSubstring(const ChartString& from, const ChartString& t
     fText = std::move(replaced.append(fText, begin));
 }
 
-std::string ChartString::toUTF8() const { return chart::EncodeUtf8(fText); }
+std::string ChartString::toUTF8() const { return unicode::Encode(fText); }
 
-ChartString XUtility::ChartStringFromOLANG(const std::string& text) { return ChartString(chart::DecodeUtf8(text)); }
+ChartString XUtility::ChartStringFromOLANG(const std::string& text) { return ChartString(unicode::Decode(text)); }
 
 ChartString XUtility::ChartStringFromLocalCodePage(const std::string& text) { return ChartStringFromOLANG(text); }
 

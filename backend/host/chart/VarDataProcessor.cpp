@@ -2,8 +2,8 @@
 
 #include <limits>
 
-#include "host/chart/DataStore.h"
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStore.h"
+#include "host/chart/data/DataStream.h"
 
 namespace hierfit {
 

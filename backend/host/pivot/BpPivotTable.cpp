@@ -20,6 +20,7 @@ BpGroup BpGroup::Group(const BpCellText& label, bool flag, BpSort sort) {
 }
 
 BpCategory BpGroup::Category(const BpCellText& label) {
+    fpDimension->GetTable().ForgetLastCell();
     return {fpDimension, fpDimension->Select(*fpGroup, *label.GetText())};
 }
 

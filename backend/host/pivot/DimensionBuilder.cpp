@@ -1,7 +1,5 @@
 #include "host/pivot/DimensionBuilder.h"
 
-#include "host/pivot/TableBuilder.h"
-
 namespace hierfit::pivot {
 
 void DimensionBuilder::Position(document::Side side, int index, bool hideName, bool hideLabels) {
@@ -16,7 +14,6 @@ int DimensionBuilder::Select(GroupBuilder& group, const document::Text& label) {
     document::Category& category = group.FindCategory(label, fNextId);
     if (fvCategories.size() < static_cast<std::size_t>(fNextId)) fvCategories.push_back(&category);
     fCurrent = category.fId;
-    fTable.ForgetLastCell();
     return fCurrent;
 }
 

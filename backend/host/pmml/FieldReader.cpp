@@ -5,6 +5,7 @@
 #include <string_view>
 
 #include "host/data/PrintFormat.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::pmml {
 
@@ -13,8 +14,8 @@ namespace {
 using xml::Document;
 using Node = Document::Node;
 
-constexpr int kWidthWithoutValues = 8;
-constexpr int kMostWidth = 255;
+constexpr std::size_t kWidthWithoutValues = 8;
+constexpr std::size_t kMostWidth = 255;
 
 std::string_view AttributeOrEmpty(const Document& document, Node element, std::string_view name) {
     return document.Attribute(element, name).value_or(std::string_view());
@@ -51,16 +52,13 @@ std::optional<KEST_Format> ReadFormat(const Document& document, Node field) {
     return {};
 }
 
-int CountCharacters(std::string_view utf8) {
-    return static_cast<int>(
-        std::ranges::count_if(utf8, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
-}
-
 KEST_Format DefaultFormat(const Field& field) {
     if (field.fType == 1) return {8, KEST_FormatType::Numeric, 0};
     if (field.fType == 2) return {8, KEST_FormatType::Numeric, 2};
-    int width = field.fvCategories.empty() ? kWidthWithoutValues : 1;
-    for (const Category& category : field.fvCategories) width = std::max(width, CountCharacters(category.fValue));
+    std::size_t width = field.fvCategories.empty() ? kWidthWithoutValues : 1;
+    for (const Category& category : field.fvCategories) {
+        width = std::max(width, unicode::CountCharacters(category.fValue));
+    }
     return {static_cast<std::uint16_t>(std::min(width, kMostWidth)), KEST_FormatType::String, 0};
 }
 

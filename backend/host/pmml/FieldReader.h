@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/pmml/Dictionary.h"
+#include "host/pmml/Field.h"
 #include "host/xml/Document.h"
 
 namespace hierfit::pmml {

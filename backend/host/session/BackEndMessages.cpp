@@ -8,6 +8,7 @@
 #include "host/KEST_DataSource.h"
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::session {
 
@@ -80,23 +81,29 @@ std::string NumberOf(const xml::Document& xml, Node block) {
     return {};
 }
 
-/// A message in the run's language.
-struct Words {
-    std::string fFilled;  ///< as a table or message would show it
-    std::string fWhole;   ///< with the parameters that the wording has no mark for behind it
-};
+using Parameters = std::vector<std::string>;
 
-Words PutTogether(const context::RunContext& context, const BackEndMessage& message) {
-    const std::string_view pattern = context.Translate(message.fKey);
-    Words words;
-    words.fFilled = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
+/// A message in the run's language as a table or message would show it.
+std::string Fill(std::string_view pattern, const Parameters& parameters) {
+    return language::FillMarks(pattern, {parameters.begin(), parameters.end()});
+}
+
+/// The same, with the parameters that the wording has no mark for behind it. They may be sentences of the back-end and
+/// stand nowhere else, so they get more room than a name.
+std::string Summarize(std::string_view pattern, const BackEndMessage& message) {
+    constexpr std::size_t kMarks = 9;
+    constexpr std::size_t kMost = 1000;
+    Parameters parameters;
     std::string rest;
-    for (std::size_t i = 0; i < message.fvParameters.size(); ++i) {
-        if (pattern.find("^" + std::to_string(i + 1)) != std::string_view::npos) continue;
-        rest += (rest.empty() ? "" : "; ") + message.fvParameters[i];
+    for (const std::string& parameter : message.fvParameters) {
+        parameters.push_back(unicode::Excerpt(parameter, kMost));
+        const std::size_t number = parameters.size();
+        if (number <= kMarks && pattern.find("^" + std::to_string(number)) != std::string_view::npos) continue;
+        rest += (rest.empty() ? "" : "; ") + parameters.back();
     }
-    words.fWhole = rest.empty() ? words.fFilled : words.fFilled + " (" + rest + ")";
-    return words;
+    const std::string words =
+        Fill(pattern == message.fKey ? unicode::Excerpt(pattern) : std::string(pattern), parameters);
+    return rest.empty() ? words : words + " (" + unicode::Excerpt(rest, kMost) + ")";
 }
 
 /// Says which block of means a message is about, as its heading does; empty for one about the model.
@@ -105,7 +112,9 @@ std::string BlockBefore(const context::RunContext& context, const BackEndMessage
     const std::string number = NumberOf(*context.GetLastXml(), message.fBlock);
     const std::string factors = FactorsOf(context, message.fBlock);
     if (number.empty() || factors.empty()) return {};
-    return language::FillMarks(context.Translate("EMMEANS Effect ^1 block ^2 ..."), {factors, number}) + ": ";
+    return language::FillMarks(context.Translate("EMMEANS Effect ^1 block ^2 ..."),
+                               {unicode::Excerpt(factors), number}) +
+           ": ";
 }
 
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
@@ -139,10 +148,10 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     if (messages.empty()) return;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
-        const Words words = PutTogether(context, message);
-        if (IsShown(shown, message, words.fFilled) || !context.TakeRoomForWarning()) continue;
+        const std::string_view pattern = context.Translate(message.fKey);
+        if (IsShown(shown, message, Fill(pattern, message.fvParameters)) || !context.TakeRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
-        context.AddDiagnostic(2, BlockBefore(context, message) + words.fWhole,
+        context.AddDiagnostic(2, BlockBefore(context, message) + Summarize(pattern, message),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
     }
 }

@@ -8,23 +8,11 @@
 #include <variant>
 #include <vector>
 
+#include "host/xml/Position.h"
+
 namespace hierfit::xml {
 
 struct Tree;
-
-/// Where and why a text is no XML that the host reads. Line and column count from 1, columns in characters.
-struct ParseError {
-    std::string fReason;  ///< such as "mismatched tag"
-    int fLine;
-    int fColumn;
-    std::string fExcerpt;  ///< the line and, below it, a caret at the column; long lines are cut around it
-};
-
-/// A line and a column, from 1, columns in characters.
-struct Position {
-    int fLine;
-    int fColumn;
-};
 
 /// A parsed XML document: a compact tree of elements with their attributes and text. Immutable once parsed.
 ///

@@ -1,5 +1,8 @@
 #include "host/xml/Excerpt.h"
 
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
+
 namespace hierfit::xml {
 
 namespace {
@@ -10,15 +13,14 @@ constexpr int kMostBehind = 40;
 bool IsLineEnd(char32_t code) { return code == '\n' || code == '\r'; }
 
 bool IsHarmless(char32_t code) {
-    const bool isControl = code < 0x20 || (code >= 0x7F && code < 0xA0);
     const bool isDirection = (code >= 0x200B && code <= 0x200F) || (code >= 0x2028 && code <= 0x202E) ||
                              (code >= 0x2060 && code <= 0x206F) || code == 0xFEFF;
-    return !isControl && !isDirection;
+    return !unicode::IsControl(code) && !isDirection;
 }
 
 char32_t Shown(char32_t code) {
     if (code == '\t') return ' ';
-    return IsHarmless(code) ? code : 0xFFFD;
+    return IsHarmless(code) ? code : unicode::kReplacement;
 }
 
 bool StartsLine(const SourceText& text, std::size_t offset) {
@@ -42,7 +44,7 @@ std::string Excerpt(const SourceText& text, std::size_t offset) {
     }
     for (int behind = 0; behind < kMostBehind && !EndsLine(text, at); behind += at > offset ? 1 : 0) {
         const auto [code, end] = text.At(at);
-        AppendUtf8(excerpt, Shown(code));
+        unicode::Append(excerpt, Shown(code));
         at = end;
     }
     if (!EndsLine(text, at)) excerpt += "...";

@@ -1,7 +1,8 @@
 #include "host/xml/LineCounter.h"
 
-#include <algorithm>
 #include <cstring>
+
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::xml {
 
@@ -12,11 +13,6 @@ bool HasLoneReturn(std::string_view bytes) {
         if (at + 1 == bytes.size() || bytes[at + 1] != '\n') return true;
     }
     return false;
-}
-
-int CountUtf8(const char* begin, const char* end) {
-    return static_cast<int>(
-        std::count_if(begin, end, [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) != 0x80; }));
 }
 
 }  // namespace
@@ -43,7 +39,8 @@ void LineCounter::PassBytes(std::size_t offset) {
         ++fPosition.fLine;
         fPosition.fColumn = 1;
     }
-    fPosition.fColumn += fpText->GetEncoding() == Encoding::Utf8 ? CountUtf8(at, end) : static_cast<int>(end - at);
+    fPosition.fColumn += static_cast<int>(fpText->GetEncoding() == Encoding::Utf8 ? unicode::CountCharacters({at, end})
+                                                                                  : static_cast<std::size_t>(end - at));
     fOffset = offset;
 }
 

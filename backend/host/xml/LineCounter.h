@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "host/xml/Document.h"
+#include "host/xml/Position.h"
 #include "host/xml/SourceText.h"
 
 namespace hierfit::xml {

@@ -2,25 +2,17 @@
 
 #include <algorithm>
 
+#include "host/unicode/Utf8.h"
+
 namespace hierfit::xml {
 
 namespace {
 
-constexpr char32_t kReplacement = 0xFFFD;
+using unicode::kReplacement;
 
 unsigned char Byte(std::string_view bytes, std::size_t offset) { return static_cast<unsigned char>(bytes[offset]); }
 
-bool IsContinuation(unsigned char byte) { return (byte & 0xC0U) == 0x80; }
-
 bool IsSurrogate(char32_t code) { return code >= 0xD800 && code < 0xE000; }
-
-/// Bytes of the UTF-8 sequence that a byte leads; 0 when it leads none.
-std::size_t SequenceLength(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead < 0xC2 || lead > 0xF4) return 0;
-    if (lead < 0xE0) return 2;
-    return lead < 0xF0 ? 3 : 4;
-}
 
 bool EqualsWithoutCase(std::string_view text, std::string_view upper) {
     return std::equal(text.begin(), text.end(), upper.begin(), upper.end(),
@@ -48,28 +40,15 @@ void SourceText::Declare(std::string_view encoding) {
 
 SourceText::Character SourceText::At(std::size_t offset) const {
     switch (fEncoding) {
-        case Encoding::Utf8:
-            return Utf8At(offset);
+        case Encoding::Utf8: {
+            const unicode::Character character = unicode::CharacterAt(fBytes, offset);
+            return {character.fCode, offset + character.fLength};
+        }
         case Encoding::OneByte:
             return {Byte(fBytes, offset), offset + 1};
         default:
             return Utf16At(offset);
     }
-}
-
-SourceText::Character SourceText::Utf8At(std::size_t offset) const {
-    const unsigned char lead = Byte(fBytes, offset);
-    const std::size_t length = SequenceLength(lead);
-    if (length == 1) return {lead, offset + 1};
-    if (length == 0 || length > fBytes.size() - offset) return {kReplacement, offset + 1};
-    char32_t code = lead & (0x7FU >> length);
-    for (std::size_t i = 1; i < length; ++i) {
-        const unsigned char byte = Byte(fBytes, offset + i);
-        if (!IsContinuation(byte)) return {kReplacement, offset + 1};
-        code = (code << 6U) | (byte & 0x3FU);
-    }
-    if (IsSurrogate(code) || code > 0x10FFFF) return {kReplacement, offset + 1};
-    return {code, offset + length};
 }
 
 char32_t SourceText::Utf16Unit(std::size_t offset) const {
@@ -95,26 +74,6 @@ std::size_t SourceText::Before(std::size_t offset) const {
         if (offset - fBegin >= length && At(offset - length).fEnd == offset) return offset - length;
     }
     return offset - std::min(unit, offset - fBegin);
-}
-
-void AppendUtf8(std::string& text, char32_t code) {
-    const auto append = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };
-    const auto continuation = [&append](char32_t bits) { append(0x80U | (bits & 0x3FU)); };
-    if (code < 0x80) {
-        append(code);
-    } else if (code < 0x800) {
-        append(0xC0U | code >> 6U);
-        continuation(code);
-    } else if (code < 0x10000) {
-        append(0xE0U | code >> 12U);
-        continuation(code >> 6U);
-        continuation(code);
-    } else {
-        append(0xF0U | code >> 18U);
-        continuation(code >> 12U);
-        continuation(code >> 6U);
-        continuation(code);
-    }
 }
 
 }  // namespace hierfit::xml

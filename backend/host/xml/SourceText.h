@@ -38,7 +38,6 @@ class SourceText {
     std::size_t Before(std::size_t offset) const;
 
   private:
-    Character Utf8At(std::size_t offset) const;
     Character Utf16At(std::size_t offset) const;
     char32_t Utf16Unit(std::size_t offset) const;
 
@@ -46,8 +45,5 @@ class SourceText {
     Encoding fEncoding = Encoding::Utf8;
     std::size_t fBegin = 0;
 };
-
-/// Appends a character as UTF-8.
-void AppendUtf8(std::string& text, char32_t code);
 
 }  // namespace hierfit::xml

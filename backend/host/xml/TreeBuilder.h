@@ -4,7 +4,7 @@
 #include <string>
 #include <variant>
 
-#include "host/xml/Document.h"
+#include "host/xml/Position.h"
 #include "host/xml/Tree.h"
 
 namespace hierfit::xml {

@@ -1,9 +1,9 @@
 #include "report/html/table/HtmlTable.h"
 
-#include "report/html/HtmlEscape.h"
 #include "report/html/Words.h"
 #include "report/html/table/TableBody.h"
 #include "report/html/table/TableHead.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
@@ -24,7 +24,7 @@ TableParts MakeParts(std::string& out, const Grid& grid, int number) {
 void AppendFrame(std::string& out, const Grid& grid, std::string_view title, int number) {
     out += grid.fRows > kLongRows ? "<section class=\"scroll long\"" : "<section class=\"scroll\"";
     out += " tabindex=\"0\" aria-label=\"";
-    AppendAttribute(out, title);
+    AppendCharacters(out, title);
     out += ", ";
     out += words::kTable;
     out += ' ';

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "report/html/HtmlEscape.h"
 #include "report/layout/CellContent.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
@@ -112,7 +112,7 @@ void TableBody::AppendContent(int column, const document::Text& text) {
     const std::string padding = isNumber ? fParts.fColumns.PaddingOf(column, text.fWords) : std::string();
     if (!padding.empty()) {
         fOut += " data-pad=\"";
-        AppendAttribute(fOut, padding);
+        AppendCharacters(fOut, padding);
         fOut += '"';
     }
     fOut += '>';

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "report/html/HtmlEscape.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 

@@ -1,6 +1,6 @@
 #include "report/html/table/TableParts.h"
 
-#include "report/html/HtmlEscape.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 

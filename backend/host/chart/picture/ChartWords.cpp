@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/chart/Utf8.h"
+#include "host/unicode/Utf8.h"
 #include "host/chart/picture/Numbers.h"
 #include "host/context/RunContext.h"
 #include "host/language/Catalogue.h"
@@ -20,10 +20,10 @@ std::string Translated(std::string_view key, std::initializer_list<std::string_v
 
 std::string CutCharacters(std::string_view text, std::size_t count) {
     if (text.size() <= count) return std::string(text);
-    std::u32string characters = DecodeUtf8(text.substr(0, 4 * (count + 1)));
+    std::u32string characters = unicode::Decode(text.substr(0, 4 * (count + 1)));
     if (characters.size() <= count) return std::string(text);
     characters.resize(count - 1);
-    return EncodeUtf8(characters.append(U"\u2026"));
+    return unicode::Encode(characters.append(U"\u2026"));
 }
 
 std::string CutName(std::string_view name) {

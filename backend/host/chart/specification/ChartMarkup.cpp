@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "host/chart/Utf8.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::chart {
 
@@ -118,7 +118,7 @@ std::size_t ChartMarkup::EndOfSection() {
 }
 
 std::string MakePlainXml(std::string xml) {
-    const std::string kept = DropForbidden(MakeUtf8(std::move(xml)));
+    const std::string kept = DropForbidden(unicode::MakeUtf8(std::move(xml)));
     std::string plain;
     plain.reserve(kept.size());
     ChartMarkup markup(kept);

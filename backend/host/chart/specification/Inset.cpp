@@ -5,7 +5,7 @@
 #include <optional>
 #include <variant>
 
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStream.h"
 #include "host/chart/specification/ChartMarkup.h"
 #include "host/chart/specification/ReadSpecification.h"
 

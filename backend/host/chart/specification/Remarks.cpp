@@ -4,7 +4,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/chart/Utf8.h"
+#include "host/unicode/Utf8.h"
 
 namespace hierfit::chart {
 
@@ -21,9 +21,9 @@ void Remarks::Add(std::string remark) {
 }
 
 std::string Quote(std::string_view text) {
-    const std::u32string start = DecodeUtf8(text.substr(0, 4 * kLongestQuote));
-    const bool isCut = start.size() > kLongestQuote;
-    return '"' + EncodeUtf8(std::u32string_view(start).substr(0, kLongestQuote)) + (isCut ? "...\"" : "\"");
+    const std::string start = unicode::MakeUtf8(std::string(text.substr(0, 4 * kLongestQuote)));
+    const std::string_view quoted = unicode::FirstCharacters(start, kLongestQuote);
+    return std::string(1, '"').append(quoted) + (quoted.size() < start.size() ? "...\"" : "\"");
 }
 
 }  // namespace hierfit::chart

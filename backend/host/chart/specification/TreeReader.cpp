@@ -6,7 +6,7 @@
 #include <string_view>
 #include <utility>
 
-#include "host/chart/DataStream.h"
+#include "host/chart/data/DataStream.h"
 
 namespace hierfit::chart {
 

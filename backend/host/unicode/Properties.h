@@ -1,0 +1,30 @@
+#pragma once
+
+namespace hierfit::unicode {
+
+/// Whether a character is a control character: U+0000 to U+001F and U+007F to U+009F.
+constexpr bool IsControl(char32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
+
+/// Columns that a character takes where all others take one: 0 for those that stand on or between others, 2 for wide
+/// ones.
+int WidthOf(char32_t code);
+
+inline bool IsZeroWidth(char32_t code) { return WidthOf(code) == 0; }
+inline bool IsWide(char32_t code) { return WidthOf(code) == 2; }
+
+/// How a character is written. Neither: digits, punctuation, and all that takes the direction of what is around it.
+enum class Direction { Neither, LeftToRight, RightToLeft, RightToLeftNumber };
+
+Direction DirectionOf(char32_t code);
+
+/// Finds where a reader sees a new character. One object serves one text, from its begin on.
+class ClusterBreaks {
+  public:
+    /// Whether a new cluster begins between a character and the next; each pair of the text is asked for in order.
+    bool IsBreak(char32_t before, char32_t next);
+
+  private:
+    int fState = 0;
+};
+
+}  // namespace hierfit::unicode

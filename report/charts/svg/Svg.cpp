@@ -1,0 +1,267 @@
+#include "report/charts/svg/Svg.h"
+
+#include <algorithm>
+#include <optional>
+#include <span>
+
+#include "report/charts/svg/Forms.h"
+#include "report/charts/svg/InkColors.h"
+#include "report/charts/svg/Numbers.h"
+#include "report/markup/Escape.h"
+
+namespace hierfit::report::charts {
+
+namespace {
+
+using Shapes = std::span<const Shape>;
+
+constexpr double kUsualSize = 12;
+
+// Pictures are laid out for the widest of these, so none of them is too wide.
+constexpr std::string_view kFonts = "Helvetica,Arial,'Liberation Sans','DejaVu Sans',sans-serif";
+
+/// All that shapes side by side can have in common.
+struct Look {
+    Paint fPaint;
+    bool fIsText = false;
+    TextStyle fStyle;
+    Anchor fAnchor = Anchor::Start;
+    bool fIsRightToLeft = false;
+
+    bool operator==(const Look&) const = default;
+};
+
+// Words that are read from right to left begin at their right.
+Anchor Opposite(Anchor anchor) {
+    if (anchor == Anchor::Middle) return anchor;
+    return anchor == Anchor::Start ? Anchor::End : Anchor::Start;
+}
+
+Look LookOf(const Shape& shape) {
+    Look look;
+    look.fPaint = shape.fPaint;
+    const auto* text = std::get_if<Text>(&shape.fForm);
+    if (!text) return look;
+    look.fIsText = true;
+    look.fStyle = text->fStyle;
+    look.fIsRightToLeft = BeginsRightToLeft(text->fWords);
+    look.fAnchor = look.fIsRightToLeft ? Opposite(text->fAnchor) : text->fAnchor;
+    return look;
+}
+
+std::string_view NameOf(Anchor anchor) {
+    static constexpr std::string_view kNames[] = {"start", "middle", "end"};
+    return kNames[static_cast<std::size_t>(anchor)];
+}
+
+/// Shapes that become one element: a part of an element of the scene, or the whole of one that has attributes.
+struct Item {
+    Shapes fvShapes;
+    const Element* fpElement = nullptr;  ///< null for mere decoration
+    std::optional<Look> fLook;           ///< unless the shapes differ in it
+};
+
+bool HasAttributes(const Element& element) {
+    return !element.fTip.empty() || element.fIsEntry || !element.fvKeys.empty();
+}
+
+bool IsOutline(const Shape& shape) {
+    return IsLines(shape.fForm) && shape.fPaint.fFill == Ink::None && shape.fPaint.fOpacity >= 1;
+}
+
+void ListDecoration(std::vector<Item>& items, Shapes shapes) {
+    while (!shapes.empty()) {
+        const Look look = LookOf(shapes.front());
+        std::size_t count = 1;
+        if (IsOutline(shapes.front())) {
+            while (count < shapes.size() && IsOutline(shapes[count]) && LookOf(shapes[count]) == look) ++count;
+        }
+        items.push_back({shapes.first(count), nullptr, look});
+        shapes = shapes.subspan(count);
+    }
+}
+
+Item MakeItem(const Element& element) {
+    Item item{element.fvShapes, &element, {}};
+    if (element.fvShapes.empty()) return item;
+    const Look look = LookOf(element.fvShapes.front());
+    if (std::ranges::all_of(element.fvShapes, [&](const Shape& shape) { return LookOf(shape) == look; })) {
+        item.fLook = look;
+    }
+    return item;
+}
+
+std::vector<Item> ListItems(const std::vector<Element>& elements) {
+    std::vector<Item> items;
+    for (const Element& element : elements) {
+        if (HasAttributes(element)) {
+            items.push_back(MakeItem(element));
+        } else {
+            ListDecoration(items, element.fvShapes);
+        }
+    }
+    return items;
+}
+
+void AppendAttribute(std::string& out, std::string_view name, std::string_view value) {
+    out.append(" ").append(name).append("=\"").append(value).append("\"");
+}
+
+void AppendShare(std::string& out, std::string_view name, double share) {
+    const auto hundredths = static_cast<int>(TenthsOf(10 * std::clamp(share, 0.0, 1.0)));
+    if (hundredths >= 100) return;
+    const std::string digits = std::to_string(hundredths + 100);
+    AppendAttribute(out, name, "." + digits.substr(1));
+}
+
+class SceneWriter {
+  public:
+    SceneWriter(std::string& out, Names names) : fOut(out), fNames(names) {}
+
+    // What stands side by side with the same look shares one element's attributes.
+    void Append(std::span<const Item> items) {
+        while (!items.empty()) {
+            std::size_t count = 1;
+            const std::optional<Look>& look = items.front().fLook;
+            while (look && count < items.size() && items[count].fLook == look) ++count;
+            AppendRun(items.first(count));
+            items = items.subspan(count);
+        }
+    }
+
+  private:
+    void AppendRun(std::span<const Item> items) {
+        if (items.size() == 1) return AppendItem(items.front(), items.front().fLook);
+        fOut += "<g";
+        fOut += AttributesOf(nullptr, items.front().fLook);
+        fOut += '>';
+        for (const Item& item : items) AppendItem(item, {});
+        fOut += "</g>";
+    }
+
+    /// The look is nothing where it is told already.
+    void AppendItem(const Item& item, const std::optional<Look>& look) {
+        const std::string attributes = AttributesOf(item.fpElement, look);
+        if (item.fvShapes.size() == 1) return AppendForm(fOut, item.fvShapes.front().fForm, attributes);
+        if (!item.fpElement) return AppendLines(fOut, item.fvShapes, attributes);
+        fOut.append("<g").append(attributes).append(">");
+        if (item.fLook) {
+            for (const Shape& shape : item.fvShapes) AppendForm(fOut, shape.fForm, {});
+        } else {
+            std::vector<Item> parts;
+            ListDecoration(parts, item.fvShapes);
+            Append(parts);
+        }
+        fOut += "</g>";
+    }
+
+    std::string AttributesOf(const Element* element, const std::optional<Look>& look) const {
+        std::string attributes;
+        AppendClasses(attributes, element, look);
+        if (look) AppendPaint(attributes, look->fPaint);
+        if (look && look->fIsText) AppendStyle(attributes, *look);
+        if (element) AppendMeaning(attributes, *element);
+        return attributes;
+    }
+
+    bool IsNameless(const Element* element) const { return element && !element->fTip.empty() && fNames == Names::None; }
+
+    void AppendClasses(std::string& out, const Element* element, const std::optional<Look>& look) const {
+        std::string classes;
+        const auto add = [&](const std::string& name) { classes.append(classes.empty() ? "" : " ").append(name); };
+        const auto addInk = [&](char kind, Ink ink) {
+            if (ink != Ink::None) add(kind + std::to_string(static_cast<int>(ink)));
+        };
+        if (IsNameless(element)) add("m");
+        if (look) addInk('f', look->fPaint.fFill);
+        if (look) addInk('s', look->fPaint.fStroke);
+        if (!classes.empty()) AppendAttribute(out, "class", classes);
+    }
+
+    // Opacity is that of each shape: where shapes lie on each other, there is more of it.
+    static void AppendPaint(std::string& out, const Paint& paint) {
+        if (paint.fFill != Ink::None) {
+            AppendAttribute(out, "fill", ColorOf(paint.fFill));
+            AppendShare(out, "fill-opacity", paint.fOpacity);
+        }
+        if (paint.fStroke == Ink::None) return;
+        AppendAttribute(out, "stroke", ColorOf(paint.fStroke));
+        AppendShare(out, "stroke-opacity", paint.fOpacity);
+        if (TenthsOf(paint.fStrokeWidth) != TenthsOf(1)) AppendNumber(out, "stroke-width", paint.fStrokeWidth);
+        if (paint.fDash != Dash::Solid) {
+            AppendAttribute(out, "stroke-dasharray", paint.fDash == Dash::Long ? "7 3" : "4 3");
+        }
+    }
+
+    static void AppendStyle(std::string& out, const Look& look) {
+        if (TenthsOf(look.fStyle.fSize) != TenthsOf(kUsualSize)) AppendNumber(out, "font-size", look.fStyle.fSize);
+        if (look.fStyle.fIsBold) AppendAttribute(out, "font-weight", "bold");
+        if (look.fPaint.fStroke != Ink::None) AppendAttribute(out, "paint-order", "stroke");
+        if (look.fAnchor != Anchor::Start) AppendAttribute(out, "text-anchor", NameOf(look.fAnchor));
+        if (look.fIsRightToLeft) AppendAttribute(out, "direction", "rtl");
+    }
+
+    void AppendMeaning(std::string& out, const Element& element) const {
+        if (IsNameless(&element)) return;
+        if (!element.fTip.empty()) {
+            out += " role=\"img\" aria-label=\"";
+            AppendCharacters(out, element.fTip, kAttributeLineBreak);
+            out += '"';
+        }
+        if (element.fIsEntry || !element.fvKeys.empty()) AppendKeys(out, element);
+    }
+
+    static void AppendKeys(std::string& out, const Element& element) {
+        std::string keys;
+        for (const int key : element.fvKeys) keys.append(keys.empty() ? "" : " ").append(std::to_string(key));
+        AppendAttribute(out, element.fIsEntry ? "data-e" : "data-k", keys);
+    }
+
+    std::string& fOut;
+    Names fNames;
+};
+
+void AppendRoot(std::string& out, const Scene& scene, std::string_view attributes) {
+    out.append("<svg").append(attributes);
+    AppendNumber(out, "width", scene.fWidth);
+    AppendNumber(out, "height", scene.fHeight);
+    out += " viewBox=\"0 0 ";
+    AppendTenths(out, TenthsOf(scene.fWidth));
+    out += ' ';
+    AppendTenths(out, TenthsOf(scene.fHeight));
+    out += '"';
+    AppendAttribute(out, "font-family", kFonts);
+    AppendNumber(out, "font-size", kUsualSize);
+    AppendAttribute(out, "fill", "none");
+    out += '>';
+}
+
+void AppendTextElement(std::string& out, std::string_view name, std::string_view text) {
+    if (text.empty()) return;
+    out.append("<").append(name).append(">");
+    AppendCharacters(out, text);
+    out.append("</").append(name).append(">");
+}
+
+}  // namespace
+
+void AppendSvg(std::string& out, const Scene& scene, Names names, std::string_view attributes,
+               std::string_view content) {
+    AppendRoot(out, scene, attributes);
+    out += content;
+    SceneWriter(out, names).Append(ListItems(scene.fvElements));
+    out += "</svg>";
+}
+
+std::string MakeSvgFile(const Scene& scene, std::string_view title, std::string_view sentence) {
+    std::string content;
+    AppendTextElement(content, "title", title);
+    AppendTextElement(content, "desc", sentence);
+    content += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>";
+    std::string out;
+    AppendSvg(out, scene, Names::Marks, " xmlns=\"http://www.w3.org/2000/svg\" role=\"group\"", content);
+    out += '\n';
+    return out;
+}
+
+}  // namespace hierfit::report::charts

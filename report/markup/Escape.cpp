@@ -1,0 +1,143 @@
+#include "report/markup/Escape.h"
+
+#include <array>
+
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
+
+namespace hierfit::report {
+
+namespace {
+
+constexpr std::string_view kReplacement = "\uFFFD";
+constexpr unsigned char kDelete = 0x7F;
+
+enum class Byte : unsigned char { Plain, Markup, LineFeed, CarriageReturn, Control, Multiple };
+
+constexpr std::array<Byte, 256> MakeBytes() {
+    std::array<Byte, 256> bytes{};
+    for (unsigned byte = 0; byte < 0x20; ++byte) bytes[byte] = Byte::Control;
+    for (unsigned byte = 0x80; byte < 0x100; ++byte) bytes[byte] = Byte::Multiple;
+    for (const char markup : {'&', '<', '>', '"', '\''}) bytes[static_cast<unsigned char>(markup)] = Byte::Markup;
+    bytes[kDelete] = Byte::Control;
+    bytes['\t'] = Byte::Plain;
+    bytes['\n'] = Byte::LineFeed;
+    bytes['\r'] = Byte::CarriageReturn;
+    return bytes;
+}
+
+constexpr std::array<Byte, 256> kBytes = MakeBytes();
+
+Byte KindOf(char byte) { return kBytes[static_cast<unsigned char>(byte)]; }
+
+std::string_view EntityOf(char markup) {
+    switch (markup) {
+        case '&':
+            return "&amp;";
+        case '<':
+            return "&lt;";
+        case '>':
+            return "&gt;";
+        case '"':
+            return "&quot;";
+        default:
+            return "&#39;";
+    }
+}
+
+// U+2400 to U+2421 are the symbols of the control characters.
+void AppendSymbol(std::string& out, char control) {
+    const auto code = static_cast<unsigned char>(control);
+    out += "\xE2\x90";
+    out += static_cast<char>(0x80 + (code == kDelete ? 0x21 : code));
+}
+
+/// Whether a character beyond ASCII stands for itself.
+bool IsShown(char32_t code) {
+    const bool isDirectional = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
+    const bool isNoCharacter = (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFE) == 0xFFFE;
+    return !unicode::IsControl(code) && !isDirectional && !isNoCharacter;
+}
+
+bool IsRightToLeft(char32_t code) {
+    const unicode::Direction direction = unicode::DirectionOf(code);
+    return direction == unicode::Direction::RightToLeft || direction == unicode::Direction::RightToLeftNumber;
+}
+
+class Escape {
+  public:
+    Escape(std::string& out, std::string_view text, std::string_view lineBreak)
+        : fOut(out), fText(text), fLineBreak(lineBreak) {}
+
+    void Append() {
+        while (fAt < fText.size()) {
+            AppendPlain();
+            if (fAt < fText.size()) AppendSpecial();
+        }
+    }
+
+    bool HasRightToLeft() const { return fHasRightToLeft; }
+
+  private:
+    void AppendPlain() {
+        const std::size_t begin = fAt;
+        while (fAt < fText.size() && KindOf(fText[fAt]) == Byte::Plain) ++fAt;
+        fOut.append(fText, begin, fAt - begin);
+    }
+
+    void AppendSpecial() {
+        const char byte = fText[fAt];
+        const Byte kind = KindOf(byte);
+        if (kind == Byte::Multiple) return AppendMultiple();
+        ++fAt;
+        if (kind == Byte::Markup) fOut += EntityOf(byte);
+        if (kind == Byte::Control) AppendSymbol(fOut, byte);
+        if (kind == Byte::LineFeed) fOut += fLineBreak;
+        if (kind == Byte::CarriageReturn && (fAt == fText.size() || fText[fAt] != '\n')) fOut += fLineBreak;
+    }
+
+    void AppendMultiple() {
+        const unicode::Character character = unicode::LongCharacterAt(fText, fAt);
+        if (character.fIsValid && IsShown(character.fCode)) {
+            fOut.append(fText, fAt, character.fLength);
+            fHasRightToLeft = fHasRightToLeft || IsRightToLeft(character.fCode);
+        } else {
+            fOut += kReplacement;
+        }
+        fAt += character.fLength;
+    }
+
+    std::string& fOut;
+    std::string_view fText;
+    std::string_view fLineBreak;
+    std::size_t fAt = 0;
+    bool fHasRightToLeft = false;
+};
+
+}  // namespace
+
+void AppendText(std::string& out, std::string_view text) {
+    const std::size_t begin = out.size();
+    Escape escape(out, text, "<br>");
+    escape.Append();
+    if (!escape.HasRightToLeft()) return;
+    out.insert(begin, "<bdi>");
+    out += "</bdi>";
+}
+
+void AppendCharacters(std::string& out, std::string_view text, std::string_view lineBreak) {
+    Escape(out, text, lineBreak).Append();
+}
+
+bool BeginsRightToLeft(std::string_view text) {
+    for (std::size_t at = 0; at < text.size();) {
+        const unicode::Character character = unicode::CharacterAt(text, at);
+        const unicode::Direction direction = unicode::DirectionOf(character.fCode);
+        if (direction == unicode::Direction::LeftToRight) return false;
+        if (direction == unicode::Direction::RightToLeft) return true;
+        at += character.fLength;
+    }
+    return false;
+}
+
+}  // namespace hierfit::report

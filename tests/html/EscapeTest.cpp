@@ -1,0 +1,53 @@
+#include "report/markup/Escape.h"
+
+namespace hierfit::report {
+
+namespace {
+
+using std::string_literals::operator""s;
+
+struct EscapeCase {
+    std::string fText;
+    std::string fContent;
+    std::string fAttribute;  ///< empty where it is the same as the content
+};
+
+TEST(Escape, KeepsTextsTexts) {
+    const EscapeCase cases[] = {
+        {"plain text, 100% = 1.5", "plain text, 100% = 1.5", ""},
+        {"<b>&amp;</b>", "&lt;b&gt;&amp;amp;&lt;/b&gt;", ""},
+        {"\"a\" 'b'", "&quot;a&quot; &#39;b&#39;", ""},
+        {"a\nb\r\nc\rd", "a<br>b<br>c<br>d", "a b c d"},
+        {"tab\tstays", "tab\tstays", ""},
+        {"\0\a\x1B[0m\x7F"s, "␀␇␛[0m␡", ""},
+        {"\u00B5 ≥ 0.5 – \U0001F600", "µ ≥ 0.5 – \U0001F600", ""},
+        {"\xC2\x85\xC2\x9B", "\uFFFD\uFFFD", ""},
+        {"a\u202Eb\u202Cc\u2066d\u2069", "a\uFFFDb\uFFFDc\uFFFDd\uFFFD", ""},
+        {"\uFDD0\uFFFE\U0010FFFF", "\uFFFD\uFFFD\uFFFD", ""},
+        {"\xC3(", "\uFFFD(", ""},
+        {"end \xE2\x82", "end \uFFFD\uFFFD", ""},
+        {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD", ""},
+        {"\xC0\xAF", "\uFFFD\uFFFD", ""},
+        {"\u05D0 < 1", "<bdi>\u05D0 &lt; 1</bdi>", "\u05D0 &lt; 1"},
+        {"", "", ""},
+    };
+    for (const EscapeCase& each : cases) {
+        std::string content = "before ";
+        AppendText(content, each.fText);
+        EXPECT_EQ(content, "before " + each.fContent);
+        std::string attribute;
+        AppendCharacters(attribute, each.fText);
+        EXPECT_EQ(attribute, each.fAttribute.empty() ? each.fContent : each.fAttribute);
+    }
+}
+
+TEST(Escape, TellsWhereATextBegins) {
+    const std::pair<std::string, bool> cases[] = {{"", false},        {"12 (", false},    {"a \u05D0", false},
+                                                  {"\u05D0 a", true}, {"3 \u0628", true}, {"\xFF\u05D0", true},
+                                                  {"\u0661 a", false}};
+    for (const auto& [text, isRightToLeft] : cases) EXPECT_EQ(BeginsRightToLeft(text), isRightToLeft) << text;
+}
+
+}  // namespace
+
+}  // namespace hierfit::report
