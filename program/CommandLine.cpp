@@ -9,6 +9,9 @@
 #include <string_view>
 #include <utility>
 
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
+
 namespace hierfit::program {
 
 namespace {
@@ -112,7 +115,9 @@ std::optional<std::string> CheckLanguage(const std::string& language) {
     return "--lang: " + language + ": no such language; there are " + list;
 }
 
-Explanation Wrong(const std::string& what) { return {"hierfit: " + what + "\nTry: hierfit --help\n", true}; }
+Explanation Wrong(const std::string& what) {
+    return {"hierfit: " + unicode::Excerpt(what, kMostOfText) + "\nTry: hierfit --help\n", true};
+}
 
 Command Finish(ReportCommand command) {
     if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);

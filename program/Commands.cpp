@@ -11,6 +11,7 @@
 #include "PictureFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
+#include "host/unicode/Excerpt.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
 #include "report/text/TextReport.h"
@@ -36,7 +37,9 @@ struct Paths {
 std::variant<Paths, std::string> FindDocuments(const std::vector<std::string>& documents) {
     if (documents.size() == 2) return Paths{documents[0], documents[1]};
     const std::string& folder = documents.front();
-    if (!IsFolder(folder)) return folder + ": one argument must be a folder with model.pmml and model.statxml";
+    if (!IsFolder(folder))
+        return unicode::Excerpt(folder, kMostOfText) +
+               ": one argument must be a folder with model.pmml and model.statxml";
     const std::string base = folder.ends_with('/') ? folder : folder + "/";
     return Paths{base + "model.pmml", base + "model.statxml"};
 }
@@ -101,7 +104,8 @@ int Run(const RenderCommand& command) {
     if (const auto* error = std::get_if<FileError>(&text)) return Fail(kUnreadable, error->fText);
     const auto document = report::ReadJson(std::get<std::string>(text));
     if (const auto* error = std::get_if<report::JsonError>(&document)) {
-        const std::string name = command.fDocument == "-" ? "standard input" : command.fDocument;
+        const std::string name =
+            command.fDocument == "-" ? "standard input" : unicode::Excerpt(command.fDocument, kMostOfText);
         return Fail(kUnreadable, DescribeJsonError(name, *error));
     }
     return Write(std::get<document::Document>(document), command.fOutput);

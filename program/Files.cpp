@@ -8,12 +8,16 @@
 #include <cstring>
 
 #include "Descriptor.h"
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::program {
 
 namespace {
 
-FileError SystemError(const std::string& path) { return {path + ": " + std::strerror(errno)}; }
+FileError SystemError(const std::string& path) {
+    return {unicode::Excerpt(path, kMostOfText) + ": " + std::strerror(errno)};
+}
 
 std::variant<std::string, FileError> ReadAll(int descriptor, const std::string& path, std::size_t limit) {
     struct stat status {};
@@ -24,7 +28,8 @@ std::variant<std::string, FileError> ReadAll(int descriptor, const std::string& 
     }
     std::string text;
     const std::size_t expected = S_ISREG(status.st_mode) ? static_cast<std::size_t>(status.st_size) : 0;
-    if (expected > limit) return FileError{path + ": larger than " + std::to_string(limit >> 20) + " MiB"};
+    if (expected > limit)
+        return FileError{unicode::Excerpt(path, kMostOfText) + ": larger than " + std::to_string(limit >> 20) + " MiB"};
     std::size_t size = 0;
     text.resize(expected + 1);  // one byte more, so that the end is seen without another round
     while (true) {
@@ -33,7 +38,9 @@ std::variant<std::string, FileError> ReadAll(int descriptor, const std::string& 
         if (got < 0) return SystemError(path);
         if (got == 0) break;
         size += static_cast<std::size_t>(got);
-        if (size > limit) return FileError{path + ": larger than " + std::to_string(limit >> 20) + " MiB"};
+        if (size > limit)
+            return FileError{unicode::Excerpt(path, kMostOfText) + ": larger than " + std::to_string(limit >> 20) +
+                             " MiB"};
         if (size == text.size()) text.resize(2 * size + 4096);
     }
     text.resize(size);

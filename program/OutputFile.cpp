@@ -9,6 +9,8 @@
 #include <cstring>
 
 #include "Descriptor.h"
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::program {
 
@@ -78,7 +80,8 @@ bool WriteFile(const std::string& path, std::string_view text) {
 std::optional<FileError> WriteOutput(const std::string& path, std::string_view text) {
     const bool isStandardOutput = path == "-";
     if (isStandardOutput ? WriteAll(STDOUT_FILENO, text) : WriteFile(path, text)) return {};
-    return FileError{(isStandardOutput ? "standard output" : path) + ": " + std::strerror(errno)};
+    return FileError{(isStandardOutput ? "standard output" : unicode::Excerpt(path, kMostOfText)) + ": " +
+                     std::strerror(errno)};
 }
 
 }  // namespace hierfit::program

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <variant>
 
+#include "host/unicode/Excerpt.h"
 #include "report/text/VisibleText.h"
 
 namespace hierfit::program {
@@ -24,7 +25,8 @@ void PrintMessages(const std::list<document::Item>& items) {
     for (const document::Item& item : items) {
         if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) PrintMessages(heading->fItems);
         if (const auto* message = std::get_if<document::Message>(&item.fContent)) {
-            PrintError(fmt::format("{}: {}", LevelWord(message->fLevel), message->fText.fWords));
+            PrintError(fmt::format("{}: {}", LevelWord(message->fLevel),
+                                   unicode::Excerpt(message->fText.fWords, kMostOfText)));
         }
     }
 }
@@ -37,8 +39,9 @@ void PrintDiagnostics(const document::Document& document, const std::vector<std:
             continue;
         }
         const document::Place& place = *diagnostic.fPlace;
-        fmt::print(stderr, "{}:{}:{}: {}\n", paths[static_cast<std::size_t>(place.fSource)], place.fLine, place.fColumn,
-                   report::MakeVisible(diagnostic.fText));
+        fmt::print(stderr, "{}:{}:{}: {}\n",
+                   unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText), place.fLine,
+                   place.fColumn, report::MakeVisible(diagnostic.fText));
     }
 }
 

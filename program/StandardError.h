@@ -8,6 +8,9 @@
 
 namespace hierfit::program {
 
+/// So many characters of a message's words, or of a name or word that the user typed, stand in a line at most.
+inline constexpr std::size_t kMostOfText = 1000;
+
 /// Prints one line, led by the program's name, to standard error.
 void PrintError(const std::string& text);
 

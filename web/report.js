@@ -159,10 +159,10 @@
   const nameMarks = (drawing) => {
     const phone = drawing.querySelector(".phone[role]");
     if (!phone?.getClientRects().length) return;
-    for (const name of ["role", "aria-label"]) phone.removeAttribute(name);
     const named = marksIn(drawing.querySelector(".desk"));
     const marks = phone.querySelectorAll(".m");
     if (named.length !== marks.length) return;
+    for (const name of ["role", "aria-label"]) phone.removeAttribute(name);
     marks.forEach((mark, place) => {
       for (const name of ["role", "aria-label", "data-k"]) {
         const value = named[place].getAttribute(name);
@@ -174,7 +174,8 @@
   // The picture as it would be on paper: its colours are attributes, and only the page's style makes dark ones of them.
   const savePicture = (figure) => {
     const picture = figure.querySelector(".desk").cloneNode(true);
-    for (const element of [picture, ...picture.querySelectorAll(".on, .at")]) element.classList.remove("desk", "lit", "on", "at");
+    picture.removeAttribute("class");
+    for (const element of picture.querySelectorAll(".on, .at")) element.classList.remove("on", "at");
     const addFirst = (name, text, attributes = {}) => {
       const element = document.createElementNS(picture.namespaceURI, name);
       element.textContent = text;
@@ -182,6 +183,7 @@
       picture.prepend(element);
     };
     addFirst("rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
+    addFirst("desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
     addFirst("title", figure.querySelector(".title").textContent);
     saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
   };
@@ -260,8 +262,9 @@
     return null;
   };
 
-  const point = ({ clientX, clientY, pointerType }) => {
-    if (pointerType === "touch") return;
+  // When a picture moves below the pointer, that counts as a move, too, but not as one of the reader's.
+  const point = ({ clientX, clientY, pointerType, movementX, movementY }) => {
+    if (pointerType === "touch" || (mark && movementX === 0 && movementY === 0)) return;
     const found = findAt(clientX, clientY, ".drawing svg [role=img], .drawing [data-e]");
     if (mark || !found) leave();
     if (!found) return;
@@ -294,7 +297,13 @@
   const enliven = (drawing) => {
     drawing.tabIndex = 0;
     drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
-    const listeners = { pointermove: point, pointerleave: leave, pointerdown: touch, keydown: walk, focusout: leave };
+    const listeners = {
+      pointermove: point,
+      pointerdown: touch,
+      pointerleave: () => mark || leave(),
+      keydown: walk,
+      focusout: () => drawing.contains(mark) && leave(),
+    };
     for (const [name, listener] of Object.entries(listeners)) drawing.addEventListener(name, listener);
     naming.observe(drawing);
   };

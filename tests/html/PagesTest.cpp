@@ -190,7 +190,7 @@ document::Document MakeBare() {
 TEST(Pages, AreWritten) {
     const std::pair<std::string, document::Document> pages[] = {
         {"report", MakeReport()}, {"hostile", MakeHostile()}, {"large", MakeLarge()},  {"nested", MakeNested()},
-        {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeCharts()}};
+        {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}};
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
         std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);

@@ -13,14 +13,17 @@ export async function checkDrawn(page) {
       const name = document.getElementById(figure.getAttribute("aria-labelledby"))?.textContent;
       if (figure.getAttribute("role") !== "group" || !name) faults.push(`#${figure.id} has no name`);
       const sentence = figure.getAttribute("aria-describedby");
-      if (sentence && !document.getElementById(sentence)?.textContent) faults.push(`#${figure.id} is described by nothing`);
+      const isDescribed = !sentence || document.getElementById(sentence)?.textContent;
+      if (!isDescribed) faults.push(`#${figure.id} is described by nothing`);
       const pictures = Array.from(figure.querySelectorAll(".drawing > svg"));
       const seen = pictures.filter(isSeen);
-      if (seen.length !== 1 || !seen[0].getBoundingClientRect().height) faults.push(`#${figure.id} shows ${seen.length} pictures`);
+      const isShown = seen.length === 1 && seen[0].getBoundingClientRect().height > 0;
+      if (!isShown) faults.push(`#${figure.id} shows ${seen.length} pictures`);
       const counts = new Set(pictures.map((picture) => picture.querySelectorAll("[role=img], .m").length));
       if (counts.size > 1) faults.push(`the marks of #${figure.id} are ${[...counts]}`);
       const isTitled = figure.classList.contains("titled");
-      if (isTitled !== (figure.querySelector(".title").offsetWidth === 1)) faults.push(`#${figure.id} has two titles or none`);
+      const isHidden = figure.querySelector(".title").offsetWidth === 1;
+      if (isTitled !== isHidden) faults.push(`#${figure.id} has two titles or none`);
     }
     const ids = Array.from(document.querySelectorAll("[id]"), ({ id }) => id);
     const known = new Set();
@@ -31,7 +34,8 @@ export async function checkDrawn(page) {
 
 /** The arrow keys lead through the marks, and each one's tip is a text, to the letter, which is read out. */
 async function walk(page, drawing) {
-  const expected = await drawing.evaluate((element) => element.querySelector("svg.desk [role=img]")?.getAttribute("aria-label"));
+  const expected = await drawing.evaluate((element) =>
+    element.querySelector("svg.desk [role=img]")?.getAttribute("aria-label"));
   if (!expected) return [];
   const faults = [];
   await drawing.focus();
@@ -44,7 +48,8 @@ async function walk(page, drawing) {
   if (read !== expected) faults.push(`${JSON.stringify(read)} is read out, not ${JSON.stringify(expected)}`);
   if (parts > 0) faults.push(`the tip ${expected} holds elements`);
   await page.keyboard.press("ArrowLeft");
-  const last = await page.evaluate(() => Array.from(document.activeElement.querySelectorAll("svg.desk [role=img]")).at(-1).classList.contains("at"));
+  const last = await drawing.evaluate((element) =>
+    Array.from(element.querySelectorAll("svg.desk [role=img]")).at(-1).classList.contains("at"));
   if (!last) faults.push("the way from the first mark does not lead to the last");
   await page.keyboard.press("Escape");
   if (await page.locator(".tip").isVisible()) faults.push("the tip stays");
@@ -117,7 +122,8 @@ async function checkOnPhone(page, isNamed) {
       if (left < 0 || right > innerWidth) faults.push(`a picture reaches from ${left} to ${right} px on a phone`);
       const natural = Number(picture.getAttribute("width"));
       if (natural <= 340 && Math.abs(width - natural) > 0.1) faults.push(`a picture of ${natural} px is ${width} px wide`);
-      const namesIn = (one) => Array.from(one.querySelectorAll("[role=img]"), (mark) => mark.getAttribute("aria-label")).join("|");
+      const namesIn = (one) =>
+        Array.from(one.querySelectorAll("[role=img]"), (mark) => mark.getAttribute("aria-label")).join("|");
       if (named && namesIn(picture) !== namesIn(drawing.firstElementChild)) faults.push("marks have other names on a phone");
     }
     return faults;
@@ -152,7 +158,8 @@ export async function checkPlaces(page) {
 /** The words of a picture's file. */
 function wordsOf(svg) {
   const entities = { "&amp;": "&", "&lt;": "<", "&gt;": ">", "&nbsp;": "\u00a0" };
-  return Array.from(svg.matchAll(/<text[^>]*>(.*?)<\/text>/gs), ([, words]) => words.replace(/&\w+;/g, (entity) => entities[entity]));
+  return Array.from(svg.matchAll(/<text[^>]*>(.*?)<\/text>/gs),
+    ([, words]) => words.replace(/&\w+;/g, (entity) => entities[entity]));
 }
 
 /** Each picture can be saved as a file that stands by itself. */
@@ -166,7 +173,7 @@ export async function checkSaved(page) {
   const file = readFileSync(await download.path(), "utf8");
   const shown = await page.locator(`#${name.replace(/\.svg$/, "")} .desk text`).allTextContents();
   const saved = wordsOf(file);
-  const stands = /^<svg xmlns="[^"]+" [^>]*><title>[^<]*<\/title><rect /.test(file);
+  const stands = /^<svg xmlns="[^"]+" [^>]*><title>[^<]*<\/title><desc>[^<]*<\/desc><rect /.test(file);
   return [...shown.join("|") === saved.join("|") ? [] : [`${name} says ${saved}, not ${shown}`],
     ...stands ? [] : [`${name} begins ${file.slice(0, 300)}`]];
 }

@@ -131,10 +131,34 @@ async function checkScrolling(page) {
   return isPinned(below) && isPinned(beside) ? [] : [`what should stay in view is ${below} and ${beside} px off`];
 }
 
+/** A finger shows the tip of the mark that it touches, in the layout for a phone; it stays until another place is touched. */
+async function checkTouch(page, browser, url) {
+  const context = await browser.newContext({ viewport: { width: 360, height: 740 }, hasTouch: true });
+  const phone = await context.newPage();
+  await phone.goto(url);
+  const tip = phone.locator(".tip");
+  const shown = [];
+  for (const place of [1, 0]) {
+    const picture = phone.locator(".drawing svg").filter({ visible: true }).nth(place);
+    const mark = picture.locator("[role=img]").first();
+    await mark.scrollIntoViewIfNeeded();
+    const { x, y, width, height } = await mark.boundingBox();
+    await phone.touchscreen.tap(x + width / 2, y + height / 2);
+    shown.push(await tip.textContent() === await mark.getAttribute("aria-label"));
+  }
+  const isThere = await tip.isVisible();
+  const { x, y } = await phone.locator(".drawing").first().boundingBox();
+  await phone.touchscreen.tap(x + 1, y + 1);
+  const isGone = !await tip.isVisible();
+  await context.close();
+  return compare({ shown: String(shown), isThere, isGone }, { shown: "true,true", isThere: true, isGone: true });
+}
+
 /** By name of the page. */
 export const sampleChecks = {
   report: async (page, browser, url) => [...await checkReport(page), ...await checkFallbacks(browser, url),
     ...await checkWithoutScripts(browser, url)],
   hostile: checkHostile,
   large: checkScrolling,
+  charts: checkTouch,
 };

@@ -34,6 +34,13 @@ function checkRefusal(name, got, status, err) {
   check(name, isExpected, `standard error is\n${got.err.slice(0, 1000)}expected\n${err}`);
 }
 
+// What is said of a long text.
+const long = "n\u00e4".repeat(5e6);
+const cut = (longer, most = 200) => {
+  const behind = Math.floor((most - 3) / 2);
+  return `${longer.slice(0, most - 3 - behind)}...${longer.slice(-behind)}`;
+};
+
 // ---- documents that cannot be read: [name, pmml, statxml, standard error]; no output may appear
 
 const error = "hierfit: error: The StatXML document of the model could not be read.\n";
@@ -52,6 +59,16 @@ const unreadable = [
   ["a PMML without fields", "<PMML/>", statXml, "d/model.pmml:1:1: PMML: element \"DataDictionary\" expected\n"],
   ["a document type", pmml, '<!DOCTYPE a [<!ENTITY b "c">]>\n<a>&b;</a>',
     `${error}d/model.statxml:1:1: document type declarations are not read\n<!DOCTYPE a [<!ENTITY b "c">]>\n^\n`],
+  ["an element's name of 15 MB", pmml, `<${long}/>`,
+    `${error}d/model.statxml:1:1: ${cut(long)}: element "PMMLModel/PredictiveSummary" expected\n`],
+  ["an algorithm of 15 MB", pmml, statXml.replace('algorithmName="GLMM"', `algorithmName="${long}"`),
+    `${error}d/model.statxml:XX: StatXML/PMMLModel/PredictiveSummary: the algorithm is "${cut(long)}", not "GLMM"\n`],
+  ["a field's name of 15 MB", pmml, statXml.replaceAll('<Value value="Days"/>', `<Value value="${long}"/>`)
+      .replace(/<Attribute name="NestingLevels">[^]*?<\/Attribute>/g, ""),
+    `${error}d/model.statxml:XX: StatXML/BuildSettings/Parameter[12]/ListValue/StructuredValue/Attribute/ListValue/Value: ` +
+    `"${cut(long)}" is no field of the data source\n`],
+  ["a mining field of 15 MB", pmml.replace("<MiningSchema>", `<MiningSchema><MiningField name="${long}"/>`), statXml,
+    /^d\/model.pmml:\d+:\d+: PMML\/[^:]{0,200}: "(n\u00e4){49}n\.\.\.(n\u00e4){49}" is no field of the data dictionary\n$/],
   ["an attribute of 100 MB", pmml, `<a b="${"x".repeat(1e8)}"/>`,
     `${error}d/model.statxml:1:1: an attribute value is longer than 16 MiB\n<a b="${"x".repeat(34)}...\n^\n`],
 ];
@@ -61,7 +78,7 @@ for (const [name, fields, results, expected] of unreadable) {
   writeFileSync("d/model.pmml", fields);
   writeFileSync("d/model.statxml", results);
   const got = report("-o", "never.txt", "d");
-  if (expected.includes(":XX:")) got.err = got.err.replace(/:\d+:\d+: /g, ":XX: ");
+  if (String(expected).includes(":XX:")) got.err = got.err.replace(/:\d+:\d+: /g, ":XX: ");
   checkRefusal(name, got, 2, expected);
   check(name, !readdirSync(".").includes("never.txt"), "there is output");
 }
@@ -71,6 +88,7 @@ for (const [name, fields, results, expected] of unreadable) {
 mkdirSync("empty");
 writeFileSync("bad.json", '{"format": "hierfit-output",\n  oops}');
 writeFileSync("other.json", '{"format": "something"}');
+writeFileSync("long.json", `{"${long}": "${long}", "format": "${long}"}`);
 const usage = "Try: hierfit --help\n";
 const refused = [
   ["a missing file", ["report", "no.pmml", "no.statxml"], 2, "hierfit: no.pmml: No such file or directory\n"],
@@ -78,6 +96,10 @@ const refused = [
   ["one file alone", ["report", "bad.json"], 2,
     "hierfit: bad.json: one argument must be a folder with model.pmml and model.statxml\n"],
   ["a folder as a document", ["report", join(example, "model.pmml"), "empty"], 2, "hierfit: empty: Is a directory\n"],
+  ["a missing file of a long name", ["report", long.slice(0, 2000), "x"], 2,
+    `hierfit: ${cut(long.slice(0, 2000), 1000)}: File name too long\n`],
+  ["a language of a long name", ["report", "--lang", long.slice(0, 2000), example], 1, /^hierfit: --lang: [^]{1,1050}$/],
+  ["a saved document of long texts", ["render", "long.json"], 2, 'hierfit: long.json: /format: "hierfit-output" expected\n'],
   ["a missing saved document", ["render", "no.json"], 2, "hierfit: no.json: No such file or directory\n"],
   ["an unknown language", ["report", "--lang", "xx", example], 1,
     `hierfit: --lang: xx: no such language; there are C, en\n${usage}`],
@@ -85,6 +107,9 @@ const refused = [
     `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
+  ["pictures without a folder", ["report", "-f", "svg", example], 1,
+    `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["pictures into a file", ["report", "-f", "svg", "-o", "bad.json", example], 3, "hierfit: bad.json: Not a directory\n"],
   ["a device that is full", ["report", "-f", "text", "-o", "/dev/full", example], 3,
     "hierfit: /dev/full: No space left on device\n"],
 ];
@@ -137,6 +162,29 @@ for (const [name, args, part] of outputs) {
   const { status, out } = run(...args);
   check(name, status === 0 && out.includes(part), `${status} ${out.slice(0, 400)}`);
 }
+
+// ---- long texts of the back-end
+
+const message = `<Message><PrintableList pattern="${long}"><PrintableValue value="${long}"/></PrintableList></Message>`;
+writeFileSync("d/model.pmml", pmml);
+writeFileSync("d/model.statxml", statXml.replace("</TrainingSummary>", `${message}</TrainingSummary>`));
+got = report("d");
+check("a message of 15 MB", got.status === 0, `status ${got.status}`);
+check("a message of 15 MB", got.err.replace(/^.*?: /, "") === `${cut(long)} (${cut(long, 1000)})\n`, got.err.slice(0, 3000));
+
+const chartsIn = (items) => items.flatMap((item) => (item.kind === "heading" ? chartsIn(item.items) : item))
+  .filter(({ kind }) => kind === "chart");
+run("report", "-f", "svg", "-o", "new/folder/", example);
+const pictures = readdirSync("new/folder");
+const charts = chartsIn(JSON.parse(readFileSync("a.json", "utf8")).items);
+check("pictures", pictures.length > 0 && pictures.length === charts.length, `${pictures} of ${charts.length} charts`);
+const page = run("report", "-f", "html", example).out;
+for (const picture of pictures) {
+  check(picture, page.includes(`id="${picture.replace(".svg", "")}"`), "is named otherwise than in the page");
+  check(picture, readFileSync(join("new/folder", picture), "utf8").startsWith("<svg xmlns="), "is no picture");
+}
+const bare = run("report", "--static", "-f", "html", example).out;
+check("a static page", bare.includes("<svg") && !bare.includes("<script"), "has a script or no picture");
 
 // ---- encodings
 

@@ -1,6 +1,7 @@
 #include "hierfit/estimates/HFITParamEstimatesOutput.h"
 #include "hierfit/tables/TableParts.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -123,7 +124,7 @@ bool HFITParamEstimatesOutput::IsThreshold(const ParamEstimate& estimate) const 
 
 bool HFITParamEstimatesOutput::ThresholdCategory(BpDimension& modelTerm, const ParamEstimate& estimate) const {
     if (estimate.fParam.fvFactors.empty()) {
-        Diagnose("table \"Fixed Coefficients\": the threshold \"" + estimate.fParamName +
+        Diagnose("table \"Fixed Coefficients\": the threshold \"" + unicode::Excerpt(estimate.fParamName) +
                  "\" is left out, since it names no category of the target");
         return false;
     }

@@ -4,6 +4,7 @@
 #include "hierfit/tables/MessageKeys.h"
 #include "hierfit/tables/TableParts.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -81,7 +82,7 @@ bool HFITEmmeansOutput::CanPrintContrasts(const EmmeansData& block) const {
         const bool isCompareColumn = i + 2 >= nFactor;
         if ((factorCoords[i].fField == spec.fCompareFactor) == isCompareColumn) continue;
         Diagnose(name + " is left out: not the last two of its factor columns are those of the compare factor \"" +
-                 spec.fCompareFactor + "\"");
+                 unicode::Excerpt(spec.fCompareFactor) + "\"");
         return false;
     }
     return AreKnown(factorCoords, name);

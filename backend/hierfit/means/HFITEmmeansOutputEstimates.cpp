@@ -4,6 +4,7 @@
 #include "hierfit/means/HFITEmmeansOutput.h"
 #include "hierfit/tables/TableParts.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -56,7 +57,7 @@ BpComposite HFITEmmeansOutput::ContinuousCaption(const std::vector<EmmeansLabel>
 bool HFITEmmeansOutput::AreKnown(const std::vector<Coordinates>& factorCoords, const std::string& table) const {
     for (const Coordinates& column : factorCoords) {
         if (FindVariable(column.fField)) continue;
-        Diagnose(table + " is left out: its factor \"" + column.fField + "\" is not in the data");
+        Diagnose(table + " is left out: its factor \"" + unicode::Excerpt(column.fField) + "\" is not in the data");
         return false;
     }
     return true;

@@ -3,6 +3,7 @@
 #include "hierfit/tables/TableParts.h"
 #include "host/BpError.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -126,7 +127,7 @@ bool CheckColumns(const StructuredData& data, const BuildSettings& settings) {
         return false;
     }
     for (const RepeatMeasVar& measure : data.fvRepeatedMeasures) {
-        DiagnoseColumn("\"" + measure.fRepMeas + "\"", measure.fvValues.size(), nRecords);
+        DiagnoseColumn("\"" + unicode::Excerpt(measure.fRepMeas) + "\"", measure.fvValues.size(), nRecords);
     }
     if (settings.fTrialsIndex >= 0) {
         DiagnoseColumn("\"" + settings.fTrials + "\"", data.fvTrialsValues.size(), nRecords);

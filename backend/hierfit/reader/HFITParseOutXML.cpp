@@ -6,6 +6,7 @@
 #include "hierfit/reader/XmlReading.h"
 #include "host/BpError.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -58,7 +59,7 @@ bool HFITParseOutXML::ReadAlgorithmName(const SDOMXMLWrapper& root) {
     const SDOMXMLWrapper* summary = FirstElement(root, "PMMLModel/PredictiveSummary");
     if (!summary || !summary->GetAttribute("algorithmName", fpBuildSettings->fAlgorithmName)) return false;
     if (fpBuildSettings->fAlgorithmName == "GLMM") return true;
-    Diagnose(*summary, "the algorithm is \"" + fpBuildSettings->fAlgorithmName + "\", not \"GLMM\"");
+    Diagnose(*summary, "the algorithm is \"" + unicode::Excerpt(fpBuildSettings->fAlgorithmName) + "\", not \"GLMM\"");
     return false;
 }
 

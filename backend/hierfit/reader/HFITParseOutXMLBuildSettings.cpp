@@ -7,6 +7,7 @@
 #include "hierfit/reader/XmlReading.h"
 #include "host/Conversions.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -101,7 +102,8 @@ bool HFITParseOutXML::ReadParameter(const SDOMXMLWrapper& element, BuildSettings
 int HFITParseOutXML::FindNamedField(const SDOMXMLWrapper& element, const std::string& name,
                                     const std::string& otherwise) {
     const int index = fDataSource->FindVarIndex(name, 0);
-    if (index < 0) Diagnose(element, "the field \"" + name + "\" is not in the data, and " + otherwise);
+    if (index < 0)
+        Diagnose(element, "the field \"" + unicode::Excerpt(name) + "\" is not in the data, and " + otherwise);
     return index;
 }
 

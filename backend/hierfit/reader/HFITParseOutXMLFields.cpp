@@ -1,6 +1,7 @@
 #include "hierfit/reader/HFITParseOutXML.h"
 #include "hierfit/reader/XmlReading.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -26,7 +27,7 @@ bool HFITParseOutXML::ReadFieldInfo(SDOMXMLWrapper* element, SubjectData* record
 
         const int variable = map.VariableOf(field);
         if (variable < 0 || !map.fvIsCategorical[static_cast<std::size_t>(variable)]) {
-            Diagnose(info, "the field \"" + name + "\" is no categorical variable of the model");
+            Diagnose(info, "the field \"" + unicode::Excerpt(name) + "\" is no categorical variable of the model");
             return false;
         }
         record->fSubjectNames.push_back(std::move(name));
@@ -45,8 +46,8 @@ bool HFITParseOutXML::ReadRepeatedMeasure(SDOMXMLWrapper* element, RepeatMeasVar
     const VarMapInfo& map = fpStats->GetVarMapInfo();
     const int variable = map.VariableOf(record->fRepMeasInd);
     if (variable < 0) {
-        Diagnose(*element,
-                 "the field \"" + record->fRepMeas + "\" is no variable of the model, so its levels are not known");
+        Diagnose(*element, "the field \"" + unicode::Excerpt(record->fRepMeas) +
+                               "\" is no variable of the model, so its levels are not known");
     } else {
         record->fLevels = map.fvCategoryCount[static_cast<std::size_t>(variable)];
     }
@@ -89,7 +90,7 @@ bool HFITParseOutXML::ReadCovariate(SDOMXMLWrapper* element, CovariateTerm* reco
     if (!element->GetAttribute("power", power)) return false;
     record->fPower = IntegerOr(power, 0);
     if (record->fPower <= kGreatestPower) return true;
-    Diagnose(*element, "a power of " + power + " is above " + std::to_string(kGreatestPower));
+    Diagnose(*element, "a power of " + unicode::Excerpt(power) + " is above " + std::to_string(kGreatestPower));
     return false;
 }
 

@@ -2,6 +2,7 @@
 #include "hierfit/reader/XmlReading.h"
 #include "host/Conversions.h"
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -39,8 +40,8 @@ bool HFITParseOutXML::ReadFirstSubjectRecords(SDOMXMLWrapper* element, Structure
 bool HFITParseOutXML::ReadRecordColumns(const SDOMXMLWrapper& group, StructuredData* record) {
     const std::string description = AttributeText(group, "description");
     if (description != "repeatedMeasures" && description != "target") {
-        Diagnose(group,
-                 "a group of columns is described \"" + description + "\", not \"repeatedMeasures\" or \"target\"");
+        Diagnose(group, "a group of columns is described \"" + unicode::Excerpt(description) +
+                            "\", not \"repeatedMeasures\" or \"target\"");
         return false;
     }
     const Elements columns(group, "Coordinates");

@@ -1,6 +1,7 @@
 #include "hierfit/store/HFITOutputStats.h"
 
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -63,7 +64,7 @@ void HFITOutputStats::BuildVarMap() {
         variable->GetName(name);
         const int field = fpMetaData ? fpMetaData->GetFieldIndex(name) : -1;
         if (field < 0 || field >= nFields) {
-            Diagnose("the model's variable \"" + name + "\" is no field of the data and is left out");
+            Diagnose("the model's variable \"" + unicode::Excerpt(name) + "\" is no field of the data and is left out");
             continue;
         }
         const auto at = static_cast<std::size_t>(i);

@@ -6,9 +6,10 @@
 
 #include "host/Diagnose.h"
 #include "host/chart/data/DataStore.h"
-#include "host/chart/specification/ReadSpecification.h"
 #include "host/chart/picture/MakePicture.h"
+#include "host/chart/specification/ReadSpecification.h"
 #include "host/context/RunContext.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::chart {
 
@@ -45,12 +46,13 @@ void Draft::Record(int entry, std::string call, std::vector<document::ChartCall:
 bool Draft::Send(const std::array<bool, 3>& arguments) const {
     auto result = ReadSpecification(fXml);
     if (const auto* failure = std::get_if<Unreadable>(&result)) {
-        Diagnose("chart \"" + fDescription + "\" was left out: " + failure->fReason);
+        Diagnose("chart \"" + unicode::Excerpt(fDescription) + "\" was left out: " + failure->fReason);
         return false;
     }
     auto& [specification, remarks] = std::get<Reading>(result);
     auto& run = context::RunContext::Current();
-    const auto tell = [&, &templateName = specification.fTemplate](const std::vector<std::string>& texts) {
+    const auto tell = [&, templateName =
+                              unicode::Excerpt(specification.fTemplate)](const std::vector<std::string>& texts) {
         for (const std::string& text : texts) DiagnoseOnce(run, "chart " + templateName + ": " + text);
     };
     tell(remarks);

@@ -6,6 +6,7 @@
 #include "host/FetchFile.h"
 #include "host/PathFactory.h"
 #include "host/data/PrintFormat.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::chart {
 
@@ -72,7 +73,8 @@ std::string TemplateBuilder::Build() const {
         FetchFile::fetch(PathFactory::getPathInstance().GetBaseDirectory() + "template/" + file, true, true);
     const std::size_t end = xml.rfind(kRootEnd);
     if (end == std::string::npos) {
-        Diagnose(xml.empty() ? "there is no chart template " + file : "chart template " + file + " holds no chart");
+        const std::string name = unicode::Excerpt(file);
+        Diagnose(xml.empty() ? "there is no chart template " + name : "chart template " + name + " holds no chart");
         return {};
     }
     return xml.insert(end, fTitle + fFields);

@@ -5,6 +5,7 @@
 #include "host/Diagnose.h"
 #include "host/chart/Draft.h"
 #include "host/chart/specification/Fragments.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -29,7 +30,7 @@ bool XDocument::SendChart(bool first, bool second, bool third) {
     try {
         return fpDraft->Send({first, second, third});
     } catch (const std::exception& error) {
-        Diagnose("chart \"" + fpDraft->fDescription + "\" was left out: " + error.what());
+        Diagnose("chart \"" + unicode::Excerpt(fpDraft->fDescription) + "\" was left out: " + error.what());
         return false;
     }
 }

@@ -9,6 +9,10 @@
 
 #include "host/document/Document.h"
 
+namespace hierfit {
+class KEST_DataSource;
+}
+
 namespace hierfit::xml {
 class Document;
 }
@@ -103,6 +107,10 @@ class RunContext {
     void SetLastXml(std::shared_ptr<const xml::Document> document) { fpLastXml = std::move(document); }
     const std::shared_ptr<const xml::Document>& GetLastXml() const { return fpLastXml; }
 
+    /// The data that the run is about, for as long as it is under way; null before they are read.
+    const KEST_DataSource* GetDataSource() const { return fpDataSource; }
+    void SetDataSource(const KEST_DataSource* source) { fpDataSource = source; }
+
     /// The level of confidence of the run's intervals, between 0 and 1, where the procedure has told it.
     std::optional<double> GetConfidenceLevel() const { return fConfidenceLevel; }
     void SetConfidenceLevel(double level) { fConfidenceLevel = level; }
@@ -126,6 +134,7 @@ class RunContext {
     document::Document fDocument;
     std::vector<std::weak_ptr<std::list<document::Item>>> fvOpenHeadings;
     std::shared_ptr<const xml::Document> fpLastXml;
+    const KEST_DataSource* fpDataSource = nullptr;
     std::optional<double> fConfidenceLevel;
     unsigned fTouchedNode = 0;
     Miss fMiss{};

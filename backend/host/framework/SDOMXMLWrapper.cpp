@@ -8,6 +8,7 @@
 #include "host/context/RunContext.h"
 #include "host/framework/SimpleArray.h"
 #include "host/framework/XmlPool.h"
+#include "host/unicode/Excerpt.h"
 #include "host/xml/Document.h"
 
 namespace hierfit {
@@ -126,7 +127,7 @@ void Diagnose(const SDOMXMLWrapper& element, const std::string& text) {
     if (!element.fpPool) return run->AddDiagnostic(2, text, std::nullopt);
     const xml::Document& document = element.fpPool->GetDocument();
     const auto [line, column] = document.PositionOf(element.fNode);
-    run->AddDiagnostic(2, document.PathOf(element.fNode) + ": " + text,
+    run->AddDiagnostic(2, unicode::Excerpt(document.PathOf(element.fNode)) + ": " + text,
                        document::Place{document::kStatXmlSource, line, column});
 }
 

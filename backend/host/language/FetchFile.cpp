@@ -4,6 +4,7 @@
 
 #include "host/context/RunContext.h"
 #include "host/language/WholeFile.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit {
 
@@ -19,7 +20,8 @@ std::optional<std::string> ReadUsersOwn(context::RunContext& context, const std:
     auto text = language::ReadWholeFile(path, kSizeLimit);
     std::error_code error;
     if (!text && std::filesystem::exists(path, error))
-        context.AddDiagnostic(2, name + ": the file in the folder of templates cannot be read", std::nullopt);
+        context.AddDiagnostic(2, unicode::Excerpt(name) + ": the file in the folder of templates cannot be read",
+                              std::nullopt);
     return text;
 }
 

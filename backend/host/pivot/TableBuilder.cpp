@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::pivot {
 
@@ -59,7 +60,7 @@ void TableBuilder::WriteCell(const document::Text& content) {
 
 void TableBuilder::TellOverwriting() {
     if (std::exchange(fHasOverwritten, true)) return;
-    Diagnose("table \"" + fTable.fTitle.fWords +
+    Diagnose("table \"" + unicode::Excerpt(fTable.fTitle.fWords) +
              "\": rows or columns of the same names fall together, and the last of them is shown");
 }
 

@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "host/pmml/FieldReader.h"
+#include "host/unicode/Excerpt.h"
 #include "host/xml/Document.h"
 
 namespace hierfit::pmml {
@@ -42,7 +43,7 @@ class DictionaryReader {
 
 void DictionaryReader::Fail(Node element, std::string_view reason) const {
     const auto [line, column] = fDocument.PositionOf(element);
-    throw ReadError{fmt::format("{}: {}", fDocument.PathOf(element), reason), line, column};
+    throw ReadError{fmt::format("{}: {}", unicode::Excerpt(fDocument.PathOf(element)), reason), line, column};
 }
 
 std::string DictionaryReader::ReadName(Node element) const {
@@ -59,7 +60,7 @@ std::vector<Field> DictionaryReader::ReadFields() {
          element = fDocument.NextOfName(element)) {
         std::string name = ReadName(element);
         if (!fIndices.emplace(name, static_cast<int>(fields.size())).second) {
-            Fail(element, fmt::format("another field is named \"{}\"", name));
+            Fail(element, fmt::format("another field is named \"{}\"", unicode::Excerpt(name)));
         }
         fields.push_back(ReadField(fDocument, element));
         fields.back().fName = std::move(name);
@@ -96,7 +97,8 @@ std::vector<int> DictionaryReader::ReadVariables() const {
          element = fDocument.NextOfName(element)) {
         const std::string name = ReadName(element);
         const auto found = fIndices.find(name);
-        if (found == fIndices.end()) Fail(element, fmt::format("\"{}\" is no field of the data dictionary", name));
+        if (found == fIndices.end())
+            Fail(element, fmt::format("\"{}\" is no field of the data dictionary", unicode::Excerpt(name)));
         const auto index = static_cast<std::size_t>(found->second);
         if (!isTaken[index]) variables.push_back(found->second);
         isTaken[index] = true;

@@ -1,11 +1,14 @@
 #include "host/session/BackEndMessages.h"
 
 #include <algorithm>
+#include <charconv>
 #include <string_view>
 #include <utility>
 
+#include "host/KEST_DataSource.h"
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::session {
 
@@ -34,34 +37,84 @@ std::vector<std::string> ReadParameters(const xml::Document& xml, Node list) {
     return parameters;
 }
 
-void ReadMessagesBelow(const xml::Document& xml, Node parent, std::vector<BackEndMessage>& messages) {
+void ReadMessagesBelow(const xml::Document& xml, Node parent, Node block, std::vector<BackEndMessage>& messages) {
     for (Node message = xml.FirstChild(parent, "Message"); message != xml::Document::kNone;
          message = xml.NextOfName(message)) {
         const Node list = xml.FirstChild(message, "PrintableList");
         if (list == xml::Document::kNone) continue;
         const std::string_view key = xml.Attribute(list, "pattern").value_or("");
         if (key.empty()) continue;
-        messages.push_back({std::string(key), ReadParameters(xml, list), message});
+        messages.push_back({std::string(key), ReadParameters(xml, list), message, block});
     }
 }
 
-/// A message in the run's language.
-struct Words {
-    std::string fFilled;  ///< as a table or message would show it
-    std::string fWhole;   ///< with the parameters that the wording has no mark for behind it
-};
+/// The label of the field of that name, or the name.
+std::string DisplayName(const context::RunContext& context, std::string_view field) {
+    const KEST_DataSource* source = context.GetDataSource();
+    const std::string name(field);
+    const KEST_Variable* variable = source == nullptr ? nullptr : source->GetVariable(source->FindVarIndex(name, 0));
+    return variable != nullptr && variable->GetLabel() != nullptr ? variable->GetLabel() : name;
+}
 
-Words PutTogether(const context::RunContext& context, const BackEndMessage& message) {
-    const std::string_view pattern = context.Translate(message.fKey);
-    Words words;
-    words.fFilled = language::FillMarks(pattern, {message.fvParameters.begin(), message.fvParameters.end()});
-    std::string rest;
-    for (std::size_t i = 0; i < message.fvParameters.size(); ++i) {
-        if (pattern.find("^" + std::to_string(i + 1)) != std::string_view::npos) continue;
-        rest += (rest.empty() ? "" : "; ") + message.fvParameters[i];
+/// The factors of a block of means, joined as in its heading.
+std::string FactorsOf(const context::RunContext& context, Node block) {
+    const xml::Document& xml = *context.GetLastXml();
+    std::string factors;
+    Node group = Find(xml, block, {"MultivariateData", "CoordinatesGroup"});
+    if (group == xml::Document::kNone) return factors;
+    for (Node factor = xml.FirstChild(group, "Coordinates"); factor != xml::Document::kNone;
+         factor = xml.NextOfName(factor)) {
+        factors += (factors.empty() ? "" : " * ") + DisplayName(context, xml.Attribute(factor, "field").value_or(""));
     }
-    words.fWhole = rest.empty() ? words.fFilled : words.fFilled + " (" + rest + ")";
-    return words;
+    return factors;
+}
+
+/// The number of a block of means, counted from 1; empty where the block does not tell it.
+std::string NumberOf(const xml::Document& xml, Node block) {
+    for (Node each = xml.FirstChild(block, "Statistic"); each != xml::Document::kNone; each = xml.NextOfName(each)) {
+        const std::string_view value = xml.Attribute(each, "value").value_or("");
+        int index = -1;
+        const bool isIndex = xml.Attribute(each, "name") == "EMMEANSIndex";
+        std::from_chars(value.data(), value.data() + value.size(), index);
+        if (isIndex && index >= 0) return std::to_string(index + 1LL);
+    }
+    return {};
+}
+
+using Parameters = std::vector<std::string>;
+
+/// A message in the run's language as a table or message would show it.
+std::string Fill(std::string_view pattern, const Parameters& parameters) {
+    return language::FillMarks(pattern, {parameters.begin(), parameters.end()});
+}
+
+/// The same, with the parameters that the wording has no mark for behind it. They may be sentences of the back-end and
+/// stand nowhere else, so they get more room than a name.
+std::string Summarize(std::string_view pattern, const BackEndMessage& message) {
+    constexpr std::size_t kMarks = 9;
+    constexpr std::size_t kMost = 1000;
+    Parameters parameters;
+    std::string rest;
+    for (const std::string& parameter : message.fvParameters) {
+        parameters.push_back(unicode::Excerpt(parameter, kMost));
+        const std::size_t number = parameters.size();
+        if (number <= kMarks && pattern.find("^" + std::to_string(number)) != std::string_view::npos) continue;
+        rest += (rest.empty() ? "" : "; ") + parameters.back();
+    }
+    const std::string words =
+        Fill(pattern == message.fKey ? unicode::Excerpt(pattern) : std::string(pattern), parameters);
+    return rest.empty() ? words : words + " (" + unicode::Excerpt(rest, kMost) + ")";
+}
+
+/// Says which block of means a message is about, as its heading does; empty for one about the model.
+std::string BlockBefore(const context::RunContext& context, const BackEndMessage& message) {
+    if (message.fBlock == xml::Document::kNone) return {};
+    const std::string number = NumberOf(*context.GetLastXml(), message.fBlock);
+    const std::string factors = FactorsOf(context, message.fBlock);
+    if (number.empty() || factors.empty()) return {};
+    return language::FillMarks(context.Translate("EMMEANS Effect ^1 block ^2 ..."),
+                               {unicode::Excerpt(factors), number}) +
+           ": ";
 }
 
 bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::string& words) {
@@ -79,11 +132,13 @@ std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml) {
     if (diagnostics != xml::Document::kNone) {
         for (Node group = statXml.FirstChild(diagnostics, "DataGroup"); group != xml::Document::kNone;
              group = statXml.NextOfName(group)) {
-            if (statXml.Attribute(group, "description") == "customEmmeans") ReadMessagesBelow(statXml, group, messages);
+            if (statXml.Attribute(group, "description") == "customEmmeans") {
+                ReadMessagesBelow(statXml, group, group, messages);
+            }
         }
     }
     const Node summary = Find(statXml, 0, {"PMMLModel", "TrainingSummary"});
-    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, messages);
+    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, xml::Document::kNone, messages);
     return messages;
 }
 
@@ -93,10 +148,10 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
     if (messages.empty()) return;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
-        Words words = PutTogether(context, message);
-        if (IsShown(shown, message, words.fFilled) || !context.TakeRoomForWarning()) continue;
+        const std::string_view pattern = context.Translate(message.fKey);
+        if (IsShown(shown, message, Fill(pattern, message.fvParameters)) || !context.TakeRoomForWarning()) continue;
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
-        context.AddDiagnostic(2, std::move(words.fWhole),
+        context.AddDiagnostic(2, BlockBefore(context, message) + Summarize(pattern, message),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
     }
 }

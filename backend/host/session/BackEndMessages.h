@@ -14,6 +14,7 @@ struct BackEndMessage {
     std::string fKey;
     std::vector<std::string> fvParameters;  ///< none of them empty
     xml::Document::Node fNode;              ///< the `Message` element
+    xml::Document::Node fBlock;             ///< the block of means that it is about, or none
 };
 
 /// The messages of the model and of its blocks of estimated means, in document order.

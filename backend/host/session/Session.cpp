@@ -52,6 +52,7 @@ class Host {
             read = pmml::Dictionary();
         }
         fpDataSource = pmml::MakeDataSource(std::get<pmml::Dictionary>(read));
+        fContext.SetDataSource(fpDataSource.get());
         fpMetaData = pmml::MakeMetaData(std::get<pmml::Dictionary>(read));
     }
 

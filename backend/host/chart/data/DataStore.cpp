@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "host/Diagnose.h"
+#include "host/unicode/Excerpt.h"
 
 namespace hierfit::chart {
 
@@ -29,7 +30,7 @@ int SizeOf(const auto& list) { return static_cast<int>(list.size()); }
 }  // namespace
 
 bool DataStore::AddSource(const std::string& name, int rows) {
-    if (rows < 0 || rows > kMostRows) return Refuse(std::to_string(rows) + " rows of " + name);
+    if (rows < 0 || rows > kMostRows) return Refuse(std::to_string(rows) + " rows of " + unicode::Excerpt(name));
     if (!fSources.try_emplace(name, SizeOf(fvSources)).second) return false;
     fvSources.push_back({{name, rows, {}}, {}, static_cast<std::size_t>(rows)});
     return true;
@@ -44,7 +45,7 @@ DataStore::Handle DataStore::AddVariable(const std::string& source, const std::s
     const auto announced = static_cast<std::size_t>(target.fContent.fRows);
     if (fAnnounced + announced > kMostAnnouncedCells || !HasRoom(target.fRows - announced)) {
         target.fVariables.erase(entry);
-        Refuse("variable " + name + " of " + source);
+        Refuse("variable " + unicode::Excerpt(name) + " of " + unicode::Excerpt(source));
         return {};
     }
     fAnnounced += announced;
@@ -69,7 +70,7 @@ bool DataStore::Write(const Handle& variable, int row, document::ChartValue valu
     const std::size_t replaced = index < values.size() ? TextBytes(values[index]) : 0;
     const std::size_t texts = fTextBytes - replaced + TextBytes(value);
     const bool hasRoom = texts <= kMostTextBytes && MakeRow(source, row);
-    if (!hasRoom) return Refuse("row " + std::to_string(row) + " of " + source.fContent.fName);
+    if (!hasRoom) return Refuse("row " + std::to_string(row) + " of " + unicode::Excerpt(source.fContent.fName));
     fTextBytes = texts;
     if (index >= values.size()) values.resize(index + 1);
     values[index] = std::move(value);

@@ -5,6 +5,7 @@
 #include "host/unicode/Utf8.h"
 #include "host/chart/picture/Numbers.h"
 #include "host/context/RunContext.h"
+#include "host/language/Catalogue.h"
 
 namespace hierfit::chart {
 
@@ -14,19 +15,7 @@ std::string Translated(std::string_view key) {
 }
 
 std::string Translated(std::string_view key, std::initializer_list<std::string_view> arguments) {
-    const std::string pattern = Translated(key);
-    std::string filled;
-    for (std::size_t place = 0; place < pattern.size(); ++place) {
-        const bool isMark = pattern[place] == '^' && place + 1 < pattern.size();
-        const auto index = isMark ? static_cast<std::size_t>(pattern[place + 1] - '1') : arguments.size();
-        if (index < arguments.size()) {
-            filled.append(arguments.begin()[index]);
-            ++place;
-        } else {
-            filled.push_back(pattern[place]);
-        }
-    }
-    return filled;
+    return language::FillMarks(Translated(key), arguments);
 }
 
 std::string CutCharacters(std::string_view text, std::size_t count) {

@@ -3,10 +3,13 @@
 #include <fmt/format.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cmath>
 
+#include "host/KEST_DataSource.h"
 #include "host/chart/picture/ChartWords.h"
 #include "host/chart/picture/Numbers.h"
+#include "host/context/RunContext.h"
 
 namespace hierfit::chart {
 
@@ -38,7 +41,9 @@ std::string LabelOf(const Field* field, const VariableSetting* setting) {
 std::optional<KEST_Format> FormatOf(const Field* field, const VariableSetting* setting) {
     if (setting != nullptr && setting->fFormat) return setting->fFormat;
     if (setting != nullptr && setting->fpVariable != nullptr) return setting->fpVariable->GetFormat();
-    return field == nullptr ? std::nullopt : field->fFormat;
+    if (field != nullptr && field->fFormat) return field->fFormat;
+    const KEST_Variable* variable = FindRunVariable(LabelOf(field, setting));
+    return variable == nullptr ? std::nullopt : std::optional(variable->GetFormat());
 }
 
 }  // namespace
@@ -119,6 +124,14 @@ std::string ShownVariable::InFormat(double number) const {
     return ToString(&value, *fFormat);
 }
 
+std::string ShownVariable::InFormat(const std::string& text) const {
+    double number = 0;
+    const char* end = text.data() + text.size();
+    const auto [last, error] = std::from_chars(text.data(), end, number);
+    const bool isNumber = error == std::errc() && last == end && IsFigure(number);
+    return isNumber && fFormat && !fFormat->IsString() ? InFormat(number) : text;
+}
+
 std::string ShownVariable::Figure(double number) const {
     if (!IsFigure(number) || (!fFigureDecimals && std::trunc(number) == number)) return InFormat(number);
     const int decimals = fFigureDecimals.value_or(DecimalsFor(number));
@@ -129,6 +142,18 @@ std::string ShownVariable::Figure(double number) const {
     format.fDecimals = std::max(format.fDecimals, static_cast<std::uint8_t>(decimals));
     const OBS value(number);
     return ToString(&value, format);
+}
+
+const KEST_Variable* FindRunVariable(const std::string& name) {
+    const context::RunContext* run = context::RunContext::CurrentOrNull();
+    const KEST_DataSource* source = run == nullptr ? nullptr : run->GetDataSource();
+    if (source == nullptr || name.empty()) return nullptr;
+    return source->GetVariable(source->FindVarIndex(name, 0));
+}
+
+std::string LabelOfNamed(const std::string& name) {
+    const KEST_Variable* variable = FindRunVariable(name);
+    return variable != nullptr && variable->GetLabel() != nullptr ? variable->GetLabel() : name;
 }
 
 std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row) {

@@ -49,6 +49,9 @@ class ShownVariable {
     bool HasPrefix() const { return !fPrefix.empty(); }
     const std::string& Prefix() const { return fPrefix; }
 
+    /// A text in the format of the variable where that is one of numbers and the whole text is a number; else as it is.
+    std::string InFormat(const std::string& text) const;
+
     /// Words of a number that is a figure: in the format, but with as many decimals as show three significant digits of
     /// the variable's values, the same for all.
     std::string Figure(double number) const;
@@ -72,6 +75,12 @@ class ShownVariable {
     std::unordered_map<std::string_view, std::string_view> fLabels;
     std::unordered_map<std::string_view, std::string_view> fLabelsOfStripped;  ///< by key without leading zeros
 };
+
+/// The variable of that name in the data of the run that is under way, or null.
+const KEST_Variable* FindRunVariable(const std::string& name);
+
+/// The label of the variable of that name in the run's data; the name where there is none.
+std::string LabelOfNamed(const std::string& name);
 
 /// The number at a row that a picture can place. Nothing without a variable or past its end.
 std::optional<double> PlaceableAt(const ShownVariable* variable, std::size_t row);

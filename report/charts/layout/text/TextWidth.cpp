@@ -37,8 +37,9 @@ double TextWidth(std::string_view text, const TextStyle& style) {
 double LongestWord(std::string_view text, const TextStyle& style) {
     double longest = 0;
     for (std::size_t place = 0; place < text.size();) {
-        const std::size_t end = std::min(text.find_first_of(" \n", place), text.size());
-        longest = std::max(longest, TextWidth(text.substr(place, end - place), style));
+        const std::size_t end = std::min(text.find_first_of(" \n*", place), text.size());
+        const std::size_t sign = end < text.size() && text[end] == '*' ? 1 : 0;
+        longest = std::max(longest, TextWidth(text.substr(place, end + sign - place), style));
         place = end + 1;
     }
     return longest;

@@ -21,7 +21,7 @@ inline double LineHeight(const TextStyle& style) { return style.fSize * 1.25; }
 inline double Ascent(const TextStyle& style) { return style.fSize * 0.93; }
 inline double Descent(const TextStyle& style) { return style.fSize * 0.24; }
 
-/// The width of the widest of a text's words, which blanks and line ends part.
+/// The width of the widest of a text's words, which blanks, line ends and asterisks part.
 double LongestWord(std::string_view text, const TextStyle& style);
 
 /// The width of the widest line.
@@ -34,8 +34,9 @@ std::string CutText(std::string_view text, double width, const TextStyle& style)
 /// to where they differ.
 std::vector<std::string> CutTexts(const std::vector<std::string>& texts, double width, const TextStyle& style);
 
-/// Breaks a text into lines of at most the width: at its line ends, then between words, and within a word that is
-/// longer than a line. What does not fit into the lines allowed is cut with an ellipsis. No text gives no lines.
+/// Breaks a text into lines of at most the width: at its line ends, then between words and behind asterisks, and within
+/// a word that is longer than a line, there behind a sign such as "=" if it can be. What does not fit into the lines
+/// allowed is cut with an ellipsis. No text gives no lines.
 std::vector<std::string> WrapText(std::string_view text, double width, const TextStyle& style,
                                   std::size_t mostLines = 12);
 

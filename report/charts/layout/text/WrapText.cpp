@@ -38,11 +38,30 @@ class Lines {
     std::vector<std::string> fvLines;
 };
 
+/// Whether a line may end behind a character that is no blank: the terms of an interaction stay whole. Within a word
+/// that is longer than a line, other signs are better places than none.
+bool PartsTerms(char sign) { return sign == '*'; }
+bool PartsWords(char sign) { return std::string_view("=_-/,:;").find(sign) != std::string_view::npos; }
+
+/// Whether the word that comes next, behind its blank, fits into a line of its own.
+bool DoesWordFit(std::string_view text, double width, const TextStyle& style) {
+    double sum = 0;
+    for (std::size_t place = text.starts_with(' ') ? 1 : 0; place < text.size() && text[place] != ' ';) {
+        const std::size_t length = unicode::CharacterAt(text, place).fLength;
+        sum += TextWidth(text.substr(place, length), style);
+        if (sum > width) return false;
+        if (PartsTerms(text[place])) return true;
+        place += length;
+    }
+    return true;
+}
+
 /// The bytes of a paragraph's beginning that make one line: as many words as fit, else as many characters, at least
 /// one.
 std::size_t LineLength(std::string_view text, double width, const TextStyle& style) {
     double sum = 0;
     std::size_t afterWord = 0;
+    std::size_t afterSign = 0;
     bool isBehindInk = false;
     for (std::size_t place = 0; place < text.size();) {
         const std::size_t length = unicode::CharacterAt(text, place).fLength;
@@ -50,7 +69,12 @@ std::size_t LineLength(std::string_view text, double width, const TextStyle& sty
         if (isBlank && isBehindInk) afterWord = place;
         isBehindInk = !isBlank;
         sum += TextWidth(text.substr(place, length), style);
-        if (sum > width && !isBlank) return afterWord != 0 ? afterWord : std::max(place, length);
+        if (sum > width && !isBlank) {
+            if (afterSign > afterWord && !DoesWordFit(text.substr(afterWord), width, style)) return afterSign;
+            return afterWord != 0 ? afterWord : std::max(place, length);
+        }
+        if (PartsTerms(text[place])) afterWord = place + length;
+        if (PartsWords(text[place])) afterSign = place + length;
         place += length;
     }
     return text.size();

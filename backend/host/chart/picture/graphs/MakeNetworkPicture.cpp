@@ -19,11 +19,13 @@ Histogram ReadInset(const Specification& specification) {
     const Inset& inset = *specification.fInset;
     const std::vector<VariableSetting> noSettings;
     const ShownData data(*inset.fpChart, inset.fvData, noSettings);
-    return ReadHistogram(*inset.fpChart, data, inset.fFieldType);
+    Histogram histogram = ReadHistogram(*inset.fpChart, data, inset.fFieldType);
+    histogram.fLabel = LabelOfNamed(histogram.fLabel);
+    return histogram;
 }
 
 void NameTarget(const Histogram& histogram, document::NetworkTarget& target) {
-    if (target.fName.empty()) target.fName = CutName(histogram.fLabel);
+    target.fName = CutName(target.fName.empty() ? histogram.fLabel : LabelOfNamed(target.fName));
     if (target.fTip.empty()) target.fTip = target.fName;
     if (target.fTip.empty()) target.fTip = Translated("Unknown");  // a mark must have a name
 }

@@ -198,7 +198,7 @@ class PairwiseReader {
         fPlaces.emplace(value, NodePlace{&panel, static_cast<int>(panel.fvNames.size())});
         const std::string own = CutName(WithoutPanel(ShownVariable::Key(value), panelKey));
         const bool isPlain = panelKey.empty() || node.IsLabelled(value);
-        panel.fvNames.push_back(isPlain ? node.Words(value) : own);
+        panel.fvNames.push_back(isPlain ? node.Words(value) : node.InFormat(own));
         panel.fvValues.push_back(own == panel.fvNames.back() ? std::string() : own);
     }
 

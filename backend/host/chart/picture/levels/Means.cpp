@@ -121,9 +121,10 @@ void MeansVariables::Name(const PictureContext& context) {
     const Specification& specification = context.fSpecification;
     const auto label = [&](const std::string& reference) { return context.fData.LabelOf(fSource, reference); };
     const std::string mean = Translated("Estimated Mean");
-    const std::string meanLabel = label(fMeanReference);
+    const std::string target = label(fMeanReference);
     fXTitle = AxisTitleOr(specification, true, label(fXReference));
-    fMeanTitle = AxisTitleOr(specification, false, meanLabel.empty() ? mean : meanLabel);
+    fMeanOf = AxisTitleOr(specification, false, target.empty() ? mean : target);
+    fMeanTitle = !target.empty() && fMeanOf == target ? Translated("Estimated Mean of ^1", {target}) : fMeanOf;
     fXName = PopupOr(specification, fXReference, label(fXReference));
     fMeanName = PopupOr(specification, fMeanReference, mean);
     fColorName = PopupOr(specification, fColorReference, label(fColorReference));

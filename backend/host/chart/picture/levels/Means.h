@@ -30,6 +30,7 @@ struct MeansVariables {
     /// Titles of the axes and names in tips, as the specification or the variables have them.
     std::string fXTitle;
     std::string fMeanTitle;
+    std::string fMeanOf;  ///< what the means are of, as far as the chart tells
     std::string fXName;
     std::string fMeanName;
     std::string fColorName;

@@ -129,7 +129,7 @@ std::string MeanTip(const Means& means, const document::LevelMark& mark) {
 std::string MeansSentence(const Means& means) {
     const bool isContrast = means.fVariables.fIsContrast;
     const std::string what = Translated(isContrast ? "Contrasts of ^1 by ^2" : "Means of ^1 by ^2",
-                                        {means.fVariables.fMeanTitle, Factors(means)});
+                                        {means.fVariables.fMeanOf, Factors(means)});
     if (means.fvMarks.empty()) return Translated("Chart: ^1. No values.", {what});
     const auto [least, greatest] = std::ranges::minmax_element(means.fvMarks, {}, &document::LevelMark::fValue);
     const std::string count = std::to_string(means.fvMarks.size());
