@@ -1,26 +1,35 @@
 // Compares the program's whole output for every example with the approved one, in every format:
-//   node golden.mjs PROGRAM EXAMPLES            compare
-//   node golden.mjs PROGRAM EXAMPLES --approve [NAME...]   take over what the program gives now
+//   node golden.mjs PROGRAM SCENES EXAMPLES            compare
+//   node golden.mjs PROGRAM SCENES EXAMPLES --approve [NAME...]   take over what the program gives now
 //
 // A saved document must also render to the same bytes as a fresh one. Style sheet and script of a page are the same in all
-// pages and are left out of the approved files.
+// pages and are left out of the approved files, as are the pictures: SCENES, a program, prints what they show as lines that
+// a person can review, and one picture of each kind stands as the SVG file that it is.
 
 import { execFileSync } from "node:child_process";
-import { existsSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
+import { existsSync, mkdtempSync, readdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { tmpdir } from "node:os";
 import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 
-const [program, examples, mode, ...chosen] = process.argv.slice(2);
+const [program, scenes, examples, mode, ...chosen] = process.argv.slice(2);
 const approved = join(dirname(fileURLToPath(import.meta.url)), "approved");
 const endings = { text: "txt", json: "json", html: "html" };
+const work = mkdtempSync(join(tmpdir(), "golden-"));
+
+// One picture of each kind, and of levels each that is drawn in a way of its own.
+const pictures = {
+  bacteria: ["GLMMPairwiseContrasts-1"],
+  chickweight: ["GLMMPredictedByObserved-1"],
+  oats: ["GLMMFixedCoefficients-2", "GLMMCustomEffects-4", "GLMMSimpleContrasts-1"],
+};
 
 function run(args, input) {
   return execFileSync(program, args, { input, encoding: "utf8", maxBuffer: 1 << 28, stdio: ["pipe", "pipe", "ignore"] });
 }
 
 function withoutAssets(page) {
-  return page.replace(/<(style|script)\b([^>]*)>[^]*?<\/\1>/g, (whole, name, attributes) =>
-    attributes.includes("json") ? whole : `<${name}${attributes}></${name}>`).replace(/sha256-[\w+/=]+/g, "sha256-");
+  return page.replace(/<(style|script|svg)\b[^>]*>[^]*?<\/\1>/g, "<$1></$1>").replace(/sha256-[\w+/=]+/g, "sha256-");
 }
 
 function firstDifference(expected, actual) {
@@ -32,6 +41,23 @@ function firstDifference(expected, actual) {
 }
 
 const faults = [];
+
+function judge(name, actual) {
+  const path = join(approved, name);
+  if (mode === "--approve") return writeFileSync(path, actual);
+  const expected = existsSync(path) ? readFileSync(path, "utf8") : "";
+  if (expected !== actual) faults.push(`${name}: ${firstDifference(expected, actual)}`);
+}
+
+function judgePictures(name, example, saved) {
+  const path = join(work, "saved.json");
+  writeFileSync(path, saved);
+  judge(`${name}.scenes`, execFileSync(scenes, [path], { encoding: "utf8", maxBuffer: 1 << 28 }));
+  if (!pictures[name]) return;
+  run(["report", "-f", "svg", "-o", work, example]);
+  for (const picture of pictures[name]) judge(`${name}-${picture}.svg`, readFileSync(join(work, `${picture}.svg`), "utf8"));
+}
+
 for (const name of readdirSync(examples, { withFileTypes: true }).filter((e) => e.isDirectory()).map((e) => e.name)) {
   if (chosen.length > 0 && !chosen.includes(name)) continue;
   const saved = run(["report", "-f", "json", join(examples, name)]);
@@ -39,16 +65,11 @@ for (const name of readdirSync(examples, { withFileTypes: true }).filter((e) => 
     const whole = run(["report", "-f", format, join(examples, name)]);
     const again = run(["render", "-f", format, "-"], saved);
     if (whole !== again) faults.push(`${name}, ${format}: the saved document renders otherwise: ${firstDifference(whole, again)}`);
-    const actual = format === "html" ? withoutAssets(whole) : whole;
-    const path = join(approved, `${name}.${ending}`);
-    if (mode === "--approve") {
-      writeFileSync(path, actual);
-      continue;
-    }
-    const expected = existsSync(path) ? readFileSync(path, "utf8") : "";
-    if (expected !== actual) faults.push(`${name}.${ending}: ${firstDifference(expected, actual)}`);
+    judge(`${name}.${ending}`, format === "html" ? withoutAssets(whole) : whole);
   }
+  judgePictures(name, join(examples, name), saved);
 }
+rmSync(work, { recursive: true });
 
 if (faults.length > 0) {
   console.error(`${faults.join("\n")}\nIf this is meant: tests/approve NAME...`);

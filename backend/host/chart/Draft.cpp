@@ -57,7 +57,7 @@ bool Draft::Send(const std::array<bool, 3>& arguments) const {
     };
     tell(remarks);
 
-    document::Chart chart{fDescription, arguments, fEditor, specification.fTemplate, fXml, {}, {}, {}, {}, {}};
+    document::Chart chart{fDescription, arguments, fEditor, specification.fTemplate, fXml, {}, {}, {}};
     if (fpData) chart.fvData = fpData->Snapshot();
     std::vector<VariableSetting> settings;
     for (const auto& [calls, setting] : fvVariables) {

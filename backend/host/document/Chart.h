@@ -45,14 +45,6 @@ struct ChartSetting {
     bool operator==(const ChartSetting&) const = default;
 };
 
-/// What a chart shows, for readers who do not see it: a sentence and the values behind its marks.
-struct ChartShown {
-    std::string fSentence;             ///< kind, axes, number of marks, range
-    std::vector<ChartTable> fvTables;  ///< one for each kind of marks
-
-    bool operator==(const ChartShown&) const = default;
-};
-
 struct Chart {
     std::string fDescription;
     std::array<bool, 3> fSendArguments;
@@ -61,11 +53,7 @@ struct Chart {
     std::string fXml;  ///< as it was sent
     std::vector<ChartSource> fvData;
     std::vector<ChartSetting> fvSettings;
-    /// JSON: the picture's specification, without `fShown`'s tables, as one object that is not empty and has no blanks
-    /// between its tokens; an empty text when there is no picture. It holds to `ViewExpressions.h`.
-    std::string fView;
     Picture fPicture;
-    ChartShown fShown;  ///< goes with the view, whose "description" is the sentence
 
     bool operator==(const Chart&) const = default;
 };
