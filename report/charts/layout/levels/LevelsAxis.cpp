@@ -13,10 +13,12 @@ using document::LevelsPicture;
 
 namespace {
 
-constexpr double kGap = 8;       // between the words of two levels side by side
-constexpr double kWordsGap = 7;  // between the plot and words
-constexpr std::size_t kMostLines = 3;
-constexpr double kAngle = 40;  // of slanted words, degrees
+constexpr double kGap = 8;             // between the words of two levels side by side
+constexpr double kWordsGap = 7;        // between the plot and words
+constexpr std::size_t kMostLines = 3;  // side by side
+constexpr std::size_t kMostLinesBelow = 6;
+constexpr double kFilled = 0.85;  // of lines, by words that are cut to stand in them
+constexpr double kAngle = 40;     // of slanted words, degrees
 constexpr double kSine = 0.6428;
 constexpr double kCosine = 0.766;
 constexpr double kSlantedRight = 4;    // slanted words end right of the middle of their level
@@ -107,7 +109,7 @@ void SetNumbers(const LevelsPicture& picture, LevelsAxis& axis) {
 
 std::size_t LinesIn(double slot) {
     const auto lines = static_cast<std::size_t>(std::max(0.0, slot - kBetweenLines) / LineHeight(kLabelStyle));
-    return std::clamp<std::size_t>(lines, 1, kMostLines);
+    return std::clamp<std::size_t>(lines, 1, kMostLinesBelow);
 }
 
 bool DoAllStandIn(const LevelsPicture& picture, double room, std::size_t lines) {
@@ -122,15 +124,19 @@ std::size_t LinesBelow(const LevelsPicture& picture, double slot, double room) {
                kMostForLines;
     };
     std::size_t lines = LinesIn(slot);
-    while (lines < kMostLines && isAffordable(lines + 1) && !DoAllStandIn(picture, room, lines)) ++lines;
+    while (lines < kMostLinesBelow && isAffordable(lines + 1) && !DoAllStandIn(picture, room, lines)) ++lines;
     return lines;
 }
 
+/// Wraps the words of levels; what does not stand in so many lines is cut ahead to what should, else to one line.
 void SetBelow(const LevelsPicture& picture, double room, std::size_t lines, LevelsAxis& axis) {
     SetInLines(picture, room, StepOfWords(axis.fSlot, LineHeight(kLabelStyle)), axis);
     if (lines > 1) {
-        for (std::size_t level = 0; level < picture.fvLevels.size(); ++level) {
-            const std::string& words = picture.fvLevels[level];
+        const double forAll = kFilled * room * static_cast<double>(lines);
+        const std::vector<std::string> cut = CutTexts(picture.fvLevels, forAll, kLabelStyle);
+        for (std::size_t level = 0; level < cut.size(); ++level) {
+            const std::string& whole = picture.fvLevels[level];
+            const std::string& words = StandsIn(whole, room, lines) ? whole : cut[level];
             if (StandsIn(words, room, lines)) axis.fvWords[level] = WrapText(words, room, kLabelStyle, lines);
         }
     }

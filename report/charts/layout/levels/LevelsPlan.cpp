@@ -13,7 +13,6 @@ using document::LevelsPicture;
 namespace {
 
 constexpr double kTitleSpan = 800;  // a title beside rows of panels stands in the middle of so much of them at most
-constexpr std::size_t kTitleLines = 3;
 constexpr double kBetweenTicks = 8;
 constexpr double kPanelGap = 18;
 constexpr double kTableHeight = 170;
@@ -88,7 +87,7 @@ class Planner {
         FitLevels(stand);
         fPlan.fPlotHeight = HeightFor(fPlan.fPlotWidth);
         fPlan.fValues = MakeValues(fPlan.fPlotHeight, false);
-        fPlan.fValues.fvTitle = WrapText(fPicture.fValues.fTitle, TitleSpan(), kAxisTitleStyle, kTitleLines);
+        fPlan.fValues.fvTitle = WrapTitle(fPicture.fValues.fTitle, TitleSpan());
         fPlan.fRooms.fLeftOnce = RoomOnTheLeft(fPlan.fValues, true);
         FitLevels(stand);
         if (stand == LevelsStand::Slanted) MakeRoomForSlant();
