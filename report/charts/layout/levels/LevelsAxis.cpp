@@ -17,8 +17,7 @@ constexpr double kGap = 8;             // between the words of two levels side b
 constexpr double kWordsGap = 7;        // between the plot and words
 constexpr std::size_t kMostLines = 3;  // side by side
 constexpr std::size_t kMostLinesBelow = 6;
-constexpr double kFilled = 0.85;  // of lines, by words that are cut to stand in them
-constexpr double kAngle = 40;     // of slanted words, degrees
+constexpr double kAngle = 40;  // of slanted words, degrees
 constexpr double kSine = 0.6428;
 constexpr double kCosine = 0.766;
 constexpr double kSlantedRight = 4;    // slanted words end right of the middle of their level
@@ -37,16 +36,11 @@ double SlotFor(const LevelsPicture& picture, double wished) {
     return std::max(std::min(wished, kMostLength / CountOf(picture)), kLeastSlot);
 }
 
-bool StandsIn(const std::string& words, double room, std::size_t lines) {
-    return TextWidth(words, kLabelStyle) <= static_cast<double>(lines) * room &&
-           LongestWord(words, kLabelStyle) <= room && WrapText(words, room, kLabelStyle, lines + 1).size() <= lines;
-}
-
 /// The least room in which the words stand in a few lines, about; above `most` where that is not enough.
 double LeastRoom(const std::string& words, double most) {
     const double whole = TextWidth(words, kLabelStyle);
     double room = std::max(LongestWord(words, kLabelStyle), whole / kMostLines);
-    while (room <= most && !StandsIn(words, room, kMostLines))
+    while (room <= most && !DoesFit(words, room, kLabelStyle, kMostLines))
         room = std::min(room * 1.08 + 1, std::max(whole, room + 1));
     return room;
 }
@@ -114,7 +108,7 @@ std::size_t LinesIn(double slot) {
 
 bool DoAllStandIn(const LevelsPicture& picture, double room, std::size_t lines) {
     return std::ranges::all_of(picture.fvLevels,
-                               [&](const std::string& words) { return StandsIn(words, room, lines); });
+                               [&](const std::string& words) { return DoesFit(words, room, kLabelStyle, lines); });
 }
 
 /// As many lines as the marks leave room for; more where few levels need them.
@@ -128,17 +122,11 @@ std::size_t LinesBelow(const LevelsPicture& picture, double slot, double room) {
     return lines;
 }
 
-/// Wraps the words of levels; what does not stand in so many lines is cut ahead to what should, else to one line.
 void SetBelow(const LevelsPicture& picture, double room, std::size_t lines, LevelsAxis& axis) {
-    SetInLines(picture, room, StepOfWords(axis.fSlot, LineHeight(kLabelStyle)), axis);
     if (lines > 1) {
-        const double forAll = kFilled * room * static_cast<double>(lines);
-        const std::vector<std::string> cut = CutTexts(picture.fvLevels, forAll, kLabelStyle);
-        for (std::size_t level = 0; level < cut.size(); ++level) {
-            const std::string& whole = picture.fvLevels[level];
-            const std::string& words = StandsIn(whole, room, lines) ? whole : cut[level];
-            if (StandsIn(words, room, lines)) axis.fvWords[level] = WrapText(words, room, kLabelStyle, lines);
-        }
+        axis.fvWords = WrapTexts(picture.fvLevels, room, kLabelStyle, lines);
+    } else {
+        SetInLines(picture, room, StepOfWords(axis.fSlot, LineHeight(kLabelStyle)), axis);
     }
     axis.fRoom = kWordsGap + WidestOf(axis);
 }
