@@ -81,9 +81,9 @@ Extent NiceDomainOf(const document::PictureAxis& axis, const Extent& extent, int
     if (axis.fLow || axis.fHigh || extent.fIsEmpty || extent.Length() == 0) return domain;
     const double step = TickStep(domain.Length(), count, axis.fIsWhole);
     if (IsTooFine(domain, step)) return domain;
-    domain.fLow = std::floor(domain.fLow / step + kRounding) * step;
-    domain.fHigh = std::ceil(domain.fHigh / step - kRounding) * step;
-    return domain;
+    const double low = std::floor(domain.fLow / step + kRounding) * step;
+    const double high = std::ceil(domain.fHigh / step - kRounding) * step;
+    return std::isfinite(high - low) ? Extent{low, high, false} : domain;
 }
 
 std::vector<Tick> TicksOf(const Extent& domain, int count, bool isWhole) {
