@@ -14,7 +14,7 @@ namespace {
 constexpr int kMostAbreast = 3;
 constexpr double kGap = 18;
 constexpr double kHeadingGap = 6;
-constexpr std::size_t kHeadingLines = 2;  // where one does not hold every heading
+constexpr double kFilledLines = 0.85;  // of the room of headings in lines
 
 int CountOf(const std::vector<std::string>& headings) { return std::max(static_cast<int>(headings.size()), 1); }
 
@@ -26,8 +26,7 @@ int FittingInto(double width, double leastWidth) {
 template <typename Numbers>
 void Unite(Numbers& numbers) {
     std::ranges::sort(numbers);
-    const auto [first, last] = std::ranges::unique(numbers);
-    numbers.erase(first, last);
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
 }  // namespace
@@ -96,7 +95,8 @@ void PanelGrid::Place(double top, double plotWidth, double plotHeight, const Pan
     fPlotWidth = plotWidth;
     fPlotHeight = plotHeight;
     fRooms = rooms;
-    fHeadingLines = WidestHeading() > RoomOver() ? kHeadingLines : 1;
+    fHeadingLines = 1;
+    if (WidestHeading() > RoomOver()) fHeadingLines = WidestHeading() <= 2 * kFilledLines * RoomOver() ? 2 : 3;
 }
 
 double PanelGrid::HeadingRoom(long row) const {

@@ -23,8 +23,7 @@ constexpr double kTitleSpan = 800;  // a title beside rows of panels stands in t
 
 void Unite(std::vector<PanelPlace>& places) {
     std::ranges::sort(places, {}, [](const PanelPlace& place) { return std::pair(place.fDown, place.fAcross); });
-    const auto [first, last] = std::ranges::unique(places);
-    places.erase(first, last);
+    places.erase(std::unique(places.begin(), places.end()), places.end());
 }
 
 /// Each panel that has marks or guides, once; the first one where none has.
