@@ -183,8 +183,10 @@ void PanelGrid::AddHeadings(Scene& scene, const std::vector<PanelPlace>& places)
     Unite(over);
     Unite(rows);
     std::vector<std::string> words;
+    words.reserve(over.size());
     for (const auto& [down, across] : over) words.push_back(WordsOver({across, down}));
     std::vector<std::string> beside;
+    beside.reserve(rows.size());
     for (const int row : rows) beside.push_back(fpPanels->fvDown[static_cast<std::size_t>(row)]);
     const auto wrapped = WrapTexts(words, RoomOver(), kHeadingStyle, fHeadingLines);
     beside = CutTexts(beside, fPlotHeight, kHeadingStyle);

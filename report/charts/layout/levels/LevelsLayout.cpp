@@ -40,6 +40,7 @@ std::vector<PanelPlace> PanelsOf(const LevelsPicture& picture) {
 template <typename Bearer>
 std::vector<PanelPlace> BearersOf(const std::vector<PanelPlace>& places, const Bearer& bearer) {
     std::vector<PanelPlace> bearers;
+    bearers.reserve(places.size());
     for (const PanelPlace& place : places) bearers.push_back(bearer(place));
     Unite(bearers);
     return bearers;
