@@ -1,6 +1,7 @@
 #include "report/charts/layout/Axes.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "report/charts/layout/Shapes.h"
 #include "report/charts/layout/text/TextWidth.h"
@@ -34,8 +35,15 @@ bool IsClear(const NumberAxis& axis, double length) {
     return axis.fWidestTick + kBetweenWords <= step;
 }
 
+/// So many steps make ticks of the distance that the domain was rounded to, so that ticks stand at its ends.
+int StepsAcross(const Extent& domain, double step, int count) {
+    return std::clamp(static_cast<int>(std::lround(std::min(domain.Length() / step, 1000.0))), 1, 2 * count);
+}
+
 void SetTicks(const document::PictureAxis& axis, const Extent& extent, int count, bool isNice, NumberAxis& made) {
     made.fDomain = isNice ? NiceDomainOf(axis, extent, count) : DomainOf(axis, extent);
+    if (isNice)
+        count = StepsAcross(made.fDomain, TickStep(DomainOf(axis, extent).Length(), count, axis.fIsWhole), count);
     made.fvTicks = TicksOf(made.fDomain, count, axis.fIsWhole);
     made.fWidestTick = WidestOf(made.fvTicks);
 }
@@ -45,10 +53,24 @@ double BaselineAt(double middle) { return middle + kLabelStyle.fSize * 0.35; }
 
 }  // namespace
 
+std::vector<std::string> WrapTitle(const std::string& title, double length) {
+    std::vector<std::string> lines = WrapText(title, length, kAxisTitleStyle, kTitleLines);
+    if (lines.size() < 2) return lines;
+    double least = length / 2;
+    for (double most = length; most - least > 1;) {
+        const double middle = (least + most) / 2;
+        const std::vector<std::string> narrower = WrapText(title, middle, kAxisTitleStyle, kTitleLines + 1);
+        const bool doesFit = narrower.size() <= lines.size();
+        if (doesFit) lines = narrower;
+        (doesFit ? most : least) = middle;
+    }
+    return lines;
+}
+
 NumberAxis MakeNumberAxis(const document::PictureAxis& axis, const Extent& extent, double length, bool isLevel,
                           bool isNice) {
     NumberAxis made;
-    made.fvTitle = WrapText(axis.fTitle, length, kAxisTitleStyle, kTitleLines);
+    made.fvTitle = WrapTitle(axis.fTitle, length);
     int count = StepsIn(length, isLevel ? kLevelStep : kUprightStep);
     SetTicks(axis, extent, count, isNice, made);
     while (isLevel && count > 1 && !IsClear(made, length)) SetTicks(axis, extent, --count, isNice, made);
@@ -108,6 +130,18 @@ void AddLeftAxis(Scene& scene, const NumberAxis& axis, const Frame& plot, bool h
     if (!hasTitle) return;
     AddLeftTitle(scene, axis.fvTitle, (plot.fTop + plot.fBottom) / 2,
                  plot.fLeft - kTickGap - axis.fWidestTick - kTitleGap);
+}
+
+double RoomAbove() { return kTickGap + LineHeight(kLabelStyle); }
+
+void AddTopWords(Scene& scene, const NumberAxis& axis, const Frame& plot) {
+    const Scale scale{axis.fDomain, plot.fLeft, plot.fRight};
+    Element words;
+    for (const Tick& tick : axis.fvTicks) {
+        const Point at{scale.At(tick.fNumber), plot.fTop - kTickGap - Descent(kLabelStyle)};
+        words.fvShapes.push_back(MakeText(tick.fWords, at, kLabelStyle, Anchor::Middle));
+    }
+    scene.fvElements.push_back(std::move(words));
 }
 
 void AddBottomAxis(Scene& scene, const NumberAxis& axis, const Frame& plot, bool hasTitle) {

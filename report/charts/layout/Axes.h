@@ -16,6 +16,9 @@ struct NumberAxis {
     double fWidestTick = 0;  ///< pixels
 };
 
+/// The title of an axis in lines of about equal width, a few at most.
+std::vector<std::string> WrapTitle(const std::string& title, double length);
+
 /// Makes the axis over what marks reach, for a length in pixels. Ticks stand at least so far apart that their words do
 /// not meet, be the axis level or upright. `isNice`: rounded outwards to ticks.
 NumberAxis MakeNumberAxis(const document::PictureAxis& axis, const Extent& extent, double length, bool isLevel,
@@ -45,6 +48,10 @@ void AddLeftAxis(Scene& scene, const NumberAxis& axis, const Frame& plot, bool h
 
 /// A line below the plot, short marks at the ticks and their words, and below them the title.
 void AddBottomAxis(Scene& scene, const NumberAxis& axis, const Frame& plot, bool hasTitle);
+
+/// The words of the ticks once more above a plot, and their room.
+void AddTopWords(Scene& scene, const NumberAxis& axis, const Frame& plot);
+double RoomAbove();
 
 /// The title of an axis below a plot: `top` is where its first line begins.
 void AddBottomTitle(Scene& scene, const std::vector<std::string>& lines, double middle, double top);

@@ -14,6 +14,7 @@ namespace {
 constexpr int kMostAbreast = 3;
 constexpr double kGap = 18;
 constexpr double kHeadingGap = 6;
+constexpr double kFilledLines = 0.85;  // of the room of headings in lines
 
 int CountOf(const std::vector<std::string>& headings) { return std::max(static_cast<int>(headings.size()), 1); }
 
@@ -25,8 +26,7 @@ int FittingInto(double width, double leastWidth) {
 template <typename Numbers>
 void Unite(Numbers& numbers) {
     std::ranges::sort(numbers);
-    const auto [first, last] = std::ranges::unique(numbers);
-    numbers.erase(first, last);
+    numbers.erase(std::unique(numbers.begin(), numbers.end()), numbers.end());
 }
 
 }  // namespace
@@ -95,11 +95,13 @@ void PanelGrid::Place(double top, double plotWidth, double plotHeight, const Pan
     fPlotWidth = plotWidth;
     fPlotHeight = plotHeight;
     fRooms = rooms;
+    fHeadingLines = 1;
+    if (WidestHeading() > RoomOver()) fHeadingLines = WidestHeading() <= 2 * kFilledLines * RoomOver() ? 2 : 3;
 }
 
 double PanelGrid::HeadingRoom(long row) const {
     const bool hasHeadings = HasHeadings() && (row == 0 || !IsTable());
-    return hasHeadings ? LineHeight(kHeadingStyle) + kHeadingGap : 0;
+    return hasHeadings ? static_cast<double>(fHeadingLines) * LineHeight(kHeadingStyle) + kHeadingGap : 0;
 }
 
 /// The last panels of columns stand in the last row, and in the one before where the last is shorter.
@@ -135,9 +137,17 @@ std::string PanelGrid::WordsOver(const PanelPlace& place) const {
     return fIsList ? fpPanels->fvDown[static_cast<std::size_t>(place.fDown)] + ", " + across : across;
 }
 
-Shape PanelGrid::HeadingOver(const PanelPlace& place, std::string words) const {
+double PanelGrid::WidestHeading() const {
+    const double across = WidestLine(fpPanels->fvAcross, kHeadingStyle);
+    if (!fIsList) return across;
+    return WidestLine(fpPanels->fvDown, kHeadingStyle) + TextWidth(", ", kHeadingStyle) + across;
+}
+
+/// The last line stands right over the panel.
+void PanelGrid::AddOver(Element& element, const PanelPlace& place, const std::vector<std::string>& lines) const {
     const Frame plot = At(place);
-    return MakeText(std::move(words), {plot.fLeft, plot.fTop - kHeadingGap - Descent(kHeadingStyle)}, kHeadingStyle);
+    const double others = static_cast<double>(lines.size() - 1) * LineHeight(kHeadingStyle);
+    AddLines(element, lines, {plot.fLeft, plot.fTop - kHeadingGap - Descent(kHeadingStyle) - others}, kHeadingStyle);
 }
 
 Shape PanelGrid::HeadingBeside(const PanelPlace& place, std::string words) const {
@@ -153,7 +163,7 @@ void PanelGrid::AddHeading(Scene& scene, const PanelPlace& place) const {
     if (!HasHeadings()) return;
     Element element;
     if (!IsTable() || RowOf(place) == 0) {
-        element.fvShapes.push_back(HeadingOver(place, CutText(WordsOver(place), RoomOver(), kHeadingStyle)));
+        AddOver(element, place, WrapTexts({WordsOver(place)}, RoomOver(), kHeadingStyle, fHeadingLines).front());
     }
     if (IsTable() && ColumnOf(place) + 1 == fColumns) {
         const std::string& down = fpPanels->fvDown[static_cast<std::size_t>(place.fDown)];
@@ -173,14 +183,16 @@ void PanelGrid::AddHeadings(Scene& scene, const std::vector<PanelPlace>& places)
     Unite(over);
     Unite(rows);
     std::vector<std::string> words;
+    words.reserve(over.size());
     for (const auto& [down, across] : over) words.push_back(WordsOver({across, down}));
     std::vector<std::string> beside;
+    beside.reserve(rows.size());
     for (const int row : rows) beside.push_back(fpPanels->fvDown[static_cast<std::size_t>(row)]);
-    words = CutTexts(words, RoomOver(), kHeadingStyle);
+    const auto wrapped = WrapTexts(words, RoomOver(), kHeadingStyle, fHeadingLines);
     beside = CutTexts(beside, fPlotHeight, kHeadingStyle);
     Element element;
     for (std::size_t at = 0; at < over.size(); ++at) {
-        element.fvShapes.push_back(HeadingOver({over[at].second, over[at].first}, std::move(words[at])));
+        AddOver(element, {over[at].second, over[at].first}, wrapped[at]);
     }
     for (std::size_t at = 0; at < rows.size(); ++at) {
         element.fvShapes.push_back(HeadingBeside({0, rows[at]}, std::move(beside[at])));

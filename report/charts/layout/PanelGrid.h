@@ -39,6 +39,9 @@ class PanelGrid {
     /// The width of a panel's plot when all columns share a width.
     double PlotWidth(double width, const PanelRooms& rooms) const;
 
+    /// The width that the widest heading over a panel asks for, in one line.
+    double WidestHeading() const;
+
     /// Settles where panels stand: the first row begins at `top`.
     void Place(double top, double plotWidth, double plotHeight, const PanelRooms& rooms);
 
@@ -72,7 +75,7 @@ class PanelGrid {
     long ColumnOf(const document::PanelPlace& place) const;
     long RowOf(const document::PanelPlace& place) const;
     std::string WordsOver(const document::PanelPlace& place) const;
-    Shape HeadingOver(const document::PanelPlace& place, std::string words) const;
+    void AddOver(Element& element, const document::PanelPlace& place, const std::vector<std::string>& lines) const;
     Shape HeadingBeside(const document::PanelPlace& place, std::string words) const;
     double RoomOver() const { return fPlotWidth + fRooms.fRightEach; }
     double Pitch() const { return fRooms.fLeftEach + fPlotWidth + fRooms.fRightEach + Gap(); }
@@ -86,6 +89,7 @@ class PanelGrid {
     bool fIsList = false;  ///< panels of two variables follow each other
     int fColumns = 1;
     long fRows = 1;
+    std::size_t fHeadingLines = 1;
     double fTop = 0;
     double fPlotWidth = 0;
     double fPlotHeight = 0;

@@ -17,22 +17,6 @@ constexpr int kMostTicks = 50;
 /// What an axis of one single number shows on either side of it.
 double RoomAbout(double number) { return std::max(0.5, std::abs(number) * 1e-6); }
 
-/// The distance between ticks: 1, 2 or 5 times a power of ten, whichever comes closest to the count.
-double TickStep(double span, int count, bool isWhole) {
-    const double rough = span / count;
-    const double power = std::pow(10.0, std::floor(std::log10(rough)));
-    const double error = rough / power;
-    double step = power;
-    if (error >= std::sqrt(50.0)) {
-        step = 10 * power;
-    } else if (error >= std::sqrt(10.0)) {
-        step = 5 * power;
-    } else if (error >= std::sqrt(2.0)) {
-        step = 2 * power;
-    }
-    return isWhole ? std::max(step, 1.0) : step;
-}
-
 int DecimalsOf(double step) { return std::max(0, -static_cast<int>(std::floor(std::log10(step) + kRounding))); }
 
 std::string TickWords(double number, int decimals) {
@@ -48,6 +32,21 @@ bool IsTooFine(const Extent& domain, double step) {
 }
 
 }  // namespace
+
+double TickStep(double length, int count, bool isWhole) {
+    const double rough = length / count;
+    const double power = std::pow(10.0, std::floor(std::log10(rough)));
+    const double error = rough / power;
+    double step = power;
+    if (error >= std::sqrt(50.0)) {
+        step = 10 * power;
+    } else if (error >= std::sqrt(10.0)) {
+        step = 5 * power;
+    } else if (error >= std::sqrt(2.0)) {
+        step = 2 * power;
+    }
+    return isWhole ? std::max(step, 1.0) : step;
+}
 
 void Extent::Add(double number) {
     fLow = fIsEmpty ? number : std::min(fLow, number);
@@ -82,9 +81,9 @@ Extent NiceDomainOf(const document::PictureAxis& axis, const Extent& extent, int
     if (axis.fLow || axis.fHigh || extent.fIsEmpty || extent.Length() == 0) return domain;
     const double step = TickStep(domain.Length(), count, axis.fIsWhole);
     if (IsTooFine(domain, step)) return domain;
-    domain.fLow = std::floor(domain.fLow / step + kRounding) * step;
-    domain.fHigh = std::ceil(domain.fHigh / step - kRounding) * step;
-    return domain;
+    const double low = std::floor(domain.fLow / step + kRounding) * step;
+    const double high = std::ceil(domain.fHigh / step - kRounding) * step;
+    return std::isfinite(high - low) ? Extent{low, high, false} : domain;
 }
 
 std::vector<Tick> TicksOf(const Extent& domain, int count, bool isWhole) {

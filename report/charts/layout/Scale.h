@@ -36,6 +36,9 @@ struct Tick {
     std::string fWords;
 };
 
+/// The distance between ticks: 1, 2 or 5 times a power of ten, whichever comes closest to so many steps in the length.
+double TickStep(double length, int count, bool isWhole);
+
 /// The domain of an axis over what its marks reach: set limits count first, a domain without length is widened by a
 /// half or more on either side, and an axis without anything goes from 0 to 1.
 Extent DomainOf(const document::PictureAxis& axis, const Extent& extent);

@@ -21,9 +21,9 @@ constexpr double kMostDodge = 26;
 constexpr double kBesideDodge = 6;
 constexpr double kSlotBelow = 20;
 constexpr double kSlotAlone = 90;  // what a level asks for
-constexpr double kSlotInPanel = 64;
-constexpr double kLeastAlone = 270;
-constexpr double kLeastInPanel = 150;
+constexpr double kSlotInPanel = 70;
+constexpr double kLeastAlone = 300;
+constexpr double kLeastInPanel = 180;
 constexpr double kNumbersAlone = 560;
 constexpr double kNumbersInPanel = 260;
 constexpr double kMostAlone = 640;
@@ -68,13 +68,19 @@ class Trial {
     Trial(const LevelsPicture& picture, const LevelsRoom& room)
         : fPicture(picture), fRoom(room), fvColumns(ColumnsFor(picture, room)) {}
 
-    /// The first number of columns whose plots are wide enough; 0 for none.
-    int FirstFor(double leastSlot) const {
+    /// Whether plots in so many columns have slots so wide.
+    bool Fits(int columns, double leastSlot) const {
         const double forSeries = kLeastDodge * CountOfSeries(fPicture) / kDodged;
         const double least = std::max(leastSlot, forSeries) * CountOfLevels(fPicture);
+        return WidthForPlot(fPicture, columns, fRoom) >= std::max(least, LeastPlot(fPicture, columns));
+    }
+
+    /// The first number of columns whose plots are wide enough; 0 for none. `isInFewRows`: of those alone that need no
+    /// more rows of panels than most columns do.
+    int FirstFor(double leastSlot, bool isInFewRows) const {
         for (const int columns : fvColumns) {
-            const double width = WidthForPlot(fPicture, columns, fRoom);
-            if (width >= std::max(least, LeastPlot(fPicture, columns))) return columns;
+            if (isInFewRows && RowsOf(columns) > RowsOf(fvColumns.front())) break;
+            if (Fits(columns, leastSlot)) return columns;
         }
         return 0;
     }
@@ -86,6 +92,8 @@ class Trial {
     }
 
   private:
+    long RowsOf(int columns) const { return PanelGrid::OfColumns(fPicture.fPanels, columns).Rows(); }
+
     const LevelsPicture& fPicture;
     LevelsRoom fRoom;
     std::vector<int> fvColumns;
@@ -105,14 +113,14 @@ LevelsArrangement Arrange(const LevelsPicture& picture, const LevelsRoom& room) 
     const Trial trial(picture, room);
     if (!picture.fvNumbers.empty()) return {LevelsStand::Numbers, trial.FirstOfWidth(kLeastNumbers)};
     const double sideBySide = LeastSlotSideBySide(picture, MostSlot(picture, room));
-    if (const int columns = trial.FirstFor(sideBySide)) return {LevelsStand::SideBySide, columns};
     const bool maySlant = picture.fIsContrast || (HasPanels(picture) && picture.fvLevels.size() > 1);
-    if (maySlant) {
-        if (const int columns = trial.FirstFor(kLeastSlanted)) return {LevelsStand::Slanted, columns};
+    for (const bool isInFewRows : {room.fWidth >= kPhone, false}) {
+        if (const int columns = trial.FirstFor(sideBySide, isInFewRows)) return {LevelsStand::SideBySide, columns};
+        const int columns = maySlant ? trial.FirstFor(kLeastSlanted, isInFewRows) : 0;
+        if (columns > 0) return {LevelsStand::Slanted, columns};
     }
     if (!picture.fIsContrast) return {LevelsStand::Below, trial.FirstOfWidth(kLeastNumbers)};
-    const int columns = trial.FirstFor(kLeastUpright);
-    return {LevelsStand::Upright, std::max(columns, 1)};
+    return {LevelsStand::Upright, std::max(trial.FirstFor(kLeastUpright, false), 1)};
 }
 
 double WidthAskedFor(const LevelsPicture& picture, LevelsStand stand, double most) {

@@ -17,8 +17,9 @@ struct LevelsRoom {
     double fBeside = 0;  ///< of it, for the words of the values' axis
 };
 
-/// The best arrangement that fits: words side by side rather than aslant, aslant rather than below each other, and more
-/// panels in a row rather than fewer. Contrasts are never turned: their caption says that lines are horizontal.
+/// The best arrangement that fits: words side by side rather than aslant, aslant rather than below each other, more
+/// panels in a row rather than fewer. On a desk words rather slant than that panels take more rows. Contrasts are never
+/// turned: their caption says that lines are horizontal.
 LevelsArrangement Arrange(const document::LevelsPicture& picture, const LevelsRoom& room);
 
 /// The width that a plot may have beside others.

@@ -13,9 +13,10 @@ using document::LevelsPicture;
 
 namespace {
 
-constexpr double kGap = 8;       // between the words of two levels side by side
-constexpr double kWordsGap = 7;  // between the plot and words
-constexpr std::size_t kMostLines = 3;
+constexpr double kGap = 8;             // between the words of two levels side by side
+constexpr double kWordsGap = 7;        // between the plot and words
+constexpr std::size_t kMostLines = 3;  // side by side
+constexpr std::size_t kMostLinesBelow = 6;
 constexpr double kAngle = 40;  // of slanted words, degrees
 constexpr double kSine = 0.6428;
 constexpr double kCosine = 0.766;
@@ -35,16 +36,11 @@ double SlotFor(const LevelsPicture& picture, double wished) {
     return std::max(std::min(wished, kMostLength / CountOf(picture)), kLeastSlot);
 }
 
-bool StandsIn(const std::string& words, double room, std::size_t lines) {
-    return TextWidth(words, kLabelStyle) <= static_cast<double>(lines) * room &&
-           LongestWord(words, kLabelStyle) <= room && WrapText(words, room, kLabelStyle, lines + 1).size() <= lines;
-}
-
 /// The least room in which the words stand in a few lines, about; above `most` where that is not enough.
 double LeastRoom(const std::string& words, double most) {
     const double whole = TextWidth(words, kLabelStyle);
     double room = std::max(LongestWord(words, kLabelStyle), whole / kMostLines);
-    while (room <= most && !StandsIn(words, room, kMostLines))
+    while (room <= most && !DoesFit(words, room, kLabelStyle, kMostLines))
         room = std::min(room * 1.08 + 1, std::max(whole, room + 1));
     return room;
 }
@@ -107,12 +103,12 @@ void SetNumbers(const LevelsPicture& picture, LevelsAxis& axis) {
 
 std::size_t LinesIn(double slot) {
     const auto lines = static_cast<std::size_t>(std::max(0.0, slot - kBetweenLines) / LineHeight(kLabelStyle));
-    return std::clamp<std::size_t>(lines, 1, kMostLines);
+    return std::clamp<std::size_t>(lines, 1, kMostLinesBelow);
 }
 
 bool DoAllStandIn(const LevelsPicture& picture, double room, std::size_t lines) {
     return std::ranges::all_of(picture.fvLevels,
-                               [&](const std::string& words) { return StandsIn(words, room, lines); });
+                               [&](const std::string& words) { return DoesFit(words, room, kLabelStyle, lines); });
 }
 
 /// As many lines as the marks leave room for; more where few levels need them.
@@ -122,17 +118,15 @@ std::size_t LinesBelow(const LevelsPicture& picture, double slot, double room) {
                kMostForLines;
     };
     std::size_t lines = LinesIn(slot);
-    while (lines < kMostLines && isAffordable(lines + 1) && !DoAllStandIn(picture, room, lines)) ++lines;
+    while (lines < kMostLinesBelow && isAffordable(lines + 1) && !DoAllStandIn(picture, room, lines)) ++lines;
     return lines;
 }
 
 void SetBelow(const LevelsPicture& picture, double room, std::size_t lines, LevelsAxis& axis) {
-    SetInLines(picture, room, StepOfWords(axis.fSlot, LineHeight(kLabelStyle)), axis);
     if (lines > 1) {
-        for (std::size_t level = 0; level < picture.fvLevels.size(); ++level) {
-            const std::string& words = picture.fvLevels[level];
-            if (StandsIn(words, room, lines)) axis.fvWords[level] = WrapText(words, room, kLabelStyle, lines);
-        }
+        axis.fvWords = WrapTexts(picture.fvLevels, room, kLabelStyle, lines);
+    } else {
+        SetInLines(picture, room, StepOfWords(axis.fSlot, LineHeight(kLabelStyle)), axis);
     }
     axis.fRoom = kWordsGap + WidestOf(axis);
 }

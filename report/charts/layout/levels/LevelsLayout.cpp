@@ -18,13 +18,12 @@ constexpr double kBelowLegend = 10;
 constexpr double kBelowTitle = 8;
 constexpr double kAboveTicks = 8;
 constexpr double kLeastForLegend = 320;
+constexpr double kTall = 600;       // pixels of a plot
 constexpr double kTitleSpan = 800;  // a title beside rows of panels stands in the middle of so much of them at most
-constexpr std::size_t kTitleLines = 3;
 
 void Unite(std::vector<PanelPlace>& places) {
     std::ranges::sort(places, {}, [](const PanelPlace& place) { return std::pair(place.fDown, place.fAcross); });
-    const auto [first, last] = std::ranges::unique(places);
-    places.erase(first, last);
+    places.erase(std::unique(places.begin(), places.end()), places.end());
 }
 
 /// Each panel that has marks or guides, once; the first one where none has.
@@ -41,6 +40,7 @@ std::vector<PanelPlace> PanelsOf(const LevelsPicture& picture) {
 template <typename Bearer>
 std::vector<PanelPlace> BearersOf(const std::vector<PanelPlace>& places, const Bearer& bearer) {
     std::vector<PanelPlace> bearers;
+    bearers.reserve(places.size());
     for (const PanelPlace& place : places) bearers.push_back(bearer(place));
     Unite(bearers);
     return bearers;
@@ -56,7 +56,7 @@ double AddLegends(Scene& scene, const LevelsPicture& picture, double content, do
 
 /// The title of levels below each other stands over their words, level.
 double AddTitleAbove(Scene& scene, const LevelsPicture& picture, double width, double top) {
-    const std::vector<std::string> lines = WrapText(picture.fPredictor.fTitle, width, kAxisTitleStyle, kTitleLines);
+    const std::vector<std::string> lines = WrapTitle(picture.fPredictor.fTitle, width);
     if (lines.empty()) return 0;
     Element element;
     AddLines(element, lines, {0, top + Ascent(kAxisTitleStyle)}, kAxisTitleStyle);
@@ -64,8 +64,14 @@ double AddTitleAbove(Scene& scene, const LevelsPicture& picture, double width, d
     return static_cast<double>(lines.size()) * LineHeight(kAxisTitleStyle) + kBelowTitle;
 }
 
+/// Who reads the upper levels of many should not have to look for their values' ticks far below.
+bool HasTicksAbove(const LevelsPlan& plan) {
+    return plan.fAxis.IsTurned() && !plan.fGrid.HasHeadings() && plan.fPlotHeight > kTall;
+}
+
 void AddAxes(Scene& scene, const LevelsPlan& plan, const std::vector<PanelPlace>& panels) {
     const bool isTurned = plan.fAxis.IsTurned();
+    if (HasTicksAbove(plan)) AddTopWords(scene, plan.fValues, plan.fGrid.At({}));
     for (const PanelPlace& place : panels) AddGrid(scene, plan.fValues, plan.fGrid.At(place), isTurned);
     for (const PanelPlace& place : BearersOf(panels, [&](const PanelPlace& of) { return plan.fGrid.FirstOfRow(of); })) {
         const Frame plot = plan.fGrid.At(place);
@@ -83,7 +89,7 @@ void AddTitleBelow(Scene& scene, const LevelsPicture& picture, const LevelsPlan&
     const double left = plan.fRooms.fLeftOnce;
     const double right = plan.fGrid.PlotsRight();
     const std::string& title = plan.fAxis.IsTurned() ? picture.fValues.fTitle : picture.fPredictor.fTitle;
-    const std::vector<std::string> lines = WrapText(title, right - left, kAxisTitleStyle, kTitleLines);
+    const std::vector<std::string> lines = WrapTitle(title, right - left);
     AddBottomTitle(scene, lines, (left + right) / 2, plan.fGrid.Bottom());
     scene.fHeight = plan.fGrid.Bottom() + RoomForTitle(lines);
 }
@@ -104,7 +110,8 @@ Scene LayOutContent(const LevelsPicture& picture, double width) {
     scene.fWidth = plan.fGrid.Width();
     double top = AddLegends(scene, picture, plan.fGrid.Width(), width);
     if (plan.fAxis.IsTurned()) top += AddTitleAbove(scene, picture, plan.fGrid.Width(), top);
-    if (!plan.fGrid.HasHeadings()) top += kAboveTicks;
+    if (!plan.fGrid.HasHeadings()) top += plan.fAxis.IsTurned() ? 0 : kAboveTicks;
+    if (HasTicksAbove(plan)) top += RoomAbove();
     plan.fGrid.Place(top, plan.fPlotWidth, plan.fPlotHeight, plan.fRooms);
     AddAxes(scene, plan, panels);
     AddTitleBelow(scene, picture, plan);

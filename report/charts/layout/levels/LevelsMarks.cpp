@@ -21,6 +21,7 @@ constexpr double kCap = 4;                // half of a whisker's ends
 constexpr double kDenseCap = 3;
 constexpr double kDense = 4;  // points of smaller radius are dense
 constexpr double kLegendRadius = 5;
+constexpr double kLeastRadius = 3.3;
 
 bool HasSeries(const LevelsPicture& picture) { return !picture.fSeries.fvWords.empty(); }
 int CountOfSeries(const LevelsPicture& picture) { return static_cast<int>(picture.fSeries.fvWords.size()); }
@@ -44,9 +45,10 @@ Symbol SymbolOf(const LevelsPicture& picture, int series) {
     return HasSeries(picture) ? SymbolOfClass(series) : Symbol::Circle;
 }
 
-Paint PaintOfPoint(const LevelsPicture& picture, const LevelMark& mark) {
+Paint PaintOfPoint(const LevelsPicture& picture, const LevelMark& mark, double radius) {
     if (!picture.fIsContrast) {
-        return {.fFill = InkOf(picture, mark.fSeries), .fStroke = Ink::Paper, .fStrokeWidth = 1.2};
+        return {
+            .fFill = InkOf(picture, mark.fSeries), .fStroke = Ink::Paper, .fStrokeWidth = radius < kDense ? 0.8 : 1.2};
     }
     const Ink ink = EmphasisOf(mark.fIsSetOff);
     return {.fFill = mark.fIsSetOff ? ink : Ink::Paper, .fStroke = ink, .fStrokeWidth = 1.8};
@@ -196,7 +198,8 @@ void AddInFull(Element& element, const LevelMark& mark, const LevelsPlaces& plac
     }
     if (!scales.Holds(mark.fValue)) return;
     element.fvShapes.push_back(MakeSymbol(SymbolOf(picture, picture.fIsContrast ? 0 : mark.fSeries),
-                                          scales.At(mark, mark.fValue), places.fRadius, PaintOfPoint(picture, mark)));
+                                          scales.At(mark, mark.fValue), places.fRadius,
+                                          PaintOfPoint(picture, mark, places.fRadius)));
 }
 
 /// All in one path: a line and a square.
@@ -227,7 +230,7 @@ void AddGuides(Scene& scene, const LevelsPlaces& places) {
 Shape SwatchOfEmphasis(const LevelsPicture& picture, bool isSetOff) {
     LevelMark mark;
     mark.fIsSetOff = isSetOff;
-    return MakeSymbol(Symbol::Circle, {}, kLegendRadius, PaintOfPoint(picture, mark));
+    return MakeSymbol(Symbol::Circle, {}, kLegendRadius, PaintOfPoint(picture, mark, kLegendRadius));
 }
 
 Legend LegendOfEmphasis(const LevelsPicture& picture) {
@@ -258,7 +261,7 @@ double RadiusFor(const LevelsPicture& picture, const LevelsPlan& plan, double do
     if (HasNumbers(picture)) return HasSeries(picture) ? 4.2 : 3.6;
     const double most = plan.fGrid.HasHeadings() ? 4.6 : 5.2;
     const double apart = picture.fSeries.fvWords.size() > 1 ? dodge : plan.fAxis.fSlot;
-    return std::clamp(0.42 * apart, 2.2, most);
+    return std::clamp(0.42 * apart, kLeastRadius, most);
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ using document::LevelsPicture;
 namespace {
 
 constexpr double kTitleSpan = 800;  // a title beside rows of panels stands in the middle of so much of them at most
-constexpr std::size_t kTitleLines = 3;
 constexpr double kBetweenTicks = 8;
 constexpr double kPanelGap = 18;
 constexpr double kTableHeight = 170;
@@ -88,7 +87,7 @@ class Planner {
         FitLevels(stand);
         fPlan.fPlotHeight = HeightFor(fPlan.fPlotWidth);
         fPlan.fValues = MakeValues(fPlan.fPlotHeight, false);
-        fPlan.fValues.fvTitle = WrapText(fPicture.fValues.fTitle, TitleSpan(), kAxisTitleStyle, kTitleLines);
+        fPlan.fValues.fvTitle = WrapTitle(fPicture.fValues.fTitle, TitleSpan());
         fPlan.fRooms.fLeftOnce = RoomOnTheLeft(fPlan.fValues, true);
         FitLevels(stand);
         if (stand == LevelsStand::Slanted) MakeRoomForSlant();
@@ -106,7 +105,7 @@ class Planner {
     }
 
     void FitLevels(LevelsStand stand) {
-        const double asked = WidthAskedFor(fPicture, stand, MostForPlot());
+        const double asked = std::max(WidthAskedFor(fPicture, stand, MostForPlot()), fPlan.fGrid.WidestHeading());
         if (stand == LevelsStand::Numbers) {
             SetLevels(stand, std::min(MostForPlot(), asked));
             fPlan.fRooms.fRightEach = BesideTicks(fPlan.fAxis.fNumbers);
@@ -137,7 +136,7 @@ class Planner {
         const double words = hasPanels ? std::min(170.0, 0.36 * fWidth) : std::min(260.0, 0.42 * fWidth);
         fPlan.fAxis = MakeTurnedAxis(fPicture, LeastSlotBelow(fPicture), words);
         fPlan.fPlotHeight = fPlan.fAxis.fLength;
-        const double asked = WidthAskedFor(fPicture, LevelsStand::Below, fWidth);
+        const double asked = std::max(WidthAskedFor(fPicture, LevelsStand::Below, fWidth), fPlan.fGrid.WidestHeading());
         fPlan.fValues = MakeValues(asked, true);
         for (int pass = 0; pass < 2; ++pass) {
             fPlan.fRooms.fLeftOnce = std::max(fPlan.fAxis.fRoom, fPlan.fValues.fWidestTick / 2);

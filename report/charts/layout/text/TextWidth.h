@@ -40,4 +40,11 @@ std::vector<std::string> CutTexts(const std::vector<std::string>& texts, double 
 std::vector<std::string> WrapText(std::string_view text, double width, const TextStyle& style,
                                   std::size_t mostLines = 12);
 
+/// The same for texts that stand side by side: those that do not fit are cut so that they differ.
+std::vector<std::vector<std::string>> WrapTexts(const std::vector<std::string>& texts, double width,
+                                                const TextStyle& style, std::size_t mostLines);
+
+/// Whether a text fits into so many lines of the width, without a break in a word.
+bool DoesFit(std::string_view text, double width, const TextStyle& style, std::size_t mostLines);
+
 }  // namespace hierfit::report::charts

@@ -8,6 +8,8 @@ namespace hierfit::report::charts {
 
 namespace {
 
+constexpr double kFilled = 0.85;  // of lines, by words that are cut to fit into them
+
 /// Where the text that still has to be set ends up: one line after the other, until there are enough.
 class Lines {
   public:
@@ -113,6 +115,29 @@ std::vector<std::string> WrapText(std::string_view text, double width, const Tex
         }
     }
     return lines.Take();
+}
+
+bool DoesFit(std::string_view text, double width, const TextStyle& style, std::size_t mostLines) {
+    return TextWidth(text, style) <= static_cast<double>(mostLines) * width && LongestWord(text, style) <= width &&
+           WrapText(text, width, style, mostLines + 1).size() <= mostLines;
+}
+
+std::vector<std::vector<std::string>> WrapTexts(const std::vector<std::string>& texts, double width,
+                                                const TextStyle& style, std::size_t mostLines) {
+    const std::vector<std::string> inOne = CutTexts(texts, width, style);
+    const double forAll = mostLines > 1 ? kFilled * width * static_cast<double>(mostLines) : width;
+    const std::vector<std::string> inAll = CutTexts(texts, forAll, style);
+    std::vector<std::vector<std::string>> wrapped;
+    for (std::size_t text = 0; text < texts.size(); ++text) {
+        const bool isWhole = DoesFit(texts[text], width, style, mostLines);
+        const std::string& words = isWhole ? texts[text] : inAll[text];
+        if (isWhole || DoesFit(words, width, style, mostLines)) {
+            wrapped.push_back(WrapText(words, width, style, mostLines));
+        } else {
+            wrapped.push_back({inOne[text]});
+        }
+    }
+    return wrapped;
 }
 
 }  // namespace hierfit::report::charts
