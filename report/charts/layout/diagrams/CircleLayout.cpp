@@ -26,6 +26,7 @@ constexpr double kLinesAtFullStrength = 110;  // that many lines that are not se
 constexpr double kSwatch = 25;                // two dashes and a half
 constexpr double kBelowLegend = 12;
 constexpr double kWidestHeading = 340;
+constexpr double kHighestHeading = 160;  // turned, beside panels
 
 /// How strong a line is drawn that is not set off, by the lines of the fullest panel.
 double RestOpacity(const CirclePicture& picture) {
@@ -58,9 +59,23 @@ Legend EmphasisLegend(const CirclePicture& picture, const CircleKeys& keys) {
     return legend;
 }
 
-/// The width of the widest heading, within reason: panels are as wide as their headings.
-double HeadingWidth(const document::PicturePanels& panels) {
-    return std::min(WidestLine(panels.fvAcross, kHeadingStyle), kWidestHeading);
+/// With the heading over a panel. Rows of two nodes are lower than the headings beside them: those panels follow each
+/// other.
+double LeastPanelWidth(const CirclePicture& picture, double width) {
+    const bool isLow =
+        std::ranges::all_of(picture.fvPanels, [](const CirclePanel& panel) { return panel.fvNodes.size() <= 2; });
+    if (isLow && !picture.fPanels.fvDown.empty()) return width;
+    const double heading = std::min(WidestLine(picture.fPanels.fvAcross, kHeadingStyle), kWidestHeading) + 1;
+    return std::max(LeastCircleWidth(picture.fvPanels), heading);
+}
+
+/// Panels are as wide as their headings over them, and as high as those beside them, within reason.
+Frame RoomForHeadings(const PanelGrid& grid, const document::PicturePanels& panels) {
+    const double across = WidestLine(panels.fvAcross, kHeadingStyle);
+    const double down = WidestLine(panels.fvDown, kHeadingStyle);
+    const double over =
+        panels.fvDown.empty() || grid.IsTable() ? across : down + TextWidth(", ", kHeadingStyle) + across;
+    return {0, 0, std::min(over, kWidestHeading) + 1, grid.IsTable() ? std::min(down, kHighestHeading) + 1 : 0};
 }
 
 /// Draws circles one after the other.
@@ -122,18 +137,22 @@ Scene LayOutContent(const CirclePicture& picture, double width) {
     Scene scene;
     const Legend legend = EmphasisLegend(picture, keys);
     const Frame above = AddLegends(scene, {legend}, {}, width);
-    const double headings = HeadingWidth(picture.fPanels);
-    PanelGrid grid(picture.fPanels, width, std::max(LeastCircleWidth(picture.fvPanels), headings));
+    PanelGrid grid(picture.fPanels, width, LeastPanelWidth(picture, width));
     const double room = grid.PlotWidth(width, {});
     const CirclePlaces places = PlaceCircles(picture.fvPanels, room);
     const Frame& reach = places.fReach;
-    const double plotWidth = std::max(reach.Width(), std::min(headings, room));
-    grid.Place(above.fBottom > 0 ? above.fBottom + kBelowLegend : 0, plotWidth, reach.Height(), {});
+    const Frame headings = RoomForHeadings(grid, picture.fPanels);
+    const double plotWidth = std::max(reach.Width(), std::min(headings.Width(), room));
+    const double plotHeight = std::max(reach.Height(), headings.Height());
+    grid.Place(above.fBottom > 0 ? above.fBottom + kBelowLegend : 0, plotWidth, plotHeight, {});
     CircleDrawing drawing(scene, picture, places, keys);
-    for (std::size_t panel = 0; panel < picture.fvPanels.size(); ++panel) {
-        const Frame plot = grid.At(picture.fvPanels[panel].fPlace);
-        grid.AddHeading(scene, picture.fvPanels[panel].fPlace);
-        drawing.Add(panel, {plot.fLeft - reach.fLeft + (plotWidth - reach.Width()) / 2, plot.fTop - reach.fTop});
+    std::vector<document::PanelPlace> panels;
+    for (const CirclePanel& panel : picture.fvPanels) panels.push_back(panel.fPlace);
+    grid.AddHeadings(scene, panels);
+    for (std::size_t panel = 0; panel < panels.size(); ++panel) {
+        const Frame plot = grid.At(panels[panel]);
+        drawing.Add(panel, {plot.fLeft - reach.fLeft + (plotWidth - reach.Width()) / 2,
+                            plot.fTop - reach.fTop + (plotHeight - reach.Height()) / 2});
     }
     scene.fWidth = std::max(above.fRight, picture.fvPanels.empty() ? 0 : grid.Width());
     scene.fHeight = picture.fvPanels.empty() ? above.fBottom : grid.Bottom();

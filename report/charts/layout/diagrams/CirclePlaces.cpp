@@ -26,9 +26,8 @@ constexpr double kMoreEach = 7;      // for each node beyond six
 constexpr double kRoomyRadius = 190;
 constexpr double kRoomyArc = 30;  // between radial names
 constexpr double kWidestName = 150;
-constexpr double kWidestWord = 90;     // panels grow rather than break shorter words
-constexpr double kShareOfName = 0.28;  // of the width
-constexpr double kShareInPanels = 0.2;
+constexpr double kWidestWord = 110;      // panels grow rather than break shorter words
+constexpr double kShareOfName = 0.21;    // of the width
 constexpr double kLeastRadialName = 56;  // names are cut to this rather than left out
 constexpr double kUsualRadialName = 90;
 constexpr double kTurnaround = 2 * std::numbers::pi;
@@ -96,9 +95,9 @@ double LeftOf(double at, double width, Anchor anchor) {
 class UprightNames {
   public:
     UprightNames(const std::vector<CirclePanel>& panels, double width, std::size_t lines) : fWidth(width) {
-        const double share = width * (panels.size() > 1 ? kShareInPanels : kShareOfName);
-        const double most = std::max(
-            std::min({std::max(share, LongestWordOf(panels)), width / 2 - kLeastRadius - kNameGap, kWidestName}), 1.0);
+        const double most = std::max(std::min({std::max(width * kShareOfName, LongestWordOf(panels)),
+                                               width / 2 - kLeastRadius - kNameGap, kWidestName}),
+                                     1.0);
         for (const CirclePanel& panel : panels) {
             fvNames.push_back(SetNames(NamesOf(panel), std::vector<double>(panel.fvNodes.size(), most), lines));
         }

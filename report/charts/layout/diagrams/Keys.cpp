@@ -1,5 +1,7 @@
 #include "report/charts/layout/diagrams/Keys.h"
 
+#include <algorithm>
+
 namespace hierfit::report::charts {
 
 namespace {
@@ -10,6 +12,7 @@ int CountOf(const std::vector<std::string>& words) { return static_cast<int>(wor
 
 std::vector<int> AtMostSixOf(int count) {
     std::vector<int> shown;
+    shown.reserve(kMostWeights);
     for (int at = 0; at < std::min(count, kMostWeights); ++at) {
         shown.push_back(count <= kMostWeights ? at : at * (count - 1) / (kMostWeights - 1));
     }

@@ -54,6 +54,11 @@ Extent ReachOfY(const NetworkPicture& picture) {
     return reach;
 }
 
+Extent OfSomeLength(const Extent& extent) {
+    if (extent.Length() > 0) return extent;
+    return {extent.fLow, extent.fLow + std::abs(extent.fLow) + 1, false};
+}
+
 /// The share of a width right of the target, where the limits leave some there.
 double ShareOfBox(const NetworkPicture& picture, const Extent& x) {
     if (!picture.fHighX || *picture.fHighX <= x.fHigh || x.fIsEmpty) return 0;
@@ -88,6 +93,7 @@ Spread SpreadFor(const std::vector<double>& names, const std::vector<double>& sh
 
 std::vector<double> WidthsOf(const std::vector<std::vector<std::string>>& names) {
     std::vector<double> widths;
+    widths.reserve(names.size());
     for (const std::vector<std::string>& lines : names) widths.push_back(WidestLine(lines, kLabelStyle));
     return widths;
 }
@@ -130,14 +136,14 @@ class NetworkPlacer {
         const double leastStart = NodeRadius(names.size()) + 3;
         const double room = fPlaces.fWidth - fPlaces.fBox.fFrame.Width() - (fPlaces.fBox.IsEmpty() ? 4 : 1);
         std::vector<double> widths;
+        widths.reserve(names.size());
         for (const std::string& name : names) widths.push_back(TextWidth(name, kLabelStyle));
         Spread spread = SpreadFor(widths, shares, room, fMeasures, leastStart);
         for (std::size_t at = 0; at < names.size(); ++at) widths[at] = std::max(spread.At(shares[at]) - kNameGap, 1.0);
         fPlaces.fvNames = SetNames(names, widths, fMeasures.fNameLines);
         spread = SpreadFor(WidthsOf(fPlaces.fvNames), shares, room, fMeasures, leastStart);
         fPlaces.fTarget.fX = spread.At(1);
-        fPlaces.fX = {fReachX, spread.fStart, spread.At(1)};
-        if (fReachX.Length() == 0) fPlaces.fX.fDomain.fHigh = fReachX.fLow + 1 + std::abs(fReachX.fLow);
+        fPlaces.fX = {OfSomeLength(fReachX), spread.fStart, spread.At(1)};
     }
 
     double RowHeight() const {
@@ -151,15 +157,26 @@ class NetworkPlacer {
         return std::min(height, kTallest / rows);
     }
 
+    /// What the nodes near the ends and their names need above and below, when so many pixels are between the
+    /// outermost.
+    double RoomAtEnds(const Extent& y, double row, double between) const {
+        double room = std::max(row / 2, NodeRadius(fPicture.fvNodes.size()) + 3);
+        for (std::size_t at = 0; at < fPlaces.fvNames.size(); ++at) {
+            const double share = (fPicture.fvNodes[at].fY - y.fLow) / OfSomeLength(y).Length();
+            const double toEnd = std::min(share, 1 - share) * between;
+            room = std::max(room, HeightOf(fPlaces.fvNames[at]) / 2 + 1 - toEnd);
+        }
+        return room;
+    }
+
     void PlaceDown() {
+        const Extent y = ReachOfY(fPicture);
         const double row = RowHeight();
-        const double rows = row * static_cast<double>(fPicture.fvNodes.size());
-        fPlaces.fHeight = std::max(rows, fPlaces.fBox.fFrame.Height() + 2);
-        const double top = (fPlaces.fHeight - rows) / 2;
-        fPlaces.fY = {ReachOfY(fPicture), top + rows - row / 2, top + row / 2};
-        if (fPlaces.fY.fDomain.Length() > 0) return;
-        fPlaces.fY.fDomain.fHigh = fPlaces.fY.fDomain.fLow + 1 + std::abs(fPlaces.fY.fDomain.fLow);
-        fPlaces.fY.fStart = fPlaces.fY.fEnd = fPlaces.fHeight / 2;
+        const double between = y.Length() > 0 ? row * static_cast<double>(fPicture.fvNodes.size() - 1) : 0;
+        const double room = RoomAtEnds(y, row, between);
+        fPlaces.fHeight = std::max(between + 2 * room, fPlaces.fBox.fFrame.Height() + 2);
+        const double top = (fPlaces.fHeight - between) / 2;
+        fPlaces.fY = {OfSomeLength(y), top + between, top};
     }
 
     void PlaceBox() {

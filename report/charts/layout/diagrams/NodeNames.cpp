@@ -11,7 +11,10 @@ namespace hierfit::report::charts {
 namespace {
 
 /// What certainly fits into so many lines of a width, however it breaks: any two lines hold more than one is wide.
-double WidthOfLines(double width, std::size_t lines) { return width * static_cast<double>((lines + 1) / 2); }
+double WidthOfLines(double width, std::size_t lines) {
+    const std::size_t pairs = (lines + 1) / 2;
+    return width * static_cast<double>(pairs);
+}
 
 bool DoOverlap(const Frame& one, const Frame& other) {
     return one.fLeft < other.fRight && other.fLeft < one.fRight && one.fTop < other.fBottom && other.fTop < one.fBottom;

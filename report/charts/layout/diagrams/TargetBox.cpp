@@ -36,24 +36,47 @@ Frame BarsOf(const TargetBox& box, double widestTick) {
     return {box.fFrame.fLeft + side, top, box.fFrame.fRight - side, top + box.fFrame.Width() * kShareOfBars};
 }
 
-/// Leaves the ticks out whose words would stand out of the box.
-void KeepWithin(NumberAxis& axis, const Frame& bars, const Frame& box) {
+/// Two ticks at least, if there are two whose words stand clear of each other, and none whose words would stand out of
+/// the box.
+void SettleTicks(NumberAxis& axis, bool isWhole, const Frame& bars, const Frame& box) {
+    constexpr int kFew = 3;
+    constexpr double kBetween = 8;
     const Scale scale{axis.fDomain, bars.fLeft, bars.fRight};
+    const bool isLone = axis.fvTicks.size() < 2;
+    if (isLone) axis.fvTicks = TicksOf(axis.fDomain, kFew, isWhole);
     std::erase_if(axis.fvTicks, [&](const Tick& tick) {
         const double half = TextWidth(tick.fWords, kLabelStyle) / 2;
         const double at = scale.At(tick.fNumber);
         return at - half < box.fLeft + 2 || at + half > box.fRight - 2;
     });
+    if (!isLone || axis.fvTicks.size() < 2) return;
+    const Tick& first = axis.fvTicks.front();
+    const Tick& last = axis.fvTicks.back();
+    const double half = (TextWidth(first.fWords, kLabelStyle) + TextWidth(last.fWords, kLabelStyle)) / 2;
+    const bool isClear = scale.At(last.fNumber) - scale.At(first.fNumber) >= half + kBetween;
+    axis.fvTicks.erase(axis.fvTicks.begin() + 1, axis.fvTicks.end() - (isClear ? 1 : 0));
 }
 
 void AddBars(Scene& scene, const HistogramPicture& histogram, const TargetBox& box) {
     const double widest = AxisOf(histogram, box.fFrame.Width() - 2 * kMargin).fWidestTick;
     const Frame bars = BarsOf(box, widest);
     NumberAxis values = AxisOf(histogram, bars.Width());
-    KeepWithin(values, bars, box.fFrame);
+    SettleTicks(values, histogram.fValues.fIsWhole, bars, box.fFrame);
     const Extent counts = DomainOf(histogram.fCounts, CountsOf(histogram));
     AddHistogram(scene, histogram, {values.fDomain, bars.fLeft, bars.fRight}, {counts, bars.fBottom, bars.fTop});
     AddBottomAxis(scene, values, bars, false);
+}
+
+/// As wished, or as wide as the name needs to be shown whole.
+double WidthWithBars(const std::string& name, double wished, const BoxWidths& widths) {
+    constexpr double kStep = 8;
+    const double forWord = LongestWord(name, kHeadingStyle) + 2 * kMargin + 1;
+    double width = std::clamp(std::max(wished, forWord), widths.fLeast, widths.fMost);
+    while (width < widths.fMost &&
+           WrapText(name, width - 2 * kMargin, kHeadingStyle, kMostLines + 1).size() > kMostLines) {
+        width = std::min(width + kStep, widths.fMost);
+    }
+    return width;
 }
 
 }  // namespace
@@ -62,10 +85,7 @@ TargetBox MakeTargetBox(const NetworkPicture& picture, double wished, const BoxW
     TargetBox box;
     box.fHasHistogram = picture.fHistogram && !picture.fHistogram->fvBins.empty();
     const std::string& name = picture.fTarget.fName;
-    const double forWord = LongestWord(name, kHeadingStyle) + 2 * kMargin + 1;
-    const double inner =
-        (box.fHasHistogram ? std::clamp(std::max(wished, forWord), widths.fLeast, widths.fMost) : widths.fMost) -
-        2 * kMargin;
+    const double inner = (box.fHasHistogram ? WidthWithBars(name, wished, widths) : widths.fMost) - 2 * kMargin;
     box.fvTitle = WrapText(name, inner, kHeadingStyle, kMostLines);
     if (box.IsEmpty()) return box;
     box.fFrame.fRight = 2 * kMargin + (box.fHasHistogram ? inner : WidestLine(box.fvTitle, kHeadingStyle));

@@ -82,12 +82,15 @@ std::size_t LineLength(std::string_view text, double width, const TextStyle& sty
     return text.size();
 }
 
+/// Blanks at the end of a line would only make it wider.
+std::string_view WithoutEndingBlanks(std::string_view line) { return line.substr(0, line.find_last_not_of(' ') + 1); }
+
 /// Sets one paragraph; false when it did not fit into the lines.
 bool AddParagraph(Lines& lines, std::string_view text) {
     do {
         if (lines.AreFull()) return false;
         const std::size_t length = LineLength(text, lines.Width(), lines.Style());
-        lines.Add(text.substr(0, length));
+        lines.Add(WithoutEndingBlanks(text.substr(0, length)));
         text.remove_prefix(length);
         if (!text.empty() && text.front() == ' ') text.remove_prefix(1);
     } while (!text.empty());
