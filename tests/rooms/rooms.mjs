@@ -40,7 +40,7 @@ const knows = {
   ],
   "backend/host/chart/data": host("contract", "document"),
   "backend/host/chart/specification": host("contract", "document", "xml", "data", "chart/data"),
-  "backend/host/chart/picture": host("contract", "document", "context", "chart/specification"),
+  "backend/host/chart/picture": host("contract", "document", "context", "language", "chart/specification"),
   "backend/host/chart/picture/histogram": host("document", "chart/specification", "chart/picture"),
   "backend/host/chart/picture/levels": host("context", "chart/picture"),
   "backend/host/chart/picture/graphs": [
