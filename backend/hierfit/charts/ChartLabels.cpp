@@ -23,6 +23,14 @@ const char* LabelOfText(const KEST_Variable& variable, const std::string& text) 
     return variable.IsString() ? ValueLabel(variable, text) : ValueLabel(variable, ParseNumber(text));
 }
 
+XVariable LabelVariable(XGraph& graph, const char* name, int index, const KEST_Variable& variable) {
+    XVariable shown = graph.getVariable(name, index);
+    shown.setLabel(VariableDisplayName(variable));
+    shown.setKESTVariable(&variable);
+    shown.addRelabels();
+    return shown;
+}
+
 bool ListHasWarning(const std::vector<WarningMessage>& list, const std::string& key) {
     return std::any_of(list.begin(), list.end(),
                        [&](const WarningMessage& message) { return message.fPattern == key; });

@@ -6,6 +6,7 @@
 #include "host/ChartString.h"
 #include "host/KEST_Variable.h"
 #include "host/VarDataProcessor.h"
+#include "host/XDocument.h"
 
 #include "hierfit/store/WarningMessage.h"
 
@@ -21,6 +22,9 @@ const char* ValueLabel(const KEST_Variable& variable, const std::string& value);
 /// The label of the value that a document's text names: asked for as a text where the variable holds texts, else as the
 /// number. Null when the value has none.
 const char* LabelOfText(const KEST_Variable& variable, const std::string& text);
+
+/// Shows the index-th variable of a name as a variable of the data: by its label, and its values by theirs.
+XVariable LabelVariable(XGraph& graph, const char* name, int index, const KEST_Variable& variable);
 
 /// Whether a message of exactly that key is among them.
 bool ListHasWarning(const std::vector<WarningMessage>& list, const std::string& key);

@@ -69,16 +69,8 @@ void LabelAxis(XGraph& graph, const KEST_Variable& variable) {
     shown.addRelabels();
 }
 
-XVariable LabelFactor(XGraph& graph, const char* name, const KEST_Variable& variable) {
-    XVariable shown = graph.getVariable(name, 0);
-    shown.setLabel(VariableDisplayName(variable));
-    shown.setKESTVariable(&variable);
-    shown.addRelabels();
-    return shown;
-}
-
 void LabelPanels(XGraph& graph, const KEST_Variable& variable) {
-    XVariable shown = LabelFactor(graph, kEffects[2], variable);
+    XVariable shown = LabelVariable(graph, kEffects[2], 0, variable);
     shown.setFormatBasedOnKESTVariable(&variable);
     ChartString prefix = VariableDisplayName(variable);
     prefix += ChartString(" = ");
@@ -89,7 +81,7 @@ void LabelFactors(XDocument& document, const std::vector<const KEST_Variable*>& 
     try {
         XGraph graph = document.getExternalGraph();
         if (!variables.empty()) LabelAxis(graph, *variables[0]);
-        if (variables.size() > 1) LabelFactor(graph, kEffects[1], *variables[1]);
+        if (variables.size() > 1) LabelVariable(graph, kEffects[1], 0, *variables[1]);
         if (variables.size() > 2) LabelPanels(graph, *variables[2]);
     } catch (...) {  // the chart goes out without what is not labelled yet
     }

@@ -126,22 +126,14 @@ void CutFacets(std::string& xml, const ContrastGroups& groups) {
     }
 }
 
-XVariable LabelVariable(XGraph& graph, const char* name, const KEST_Variable& variable) {
-    XVariable shown = graph.getVariable(name, 0);
-    shown.setLabel(VariableDisplayName(variable));
-    shown.setKESTVariable(&variable);
-    shown.addRelabels();
-    return shown;
-}
-
 void LabelVariables(XDocument& document, const Variables& variables) {
     try {
         XGraph graph = document.getExternalGraph();
-        if (variables.fpCompare) LabelVariable(graph, "category", *variables.fpCompare);
+        if (variables.fpCompare) LabelVariable(graph, "category", 0, *variables.fpCompare);
         for (const std::size_t i : {0, 1}) {
             const KEST_Variable* variable = variables.fpFacets[i];
             if (!variable) continue;
-            XVariable shown = LabelVariable(graph, kFacets[i], *variable);
+            XVariable shown = LabelVariable(graph, kFacets[i], 0, *variable);
             shown.setFormatBasedOnKESTVariable(variable);
             ChartString prefix = VariableDisplayName(*variable);
             prefix += ChartString(" = ");

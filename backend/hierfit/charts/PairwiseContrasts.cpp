@@ -127,12 +127,7 @@ void LabelNodes(XGraph& graph, const TextMap& relabels) {
 
 /// Both sources hold a variable for the panels.
 void LabelPanel(XGraph& graph, const char* name, const KEST_Variable& variable) {
-    for (const int index : {0, 1}) {
-        XVariable shown = graph.getVariable(name, index);
-        shown.setLabel(VariableDisplayName(variable));
-        shown.setKESTVariable(&variable);
-        shown.addRelabels();
-    }
+    for (const int index : {0, 1}) LabelVariable(graph, name, index, variable);
 }
 
 }  // namespace

@@ -45,10 +45,8 @@ Names LeadingFields(const std::vector<EffectStruct>& effects) {
 void LabelFactor(XDocument& document, const char* name, const KEST_Variable* variable) {
     if (!variable) return;
     try {
-        XVariable shown = document.getExternalGraph().getVariable(name, 0);
-        shown.setLabel(VariableDisplayName(*variable));
-        shown.setKESTVariable(variable);
-        shown.addRelabels();
+        XGraph graph = document.getExternalGraph();
+        LabelVariable(graph, name, 0, *variable);
     } catch (...) {}
 }
 

@@ -31,12 +31,16 @@ std::size_t ForbiddenLength(std::string_view text) {
 std::string DropForbidden(std::string_view text) {
     std::string kept;
     kept.reserve(text.size());
-    while (!text.empty()) {
-        const std::size_t forbidden = ForbiddenLength(text);
-        if (forbidden == 0) kept += text[0];
-        text.remove_prefix(std::max<std::size_t>(forbidden, 1));
+    std::size_t begin = 0;
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t forbidden = ForbiddenLength(text.substr(at));
+        if (forbidden > 0) {
+            kept.append(text.substr(begin, at - begin));
+            begin = at + forbidden;
+        }
+        at += std::max<std::size_t>(forbidden, 1);
     }
-    return kept;
+    return kept.append(text.substr(begin));
 }
 
 /// Appends a section; between two sections nothing can end one.
