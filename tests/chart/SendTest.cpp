@@ -4,6 +4,7 @@
 #include "tests/chart/ChartRun.h"
 #include "tests/chart/Describe.h"
 #include "tests/chart/PatchedCharts.h"
+#include "tests/chart/picture/PictureFaults.h"
 #include "tests/language/TemporaryFolder.h"
 #include "tests/mutations/Mutation.h"
 
@@ -193,6 +194,9 @@ TEST(SendTest, BrokenTemplatesAreSentOrLeftOutWithAWord) {
             const bool isSent = document.SendChart(true, false, false);
             EXPECT_EQ(run->GetDocument().fItems.size(), isSent ? 1U : 0U) << name << changes;
             EXPECT_TRUE(isSent || !run.Diagnostics().empty()) << name << changes;
+            for (const document::Item& item : run->GetDocument().fItems) {
+                EXPECT_EQ(chart::FaultsOf(std::get<document::Chart>(item.fContent).fPicture), "") << name << changes;
+            }
         }
     }
 }

@@ -50,6 +50,8 @@ TEST(Session, TellsMessagesThatNobodyShows) {
          ""},
         // A table's message shows this one without its parameter.
         {"cbpp", "</DataGroup>\n    </ModelDiagnostics>", Message("kGLMM_C19_1", "<PrintableValue value='a'/>"), ""},
+        // One about a block of means says which.
+        {"cbpp", "</DataGroup>\n    </ModelDiagnostics>", Message("x"), "EMMEANS Effect Period block 1 ...: x|"},
     };
     for (const auto& one : cases) {
         const std::string statXml = ReadExample(one.fExample, "model.statxml");

@@ -179,18 +179,11 @@ std::vector<Sample> LevelsSamples() {
     means("means-1", {"Age group at entry"}, {{"18 to 29", "30 to 44", "45 to 59", "60 and over"}}, 300);
     means("means-2", {days, "Sex"}, {Numbers(6, 2), kSexes}, 300);
     means("means-3", {arm, "Sex", "Visit"}, {kArms, kSexes, Named("Week", 5)}, 300);
-    means("means-40", {"District of residence"}, {Named("District", 40)}, 60);
-    means("means-9x9", {"Region", "Year"}, {Named("Region", 9), Numbers(9, 1)}, 80);
-    means("means-wrapped", {"Highest degree of education"},
-          {{"No degree at all", "Lower secondary school", "Upper secondary school", "University of applied sciences",
-            "University"}},
-          5000);
     means("linear-1", {days}, {Numbers(10, 1)}, 300);
     MakeLinear(samples.back());
     means("linear-2", {"Dose", "Sex"}, {Numbers(5, 2.5), kSexes}, 300);
     MakeLinear(samples.back());
     contrasts("contrasts-1", {arm}, {Named("Arm", 5)}, 300, 298.4);
-    contrasts("contrasts-40", {"District"}, {Named("District", 40)}, 60, 60);
     contrasts("contrasts-2", {arm, "Visit"}, {Named("Arm", 5), Named("Week", 3)}, 300, 301);
     contrasts("contrasts-3", {arm, "Visit", "Sex"}, {kArms, Named("Week", 3), kSexes}, 300, 301);
 
@@ -204,10 +197,8 @@ std::vector<Sample> LevelsSamples() {
     means("endless", {endless, endless, endless},
           {{endless + "1", endless + "2"}, {endless, endless + "2"}, {endless, "short"}}, 5);
     means("hostile", {hostile, hostile, hostile}, {{hostile, "  two  blanks "}, {hostile, ""}, {hostile, "\n\n"}}, 5);
-    contrasts("contrasts-500", {"Level"}, {Named("Level", 500)}, 5, 5);
     contrasts("contrasts-endless", {endless, endless}, {{endless + "1", endless + "2"}, {endless}}, 5, 5);
     contrasts("panels-101", {"Arm", "Clinic"}, {kArms, Named("Clinic", 101)}, 5, 5);
-    means("colors-40", {"Arm", "District"}, {kArms, Named("District", 40)}, 60);
     means("many", {"Level", "Series"}, {Numbers(500, 1), Numbers(12, 1)}, 60);
     means("tiny", {"Arm"}, {kArms}, 1e-7);
     means("huge", {"Arm"}, {kArms}, 1e300);
