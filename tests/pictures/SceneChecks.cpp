@@ -84,11 +84,13 @@ std::vector<Box> BoxesOf(const Scene& scene) {
     return boxes;
 }
 
-/// From left to right, so that a box meets those alone that begin before it ends.
-void AddOverlaps(std::vector<Box> boxes, std::vector<std::string>& faults) {
-    std::ranges::stable_sort(boxes, {}, [](const Box& box) { return box.fLeast.fX; });
+/// Along the longer side of the scene, so that a box meets those alone that begin before it ends.
+void AddOverlaps(const Scene& scene, std::vector<Box> boxes, std::vector<std::string>& faults) {
+    const auto side = scene.fWidth > scene.fHeight ? &Point::fX : &Point::fY;
+    std::ranges::stable_sort(boxes, {}, [side](const Box& box) { return box.fLeast.*side; });
     for (std::size_t at = 0; at < boxes.size(); ++at) {
-        for (std::size_t next = at + 1; next < boxes.size() && boxes[next].fLeast.fX < boxes[at].fMost.fX; ++next) {
+        const double end = boxes[at].fMost.*side;
+        for (std::size_t next = at + 1; next < boxes.size() && boxes[next].fLeast.*side < end; ++next) {
             if (DoOverlap(boxes[at], boxes[next])) {
                 faults.push_back(Place(boxes[at]) + " lies on " + Place(boxes[next]));
             }
@@ -111,7 +113,7 @@ std::vector<std::string> FaultsOf(const Scene& scene) {
         }
         if (box.fpText->fStyle.fSize < kLeastSize) faults.push_back(Place(box) + " is too small");
     }
-    AddOverlaps(boxes, faults);
+    AddOverlaps(scene, boxes, faults);
     return faults;
 }
 

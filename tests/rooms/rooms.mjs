@@ -54,6 +54,8 @@ const knows = {
   "report/html": report("layout", "markup", "charts/layout", "charts/svg"),
   "report/charts": report("html", "charts/layout", "charts/svg"),
   "report/charts/layout": report(),
+  "report/charts/layout/levels": report("charts/layout"),
+  "report/charts/layout/diagrams": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
   "program": [...report("text", "json", "html", "charts"), ...host("session")],

@@ -21,41 +21,68 @@ int FittingInto(double width, double leastWidth) {
     return std::clamp(static_cast<int>((width + kGap) / (leastWidth + kGap)), 1, 1000);
 }
 
-int RowsFor(int count, int columns) { return (count + columns - 1) / columns; }
+/// Each number once, ascending.
+template <typename Numbers>
+void Unite(Numbers& numbers) {
+    std::ranges::sort(numbers);
+    const auto [first, last] = std::ranges::unique(numbers);
+    numbers.erase(first, last);
+}
 
 }  // namespace
 
 PanelGrid::PanelGrid(const document::PicturePanels& panels, double width, double leastWidth) : fpPanels(&panels) {
-    const int across = CountOf(panels.fvAcross);
     const int fitting = FittingInto(width, leastWidth);
-    fIsList = !panels.fvDown.empty() && across > fitting;
-    if (IsGrid()) {
-        fColumns = across;
-        fRows = CountOf(panels.fvDown);
-        return;
-    }
-    const int wished = panels.fAbreast > 0 ? std::min(panels.fAbreast, kMostAbreast) : kMostAbreast;
-    fColumns = std::min({Count(), wished, fitting});
-    fRows = RowsFor(Count(), fColumns);
+    const bool isList = panels.fvDown.empty() || CountOf(panels.fvAcross) > fitting;
+    SetColumns(isList ? std::min(MostAbreast(panels), fitting) : CountOf(panels.fvAcross));
 }
 
-int PanelGrid::Count() const { return CountOf(fpPanels->fvAcross) * CountOf(fpPanels->fvDown); }
-
-int PanelGrid::Number(const PanelPlace& place) const {
-    return place.fDown * CountOf(fpPanels->fvAcross) + place.fAcross;
+PanelGrid PanelGrid::OfColumns(const document::PicturePanels& panels, int columns) {
+    PanelGrid grid(panels);
+    grid.SetColumns(columns);
+    return grid;
 }
 
-int PanelGrid::ColumnOf(const PanelPlace& place) const { return IsGrid() ? place.fAcross : Number(place) % fColumns; }
+int PanelGrid::MostAbreast(const document::PicturePanels& panels) {
+    const long count = static_cast<long>(CountOf(panels.fvAcross)) * CountOf(panels.fvDown);
+    const long most = panels.fAbreast > 0 ? std::min(panels.fAbreast, kMostAbreast) : kMostAbreast;
+    return static_cast<int>(std::min(count, most));
+}
 
-int PanelGrid::RowOf(const PanelPlace& place) const { return IsGrid() ? place.fDown : Number(place) / fColumns; }
+void PanelGrid::SetColumns(int columns) {
+    fIsList = !fpPanels->fvDown.empty() && columns != CountOf(fpPanels->fvAcross);
+    fColumns = columns;
+    fRows = IsTable() ? CountOf(fpPanels->fvDown) : (Count() + columns - 1) / columns;
+}
+
+long PanelGrid::Count() const { return static_cast<long>(CountOf(fpPanels->fvAcross)) * CountOf(fpPanels->fvDown); }
+
+long PanelGrid::Number(const PanelPlace& place) const {
+    return static_cast<long>(place.fDown) * CountOf(fpPanels->fvAcross) + place.fAcross;
+}
+
+long PanelGrid::ColumnOf(const PanelPlace& place) const { return IsTable() ? place.fAcross : Number(place) % fColumns; }
+
+long PanelGrid::RowOf(const PanelPlace& place) const { return IsTable() ? place.fDown : Number(place) / fColumns; }
 
 bool PanelGrid::IsLastOfColumn(const PanelPlace& place) const {
-    return IsGrid() ? place.fDown + 1 == fRows : Number(place) + fColumns >= Count();
+    return IsTable() ? place.fDown + 1 == fRows : Number(place) + fColumns >= Count();
+}
+
+PanelPlace PanelGrid::FirstOfRow(const PanelPlace& place) const {
+    if (IsTable()) return {0, place.fDown};
+    const long first = Number(place) - ColumnOf(place);
+    const long across = CountOf(fpPanels->fvAcross);
+    return {static_cast<int>(first % across), static_cast<int>(first / across)};
+}
+
+PanelPlace PanelGrid::AxisBelow(const PanelPlace& place) const {
+    return IsTable() ? PanelPlace{place.fAcross, static_cast<int>(fRows) - 1} : place;
 }
 
 double PanelGrid::Gap() const { return HasHeadings() ? kGap : 0; }
 
-double PanelGrid::SideRoom() const { return IsGrid() ? LineHeight(kHeadingStyle) + kHeadingGap : 0; }
+double PanelGrid::SideRoom() const { return IsTable() ? LineHeight(kHeadingStyle) + kHeadingGap : 0; }
 
 double PanelGrid::PlotWidth(double width, const PanelRooms& rooms) const {
     const double columns = fColumns;
@@ -70,53 +97,93 @@ void PanelGrid::Place(double top, double plotWidth, double plotHeight, const Pan
     fRooms = rooms;
 }
 
-double PanelGrid::HeadingRoom(int row) const {
-    const bool hasHeadings = HasHeadings() && (row == 0 || !IsGrid());
+double PanelGrid::HeadingRoom(long row) const {
+    const bool hasHeadings = HasHeadings() && (row == 0 || !IsTable());
     return hasHeadings ? LineHeight(kHeadingStyle) + kHeadingGap : 0;
 }
 
 /// The last panels of columns stand in the last row, and in the one before where the last is shorter.
-double PanelGrid::RoomUnder(int row) const {
+double PanelGrid::RoomUnder(long row) const {
     const bool isLast = row + 1 == fRows;
-    const bool isBeforeShort = !IsGrid() && row + 2 == fRows && Count() % fColumns != 0;
+    const bool isBeforeShort = !IsTable() && row + 2 == fRows && Count() % fColumns != 0;
     return isLast || isBeforeShort ? fRooms.fBelow : fRooms.fBelowEach;
 }
 
-double PanelGrid::TopOf(int row) const {
+double PanelGrid::TopOf(long row) const {
     double top = fTop + HeadingRoom(0);
     if (row == 0) return top;
     const double pitch = fPlotHeight + fRooms.fBelowEach + Gap() + HeadingRoom(1);
-    return top + pitch * row + RoomUnder(row - 1) - fRooms.fBelowEach;
+    return top + pitch * static_cast<double>(row) + RoomUnder(row - 1) - fRooms.fBelowEach;
 }
 
 Frame PanelGrid::At(const PanelPlace& place) const {
-    const double left = fRooms.fLeftOnce + Pitch() * ColumnOf(place) + fRooms.fLeftEach;
+    const double left = fRooms.fLeftOnce + Pitch() * static_cast<double>(ColumnOf(place)) + fRooms.fLeftEach;
     const double top = TopOf(RowOf(place));
     return {left, top, left + fPlotWidth, top + fPlotHeight};
 }
 
 double PanelGrid::Width() const { return fRooms.fLeftOnce + Pitch() * fColumns - Gap() + SideRoom(); }
 
+double PanelGrid::PlotsRight() const {
+    return fRooms.fLeftOnce + Pitch() * (fColumns - 1) + fRooms.fLeftEach + fPlotWidth;
+}
+
 double PanelGrid::Bottom() const { return TopOf(fRows - 1) + fPlotHeight + fRooms.fBelow; }
+
+std::string PanelGrid::WordsOver(const PanelPlace& place) const {
+    const std::string& across = fpPanels->fvAcross[static_cast<std::size_t>(place.fAcross)];
+    return fIsList ? fpPanels->fvDown[static_cast<std::size_t>(place.fDown)] + ", " + across : across;
+}
+
+Shape PanelGrid::HeadingOver(const PanelPlace& place, std::string words) const {
+    const Frame plot = At(place);
+    return MakeText(std::move(words), {plot.fLeft, plot.fTop - kHeadingGap - Descent(kHeadingStyle)}, kHeadingStyle);
+}
+
+Shape PanelGrid::HeadingBeside(const PanelPlace& place, std::string words) const {
+    const Frame plot = At({fColumns - 1, place.fDown});
+    const Point beside{plot.fRight + fRooms.fRightEach + kHeadingGap + Descent(kHeadingStyle),
+                       (plot.fTop + plot.fBottom) / 2};
+    Shape shape = MakeText(std::move(words), beside, kHeadingStyle, Anchor::Middle);
+    std::get<Text>(shape.fForm).fTurn = 90;
+    return shape;
+}
 
 void PanelGrid::AddHeading(Scene& scene, const PanelPlace& place) const {
     if (!HasHeadings()) return;
-    const Frame plot = At(place);
     Element element;
-    std::string words = fpPanels->fvAcross[static_cast<std::size_t>(place.fAcross)];
-    if (fIsList) words = fpPanels->fvDown[static_cast<std::size_t>(place.fDown)] + ", " + words;
-    const double room = fPlotWidth + fRooms.fRightEach;
-    const Point over{plot.fLeft, plot.fTop - kHeadingGap - Descent(kHeadingStyle)};
-    if (!IsGrid() || RowOf(place) == 0) {
-        element.fvShapes.push_back(MakeText(CutText(words, room, kHeadingStyle), over, kHeadingStyle));
+    if (!IsTable() || RowOf(place) == 0) {
+        element.fvShapes.push_back(HeadingOver(place, CutText(WordsOver(place), RoomOver(), kHeadingStyle)));
     }
-    if (IsGrid() && ColumnOf(place) + 1 == fColumns) {
-        const Point beside{plot.fRight + fRooms.fRightEach + kHeadingGap + Descent(kHeadingStyle),
-                           (plot.fTop + plot.fBottom) / 2};
+    if (IsTable() && ColumnOf(place) + 1 == fColumns) {
         const std::string& down = fpPanels->fvDown[static_cast<std::size_t>(place.fDown)];
-        Shape shape = MakeText(CutText(down, fPlotHeight, kHeadingStyle), beside, kHeadingStyle, Anchor::Middle);
-        std::get<Text>(shape.fForm).fTurn = 90;
-        element.fvShapes.push_back(std::move(shape));
+        element.fvShapes.push_back(HeadingBeside(place, CutText(down, fPlotHeight, kHeadingStyle)));
+    }
+    scene.fvElements.push_back(std::move(element));
+}
+
+void PanelGrid::AddHeadings(Scene& scene, const std::vector<PanelPlace>& places) const {
+    if (!HasHeadings()) return;
+    std::vector<std::pair<int, int>> over;  // down, across
+    std::vector<int> rows;
+    for (const PanelPlace& place : places) {
+        over.emplace_back(IsTable() ? 0 : place.fDown, place.fAcross);
+        if (IsTable()) rows.push_back(place.fDown);
+    }
+    Unite(over);
+    Unite(rows);
+    std::vector<std::string> words;
+    for (const auto& [down, across] : over) words.push_back(WordsOver({across, down}));
+    std::vector<std::string> beside;
+    for (const int row : rows) beside.push_back(fpPanels->fvDown[static_cast<std::size_t>(row)]);
+    words = CutTexts(words, RoomOver(), kHeadingStyle);
+    beside = CutTexts(beside, fPlotHeight, kHeadingStyle);
+    Element element;
+    for (std::size_t at = 0; at < over.size(); ++at) {
+        element.fvShapes.push_back(HeadingOver({over[at].second, over[at].first}, std::move(words[at])));
+    }
+    for (std::size_t at = 0; at < rows.size(); ++at) {
+        element.fvShapes.push_back(HeadingBeside({0, rows[at]}, std::move(beside[at])));
     }
     scene.fvElements.push_back(std::move(element));
 }

@@ -22,9 +22,19 @@ class PanelGrid {
     /// `leastWidth`: what one panel takes at least, with what stands beside it.
     PanelGrid(const document::PicturePanels& panels, double width, double leastWidth);
 
+    /// The same with so many columns, one at least. Panels of two variables follow each other unless there is a column
+    /// for each level of the first.
+    static PanelGrid OfColumns(const document::PicturePanels& panels, int columns);
+
+    /// So many panels stand side by side at most where they follow each other.
+    static int MostAbreast(const document::PicturePanels& panels);
+
+    /// Whether columns and rows stand for levels.
+    bool IsTable() const { return !fpPanels->fvDown.empty() && !fIsList; }
+
     bool HasHeadings() const { return !fpPanels->fvAcross.empty(); }
     int Columns() const { return fColumns; }
-    int Rows() const { return fRows; }
+    long Rows() const { return fRows; }
 
     /// The width of a panel's plot when all columns share a width.
     double PlotWidth(double width, const PanelRooms& rooms) const;
@@ -36,30 +46,46 @@ class PanelGrid {
     bool IsFirstOfRow(const document::PanelPlace& place) const { return ColumnOf(place) == 0; }
     bool IsLastOfColumn(const document::PanelPlace& place) const;
 
+    /// The panel at the left end of a panel's row, and the one below it that bears the axis: in a table the last of its
+    /// column, else itself. They may have no marks of their own.
+    document::PanelPlace FirstOfRow(const document::PanelPlace& place) const;
+    document::PanelPlace AxisBelow(const document::PanelPlace& place) const;
+
     double Width() const;
-    double Bottom() const;  ///< of all, rooms for axes included
+    double PlotsRight() const;  ///< where the plots of the last column end
+    double Bottom() const;      ///< of all, rooms for axes included
 
     /// The heading over a panel; in a grid of two variables those of the first row, and beside rows those of the last
     /// column.
     void AddHeading(Scene& scene, const document::PanelPlace& place) const;
 
+    /// The headings of these panels, each once, in a table those of their columns and rows. Headings that would be cut
+    /// to the same words are cut so that they differ.
+    void AddHeadings(Scene& scene, const std::vector<document::PanelPlace>& places) const;
+
   private:
-    bool IsGrid() const { return !fpPanels->fvDown.empty() && !fIsList; }
-    int Number(const document::PanelPlace& place) const;
-    int Count() const;
-    int ColumnOf(const document::PanelPlace& place) const;
-    int RowOf(const document::PanelPlace& place) const;
+    explicit PanelGrid(const document::PicturePanels& panels) : fpPanels(&panels) {}
+
+    void SetColumns(int columns);
+    long Number(const document::PanelPlace& place) const;
+    long Count() const;
+    long ColumnOf(const document::PanelPlace& place) const;
+    long RowOf(const document::PanelPlace& place) const;
+    std::string WordsOver(const document::PanelPlace& place) const;
+    Shape HeadingOver(const document::PanelPlace& place, std::string words) const;
+    Shape HeadingBeside(const document::PanelPlace& place, std::string words) const;
+    double RoomOver() const { return fPlotWidth + fRooms.fRightEach; }
     double Pitch() const { return fRooms.fLeftEach + fPlotWidth + fRooms.fRightEach + Gap(); }
     double Gap() const;
     double SideRoom() const;
-    double HeadingRoom(int row) const;
-    double RoomUnder(int row) const;
-    double TopOf(int row) const;
+    double HeadingRoom(long row) const;
+    double RoomUnder(long row) const;
+    double TopOf(long row) const;
 
     const document::PicturePanels* fpPanels;
     bool fIsList = false;  ///< panels of two variables follow each other
     int fColumns = 1;
-    int fRows = 1;
+    long fRows = 1;
     double fTop = 0;
     double fPlotWidth = 0;
     double fPlotHeight = 0;
