@@ -66,23 +66,23 @@ std::string Sentence(const Specification& specification, const Network& network,
     return sentence + " " + HistogramSentence(histogram);
 }
 
-/// Names that several nodes have, in order of appearance; of very many the first.
-std::string CommonNames(const std::vector<NetworkNode>& nodes) {
+/// A sentence with the names that several nodes have, in order of appearance; empty where all differ.
+std::string CommonNamesNote(const std::vector<NetworkNode>& nodes) {
     constexpr int kMostNames = 5;
     std::unordered_map<std::string_view, int> counts;
     std::string names;
     int common = 0;
     for (const NetworkNode& node : nodes) {
-        if (node.fName.empty() || ++counts[node.fName] != 2 || ++common > kMostNames + 1) continue;
-        names += (names.empty() ? "" : ", ") + (common > kMostNames ? std::string("\u2026") : node.fName);
+        if (node.fName.empty() || ++counts[node.fName] != 2) continue;
+        if (++common <= kMostNames) names += (names.empty() ? "" : ", ") + node.fName;
     }
-    return names;
+    if (common > kMostNames) return Translated("Nodes of the same name: ^1 and others.", {names});
+    return common == 0 ? std::string() : Translated("Nodes of the same name: ^1.", {names});
 }
 
 std::vector<std::string> Notes(const std::vector<NetworkNode>& nodes, const Thinning& thinning) {
     std::vector<std::string> notes;
-    const std::string names = CommonNames(nodes);
-    if (!names.empty()) notes.push_back(Translated("Nodes of the same name: ^1.", {names}));
+    if (std::string note = CommonNamesNote(nodes); !note.empty()) notes.push_back(std::move(note));
     thinning.AddNote(notes);
     return notes;
 }

@@ -1,10 +1,12 @@
-#include "host/chart/view/ShownData.h"
+#include "host/chart/picture/ShownData.h"
 
 #include <limits>
 
 #include "host/SystemMissing.h"
-#include "host/chart/view/parts/Levels.h"
-#include "host/chart/view/parts/Numbers.h"
+#include "host/chart/picture/ChartWords.h"
+#include "host/chart/picture/Levels.h"
+#include "host/data/VariableSource.h"
+#include "tests/chart/ChartRun.h"
 
 namespace hierfit::chart {
 namespace {
@@ -77,11 +79,11 @@ TEST(ShownVariable, ShowsFiguresWithDecimalsInCommon) {
     }
 }
 
-TEST(TickFormat, TellsTicksApartWithDecimalsInCommon) {
-    const std::tuple<double, double, std::string> cases[] = {
-        {0.02, 0.28, ".2f"},    {0, 1, ".1f"}, {3.9, 6.8, ".1f"},       {90, 140, ".0f"},       {0, 12000, ".0f"},
-        {-0.003, 0.002, ".3f"}, {2, 2, ".1f"}, {1e9, 1e9 + 1, ".12~g"}, {1, 1 + 1e-12, ".12~g"}};
-    for (const auto& [low, high, format] : cases) EXPECT_EQ(TickFormat(low, high, 6), format) << low;
+TEST(CutCharacters, CountsCharacters) {
+    const std::tuple<std::string, std::size_t, std::string> cases[] = {
+        {"ääää", 4, "ääää"}, {"ääää", 3, "ää\u2026"}, {"", 3, ""}, {"a\xff\xff\xff", 3, "a\uFFFD\u2026"}};
+    for (const auto& [text, count, cut] : cases) EXPECT_EQ(CutCharacters(text, count), cut);
+    EXPECT_EQ(CutName(std::string(1'000'000, 'w')).size(), 119 + std::string("\u2026").size());
 }
 
 TEST(ShownData, FindsBySlotThenByNameWithinTheSource) {
@@ -113,9 +115,20 @@ TEST(Levels, KeepValuesApartInOrderOfAppearance) {
     const document::ChartVariable data{"x", {2.0, "b", 1.0, 2.0, "2", std::monostate(), kSystemMissing, ""}};
     const ShownVariable shown(data, nullptr, &setting);
     const Levels levels(&shown);
-    EXPECT_EQ(levels.Texts(), (std::vector<std::string>{"same", "b", "same", "same", ""}));
+    EXPECT_EQ(levels.Texts(), (std::vector<std::string>{"same (2)", "b", "same (1)", "same (2)", ""}));
     const std::vector<std::optional<std::size_t>> rows = {0, 1, 2, 0, 3, {}, {}, 4, {}};
     for (std::size_t row = 0; row < rows.size(); ++row) EXPECT_EQ(levels.At(row), rows[row]) << row;
+}
+
+TEST(RunVariables, GiveLabelsAndFormatsToTheirNames) {
+    const data::VariableSource source({{"yield", "Yield (t)", kNoDecimals, 3, {}}, {"dose", {}, kNoDecimals, 3, {}}});
+    test::ChartRun run;
+    run->SetDataSource(&source);
+    EXPECT_EQ(LabelOfNamed("yield"), "Yield (t)");
+    for (const char* name : {"dose", "absent", ""}) EXPECT_EQ(LabelOfNamed(name), name);
+    VariableSetting setting;
+    setting.fLabel = "dose";
+    EXPECT_EQ(ShownVariable({"effect1", {}}, nullptr, &setting).Words(2.6), "3");
 }
 
 }  // namespace

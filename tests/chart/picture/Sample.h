@@ -1,25 +1,29 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
 #include <stdexcept>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "host/chart/picture/MakePicture.h"
 #include "host/chart/specification/ReadSpecification.h"
-#include "host/chart/view/MakeView.h"
 
 namespace hierfit::chart {
 
-/// A chart made by hand, with all that its view is made from.
+/// A chart made by hand, with all that its picture is made from.
 struct Sample {
     std::string fName;
     Specification fSpecification;
     std::vector<document::ChartSource> fvData;
     std::vector<VariableSetting> fvSettings;
 
-    View Make() const { return MakeView(fSpecification, fvData, fvSettings); }
-    nlohmann::json MakeJson() const { return nlohmann::json::parse(Make().fJson); }
+    document::Picture Make() const { return MakePicture(fSpecification, fvData, fvSettings).fPicture; }
+
+    /// What the picture shows, of its kind.
+    template <typename Kind>
+    Kind Draw() const {
+        return std::get<Kind>(Make().fContent);
+    }
 };
 
 /// What chart XML says that can be read.

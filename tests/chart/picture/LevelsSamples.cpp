@@ -1,4 +1,4 @@
-#include "tests/chart/view/LevelsSamples.h"
+#include "tests/chart/picture/LevelsSamples.h"
 
 #include <algorithm>
 #include <cmath>

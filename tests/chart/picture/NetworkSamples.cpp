@@ -1,4 +1,4 @@
-#include "tests/chart/view/NetworkSamples.h"
+#include "tests/chart/picture/NetworkSamples.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,11 +1,12 @@
-#include "host/chart/view/histogram/Histogram.h"
+#include "host/chart/picture/histogram/Histogram.h"
 
 #include <cmath>
 #include <limits>
 #include <numbers>
 
-#include "host/chart/view/histogram/Distribution.h"
-#include "tests/chart/view/NetworkSamples.h"
+#include "host/chart/picture/histogram/Distribution.h"
+#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {
 
@@ -115,27 +116,32 @@ TEST(HistogramTest, StaysSmallAndFiniteAtAnyScale) {
     EXPECT_LE(wide.fCurve.fvPoints.size(), 402U);
     const double last = 9007199254740992;  // the next whole number is no double
     const Histogram stuck = Read({"poisson", last, {}}, {last - 2, last - 1, last, last + 2}, {1.0, 1.0, 1.0, 1.0});
-    EXPECT_LE(stuck.fCurve.fvPoints.size(), 4U);
+    EXPECT_LE(stuck.fCurve.fvPoints.size(), 5U);
     EXPECT_EQ(Read({"poisson", 3.0, {}}, {0.0, 2.0, 4.0}, {1.0, 2.0, 1.0}).fCurve.fvPoints.back().fX, 5);
-    const Histogram huge = Read(kNormal, {-1e300, 0.0, 1e300}, {1e300, 1.0, 1e300});
-    EXPECT_TRUE(std::isfinite(huge.High() - huge.Low()));
-    const Histogram pole = Read({"gamma", 0.1, 1.0}, {0.05, 0.15, 0.25}, {9.0, 3.0, 1.0});
-    EXPECT_LE(pole.Top(), 2.1 * 9);
-    EXPECT_GT(Read(kNormal, kFive, {0.0, 0.0, 0.0, 0.0, 0.0}).Top(), 0);
-    const Histogram far = Read(kNormal, {1e12, 1e12 + 1}, {1.0, 2.0});
-    EXPECT_LT(far.Place(far.Low()), far.Place(far.fBins.fvBins[0].fHigh));
-    EXPECT_LT(far.Place(far.fBins.fvBins[0].fHigh), far.Place(far.High()));
+    const auto show = [](const Values& centers, const Values& counts, const Curve& curve) {
+        return HistogramSample("", curve, centers, counts).Draw<document::HistogramPicture>();
+    };
+    EXPECT_LE(*show({0.05, 0.15, 0.25}, {9.0, 3.0, 1.0}, {"gamma", 0.1, 1.0}).fCounts.fHigh, 2.1 * 9) << "a pole";
+    EXPECT_GT(*show(kFive, {0.0, 0.0, 0.0, 0.0, 0.0}, kNormal).fCounts.fHigh, 0);
     for (const double lone : {0.0, 1e12, -1e300}) {
-        const Histogram histogram = Read(kNormal, Values{lone}, {1234567.0});
-        EXPECT_LT(histogram.Low(), histogram.fBins.Low()) << lone;
-        EXPECT_LT(histogram.fBins.Low(), histogram.fBins.High()) << lone;
+        const auto picture = show({lone}, {1234567.0}, kNormal);
+        EXPECT_LE(*picture.fValues.fLow, picture.fvBins[0].fLow) << lone;
+        EXPECT_LT(picture.fvBins[0].fHigh, *picture.fValues.fHigh) << lone;
+    }
+    const double next = std::nextafter(7, 8);
+    for (const Values& centers : {Values{-1e300, 0.0, 1e300}, Values{7.0, next, 8.0}, Values{1e300, 1e300}}) {
+        const Values counts(centers.size(), 1e300);
+        EXPECT_EQ(FaultsOf(HistogramSample("", kNormal, centers, counts).Make()), "");
     }
 }
 
 TEST(HistogramTest, TellsWhatItShows) {
-    const View view = HistogramSample("", kNormal, {25.0, 75.0, 125.0}, {8.0, 9.0, 2.0}).Make();
-    EXPECT_EQ(view.fShown.fvTables.at(0).fvRows[1], (std::vector<std::string>{"50 to 100", "9"}));
-    EXPECT_NE(view.fShown.fSentence.find("Bars: 3, from 0 to 150"), std::string::npos) << view.fShown.fSentence;
+    const document::Picture picture = HistogramSample("", kNormal, {25.0, 75.0, 125.0}, {8.0, 9.0, 2.0}).Make();
+    EXPECT_EQ(picture.fvTables.at(0).fvRows[1], (std::vector<std::string>{"50 to 100", "9"}));
+    EXPECT_NE(picture.fSentence.find("Bars: 3, from 0 to 150"), std::string::npos) << picture.fSentence;
+    const auto& histogram = std::get<document::HistogramPicture>(picture.fContent);
+    EXPECT_EQ(histogram.fvBins[1].fTip, "Average reaction time (ms): 50 to 100\nE60352: 9");
+    EXPECT_TRUE(histogram.fCounts.fIsWhole);
 }
 
 }  // namespace

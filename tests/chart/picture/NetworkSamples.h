@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/chart/view/Sample.h"
+#include "tests/chart/picture/Sample.h"
 
 namespace hierfit::chart {
 
