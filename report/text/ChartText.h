@@ -5,7 +5,8 @@
 
 namespace hierfit::report {
 
-/// Writes a chart in words: its title, its sentence and the first of the values that it shows. A width of 0 is no limit.
+/// Writes a chart in words: its title, its sentence and the first of the values that it shows. A width of 0 is no
+/// limit.
 void WriteChart(const document::Chart& chart, int width, Sink& sink);
 
 }  // namespace hierfit::report

@@ -17,9 +17,10 @@ std::size_t SkipAscii(std::string_view text, std::size_t place) {
 }
 
 void AppendLong(std::string& text, char32_t code) {
+    constexpr auto kNone = static_cast<utf8proc_int32_t>(kReplacement);
     const auto known = static_cast<utf8proc_int32_t>(std::min<char32_t>(code, 0x110000));
     std::array<utf8proc_uint8_t, 4> bytes;
-    const auto length = utf8proc_encode_char(utf8proc_codepoint_valid(known) ? known : kReplacement, bytes.data());
+    const auto length = utf8proc_encode_char(utf8proc_codepoint_valid(known) ? known : kNone, bytes.data());
     text.append(reinterpret_cast<const char*>(bytes.data()), static_cast<std::size_t>(length));
 }
 
