@@ -53,7 +53,7 @@ const knows = {
   "report/json": report(),
   "report/html": report("layout", "markup", "charts/layout", "charts/svg"),
   "report/charts": report("html", "charts/layout", "charts/svg"),
-  "report/charts/layout": report(),
+  "report/charts/layout": report("markup"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
   "program": [...report("text", "json", "html", "charts"), ...host("session")],
