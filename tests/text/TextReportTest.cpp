@@ -248,7 +248,7 @@ Node  Sign
     for (const ChartCase& test : cases) {
         document::Document document;
         document::Chart chart{};
-        chart.fShown.fvTables = test.fvTables;
+        chart.fPicture.fvTables = test.fvTables;
         document.fItems = {{chart}};
         EXPECT_EQ(report::MakeTextReport(document, {test.fWidth, false}), "Chart: \n" + test.fText);
     }
