@@ -19,7 +19,7 @@ struct OutputOptions {
     std::string fFile = "-";        ///< "-" is standard output; a folder for SVG
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
-    bool fIsStatic = false;  ///< HTML with static pictures in place of scripts
+    bool fIsStatic = false;  ///< HTML without the script
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

@@ -9,8 +9,7 @@ namespace hierfit::report {
 
 namespace {
 
-constexpr std::string_view kReplacement = "\uFFFD";
-constexpr unsigned char kDelete = 0x7F;
+constexpr char32_t kDelete = 0x7F;
 
 enum class Byte : unsigned char { Plain, Markup, LineFeed, CarriageReturn, Control, Multiple };
 
@@ -45,18 +44,10 @@ std::string_view EntityOf(char markup) {
     }
 }
 
-// U+2400 to U+2421 are the symbols of the control characters.
-void AppendSymbol(std::string& out, char control) {
-    const auto code = static_cast<unsigned char>(control);
-    out += "\xE2\x90";
-    out += static_cast<char>(0x80 + (code == kDelete ? 0x21 : code));
-}
-
-/// Whether a character beyond ASCII stands for itself.
-bool IsShown(char32_t code) {
+bool IsForbidden(char32_t code) {
     const bool isDirectional = (code >= 0x202A && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
     const bool isNoCharacter = (code >= 0xFDD0 && code <= 0xFDEF) || (code & 0xFFFE) == 0xFFFE;
-    return !unicode::IsControl(code) && !isDirectional && !isNoCharacter;
+    return unicode::IsControl(code) || isDirectional || isNoCharacter;
 }
 
 bool IsRightToLeft(char32_t code) {
@@ -91,18 +82,18 @@ class Escape {
         if (kind == Byte::Multiple) return AppendMultiple();
         ++fAt;
         if (kind == Byte::Markup) fOut += EntityOf(byte);
-        if (kind == Byte::Control) AppendSymbol(fOut, byte);
+        if (kind == Byte::Control) unicode::Append(fOut, ShownFor(static_cast<unsigned char>(byte)));
         if (kind == Byte::LineFeed) fOut += fLineBreak;
         if (kind == Byte::CarriageReturn && (fAt == fText.size() || fText[fAt] != '\n')) fOut += fLineBreak;
     }
 
     void AppendMultiple() {
         const unicode::Character character = unicode::LongCharacterAt(fText, fAt);
-        if (character.fIsValid && IsShown(character.fCode)) {
+        if (character.fIsValid && !IsForbidden(character.fCode)) {
             fOut.append(fText, fAt, character.fLength);
             fHasRightToLeft = fHasRightToLeft || IsRightToLeft(character.fCode);
         } else {
-            fOut += kReplacement;
+            unicode::Append(fOut, unicode::kReplacement);
         }
         fAt += character.fLength;
     }
@@ -115,6 +106,15 @@ class Escape {
 };
 
 }  // namespace
+
+char32_t ShownFor(char32_t code) {
+    constexpr char32_t kSymbols = 0x2400;
+    constexpr char32_t kSymbolOfDelete = 0x2421;
+    if (code == '\t' || code == '\n' || code == '\r') return ' ';
+    if (code < ' ') return kSymbols + code;
+    if (code == kDelete) return kSymbolOfDelete;
+    return IsForbidden(code) ? unicode::kReplacement : code;
+}
 
 void AppendText(std::string& out, std::string_view text) {
     const std::size_t begin = out.size();

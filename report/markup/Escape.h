@@ -16,6 +16,9 @@ void AppendText(std::string& out, std::string_view text);
 /// `lineBreak`, which is markup, stands for each of its line breaks.
 void AppendCharacters(std::string& out, std::string_view text, std::string_view lineBreak = " ");
 
+/// What is seen of a character in a line of text: itself, a blank, or what stands in its place.
+char32_t ShownFor(char32_t code);
+
 /// A line break in an attribute that keeps it.
 inline constexpr std::string_view kAttributeLineBreak = "&#10;";
 

@@ -5,6 +5,7 @@
 
 #include "TextWidths.h"
 #include "host/unicode/Utf8.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::charts {
 
@@ -14,7 +15,6 @@ constexpr int kEm = 1000;
 
 /// In thousandths of an em.
 int CharacterWidth(char32_t code, bool isBold) {
-    if (code < U' ') return 0;
     const std::span<const widths::Run> bold(widths::kBoldRuns);
     const std::span<const widths::Run> runs = isBold ? bold : std::span<const widths::Run>(widths::kRegularRuns);
     const std::uint16_t* table = isBold ? widths::kBoldWidths : widths::kRegularWidths;
@@ -28,7 +28,7 @@ double TextWidth(std::string_view text, const TextStyle& style) {
     long sum = 0;
     for (std::size_t place = 0; place < text.size();) {
         const unicode::Character character = unicode::CharacterAt(text, place);
-        sum += CharacterWidth(character.fCode, style.fIsBold);
+        sum += CharacterWidth(ShownFor(character.fCode), style.fIsBold);
         place += character.fLength;
     }
     return static_cast<double>(sum) * style.fSize / kEm;
