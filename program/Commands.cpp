@@ -14,6 +14,7 @@
 #include "host/unicode/Excerpt.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
+#include "report/style/Style.h"
 #include "report/text/TextReport.h"
 
 namespace hierfit::program {
@@ -49,9 +50,12 @@ Format ChooseFormat(const OutputOptions& output, bool isTerminal) {
     return isTerminal ? Format::Text : Format::Html;
 }
 
-std::string Render(const document::Document& document, const OutputOptions& output) {
+/// What readers see is restyled; a document that is saved keeps its words.
+std::string Render(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
-    switch (ChooseFormat(output, isTerminal)) {
+    const Format format = ChooseFormat(output, isTerminal);
+    if (format != Format::Json) report::style::Apply(report::style::Style::Plain, document);
+    switch (format) {
         case Format::Text:
             return report::MakeTextReport(document, ChooseTextOptions(output.fColor, isTerminal));
         case Format::Json:
@@ -63,7 +67,7 @@ std::string Render(const document::Document& document, const OutputOptions& outp
     return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
 }
 
-int Write(const document::Document& document, const OutputOptions& output) {
+int Write(document::Document& document, const OutputOptions& output) {
     if (output.fFormat == Format::Svg) {
         const auto error = WritePictures(report::MakePictures(document), output.fFile);
         return error ? Fail(kUnwritable, error->fText) : kWritten;
@@ -89,7 +93,7 @@ int Run(const ReportCommand& command) {
     auto statXml = ReadFile(paths.fStatXml, kLargestDocument);
     if (const auto* error = std::get_if<FileError>(&statXml)) return Fail(kUnreadable, error->fText);
 
-    const session::Result result =
+    session::Result result =
         session::Run({paths.fPmml, std::get<std::string>(std::move(pmml))},
                      {paths.fStatXml, std::get<std::string>(std::move(statXml))}, command.fSettings);
     const bool isIssued = result.fOutcome == session::Outcome::Issued;
@@ -102,7 +106,7 @@ int Run(const ReportCommand& command) {
 int Run(const RenderCommand& command) {
     const auto text = ReadFile(command.fDocument, kLargestSaved);
     if (const auto* error = std::get_if<FileError>(&text)) return Fail(kUnreadable, error->fText);
-    const auto document = report::ReadJson(std::get<std::string>(text));
+    auto document = report::ReadJson(std::get<std::string>(text));
     if (const auto* error = std::get_if<report::JsonError>(&document)) {
         const std::string name =
             command.fDocument == "-" ? "standard input" : unicode::Excerpt(command.fDocument, kMostOfText);

@@ -18,7 +18,7 @@ std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
 }
 
 // Everything in front of the decimal sign, or of a percent sign or exponent where there is none.
-int CountLeft(std::string_view words) { return static_cast<int>(std::min(words.find_first_of(".eE%"), words.size())); }
+int CountLeft(std::string_view words) { return MeasureWidth(words.substr(0, words.find_first_of(".eE%"))); }
 
 int MeasureWidest(const std::vector<std::string>& lines) {
     int width = 0;

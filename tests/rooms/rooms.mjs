@@ -48,6 +48,7 @@ const knows = {
   ],
   "backend/host/session": host("contract", "document", "context", "xml", "language", "framework", "pmml"),
   "report/layout": report(),
+  "report/style": report(),
   "report/markup": [],
   "report/text": report("layout"),
   "report/json": report(),
@@ -58,7 +59,7 @@ const knows = {
   "report/charts/layout/levels": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
-  "program": [...report("text", "json", "html", "charts"), ...host("session")],
+  "program": [...report("style", "text", "json", "html", "charts"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not

@@ -13,7 +13,10 @@ constexpr std::size_t kLongestTail = 24;
 
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
-bool IsIntegerPart(char byte) { return IsDigit(byte) || byte == '-' || byte == '+' || byte == '<' || byte == '>'; }
+/// Digits, and the signs ahead of them: those of ASCII, and U+2212.
+bool IsIntegerPart(char byte) {
+    return IsDigit(byte) || std::string_view("-+<> \u2212").find(byte) != std::string_view::npos;
+}
 
 }  // namespace
 

@@ -1,8 +1,8 @@
 #include "host/BpCellText.h"
 
 #include "host/context/RunContext.h"
+#include "host/document/NumberFormat.h"
 #include "host/document/Text.h"
-#include "host/pivot/text/NumberFormat.h"
 
 namespace hierfit {
 
@@ -21,7 +21,7 @@ std::shared_ptr<const document::Text> MakeStringText(const std::string& text, bo
 
 std::shared_ptr<const document::Text> MakeNumberText(double number, const BpFormatSpec& spec) {
     const document::Format format{spec.fName, spec.fArgument};
-    return MakeText(pivot::FormatNumber(number, format), document::NumberSource{number, format});
+    return MakeText(document::FormatNumber(number, format), document::NumberSource{number, format});
 }
 
 // What the user wants to see of a thing that may have a label.
@@ -41,7 +41,7 @@ std::shared_ptr<const document::Text> MakeVariableText(const KEST_Variable* vari
 
 std::string DescribePlainValue(const OBS& value) {
     if (value.IsText()) return value.Text();
-    return pivot::FormatNumber(value.Number(), {document::FormatName::SigDigit, value.Number()});
+    return document::FormatNumber(value.Number(), {document::FormatName::SigDigit, value.Number()});
 }
 
 std::string DescribeValue(const KEST_Variable& variable, const OBS& value) {

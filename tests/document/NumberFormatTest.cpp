@@ -1,4 +1,4 @@
-#include "host/pivot/text/NumberFormat.h"
+#include "host/document/NumberFormat.h"
 
 #include <cmath>
 #include <limits>
@@ -48,7 +48,7 @@ TEST(NumberFormat, GivesTheWords) {
     for (const auto& [format, numbers, expected] : kCases) {
         std::string words;
         for (const double number : numbers) {
-            words += (words.empty() ? "" : " ") + pivot::FormatNumber(number, {format, number});
+            words += (words.empty() ? "" : " ") + document::FormatNumber(number, {format, number});
         }
         EXPECT_EQ(words, expected) << "format " << static_cast<int>(format);
     }
@@ -56,7 +56,7 @@ TEST(NumberFormat, GivesTheWords) {
 
 TEST(NumberFormat, TakesTheDigitsOfAnotherNumber) {
     const auto format = [](double number, double other) {
-        return pivot::FormatNumber(number, {FormatName::SigDigit, other});
+        return document::FormatNumber(number, {FormatName::SigDigit, other});
     };
     EXPECT_EQ(format(12.3456, 1.25), "12.3");
     EXPECT_EQ(format(12, 1.25), "12.0");

@@ -4,12 +4,12 @@
 
 #include "host/document/Text.h"
 
-namespace hierfit::pivot {
+namespace hierfit::document {
 
 /// A number as the tables show it, in the C locale; "." for a number that is system-missing, NaN or infinite.
 ///
 /// A zero never has a sign. A figure whose format would take more than 15 digits has scientific form; one that the
 /// decimals of a coefficient or statistic would show as zero has 3 significant digits.
-std::string FormatNumber(double number, const document::Format& format);
+std::string FormatNumber(double number, const Format& format);
 
-}  // namespace hierfit::pivot
+}  // namespace hierfit::document

@@ -1,4 +1,4 @@
-#include "host/pivot/text/NumberFormat.h"
+#include "host/document/NumberFormat.h"
 
 #include <algorithm>
 #include <charconv>
@@ -7,7 +7,7 @@
 
 #include "host/SystemMissing.h"
 
-namespace hierfit::pivot {
+namespace hierfit::document {
 
 namespace {
 
@@ -104,24 +104,24 @@ bool IsMissing(double number) { return number == kSystemMissing || !std::isfinit
 
 }  // namespace
 
-std::string FormatNumber(double number, const document::Format& format) {
+std::string FormatNumber(double number, const Format& format) {
     if (IsMissing(number)) return ".";
     switch (format.fName) {
-        case document::FormatName::Coefficient:
-        case document::FormatName::GeneralStat:
+        case FormatName::Coefficient:
+        case FormatName::GeneralStat:
             return FormatDecimals(number, 3);
-        case document::FormatName::CoefficientSE:
+        case FormatName::CoefficientSE:
             return FormatDecimals(number, 4);
-        case document::FormatName::Significance:
+        case FormatName::Significance:
             return FormatSignificance(number);
-        case document::FormatName::Count:
+        case FormatName::Count:
             return FormatCount(number);
-        case document::FormatName::Percent:
+        case FormatName::Percent:
             return WriteDecimals(number, 1) + '%';
-        case document::FormatName::SigDigit:
+        case FormatName::SigDigit:
             return FormatSignificant(number, CountDigits(IsMissing(format.fArgument) ? number : format.fArgument));
     }
     return ".";
 }
 
-}  // namespace hierfit::pivot
+}  // namespace hierfit::document
