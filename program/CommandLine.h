@@ -20,6 +20,8 @@ struct OutputOptions {
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
     bool fIsStatic = false;  ///< HTML without the script
+    std::string fTitle;      ///< in the place of the document's; none if empty
+    std::string fAuthor;
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

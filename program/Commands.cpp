@@ -64,7 +64,8 @@ std::string Render(document::Document& document, const OutputOptions& output) {
         case Format::Svg:
             break;
     }
-    return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
+    return report::MakeHtmlReport(
+        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
 }
 
 int Write(document::Document& document, const OutputOptions& output) {
