@@ -11,6 +11,7 @@ const folder = process.argv[2];
 const largestPair = 35_000;
 const largestItem = 60_000;
 const largestSaved = 25_000;
+const largestPicture = 20_000;
 const longestWord = 60;
 const hostile = [
   "", "0", "-1", "1", "2147483647", "2147483648", "-2147483648", "4294967296", "9223372036854775807", "1e308", "-1e400",
@@ -109,6 +110,18 @@ writeTarget(
     ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
     ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
   ],
+);
+
+// The smallest picture of each chart, the largest that is not too large, and the histogram of a diagram by itself.
+const pictures = charts.map(([name, { item }]) => [name, item.picture]);
+writeTarget(
+  "pictures",
+  [
+    ...pictures,
+    ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
+      [`${name}-histogram`, { kind: "histogram", ...histogram }]),
+  ].map(([name, picture]) => [name, JSON.stringify(picture)]).filter(([, input]) => input.length < largestPicture),
+  [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "\\ud800"],
 );
 
 writeTarget(
