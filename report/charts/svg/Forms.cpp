@@ -81,6 +81,7 @@ bool HasBlanksToKeep(std::string_view words) {
 struct FormWriter {
     std::string& fOut;
     const std::string& fAttributes;
+    const std::string& fContent;
 
     void operator()(const Rectangle& form) const {
         fOut.append("<rect").append(fAttributes);
@@ -89,7 +90,7 @@ struct FormWriter {
         AppendNumber(fOut, "width", std::max(0.0, form.fWidth));
         AppendNumber(fOut, "height", std::max(0.0, form.fHeight));
         if (form.fRound > 0) AppendNumber(fOut, "rx", form.fRound);
-        fOut += "/>";
+        Close("rect");
     }
 
     void operator()(const Circle& form) const {
@@ -97,7 +98,7 @@ struct FormWriter {
         AppendNumber(fOut, "cx", form.fAt.fX);
         AppendNumber(fOut, "cy", form.fAt.fY);
         AppendNumber(fOut, "r", std::max(0.0, form.fRadius));
-        fOut += "/>";
+        Close("circle");
     }
 
     void operator()(const Line& form) const { AppendPath(form); }
@@ -112,7 +113,7 @@ struct FormWriter {
             AppendTurn(form);
         }
         if (HasBlanksToKeep(form.fWords)) fOut += " xml:space=\"preserve\"";
-        fOut += '>';
+        fOut.append(">").append(fContent);
         AppendCharacters(fOut, form.fWords);
         fOut += "</text>";
     }
@@ -122,7 +123,16 @@ struct FormWriter {
     void AppendPath(const AnyPath& path) const {
         fOut.append("<path").append(fAttributes).append(" d=\"");
         PathData{fOut}(path);
-        fOut += "\"/>";
+        fOut += '"';
+        Close("path");
+    }
+
+    void Close(const char* name) const {
+        if (fContent.empty()) {
+            fOut += "/>";
+        } else {
+            fOut.append(">").append(fContent).append("</").append(name).append(">");
+        }
     }
 
     void AppendTurn(const Text& form) const {
@@ -138,8 +148,12 @@ struct FormWriter {
 
 }  // namespace
 
-void AppendForm(std::string& out, const Form& form, const std::string& attributes) {
-    std::visit(FormWriter{out, attributes}, form);
+void AppendForm(std::string& out, const Form& form, const std::string& attributes, const std::string& content) {
+    std::visit(FormWriter{out, attributes, content}, form);
+}
+
+void AppendDot(std::string& out, const Circle& circle, const std::string& attributes, const std::string& content) {
+    AppendForm(out, Path{{{circle.fAt}}, true}, attributes, content);
 }
 
 bool IsLines(const Form& form) { return std::holds_alternative<Line>(form) || std::holds_alternative<Path>(form); }
