@@ -46,6 +46,9 @@ TEST(Svg, PrintsEachFormOnce) {
          R"(<path class="s10" stroke="#d55e00" stroke-opacity=".25" stroke-width="2.5" stroke-dasharray="7 3" d="M1 1h-5"/>)"},
         {{{.fFill = Ink::Paper, .fStroke = Ink::Ramp}, Path{{{{0, 0}, {1.1, 2}, {0, 2.9}}, {}, {{9, -9}}}, true}},
          R"(<path class="f5 s19" fill="#ffffff" stroke="#4b277c" d="M0 0l1.1 2l-1.1 0.9zM9-9z"/>)"},
+        // Parts that begin near where the one before ended, which is where a closed one began.
+        {{kLine, Path{{{{100, 200}, {100, 250}, {150, 250}}, {{101, 202}, {101, 300}}, {{99, 301}}}, true}},
+         R"(<path class="s4" stroke="#e7eaee" d="M100 200v50h50zm1 2v98m-2 1z"/>)"},
         {MakeWords("a < b"), "<text" + ink + R"( x="10" y="20.3">a &lt; b</text>)"},
         {MakeWords("Mean", Anchor::Middle, -90, {16, true}),
          "<text" + ink +

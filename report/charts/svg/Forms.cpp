@@ -12,10 +12,17 @@ class PathData {
   public:
     explicit PathData(std::string& out) : fOut(out) {}
 
+    /// To a place of the picture, or from where the part before ended if that is shorter.
     void MoveTo(Point point) {
+        const long long x = fX;
+        const long long y = fY;
         Take(point);
-        fOut += 'M';
-        AppendPair(fX, fY);
+        std::string absolute = "M";
+        AppendPair(absolute, fX, fY);
+        std::string relative = "m";
+        if (fHasBegun) AppendPair(relative, fX - x, fY - y);
+        fOut += fHasBegun && relative.size() < absolute.size() ? relative : absolute;
+        fHasBegun = true;
     }
 
     void LineTo(Point point) {
@@ -30,7 +37,7 @@ class PathData {
             AppendTenths(fOut, fY - y);
         } else {
             fOut += 'l';
-            AppendPair(fX - x, fY - y);
+            AppendPair(fOut, fX - x, fY - y);
         }
     }
 
@@ -42,7 +49,8 @@ class PathData {
     void operator()(const Path& path) {
         for (const std::vector<Point>& part : path.fvParts) {
             for (const Point& point : part) &point == part.data() ? MoveTo(point) : LineTo(point);
-            if (path.fIsClosed && !part.empty()) fOut += 'z';
+            // A line is no shape.
+            if (path.fIsClosed && !part.empty() && part.size() != 2) Close(part.front());
         }
     }
 
@@ -55,15 +63,21 @@ class PathData {
         fY = TenthsOf(point.fY);
     }
 
-    void AppendPair(long long x, long long y) {
-        AppendTenths(fOut, x);
-        if (y >= 0) fOut += ' ';
-        AppendTenths(fOut, y);
+    void Close(Point first) {
+        Take(first);
+        fOut += 'z';
+    }
+
+    static void AppendPair(std::string& out, long long x, long long y) {
+        AppendTenths(out, x);
+        if (y >= 0) out += ' ';
+        AppendTenths(out, y);
     }
 
     std::string& fOut;
     long long fX = 0;
     long long fY = 0;
+    bool fHasBegun = false;
 };
 
 // Blanks count, but without being told so readers of SVG take several for one, and leave out those at the ends.
