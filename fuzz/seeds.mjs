@@ -112,15 +112,26 @@ writeTarget(
   ],
 );
 
-// The smallest picture of each chart, the largest that is not too large, and the histogram of a diagram by itself.
+// The smallest picture of each chart, the largest that is not too large, the histogram of a diagram by itself, and more
+// marks or panels than are drawn in full.
 const pictures = charts.map(([name, { item }]) => [name, item.picture]);
+const many = (length, make) => Array.from({ length }, (_, index) => make(index));
+const crowds = [
+  ["points", { kind: "scatter", x: {}, y: {}, points: many(1100, (x) => ({ x, y: x % 9, tip: "p" })) }],
+  ["marks", { kind: "levels", levels: ["a"], marks: many(2001, (index) => ({ level: 0, value: index % 9 })) }],
+  ["panels", {
+    kind: "levels", isContrast: true, levels: many(900, () => "a"), panels: { across: many(300, () => "p") },
+    marks: many(300, (index) => ({ panel: [index, 0], level: index, value: 1 })),
+  }],
+];
 writeTarget(
   "pictures",
   [
-    ...pictures,
+    ...pictures.filter(([, picture]) => JSON.stringify(picture).length < largestPicture),
+    ...crowds,
     ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
       [`${name}-histogram`, { kind: "histogram", ...histogram }]),
-  ].map(([name, picture]) => [name, JSON.stringify(picture)]).filter(([, input]) => input.length < largestPicture),
+  ].map(([name, picture]) => [name, JSON.stringify(picture)]),
   [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "\\ud800"],
 );
 
