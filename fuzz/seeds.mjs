@@ -120,8 +120,8 @@ const crowds = [
   ["points", { kind: "scatter", x: {}, y: {}, points: many(1100, (x) => ({ x, y: x % 9, tip: "p" })) }],
   ["marks", { kind: "levels", levels: ["a"], marks: many(2001, (index) => ({ level: 0, value: index % 9 })) }],
   ["panels", {
-    kind: "levels", isContrast: true, levels: many(900, () => "a"), panels: { across: many(300, () => "p") },
-    marks: many(300, (index) => ({ panel: [index, 0], level: index, value: 1 })),
+    kind: "levels", isContrast: true, levels: many(200, () => "a"), panels: { across: many(150, () => "p") },
+    marks: many(150, (index) => ({ panel: [index, 0], level: index, value: 1 })),
   }],
 ];
 writeTarget(
