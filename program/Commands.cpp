@@ -62,16 +62,25 @@ std::string Render(document::Document& document, const OutputOptions& output) {
             return report::WriteJson(document);
         case Format::Html:
         case Format::Svg:
+        case Format::Png:
             break;
     }
     return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
 }
 
-int Write(document::Document& document, const OutputOptions& output) {
-    if (output.fFormat == Format::Svg) {
-        const auto error = WritePictures(report::MakePictures(document), output.fFile);
-        return error ? Fail(kUnwritable, error->fText) : kWritten;
+int WriteCharts(const document::Document& document, const OutputOptions& output) {
+    const auto format = output.fFormat == Format::Png ? MakePngFormat(output.fScale) : MakeSvgFormat();
+    if (const auto* error = std::get_if<FileError>(&format)) return Fail(kPartMissing, error->fText);
+    int status = kWritten;
+    for (const FileError& error :
+         WritePictures(report::MakePictures(document), std::get<PictureFormat>(format), output.fFile)) {
+        status = Fail(kUnwritable, error.fText);
     }
+    return status;
+}
+
+int Write(document::Document& document, const OutputOptions& output) {
+    if (output.fFormat && IsPictures(*output.fFormat)) return WriteCharts(document, output);
     if (const auto error = WriteOutput(output.fFile, Render(document, output))) return Fail(kUnwritable, error->fText);
     return kWritten;
 }

@@ -5,7 +5,7 @@
 namespace hierfit::program {
 
 /// Exit statuses of the program.
-enum ExitStatus { kWritten = 0, kWrongUsage = 1, kUnreadable = 2, kUnwritable = 3 };
+enum ExitStatus { kWritten = 0, kWrongUsage = 1, kUnreadable = 2, kUnwritable = 3, kPartMissing = 4 };
 
 /// Reads a model's two documents and writes the report. Gives the exit status.
 int Run(const ReportCommand& command);
