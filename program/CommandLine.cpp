@@ -39,7 +39,9 @@ constexpr const char* kExamples =
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
     "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
     "  hierfit report -f svg -o charts/ FOLDER               each chart as a picture\n"
-    "  hierfit report -f json FOLDER | jq .items             the document for a program\n";
+    "  hierfit report -f json FOLDER | jq .items             the document for a program\n"
+    "  hierfit check FOLDER                                  what its documents lack\n"
+    "  hierfit list FOLDER                                   its tables and charts by name\n";
 
 /// Help with usage lines in the words of the project.
 class HelpFormatter : public CLI::Formatter {
@@ -168,6 +170,39 @@ Command ParseWith(CLI::App& app, int argumentCount, const char* const* arguments
     return report->parsed() ? Finish(std::move(reportCommand)) : Finish(std::move(renderCommand));
 }
 
+/// The commands that look at a model and write no report. Their options stand in `check` and `list`; the one that was
+/// given goes into `chosen`.
+void AddInspections(CLI::App& app, CheckCommand& check, ListCommand& list, std::optional<Command>& chosen) {
+    CLI::App* checking = app.add_subcommand("check", "Say what a model's two documents lack or contradict");
+    checking->add_option("documents", check.fvDocuments, "As for report")
+        ->required()
+        ->expected(1, 2)
+        ->option_text("MODEL.pmml MODEL.statxml | FOLDER");
+    checking->add_flag("--strict", check.fIsStrict, "Exit status 2 on any remark");
+    checking->formatter(std::make_shared<HelpFormatter>(
+        "hierfit check [--strict] MODEL.pmml MODEL.statxml\n       hierfit check [--strict] FOLDER"));
+    checking->footer(
+        "One remark a line, and the tables and charts that will be missing for it.\n"
+        "Exit status: 0 the documents can be read, 1 wrong usage, 2 they cannot, or there is a\n"
+        "remark and --strict was given, 3 the output could not be written.");
+    checking->callback([&] { chosen = check; });
+
+    CLI::App* listing = app.add_subcommand("list", "List the items of a report by name, kind and title");
+    listing
+        ->add_option("documents", list.fvDocuments,
+                     "As for report, or a document saved by\n--format json; - is standard input")
+        ->required()
+        ->expected(1, 2)
+        ->option_text("MODEL.pmml MODEL.statxml | FOLDER | FILE.json");
+    AddChoice<bool, bool>(*listing, "-f,--format", list.fIsJson, {{"text", false}, {"json", true}}, "FORMAT",
+                          "text (default) or json");
+    listing->formatter(std::make_shared<HelpFormatter>(
+        "hierfit list [-f text|json] MODEL.pmml MODEL.statxml\n       hierfit list [-f text|json] FOLDER\n"
+        "       hierfit list [-f text|json] FILE.json"));
+    listing->footer(kExitStatus);
+    listing->callback([&] { chosen = list; });
+}
+
 }  // namespace
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments) {
@@ -176,7 +211,7 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     app.set_help_flag("-h,--help", "Print this help");
     app.footer(std::string(kExamples) + "\n" + kExitStatus);
     app.require_subcommand(1);
-    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render [OPTIONS] ..."));
+    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render|check|list [OPTIONS] ..."));
 
     ReportCommand reportCommand;
     CLI::App* report = app.add_subcommand("report", "Read a model's two documents and write the report");
@@ -200,7 +235,12 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     AddOutputOptions(*render, renderCommand.fOutput);
 
     for (CLI::App* command : {report, render}) command->footer(kExitStatus);
-    return ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
+    CheckCommand checkCommand;
+    ListCommand listCommand;
+    std::optional<Command> inspection;
+    AddInspections(app, checkCommand, listCommand, inspection);
+    Command command = ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
+    return inspection && !std::holds_alternative<Explanation>(command) ? *inspection : command;
 }
 
 }  // namespace hierfit::program

@@ -5,6 +5,8 @@
 #include <variant>
 #include <vector>
 
+#include "Check.h"
+#include "List.h"
 #include "host/session/Session.h"
 
 namespace hierfit::program {
@@ -45,7 +47,7 @@ struct Explanation {
     bool fIsError;
 };
 
-using Command = std::variant<ReportCommand, RenderCommand, Explanation>;
+using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, Explanation>;
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments);
 
