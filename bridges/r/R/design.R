@@ -116,8 +116,9 @@ design_of <- function(info) {
   factors <- attr(terms, "factors")
   names <- variable_names(terms)
   has_intercept <- attr(terms, "intercept") == 1L
-  rows <- if (has_intercept) list(intercept_row()) else list()
-  offset <- if (has_intercept) 1L else 0L
+  has_column <- has_intercept && !isTRUE(info$thresholds)
+  rows <- if (has_column) list(intercept_row()) else list()
+  offset <- if (has_column) 1L else 0L
   effects <- list()
   for (t in seq_along(attr(terms, "term.labels"))) {
     inside <- which(factors[, t] > 0L)
@@ -137,7 +138,7 @@ design_of <- function(info) {
     )
     effects[[t]]$columns <- seq(to = offset, length.out = prod(vapply(parts, `[[`, 1L, "size")))
   }
-  list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept)
+  list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept, first = if (has_column) 1L else 0L)
 }
 
 effect_attributes <- function(fields, levels = integer(length(fields))) {

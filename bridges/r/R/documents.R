@@ -77,7 +77,8 @@ complete_options <- function(fit, info, options) {
 
 residual_df <- function(fit, info) {
   n <- if (is.null(info$records)) stats::nobs(fit) else info$records
-  n - sum(!is.na(info$beta))
+  equations <- if (is.null(info$equations)) 1L else info$equations
+  n - equations * sum(!is.na(info$beta)) - length(info$alpha)
 }
 
 build_model <- function(fit, requests, options) {

@@ -84,7 +84,7 @@ all_effects_lmer <- function(info, design, options, method) {
   data.frame(f = table[1L, "F value"], df1 = table[1L, "NumDF"], df2 = table[1L, "DenDF"], p = table[1L, "Pr(>F)"])
 }
 
-# Groups of blocks: terms of one grouping factor that hold one column each are one block.
+# Blocks, those with the fewest levels first. Terms of one grouping factor that hold one column each are one block.
 mer_blocks <- function(fit) {
   components <- lme4::VarCorr(fit)
   names <- names(lme4::getME(fit, "cnms"))
@@ -98,6 +98,9 @@ mer_blocks <- function(fit) {
       blocks[[length(blocks) + 1L]] <- list(group = names[k], single = single[[k]], terms = k)
     }
   }
+  groups <- vapply(lme4::getME(fit, "flist"), nlevels, 1L)
+  size <- vapply(blocks, function(b) groups[[b$group]], 1L)
+  blocks <- blocks[order(size)]
   list(blocks = blocks, components = lapply(components, function(m) {
     matrix <- as.matrix(m)
     attributes(matrix) <- list(dim = dim(m), dimnames = dimnames(m))

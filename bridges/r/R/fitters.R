@@ -20,6 +20,8 @@ hf_criteria <- function(fit) UseMethod("hf_criteria")
 hf_messages <- function(fit, random) UseMethod("hf_messages")
 # What the reference grid of estimated means needs beside the fit.
 hf_grid_arguments <- function(fit, options) UseMethod("hf_grid_arguments")
+# The covariance of the estimable coefficients of the fixed part.
+hf_vcov <- function(fit, info) UseMethod("hf_vcov")
 # What the documents cannot hold, in words.
 hf_left_out <- function(fit) UseMethod("hf_left_out")
 
@@ -62,6 +64,13 @@ hf_grid_arguments.default <- function(fit, options) list()
 
 #' @export
 hf_fitted.default <- function(fit) stats::fitted(fit)
+
+#' @export
+hf_vcov.default <- function(fit, info) {
+  names <- names(info$beta)[!is.na(info$beta)]
+  covariance <- as.matrix(stats::vcov(fit))
+  covariance[names, names, drop = FALSE]
+}
 
 #' @export
 hf_left_out.default <- function(fit) {

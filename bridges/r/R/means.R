@@ -13,7 +13,8 @@ parse_request <- function(formula, contrast) {
   outer <- if (split) request_names(right[[3L]]) else character()
   if (length(inner) == 0L) stop("A formula of `means` names no factor: ", deparse(formula), call. = FALSE)
   if (length(inner) > 1L) outer <- c(outer, inner[-1L])
-  list(fields = c(outer, inner[1L]), compare = if (contrast == "none") "" else inner[1L], contrast = contrast)
+  fields <- if (contrast == "none" && !split) request_names(right) else c(outer, inner[1L])
+  list(fields = fields, compare = if (contrast == "none") "" else inner[1L], contrast = contrast)
 }
 
 request_names <- function(expression) {
@@ -236,7 +237,7 @@ contrasts_node <- function(contrasts, request, options) {
 
 # The test that all contrasts of a group are zero.
 overall_nodes <- function(contrasts) {
-  table <- as.data.frame(emmeans::test(contrasts$object, joint = TRUE))
+  table <- exact_joint_test(contrasts$object, by = if (length(contrasts$others)) contrasts$others)
   order <- if (length(contrasts$others)) row_order(table, contrasts$others) else 1L
   levels <- level_texts(table[order, , drop = FALSE], contrasts$others)
   lapply(seq_along(order), function(i) {

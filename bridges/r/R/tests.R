@@ -18,7 +18,46 @@ replace_df2 <- function(table, options) {
   table
 }
 
-# The wald test of some coefficients, by emmeans, which takes a basis and a covariance.
+# The test that all rows of an object of emmeans are zero, as its test(joint = TRUE), which rounds F and df2.
+exact_joint_test <- function(object, by = NULL) {
+  rounded <- as.data.frame(emmeans::test(object, joint = TRUE, by = by))
+  rows <- if (is.null(by)) list(seq_len(nrow(object@grid))) else rows_by(object@grid, by)
+  exact <- lapply(rows, function(r) unrounded_f(object, object@linfct[r, , drop = FALSE]))
+  for (i in seq_along(exact)) {
+    same <- !is.null(exact[[i]]) && isTRUE(abs(exact[[i]]$f - rounded$F.ratio[i]) <= 6e-4)
+    if (same) rounded[i, c("F.ratio", "df2")] <- c(exact[[i]]$f, exact[[i]]$df2)
+  }
+  given <- object@misc$df
+  if (is.null(given)) return(rounded)
+  rounded$df2 <- given
+  rounded$p.value <- stats::pf(rounded$F.ratio, rounded$df1, given, lower.tail = FALSE)
+  rounded
+}
+
+rows_by <- function(grid, by) {
+  key <- do.call(paste, c(unname(lapply(grid[by], as.character)), sep = "\r"))
+  unname(split(seq_along(key), factor(key, levels = unique(key))))
+}
+
+unrounded_f <- function(object, l) {
+  known <- !is.na(object@bhat)
+  l <- l[, , drop = FALSE]
+  if (anyNA(l)) return(NULL)
+  l[abs(l) < 1e-7] <- 0
+  l <- l[rowSums(l != 0) > 0, , drop = FALSE]
+  q <- qr(t(l))
+  if (q$rank == 0L) return(NULL)
+  basis <- t(qr.Q(q))[seq_len(q$rank), , drop = FALSE][, known, drop = FALSE]
+  z <- basis %*% object@bhat[known]
+  f <- tryCatch(drop(crossprod(z, solve(basis %*% object@V %*% t(basis), z))) / q$rank, error = function(e) NA_real_)
+  list(f = f, df2 = min(apply(basis, 1L, function(k) object@dffun(k, object@dfargs))))
+}
+
+from_joint <- function(table) {
+  data.frame(f = table$F.ratio, df1 = table$df1, df2 = table$df2, p = table$p.value)
+}
+
+# The Wald test of some coefficients, by emmeans, which takes a basis and a covariance.
 wald_test <- function(beta, covariance, columns, df) {
   columns <- columns[!is.na(beta[columns])]
   if (length(columns) == 0L) return(no_test())
@@ -27,26 +66,23 @@ wald_test <- function(beta, covariance, columns, df) {
   object <- emmeans::emmobj(
     bhat = unname(beta[kept]), V = covariance, levels = list(k = seq_along(columns)), linfct = basis, df = df
   )
-  table <- emmeans::test(object, joint = TRUE)
-  data.frame(f = table[["F.ratio"]], df1 = table[["df1"]], df2 = table[["df2"]], p = table[["p.value"]])
+  from_joint(exact_joint_test(object))
 }
 
-term_key <- function(variables) paste(sort(variables), collapse = ":")
-
-# The rows of joint_tests() by the variables of each term.
-joint_rows <- function(fit, options) {
-  arguments <- c(list(fit), options$grid_arguments)
-  quiet <- function(...) suppressMessages(emmeans::joint_tests(...))
-  table <- as.data.frame(do.call(quiet, arguments))
-  keys <- vapply(strsplit(as.character(table[["model term"]]), ":", fixed = TRUE), term_key, "")
-  list(table = table, keys = keys)
+# One effect's test as joint_tests() makes it: consecutive differences, within what the effect is nested in.
+effect_test <- function(grid, variables) {
+  nesting <- grid@model.info$nesting
+  nesters <- unique(unlist(nesting[intersect(variables, names(nesting))]))
+  if (!all(variables %in% names(grid@levels)) || !all(nesters %in% variables)) return(no_test())
+  means <- emmeans::emmeans(grid, variables)
+  from_joint(exact_joint_test(emmeans::contrast(means, interaction = "consec", by = nesters)))
 }
 
 # joint_tests() works on variables. A covariate in several terms, or in several columns, needs its own test.
 needs_wald <- function(design) {
   used <- lapply(design$effects, function(e) unique(e$fields))
   repeated <- any(vapply(design$effects, function(e) e$numeric && (anyDuplicated(e$fields) > 0L || e$coded), NA))
-  keys <- vapply(used, term_key, "")
+  keys <- vapply(used, function(fields) paste(sort(fields), collapse = ":"), "")
   transformed <- any(vapply(design$effects, function(e) e$numeric && any(grepl("(", e$variables, fixed = TRUE)), NA))
   repeated || transformed || anyDuplicated(keys) > 0L
 }
@@ -63,10 +99,9 @@ joint_term_tests <- function(fit, info, design, options) {
   n <- length(design$effects)
   if (n == 0L) return(list(effects = no_test(0L), all = all))
   needs("emmeans", "The tests of effects of this fit")
-  covariance <- as.matrix(stats::vcov(fit))
-  covariance <- covariance[!is.na(diag(covariance)), !is.na(diag(covariance)), drop = FALSE]
+  covariance <- hf_vcov(fit, info)
   wald <- function(columns) wald_test(info$beta, covariance, columns, options$test_df)
-  if (design$intercept) all <- wald(setdiff(seq_len(design$columns), 1L))
+  if (design$intercept) all <- wald(setdiff(seq_len(design$columns), design$first))
   effects <- if (needs_wald(design)) wald_effects(design, wald) else joint_effects(fit, design, options)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
@@ -81,13 +116,12 @@ wald_effects <- function(design, wald) {
 }
 
 joint_effects <- function(fit, design, options) {
-  rows <- joint_rows(fit, options)
-  keys <- vapply(design$effects, function(e) term_key(unique(e$fields)), "")
-  at <- match(keys, rows$keys)
-  if (anyNA(at)) message("Not tested, since not estimable: ",
-    paste(vapply(design$effects[is.na(at)], `[[`, "", "label"), collapse = ", "), ".")
-  data.frame(
-    f = rows$table[at, "F.ratio"], df1 = rows$table[at, "df1"], df2 = rows$table[at, "df2"],
-    p = rows$table[at, "p.value"]
-  )
+  reduce <- eval(formals(emmeans::joint_tests)$cov.reduce, asNamespace("emmeans"))
+  quiet <- function(...) suppressMessages(emmeans::ref_grid(...))
+  grid <- do.call(quiet, c(list(fit), options$grid_arguments, list(cov.reduce = reduce)))
+  tests <- lapply(design$effects, function(effect) suppressMessages(effect_test(grid, unique(effect$fields))))
+  tests <- do.call(rbind, tests)
+  if (anyNA(tests$f)) message("Not tested, since not estimable: ",
+    paste(vapply(design$effects[is.na(tests$f)], `[[`, "", "label"), collapse = ", "), ".")
+  tests
 }
