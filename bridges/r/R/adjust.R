@@ -2,10 +2,10 @@
 
 adjustments <- c("none", "bonferroni-sequential", "sidak-sequential")
 
-# The level at which the contrast of each rank is judged.
+# The level at which the contrast of each rank is judged; contrasts with the same p share the strictest one.
 step_levels <- function(p, adjust, alpha) {
   if (adjust == "none") return(rep(alpha, length(p)))
-  left <- sum(!is.na(p)) - rank(p, ties.method = "first", na.last = "keep") + 1
+  left <- sum(!is.na(p)) - rank(signif(p, 10), ties.method = "min", na.last = "keep") + 1
   if (adjust == "bonferroni-sequential") alpha / left else 1 - (1 - alpha)^(1 / left)
 }
 

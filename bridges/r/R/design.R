@@ -41,13 +41,14 @@ term_part <- function(variable, x, contrast, full) {
     if (is.null(names)) names <- as.character(seq_len(ncol(coding)))
     return(list(
       variable = variable, size = ncol(coding), levels = rownames(coding), columns = columns,
+      sums_to_zero = all(abs(colSums(coding)) < 1e-8),
       names = paste0(variable$name, names), kind = if (is.null(columns)) "coded" else "factor"
     ))
   }
   size <- if (is.matrix(x)) ncol(x) else 1L
   names <- variable$field
   if (size > 1L) names <- paste0(variable$name, if (is.null(colnames(x))) seq_len(size) else colnames(x))
-  list(variable = variable, size = size, names = names, kind = if (size > 1L) "coded" else "covariate")
+  list(variable = variable, size = size, names = names, sums_to_zero = TRUE, kind = if (size > 1L) "coded" else "covariate")
 }
 
 # Column numbers within a term run over the first variable fastest, as in a model matrix.
@@ -110,10 +111,21 @@ intercept_row <- function() {
     covariates = integer(), factors = character())
 }
 
+# Which variables a term has, and 2 where one is coded by all its levels. Without an intercept that is so, too, for the
+# first factor of the first term that has one.
+coding_codes <- function(info) {
+  codes <- attr(info$terms, "factors")
+  if (attr(info$terms, "intercept") == 1L || length(codes) == 0L) return(codes)
+  categorical <- vapply(variable_names(info$terms), function(name) is_categorical(info$frame[[name]]), NA)
+  at <- which(codes > 0L & categorical)
+  if (length(at)) codes[at[1L]] <- 2L
+  codes
+}
+
 # `info` is what hf_frame() gives. The result holds the effects, the rows, and the number of columns.
 design_of <- function(info) {
   terms <- info$terms
-  factors <- attr(terms, "factors")
+  factors <- coding_codes(info)
   names <- variable_names(terms)
   has_intercept <- attr(terms, "intercept") == 1L
   has_column <- has_intercept && !isTRUE(info$thresholds)
@@ -134,6 +146,7 @@ design_of <- function(info) {
       label = attr(terms, "term.labels")[t], variables = names[inside],
       fields = unlist(lapply(parts, function(p) p$variable$fields)), columns = integer(),
       numeric = any(vapply(parts, function(p) p$kind != "factor" && is.null(p$levels), NA)),
+      sums_to_zero = all(vapply(parts, `[[`, NA, "sums_to_zero")),
       coded = any(vapply(parts, function(p) p$kind == "coded", NA))
     )
     effects[[t]]$columns <- seq(to = offset, length.out = prod(vapply(parts, `[[`, 1L, "size")))
@@ -154,10 +167,10 @@ effect_node <- function(fields, levels = integer(length(fields))) {
 }
 
 parameter_node <- function(row) {
-  covariates <- unname(Map(function(field, power) {
+  covariates <- without_names(Map(function(field, power) {
     node("Covariate", c(field = field, power = power))
   }, names(row$covariates), row$covariates))
-  factors <- unname(Map(function(field, value) {
+  factors <- without_names(Map(function(field, value) {
     node("Factor", c(field = field, value = value, nest = "false"))
   }, names(row$factors), row$factors))
   node(

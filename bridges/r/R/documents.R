@@ -99,11 +99,19 @@ build_model <- function(fit, requests, options) {
     residual = hf_residual(fit, info, options), criteria = hf_criteria(fit),
     messages = hf_messages(fit, random), requests = requests
   )
+  part$messages <- c(part$messages, inestimable_messages(part))
   part$subjects <- subjects_of(random, info, part$residual)
   fields <- lapply(info$fields_by_name, `[[`, "field")
   regression <- !(distribution$distribution %in% c("ORDINAL", "NOMINAL") ||
     (distribution$distribution == "BINOMIAL" && is.null(target$trials)))
   list(pmml = pmml_document(fields, target$name, regression), statxml = results_document(fit, part))
+}
+
+# Effects without a single coefficient of their own.
+inestimable_messages <- function(part) {
+  beta <- part$info$beta
+  empty <- vapply(part$design$effects, function(e) all(is.na(beta[e$columns])), NA)
+  lapply(part$design$effects[empty], function(e) caution("kGLMM_C27", paste(e$fields, collapse = "*")))
 }
 
 predictors_of <- function(design) unique(unlist(lapply(design$effects, `[[`, "fields")))

@@ -78,7 +78,7 @@ field_node <- function(field) {
   label <- if (!is.null(field$label)) c(displayName = field$label)
   node(
     "DataField", c(name = field$name, label, optype = kind, dataType = field$type),
-    node("Extension", c(name = "format", value = field$format)), unname(values)
+    node("Extension", c(name = "format", value = field$format)), without_names(values)
   )
 }
 
@@ -91,11 +91,11 @@ pmml_document <- function(fields, target, has_regression) {
   kind <- if (has_regression) "regression" else "classification"
   node(
     "PMML", c(version = "4.4", xmlns = "http://www.dmg.org/PMML-4_4"), node("Header"),
-    node("DataDictionary", c(numberOfFields = length(fields)), lapply(unname(fields), field_node)),
+    node("DataDictionary", c(numberOfFields = length(fields)), lapply(without_names(fields), field_node)),
     node(
       "GeneralRegressionModel",
       c(functionName = kind, modelType = "generalizedLinear", algorithmName = "GLMM"),
-      node("MiningSchema", character(), unname(mining))
+      node("MiningSchema", character(), without_names(mining))
     )
   )
 }

@@ -39,7 +39,7 @@ hf_vcov.glmmTMB <- function(fit, info) as.matrix(stats::vcov(fit)$cond)
 tmb_theta <- function(fit) {
   covariance <- tryCatch(stats::vcov(fit, full = TRUE), error = function(e) NULL)
   par <- fit$fit$par
-  theta <- unname(par[names(par) == "theta"])
+  theta <- without_names(par[names(par) == "theta"])
   named <- grep("^theta_", rownames(covariance))
   usable <- !is.null(covariance) && length(named) == length(theta) && !anyNA(covariance[named, named])
   list(theta = theta, covariance = if (usable) covariance[named, named, drop = FALSE])

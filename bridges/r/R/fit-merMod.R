@@ -138,7 +138,7 @@ block_diagonal <- function(matrices) {
 make_block <- function(group, columns, matrix, errors, structure, info, others, options) {
   rows <- block_rows(columns, info$frame)
   list(
-    subject = subject_of(group, others), rows = rows, structure = structure, matrix = unname(matrix),
+    subject = subject_of(group, others), rows = rows, structure = structure, matrix = without_names(matrix),
     intercept = any(vapply(rows, `[[`, NA, "intercept")), group = group,
     effects = unique(lapply(Filter(function(r) !r$intercept, rows), row_fields)),
     parameters = block_parameters(matrix, errors, structure, vapply(rows, `[[`, "", "label"), options)
@@ -155,7 +155,7 @@ mer_errors <- function(fit, options) {
   scaled <- inherits(fit, "lmerMod")
   covariance <- mer_parameter_covariance(fit, options)
   at <- 0L
-  lapply(unname(sizes), function(q) {
+  lapply(without_names(sizes), function(q) {
     inside <- at + seq_len(q * (q + 1L) / 2L)
     at <<- at + length(inside)
     if (is.null(covariance)) return(matrix(NA_real_, q, q))

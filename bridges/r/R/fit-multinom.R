@@ -4,7 +4,7 @@
 hf_frame.multinom <- function(fit) {
   needs("nnet", "A fit of multinom")
   frame <- stats::model.frame(fit)
-  weights <- stats::model.weights(frame)
+  weights <- multinom_weights(fit)
   counts <- !is.null(weights) && all(weights == round(weights))
   categories <- multinom_categories(fit)
   beta <- categories[[1L]]
@@ -13,6 +13,12 @@ hf_frame.multinom <- function(fit) {
     data = original_data(fit$call, stats::formula(fit)), beta = beta, case_weights = if (counts) weights,
     records = if (counts) sum(weights) else nrow(frame), equations = length(categories), random = list()
   )
+}
+
+# Counts of the records, where the fit has other weights than 1.
+multinom_weights <- function(fit) {
+  weights <- as.numeric(fit$weights)
+  if (length(weights) && any(weights != 1)) weights
 }
 
 # Coefficients by category, named by category.
@@ -37,9 +43,9 @@ hf_coefficients.multinom <- function(fit, info, design, options) {
   size <- length(categories[[1L]])
   tables <- lapply(seq_along(categories), function(k) {
     estimate <- categories[[k]]
-    se <- unname(errors[(k - 1L) * size + seq_len(size)])
-    z <- unname(estimate) / se
-    replace_df(by_column(design, names(estimate), unname(estimate), se, Inf, z, 2 * stats::pnorm(-abs(z))), options)
+    se <- without_names(errors[(k - 1L) * size + seq_len(size)])
+    z <- without_names(estimate) / se
+    replace_df(by_column(design, names(estimate), without_names(estimate), se, Inf, z, 2 * stats::pnorm(-abs(z))), options)
   })
   list(categories = stats::setNames(tables, names(categories)))
 }
@@ -57,25 +63,20 @@ hf_tests.multinom <- function(fit, info, design, options) {
   n <- length(design$effects)
   if (n == 0L) return(list(effects = no_test(0L), all = no_test()))
   needs("emmeans", "The tests of effects of this fit")
-  beta <- unlist(unname(multinom_categories(fit)))
+  beta <- unlist(without_names(multinom_categories(fit)))
   names(beta) <- rownames(stats::vcov(fit))
   first <- seq.int(1L, by = design$columns, length.out = info$equations)
   all <- if (design$intercept) wald_test(beta, stats::vcov(fit), setdiff(seq_along(beta), first), fit$edf) else no_test()
   wald <- function(columns) {
     wald_test(beta, stats::vcov(fit), as.integer(outer(columns, first - 1L, "+")), fit$edf)
   }
-  effects <- if (needs_wald(design)) wald_effects(design, wald) else latent_effects(fit, info, design, options)
+  # An effect on all equations together is its interaction with the category on the scale of the logits.
+  grid <- joint_grid(fit, mode = "latent")
+  of_effect <- function(effect) {
+    suppressMessages(effect_test(grid, c(unique(effect$fields), grid@roles$multresp)))
+  }
+  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect) else joint_effects(design, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
-}
-
-# An effect on all equations together is its interaction with the category on the scale of the logits.
-latent_effects <- function(fit, info, design, options) {
-  reduce <- eval(formals(emmeans::joint_tests)$cov.reduce, asNamespace("emmeans"))
-  grid <- suppressMessages(emmeans::ref_grid(fit, mode = "latent", cov.reduce = reduce))
-  category <- grid@roles$multresp
-  do.call(rbind, lapply(design$effects, function(effect) {
-    suppressMessages(effect_test(grid, c(unique(effect$fields), category)))
-  }))
 }
 
 #' @export
@@ -89,15 +90,14 @@ hf_fitted.multinom <- function(fit) {
 
 #' @export
 hf_criteria.multinom <- function(fit) {
-  frame <- stats::model.frame(fit)
-  weights <- stats::model.weights(frame)
-  n <- if (is.null(weights)) nrow(frame) else sum(weights)
+  weights <- multinom_weights(fit)
+  n <- if (is.null(weights)) nrow(stats::model.frame(fit)) else sum(weights)
   criteria_of(fit$deviance, fit$edf, n, fit$deviance + fit$edf * log(n))
 }
 
 #' @export
 hf_left_out.multinom <- function(fit) {
-  weights <- stats::model.weights(stats::model.frame(fit))
+  weights <- multinom_weights(fit)
   c(
     if (!is.null(stats::model.offset(stats::model.frame(fit)))) "an offset",
     if (!is.null(weights) && any(weights != round(weights))) "weights"

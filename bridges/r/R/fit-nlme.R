@@ -4,16 +4,24 @@ nlme_frame <- function(fit, terms, grouping) {
   needs("nlme", "A fit of nlme")
   data <- tryCatch(as.data.frame(nlme::getData(fit)), error = function(e) NULL)
   if (is.null(data)) stop("The data of this fit of nlme are not at hand any more; fit it where they are.", call. = FALSE)
-  frame <- stats::model.frame(terms, data, na.action = stats::na.pass, drop.unused.levels = TRUE)
+  frame <- stats::model.frame(terms, data, na.action = stats::na.pass)
   wanted <- unique(c(grouping, all.vars(terms)))
   complete <- stats::complete.cases(data[intersect(wanted, names(data))])
   if (sum(complete) != fit$dims$N) complete <- rep(TRUE, nrow(data))
   if (sum(complete) != fit$dims$N) stop("The data of this fit of nlme have changed since it was fitted.", call. = FALSE)
-  frame <- droplevels(frame[complete, , drop = FALSE])
+  frame <- without_empty_levels(frame[complete, , drop = FALSE])
   original <- original_data(fit$call, terms)
   for (name in setdiff(grouping, names(frame))) frame[[name]] <- data[[name]][complete]
   list(frame = frame, terms = terms, contrasts = fit$contrasts, data = if (is.null(original)) data else original,
     records = fit$dims$N, grouping = grouping)
+}
+
+without_empty_levels <- function(frame) {
+  for (name in names(frame)) {
+    x <- frame[[name]]
+    if (is.factor(x) && any(tabulate(x, nlevels(x)) == 0L)) frame[[name]] <- droplevels(x)
+  }
+  frame
 }
 
 #' @export
@@ -86,7 +94,7 @@ nlme_tests <- function(fit, design, options) {
 
 # Marginal tests are tests at the reference levels unless codings sum to zero.
 warn_of_coding <- function(design) {
-  held <- vapply(design$effects, function(e) is_marginal(e, design) && !isTRUE(e$sums_to_zero), NA)
+  held <- vapply(design$effects, is_marginal, NA, design = design, only_unbalanced = TRUE)
   if (any(held)) message("Tests are marginal: those of ", paste(vapply(design$effects[held], `[[`, "", "label"),
     collapse = ", "), " are at the reference levels of the factors that they interact with, unless the factors are ",
     "coded by contr.sum.")
@@ -141,7 +149,7 @@ hf_random.lme <- function(fit, info, options) {
     errors <- lme_errors(part, matrix, covariance, paste0("reStruct.", name), structure)
     subject <- list(fields = c(name, rev(outer)), levels = seq_len(length(outer) + 1L) - 1L)
     outer <<- c(outer, name)
-    block <- make_block(name, colnames(matrix), matrix, errors, if (structure == "CS") "UNSTRUCTURED" else unname(structure), info, list(), options)
+    block <- make_block(name, colnames(matrix), matrix, errors, if (structure == "CS") "UNSTRUCTURED" else without_names(structure), info, list(), options)
     block$subject <- subject
     block
   })
@@ -208,7 +216,7 @@ nlme_variance_groups <- function(fit) {
   list(fields = fields, list = lapply(seq_along(names), function(k) {
     par <- paste0("varStruct", if (sum(free) > 1L) sum(free[seq_len(k - 1L)]) else "")
     values <- stats::setNames(strsplit(names[k], "*", fixed = TRUE)[[1L]], fields)
-    list(values = values, weight = unname(weights[names[k]]), ratio = function(p) {
+    list(values = values, weight = without_names(weights[names[k]]), ratio = function(p) {
       if (k == 1L || !(par %in% names(p))) 1 else exp(p[[par]])
     })
   }))
@@ -235,13 +243,13 @@ correlation_values <- function(fit) {
   structure <- fit$modelStruct$corStruct
   function(p) {
     coef <- p[grepl("^corStruct", names(p))]
-    stats::coef(stats::`coef<-`(structure, value = unname(coef)), unconstrained = FALSE)
+    stats::coef(nlme::`coef<-`(structure, value = without_names(coef)), unconstrained = FALSE)
   }
 }
 
 ar1_parameters <- function(fit, variance, estimate, covariance, options) {
   values <- correlation_values(fit)
-  rho <- unname(stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE))
+  rho <- without_names(stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE))
   list(
     parameter("AR1 diagonal", "AR1 diagonal", estimate, delta_of(covariance, variance), options),
     parameter("AR1 rho", "AR1 rho", rho, delta_of(covariance, function(p) values(p)[[1L]]), options, "fisher")
@@ -255,7 +263,7 @@ arma_parameters <- function(fit, variance, estimate, covariance, options) {
   now <- stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE)
   list(
     parameter("ARMA11 diagonal", "ARMA11 diagonal", estimate, delta_of(covariance, variance), options),
-    parameter("ARMA11 rho", "ARMA11 rho", unname(now[[1L]]), delta_of(covariance, function(p) values(p)[[1L]]),
+    parameter("ARMA11 rho", "ARMA11 rho", without_names(now[[1L]]), delta_of(covariance, function(p) values(p)[[1L]]),
       options, "fisher"),
     parameter("ARMA11 phi", "ARMA11 phi", first(now), delta_of(covariance, function(p) first(values(p))), options,
       "fisher")
@@ -264,7 +272,7 @@ arma_parameters <- function(fit, variance, estimate, covariance, options) {
 
 cs_parameters <- function(fit, variance, estimate, covariance, options) {
   values <- correlation_values(fit)
-  rho <- unname(stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE))
+  rho <- without_names(stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE))
   list(
     parameter("CS diagonal offset", "CS diagonal offset", estimate * (1 - rho),
       delta_of(covariance, function(p) variance(p) * (1 - values(p)[[1L]])), options),
@@ -274,6 +282,17 @@ cs_parameters <- function(fit, variance, estimate, covariance, options) {
 }
 
 nlme_messages <- function(fit) if (is.character(fit$apVar)) list(caution("kGLMM_C18")) else list()
+
+#' @export
+hf_criteria.gls <- function(fit) nlme_criteria(fit)
+
+#' @export
+hf_criteria.lme <- function(fit) nlme_criteria(fit)
+
+nlme_criteria <- function(fit) {
+  likelihood <- stats::logLik(fit)
+  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), fit$dims$N, stats::BIC(fit))
+}
 
 #' @export
 hf_messages.lme <- function(fit, random) nlme_messages(fit)
@@ -288,7 +307,7 @@ hf_grid_arguments.lme <- function(fit, options) {
 
 #' @export
 hf_grid_arguments.gls <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list(mode = "df.error")
+  list(df = options$residual_df)
 }
 
 nlme_left_out <- function(fit) {

@@ -28,7 +28,7 @@ clm_distribution <- function(fit) {
   link <- link_table[fit$link]
   if (is.na(link)) stop("The link ", fit$link, " has no name in the documents. Known are: logit, probit, cloglog, ",
     "loglog, cauchit.", call. = FALSE)
-  list(distribution = "ORDINAL", link = unname(link), power = NA_real_, scaled = FALSE)
+  list(distribution = "ORDINAL", link = without_names(link), power = NA_real_, scaled = FALSE)
 }
 
 #' @export
@@ -59,20 +59,49 @@ hf_coefficients.clm <- function(fit, info, design, options) clm_coefficients(fit
 #' @export
 hf_coefficients.clmm <- function(fit, info, design, options) clm_coefficients(fit, info, design, options)
 
+# The matrix of a block from its parameters: scales, then the lower triangle of a unit triangular factor.
+st_matrix <- function(par, q) {
+  factor <- diag(q)
+  factor[lower.tri(factor)] <- par[-seq_len(q)]
+  tcrossprod(factor %*% diag(par[seq_len(q)], q))
+}
+
+st_parameters <- function(st) c(diag(st), st[lower.tri(st)])
+
+# With one scalar block ordinal works on the log of its standard deviation, otherwise on the factors' entries.
+clmm_errors <- function(st, matrix, covariance, on_log) {
+  q <- nrow(st)
+  out <- matrix * NA_real_
+  par <- st_parameters(st)
+  if (on_log) par <- log(par)
+  entries <- function(p) st_matrix(if (on_log) exp(p) else p, q)
+  if (is.null(covariance) || !isTRUE(all.equal(entries(par), without_names(matrix), tolerance = 1e-6))) return(out)
+  for (i in seq_len(q)) for (j in seq_len(i)) {
+    gradient <- gradient_of(function(p) entries(p)[i, j], par)
+    out[i, j] <- out[j, i] <- delta_error(covariance, gradient)
+  }
+  out
+}
+
+clmm_covariance <- function(fit, fixed, size) {
+  covariance <- tryCatch(stats::vcov(fit), error = function(e) NULL)
+  usable <- !is.null(covariance) && nrow(covariance) == fixed + size && !anyNA(covariance)
+  if (usable) covariance[fixed + seq_len(size), fixed + seq_len(size), drop = FALSE]
+}
+
 #' @export
 hf_random.clmm <- function(fit, info, options) {
   components <- ordinal::VarCorr(fit)
-  covariance <- tryCatch(stats::vcov(fit), error = function(e) NULL)
+  sizes <- lengths(lapply(fit$ST, st_parameters))
+  covariance <- clmm_covariance(fit, length(info$alpha) + sum(!is.na(info$beta)), sum(sizes))
   groups <- names(components)
   others <- lapply(unique(groups), function(g) strsplit(g, ":", fixed = TRUE)[[1L]])
-  fixed <- length(info$alpha) + sum(!is.na(info$beta))
-  single <- all(vapply(components, nrow, 1L) == 1L)
+  ends <- cumsum(sizes)
   lapply(seq_along(components), function(k) {
     component <- components[[k]]
     matrix <- matrix(as.numeric(component), nrow(component), dimnames = dimnames(component))
-    errors <- matrix * NA_real_
-    at <- fixed + k
-    if (single && !is.null(covariance) && nrow(covariance) >= at) errors[] <- 2 * sqrt(matrix) * sqrt(covariance[at, at])
+    inside <- seq.int(ends[k] - sizes[k] + 1L, ends[k])
+    errors <- clmm_errors(fit$ST[[k]], matrix, covariance[inside, inside, drop = FALSE], sum(sizes) == 1L)
     make_block(groups[k], colnames(component), matrix, errors, if (nrow(matrix) > 1L) "UNSTRUCTURED" else "VC",
       info, others, options)
   })
@@ -116,7 +145,7 @@ random_predictor <- function(fit) {
   total <- 0
   for (name in names(modes)) {
     fields <- strsplit(name, ":", fixed = TRUE)[[1L]]
-    group <- do.call(paste, c(unname(lapply(frame[fields], as.character)), sep = ":"))
+    group <- do.call(paste, c(without_names(lapply(frame[fields], as.character)), sep = ":"))
     table <- modes[[name]]
     for (column in colnames(table)) {
       value <- if (column == "(Intercept)") 1 else frame[[column]]

@@ -117,9 +117,9 @@ distribution_of_family <- function(family) {
     "binomial, poisson, Gamma, inverse.gaussian, negative binomial.", call. = FALSE)
   if (is.na(link) || (link == "CAUCHIT")) stop("The link ", family$link, " has no name in the documents ",
     "for the family ", name, ". Known are: identity, log, logit, probit, cloglog, and powers.", call. = FALSE)
-  value <- if (length(power) == 2L) as.numeric(power[2L]) else unname(link_powers[family$link])
+  value <- if (length(power) == 2L) as.numeric(power[2L]) else without_names(link_powers[family$link])
   scaled <- !(kind %in% c("BINOMIAL", "POISSON", "NEGBIN")) || grepl("^quasi", name)
-  list(distribution = unname(kind), link = unname(link), power = value, scaled = scaled)
+  list(distribution = without_names(kind), link = without_names(link), power = value, scaled = scaled)
 }
 
 # Puts figures by coefficient name into the columns of the design.
@@ -138,7 +138,7 @@ by_column <- function(design, names, estimate, se, df, stat, p) {
 from_summary <- function(design, beta, table, df, stat, p) {
   at <- match(names(beta), rownames(table))
   if (anyDuplicated(names(beta))) at <- cumsum(!is.na(beta)) * ifelse(is.na(beta), NA, 1)
-  pick <- function(column) unname(table[at, column])
-  by_column(design, names(beta), unname(beta), pick(2L),
+  pick <- function(column) without_names(table[at, column])
+  by_column(design, names(beta), without_names(beta), pick(2L),
     if (length(df) == 1L && !is.character(df)) rep(df, length(beta)) else pick(df), pick(stat), pick(p))
 }

@@ -90,7 +90,7 @@ grid_maker <- function(fit, options) {
     key <- paste0("at ", paste(names(at), at, collapse = ";"))
     if (is.null(made[[key]])) {
       arguments <- c(list(fit), options$grid_arguments, if (length(at)) list(at = at))
-      made[[key]] <<- suppressMessages(do.call(emmeans::ref_grid, arguments))
+      made[[key]] <<- reference_grid(arguments)
     }
     made[[key]]
   }
@@ -122,7 +122,7 @@ row_order <- function(frame, fields) {
     x <- frame[[field]]
     if (is.numeric(x)) x else match(as.character(x), as_levels(x))
   })
-  do.call(order, c(unname(keys), list(method = "radix")))
+  do.call(order, c(without_names(keys), list(method = "radix")))
 }
 
 means_of <- function(grid, request, options) {
@@ -148,8 +148,8 @@ estimates_node <- function(means) {
   columns <- list(mean = f$estimate, stdErr = f$se, confIntervalLower = f$lower, confIntervalUpper = f$upper)
   node(
     "MultivariateData", c(description = "estimates"),
-    node("CoordinatesGroup", character(), unname(fields_nodes(means$levels))),
-    unname(statistic_columns(columns, means$order))
+    node("CoordinatesGroup", character(), without_names(fields_nodes(means$levels))),
+    without_names(statistic_columns(columns, means$order))
   )
 }
 
@@ -230,8 +230,8 @@ contrasts_node <- function(contrasts, request, options) {
     "MultivariateData", c(description = "contrasts"),
     statistic_node("adjustedSigLevel", number_text(1 - options$level)),
     node("CoordinatesGroup", c(description = paste0(request$contrast, "Contrast")),
-      unname(fields_nodes(c(levels, compare)))),
-    unname(statistic_columns(columns, order))
+      without_names(fields_nodes(c(levels, compare)))),
+    without_names(statistic_columns(columns, order))
   )
 }
 
@@ -243,7 +243,7 @@ overall_nodes <- function(contrasts) {
   lapply(seq_along(order), function(i) {
     row <- table[order[i], ]
     segment <- if (length(levels)) {
-      node("SegmentInfo", character(), unname(Map(function(field, values) {
+      node("SegmentInfo", character(), without_names(Map(function(field, values) {
         node("FieldInfo", c(fieldName = field, fieldValue = values[i]))
       }, names(levels), levels)))
     }

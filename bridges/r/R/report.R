@@ -28,7 +28,7 @@ temporary_folder <- function() tempfile("hierfit-")
 
 find_program <- function() {
   path <- getOption("hierfit.program", Sys.getenv("HIERFIT", unset = ""))
-  if (!nzchar(path)) path <- unname(Sys.which("hierfit"))
+  if (!nzchar(path)) path <- without_names(Sys.which("hierfit"))
   if (nzchar(path) && file.exists(path)) return(path)
   stop("The program hierfit is not found. Say where it is by options(hierfit.program = ), by the variable HIERFIT, ",
     "or put it on the path.", call. = FALSE)

@@ -57,7 +57,7 @@ settings_node <- function(part) {
     setting("CIn", number_text(part$options$level)),
     setting("FixedEffectList", NULL, list_of(lapply(part$design$effects, function(e) effect_node(e$fields)))),
     if (length(part$random)) setting("RandomSpecs", NULL, list_of(lapply(part$random, random_spec_node))),
-    if (length(part$requests)) setting("EMMEANS", NULL, list_of(lapply(unname(part$requests), request_setting))),
+    if (length(part$requests)) setting("EMMEANS", NULL, list_of(lapply(without_names(part$requests), request_setting))),
     setting("pAdjustment", adjustment_names[[part$options$adjust]])
   )
 }
@@ -74,11 +74,11 @@ string_map_node <- function(map) {
   entries <- Map(function(name, row) {
     node("MapEntry", c(name = name), node("Label", character(), parameter_node(row)))
   }, names(map), map)
-  node("StringMap", c(mapId = 1L), unname(entries))
+  node("StringMap", c(mapId = 1L), without_names(entries))
 }
 
 segment_node <- function(values) {
-  node("SegmentInfo", character(), unname(Map(function(field, value) {
+  node("SegmentInfo", character(), without_names(Map(function(field, value) {
     node("FieldInfo", c(fieldName = field, fieldValue = value))
   }, names(values), values)))
 }
@@ -144,7 +144,7 @@ fit_statistics <- function(part, accuracy, grand) {
     statistic("numOfCovParamOfRepeated", counts$residual), statistic("numOfCovParamOfRandom", counts$random),
     statistic("numOfColsOfFixed", rows),
     statistic("numOfColsOfRandom", random_columns(part$random, part$subjects)),
-    statistic("numOfCommonSubjects", part$subjects$n), unname(grand)
+    statistic("numOfCommonSubjects", part$subjects$n), without_names(grand)
   )
 }
 
@@ -184,7 +184,7 @@ means_nodes <- function(fit, part) {
   list(
     grand = if (asked) grand_mean_nodes(make_grid, part$options),
     top = top_nodes(part$design, part$tests$effects, make_grid, part$options),
-    blocks = unname(Map(request_node, part$requests, seq_along(part$requests) - 1L,
+    blocks = without_names(Map(request_node, part$requests, seq_along(part$requests) - 1L,
       MoreArgs = list(make_grid = make_grid, info = part$info, options = part$options)))
   )
 }

@@ -46,7 +46,7 @@ first_subject_node <- function(part) {
     node("Counts", c(totalFreq = length(same))),
     node(
       "SegmentData", character(),
-      node("SegmentInfo", character(), unname(Map(function(field, value) {
+      node("SegmentInfo", character(), without_names(Map(function(field, value) {
         node("FieldInfo", c(fieldName = field, fieldValue = value))
       }, fields, first))),
       node("MultivariateData", character(), target_records(part$target, shown))

@@ -65,7 +65,7 @@ table_frame <- function(table) {
   at <- lapply(seq_along(dimensions), function(i) {
     vapply(table$cells, function(cell) if (is.null(cell$at[[i]])) NA_character_ else as.character(cell$at[[i]]), "")
   })
-  texts <- Map(function(ids, label) unname(label[ids]), at, labels)
+  texts <- Map(function(ids, label) without_names(label[ids]), at, labels)
   frame <- wide_frame(texts, rows, columns, lapply(table$cells, cell_value))
   names <- vapply(dimensions[rows], function(d) d$name$text, "")
   names(frame)[seq_along(rows)] <- names

@@ -99,7 +99,7 @@ distribution_node <- function(target, distribution) {
   statistics <- lapply(c(mean = "mean", sd = "stdDeviation", shape = "shape", rate = "rate", r = "r", p = "p"), identity)
   node(
     "UnivariateData", c(description = "TargetDistribution"), node("Counts", c(totalFreq = f$n)),
-    unname(Map(function(key, name) statistic_node(name, number_text(f[[key]])), names(statistics), statistics)),
+    without_names(Map(function(key, name) statistic_node(name, number_text(f[[key]])), names(statistics), statistics)),
     coordinates_node(real_array(f$bars), "observed"), coordinates_node(real_array(f$heights), "frequency")
   )
 }

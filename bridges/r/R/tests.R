@@ -35,8 +35,8 @@ exact_joint_test <- function(object, by = NULL) {
 }
 
 rows_by <- function(grid, by) {
-  key <- do.call(paste, c(unname(lapply(grid[by], as.character)), sep = "\r"))
-  unname(split(seq_along(key), factor(key, levels = unique(key))))
+  key <- do.call(paste, c(without_names(lapply(grid[by], as.character)), sep = "\r"))
+  without_names(split(seq_along(key), factor(key, levels = unique(key))))
 }
 
 unrounded_f <- function(object, l) {
@@ -64,7 +64,7 @@ wald_test <- function(beta, covariance, columns, df) {
   kept <- which(!is.na(beta))
   basis <- diag(length(kept))[match(columns, kept), , drop = FALSE]
   object <- emmeans::emmobj(
-    bhat = unname(beta[kept]), V = covariance, levels = list(k = seq_along(columns)), linfct = basis, df = df
+    bhat = without_names(beta[kept]), V = covariance, levels = list(k = seq_along(columns)), linfct = basis, df = df
   )
   from_joint(exact_joint_test(object))
 }
@@ -88,8 +88,9 @@ needs_wald <- function(design) {
 }
 
 # A test of a term's own coefficients says the same for every coding only where no other term holds it.
-is_marginal <- function(effect, design) {
+is_marginal <- function(effect, design, only_unbalanced = FALSE) {
   any(vapply(design$effects, function(other) {
+    if (only_unbalanced && other$sums_to_zero) return(FALSE)
     length(other$variables) > length(effect$variables) && all(effect$variables %in% other$variables)
   }, NA))
 }
@@ -102,12 +103,16 @@ joint_term_tests <- function(fit, info, design, options) {
   covariance <- hf_vcov(fit, info)
   wald <- function(columns) wald_test(info$beta, covariance, columns, options$test_df)
   if (design$intercept) all <- wald(setdiff(seq_len(design$columns), design$first))
-  effects <- if (needs_wald(design)) wald_effects(design, wald) else joint_effects(fit, design, options)
+  grid <- do.call(joint_grid, c(list(fit), options$grid_arguments))
+  of_effect <- function(effect) suppressMessages(effect_test(grid, unique(effect$fields)))
+  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect) else joint_effects(design, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
 
-wald_effects <- function(design, wald) {
+# Effects of factors alone are tested as by joint_tests(); others by their coefficients, where these say enough.
+wald_effects <- function(design, wald, of_factors) {
   tests <- lapply(design$effects, function(effect) {
+    if (!effect$numeric) return(of_factors(effect))
     if (!is_marginal(effect, design)) return(wald(effect$columns))
     message("The effect ", effect$label, " stands in an interaction of this model and is not tested.")
     no_test()
@@ -115,12 +120,21 @@ wald_effects <- function(design, wald) {
   do.call(rbind, tests)
 }
 
-joint_effects <- function(fit, design, options) {
+# The reference grid of joint_tests(), in which covariates have two values about their means.
+joint_grid <- function(fit, ...) {
   reduce <- eval(formals(emmeans::joint_tests)$cov.reduce, asNamespace("emmeans"))
-  quiet <- function(...) suppressMessages(emmeans::ref_grid(...))
-  grid <- do.call(quiet, c(list(fit), options$grid_arguments, list(cov.reduce = reduce)))
-  tests <- lapply(design$effects, function(effect) suppressMessages(effect_test(grid, unique(effect$fields))))
-  tests <- do.call(rbind, tests)
+  reference_grid(list(fit, ..., cov.reduce = reduce))
+}
+
+reference_grid <- function(arguments) {
+  tryCatch(suppressMessages(do.call(emmeans::ref_grid, arguments)), error = function(e) {
+    stop("emmeans cannot take this fit (", strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ",
+      "Its data must be at hand as they were, and codings be set by contrasts() on the data.", call. = FALSE)
+  })
+}
+
+joint_effects <- function(design, of_effect) {
+  tests <- do.call(rbind, lapply(design$effects, of_effect))
   if (anyNA(tests$f)) message("Not tested, since not estimable: ",
     paste(vapply(design$effects[is.na(tests$f)], `[[`, "", "label"), collapse = ", "), ".")
   tests

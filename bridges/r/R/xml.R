@@ -1,5 +1,12 @@
 # A small writer of XML: nodes are built as lists and turned into text once.
 
+# As unname(), which other packages turn into a generic that rewords the errors of its argument.
+without_names <- function(x) {
+  if (!is.null(dimnames(x))) dimnames(x) <- NULL
+  names(x) <- NULL
+  x
+}
+
 # A node with attributes in the order given; children are nodes, lists of nodes, or one text.
 node <- function(name, attributes = character(), ...) {
   list(name = name, attributes = attributes, children = list(...))
