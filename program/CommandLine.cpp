@@ -30,7 +30,8 @@ constexpr std::pair<std::string_view, Format> kEndings[] = {{".html", Format::Ht
 constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
 constexpr const char* kExitStatus =
     "Exit status: 0 the report was written, 1 wrong usage, 2 a document could not be read,\n"
-    "3 the output could not be written.";
+    "3 the output could not be written, 4 a part of the program is missing; a closed pipe\n"
+    "ends it with 141.";
 constexpr const char* kExamples =
     "Examples:\n"
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
@@ -69,6 +70,8 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
         "folder FILE; by default FILE's ending tells, else text\n"
         "goes to a terminal and html elsewhere");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
+    app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
+    app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");

@@ -19,7 +19,9 @@ struct OutputOptions {
     std::string fFile = "-";        ///< "-" is standard output; a folder for SVG
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
-    bool fIsStatic = false;  ///< HTML without the script
+    bool fIsStatic = false;        ///< HTML without the script
+    bool fHasChartValues = false;  ///< text with the values behind its charts
+    bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

@@ -8,6 +8,7 @@
 
 #include "Files.h"
 #include "OutputFile.h"
+#include "Pager.h"
 #include "PictureFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
@@ -50,14 +51,16 @@ Format ChooseFormat(const OutputOptions& output, bool isTerminal) {
     return isTerminal ? Format::Text : Format::Html;
 }
 
+bool GoesToTerminal(const OutputOptions& output) {
+    return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
+}
+
 /// What readers see is restyled; a document that is saved keeps its words.
-std::string Render(document::Document& document, const OutputOptions& output) {
-    const bool isTerminal = output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
-    const Format format = ChooseFormat(output, isTerminal);
+std::string Render(document::Document& document, const OutputOptions& output, Format format) {
     if (format != Format::Json) report::style::Apply(report::style::Style::Plain, document);
     switch (format) {
         case Format::Text:
-            return report::MakeTextReport(document, ChooseTextOptions(output.fColor, isTerminal));
+            return report::MakeTextReport(document, ChooseTextOptions(output, GoesToTerminal(output)));
         case Format::Json:
             return report::WriteJson(document);
         case Format::Html:
@@ -67,13 +70,25 @@ std::string Render(document::Document& document, const OutputOptions& output) {
     return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
 }
 
+/// Text that is too long for the terminal goes through a pager, if there is one that can be started.
+bool IsShownByPager(std::string_view text, const OutputOptions& output, Format format) {
+    if (format != Format::Text || !output.fHasPager || !GoesToTerminal(output)) return false;
+    if (!IsLongerThanScreen(text)) return false;
+    const std::optional<std::string> pager = FindPager();
+    return pager && ShowWithPager(*pager, text);
+}
+
+int Conclude(const std::optional<FileError>& error) {
+    if (!error) return kWritten;
+    return error->fIsClosedPipe ? kClosedPipe : Fail(kUnwritable, error->fText);
+}
+
 int Write(document::Document& document, const OutputOptions& output) {
-    if (output.fFormat == Format::Svg) {
-        const auto error = WritePictures(report::MakePictures(document), output.fFile);
-        return error ? Fail(kUnwritable, error->fText) : kWritten;
-    }
-    if (const auto error = WriteOutput(output.fFile, Render(document, output))) return Fail(kUnwritable, error->fText);
-    return kWritten;
+    const Format format = ChooseFormat(output, GoesToTerminal(output));
+    if (format == Format::Svg) return Conclude(WritePictures(report::MakePictures(document), output.fFile));
+    const std::string text = Render(document, output, format);
+    if (IsShownByPager(text, output, format)) return kWritten;
+    return Conclude(WriteOutput(output.fFile, text));
 }
 
 std::string DescribeJsonError(const std::string& file, const report::JsonError& error) {
@@ -96,6 +111,9 @@ int Run(const ReportCommand& command) {
     session::Result result =
         session::Run({paths.fPmml, std::get<std::string>(std::move(pmml))},
                      {paths.fStatXml, std::get<std::string>(std::move(statXml))}, command.fSettings);
+    if (result.fOutcome == session::Outcome::NotSetUp) {
+        return Fail(kMissingPart, result.fDocument.fvDiagnostics.front().fText);
+    }
     const bool isIssued = result.fOutcome == session::Outcome::Issued;
     PrintMessages(result.fDocument.fItems);
     PrintDiagnostics(result.fDocument, {paths.fPmml, paths.fStatXml}, isIssued ? kWarning : kInformation);
