@@ -33,7 +33,8 @@ constexpr double kLargestScale = 20;
 constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
 constexpr const char* kExitStatus =
     "Exit status: 0 the report was written, 1 wrong usage, 2 a document could not be read,\n"
-    "3 the output could not be written, 4 a part of the installation is missing that the format needs.";
+    "3 the output could not be written, 4 a part of the program is missing; a closed pipe\n"
+    "ends it with 141.";
 constexpr const char* kExamples =
     "Examples:\n"
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
@@ -92,6 +93,8 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
             [](const std::string& text) { return ReadScale(text) ? "" : text + " is no number above 0 and up to 20"; })
         ->option_text("N");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
+    app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
+    app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");

@@ -24,8 +24,10 @@ struct OutputOptions {
     std::string fFile = "-";        ///< "-" is standard output; a folder for pictures
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
-    bool fIsStatic = false;  ///< HTML without the script
-    double fScale = 2;       ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
+    bool fIsStatic = false;        ///< HTML without the script
+    bool fHasChartValues = false;  ///< text with the values behind its charts
+    bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
+    double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

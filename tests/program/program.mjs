@@ -147,7 +147,43 @@ check("a full disk", readFileSync("old.txt", "utf8") === "old", "the old file is
 check("a full disk", !readdirSync(".").some((name) => name.startsWith("old.txt.")), "a temporary file is left");
 
 got = shell('set -o pipefail; { "$0" report -f html "$1"; echo $? >&2; } | true');
-check("a closed pipe", got.err === "hierfit: standard output: Broken pipe\n3\n" || got.err === "0\n", got.err);
+check("a closed pipe", got.err === "141\n" || got.err === "0\n", got.err);
+got = shell('set -o pipefail; { sleep 0.2; "$0" report -f html "$1"; echo $? >&2; } | true');
+check("a pipe closed before", got.err === "141\n", got.err);
+
+// ---- a pager on a terminal of 10 lines: [name, environment, arguments, what the pager gets, exit status]
+
+const paged = [
+  ["a pager", "PAGER='sed s/^/P:/'", "", /^P:Generalized[^]*\nP:a\. This[^]*$/, 0],
+  ["a pager that is quit", "PAGER='head -c 20'", "", /^Generalized Linear M$/, 0],
+  ["a pager that fails", "PAGER='head -c 20; exit 3 #'", "", /^Generalized Linear M$/, 0],
+  ["a pager that is not there", "PAGER=no-such-pager", "", /no-such-pager: not found\nGeneralized/, 0],
+  ["an empty pager", "PAGER=", "", /^Generalized/, 0],
+  ["no pager", "PAGER='sed s/^/P:/'", "--no-pager", /^Generalized/, 0],
+  ["a pager for text alone", "PAGER='sed s/^/P:/'", "-f json", /^\{/, 0],
+  ["a pager and a failure", "PAGER='sed s/^/P:/'", "no.pmml", /one argument must be a folder|No such file/, 2],
+  ["less as it is set up", "PAGER='echo $LESS; cat > /dev/null'", "", /^FRX\n$/, 0],
+  ["less as the user sets it up", "LESS=X PAGER='echo $LESS; cat > /dev/null'", "", /^X\n$/, 0],
+];
+const terminal = (lines, command) => {
+  const { status, out } = spawn("script", ["-qec", `stty rows ${lines} cols 80; ${command}`, "/dev/null"]);
+  return { status, out: out.replaceAll("\r", "") };
+};
+for (const [name, environment, args, expected, status] of paged) {
+  got = terminal(10, `${environment} ${program} report --color never ${args} ${example}`);
+  check(name, got.status === status && expected.test(got.out), `${got.status} ${got.out.slice(0, 300)}`);
+}
+got = terminal(5000, `PAGER='sed s/^/P:/' ${program} report ${example}`);
+check("a page that fits", got.status === 0 && !got.out.includes("P:"), got.out.slice(0, 300));
+got = spawn("bash", ["-c", `PAGER='sed s/^/P:/' ${program} report -f text ${example} | cat`]);
+check("a pager for a terminal alone", !got.out.includes("P:"), got.out.slice(0, 300));
+
+// ---- a program without its procedure
+
+spawn("bash", ["-c", `mkdir -p bare/bin bare/lib && cp ${program} bare/bin/ && cp -L ${dirname(dirname(program))}/lib/libhierfit_host.so* bare/lib/ &&
+  cp -r ${dirname(dirname(program))}/share bare/`]);
+checkRefusal("no procedure", spawn("bare/bin/hierfit", ["report", "-f", "text", example]), 4,
+  /^hierfit: .*libhierfit\.so: [^\n]*\n$/);
 
 // ---- what goes where
 
@@ -156,6 +192,8 @@ check("format by ending", JSON.parse(readFileSync("a.json", "utf8")).format === 
 check("no colour in a file", !text.includes("\x1b"), "escape sequences");
 const outputs = [
   ["html by default", ["report", example], "<!DOCTYPE html>"],
+  ["charts by title", ["report", "-f", "text", example], "\nChart: Fixed Effects\n\n"],
+  ["charts with their values", ["report", "-f", "text", "--charts", example], "\nChart: Fixed Effects\nDiagram: "],
   ["colour when asked for", ["report", "-f", "text", "--color", "always", example], "\x1b["],
   ["help", ["--help"], "report"],
   ["help", ["report", "--help"], "--variables"],
