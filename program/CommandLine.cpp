@@ -95,6 +95,10 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
     app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
+    app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
+        ->option_text("TEXT");
+    app.add_option("--author", output.fAuthor, "Who stands below the title, and in the page's head")
+        ->option_text("TEXT");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");

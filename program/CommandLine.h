@@ -28,6 +28,8 @@ struct OutputOptions {
     bool fHasChartValues = false;  ///< text with the values behind its charts
     bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
     double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
+    std::string fTitle;            ///< in the place of the document's; none if empty
+    std::string fAuthor;
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.

@@ -48,7 +48,8 @@ std::string Render(document::Document& document, const OutputOptions& output, Fo
         case Format::Png:
             break;
     }
-    return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
+    return report::MakeHtmlReport(
+        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
 }
 
 int WriteCharts(const document::Document& document, const OutputOptions& output) {
