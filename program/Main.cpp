@@ -15,6 +15,8 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
     const Command command = ParseCommandLine(argumentCount, arguments);
     if (const auto* report = std::get_if<ReportCommand>(&command)) return Run(*report);
     if (const auto* render = std::get_if<RenderCommand>(&command)) return Run(*render);
+    if (const auto* check = std::get_if<CheckCommand>(&command)) return Run(*check);
+    if (const auto* list = std::get_if<ListCommand>(&command)) return Run(*list);
     const Explanation& explanation = std::get<Explanation>(command);
     Print(explanation.fIsError ? stderr : stdout, explanation.fText);
     return explanation.fIsError ? kWrongUsage : kWritten;
@@ -23,7 +25,7 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
 }  // namespace
 
 int Main(int argumentCount, const char* const* arguments) {
-    // A closed pipe and a limit of file size are errors of writing like any other.
+    // A closed pipe and a limit of file size are told by the operation that writes.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     try {

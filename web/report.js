@@ -1,9 +1,12 @@
-// What a page can do beyond being read: tables are copied, pictures saved, their marks tell what they are, and wide tables
-// shrink to the paper. Nothing here is needed to read a report.
+// What a page can do beyond being read, for which nothing here is needed.
 "use strict";
 (() => {
   const words = document.body.dataset;
   const all = (selector, root = document) => Array.from(root.querySelectorAll(selector));
+  const give = (element, attributes) => Object.entries(attributes).forEach(([name, value]) => {
+    if (value === null) element.removeAttribute(name);
+    else element.setAttribute(name, value);
+  });
 
   const rule = "1px solid #000";
   const styleOf = (cell, textAlign) => {
@@ -46,8 +49,7 @@
     return line.textContent.replace(/\s+/g, " ").trim();
   };
 
-  // Each row has a field for each column. Of several columns a cell stands in the first; of several rows in the first, too,
-  // but a header of columns in the last, right above its data.
+  // A cell of several columns or rows fills the first field, a header of several rows the last, right above its data.
   const sectionAsText = (section) => {
     const lines = Array.from(section.rows, () => []);
     Array.from(section.rows, (row, index) => {
@@ -79,24 +81,21 @@
     }
   };
 
-  // Pages opened from a disk may lack the clipboard, and browsers apply the page's policy, which allows no styles, to what
-  // they put there. So it comes second, for browsers that raise the event with a selection only.
+  // It comes second, since browsers apply the page's policy, which allows no styles, to what they put there.
   const copyByClipboard = async (html, text) => {
-    const asBlob = (type, content) => new Blob([content], { type });
+    const asBlob = (type, content) => ({ [type]: new Blob([content], { type }) });
     try {
-      await navigator.clipboard.write([new ClipboardItem({
-        "text/html": asBlob("text/html", html),
-        "text/plain": asBlob("text/plain", text),
-      })]);
+      const item = { ...asBlob("text/html", html), ...asBlob("text/plain", text) };
+      await navigator.clipboard.write([new ClipboardItem(item)]);
       return true;
     } catch {
       return false;
     }
   };
 
-  const status = document.createElement("div");
-  status.className = "unseen";
-  status.setAttribute("role", "status");
+  const make = (name, className) => Object.assign(document.createElement(name), { className });
+  const status = make("div", "unseen");
+  give(status, { role: "status" });
 
   const tell = (button, word) => {
     button.textContent = status.textContent = word;
@@ -108,10 +107,7 @@
   };
 
   const makeButton = (name, act) => {
-    const button = document.createElement("button");
-    button.type = "button";
-    button.className = name;
-    button.textContent = words[name];
+    const button = Object.assign(make("button", name), { type: "button", textContent: words[name] });
     button.addEventListener("click", () => act(button));
     return button;
   };
@@ -131,9 +127,7 @@
   };
 
   const saveFile = (name, content) => {
-    const link = document.createElement("a");
-    link.href = URL.createObjectURL(content);
-    link.download = name;
+    const link = Object.assign(document.createElement("a"), { href: URL.createObjectURL(content), download: name });
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
   };
@@ -143,6 +137,14 @@
 
   const marksIn = (picture) => all("[role=img]", picture);
 
+  const unname = (element) => give(element, { role: null, "aria-label": null });
+
+  // Without this script a mark's name is its title.
+  const labelMarks = (drawing) => all("svg title", drawing).forEach((title) => {
+    give(title.parentElement, { role: "img", "aria-label": title.textContent });
+    title.remove();
+  });
+
   // The layout for a phone has the marks of the other one, in the same order, and takes names and keys from them.
   const nameMarks = (drawing) => {
     const phone = drawing.querySelector(".phone[role]");
@@ -150,12 +152,9 @@
     const named = marksIn(drawing.querySelector(".desk"));
     const marks = all(".m", phone);
     if (named.length !== marks.length) return;
-    for (const name of ["role", "aria-label"]) phone.removeAttribute(name);
+    unname(phone);
     marks.forEach((mark, place) => {
-      for (const name of ["role", "aria-label", "data-k"]) {
-        const value = named[place].getAttribute(name);
-        if (value !== null) mark.setAttribute(name, value);
-      }
+      for (const name of ["role", "aria-label", "data-k"]) give(mark, { [name]: named[place].getAttribute(name) });
     });
   };
 
@@ -164,20 +163,23 @@
     const picture = figure.querySelector(".desk").cloneNode(true);
     picture.removeAttribute("class");
     for (const element of all(".on, .at", picture)) element.classList.remove("on", "at");
-    const addFirst = (name, text, attributes = {}) => {
+    const addFirst = (parent, name, text, attributes = {}) => {
       const element = document.createElementNS(picture.namespaceURI, name);
       element.textContent = text;
-      for (const [attribute, value] of Object.entries(attributes)) element.setAttribute(attribute, value);
-      picture.prepend(element);
+      give(element, attributes);
+      parent.prepend(element);
     };
-    addFirst("rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
-    addFirst("desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
-    addFirst("title", figure.querySelector(".title").textContent);
+    for (const mark of marksIn(picture)) {
+      addFirst(mark, "title", mark.getAttribute("aria-label"));
+      unname(mark);
+    }
+    addFirst(picture, "rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
+    addFirst(picture, "desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
+    addFirst(picture, "title", figure.querySelector(".title").textContent);
     saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
   };
 
-  const tip = document.createElement("div");
-  tip.className = "tip";
+  const tip = make("div", "tip");
   tip.hidden = true;
   const gap = 12;
 
@@ -283,6 +285,7 @@
 
   const naming = new ResizeObserver((changes) => changes.forEach(({ target }) => nameMarks(target)));
   const enliven = (drawing) => {
+    labelMarks(drawing);
     drawing.tabIndex = 0;
     drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
     const listeners = {
@@ -303,11 +306,7 @@
 
   const setStop = (frame) => {
     const scrolls = frame.scrollWidth > frame.clientWidth || frame.scrollHeight > frame.clientHeight;
-    const attributes = { tabindex: "0", "aria-label": frame.dataset.label };
-    for (const [name, value] of Object.entries(attributes)) {
-      if (scrolls) frame.setAttribute(name, value);
-      else frame.removeAttribute(name);
-    }
+    give(frame, scrolls ? { tabindex: 0, "aria-label": frame.dataset.label } : { tabindex: null, "aria-label": null });
   };
 
   const frames = all(".scroll");
@@ -346,8 +345,8 @@
     const link = links[places.findLastIndex((place) => seen.has(place))];
     const current = nav.querySelector("[aria-current]");
     if (!link || link === current) return;
-    current?.removeAttribute("aria-current");
-    link.setAttribute("aria-current", "true");
+    if (current) give(current, { "aria-current": null });
+    give(link, { "aria-current": "true" });
     nav.scrollTop = link.offsetTop - nav.clientHeight / 2;
   }, { rootMargin: "0px 0px -70%" });
   for (const place of places) reading.observe(place);

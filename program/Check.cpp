@@ -1,0 +1,78 @@
+#include "Check.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "Commands.h"
+#include "Documents.h"
+#include "ItemIndex.h"
+#include "MissingItems.h"
+#include "OutputFile.h"
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
+#include "report/text/VisibleText.h"
+
+namespace hierfit::program {
+
+namespace {
+
+/// A message about a block of means begins with the words of its heading.
+bool IsAboutBlock(const document::Diagnostic& diagnostic, const std::list<document::Item>& items) {
+    return std::ranges::any_of(items, [&](const document::Item& item) {
+        const auto* heading = std::get_if<document::Heading>(&item.fContent);
+        return heading && diagnostic.fText.starts_with(heading->fTitle.fWords + ": ");
+    });
+}
+
+std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths) {
+    if (!diagnostic.fPlace) return diagnostic.fText;
+    const document::Place& place = *diagnostic.fPlace;
+    return fmt::format("{}:{}:{}: {}", unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText),
+                       place.fLine, place.fColumn, diagnostic.fText);
+}
+
+std::vector<std::string> MakeRemarks(const ModelRun& run) {
+    const document::Document& document = run.fResult.fDocument;
+    // Where there are no estimates, messages say why.
+    const bool hasEstimates = ItemIndex(document.fItems).FindTable("FixedCoefficients");
+    const std::size_t nNoticed = document.fvDiagnostics.size() - run.fResult.fUnseenMessages;
+    std::vector<std::string> remarks;
+    for (std::size_t i = 0; i < document.fvDiagnostics.size(); ++i) {
+        const document::Diagnostic& diagnostic = document.fvDiagnostics[i];
+        if (i < nNoticed || !hasEstimates || IsAboutBlock(diagnostic, document.fItems))
+            remarks.push_back(DescribeDiagnostic(diagnostic, run.fvPaths));
+    }
+    for (std::string& missing : DescribeMissingItems(document)) remarks.push_back(std::move(missing));
+    return remarks;
+}
+
+/// A remark stands on one line, whatever it quotes.
+std::string MakeLine(std::string remark) {
+    std::ranges::replace(remark, '\n', ' ');
+    return report::MakeVisible(remark) + "\n";
+}
+
+}  // namespace
+
+int Run(const CheckCommand& command) {
+    const auto run = RunModel(command.fvDocuments, {});
+    if (const auto* error = std::get_if<FileError>(&run)) {
+        PrintError(error->fText);
+        return kUnreadable;
+    }
+    const auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome != session::Outcome::Issued) {
+        PrintRun(model);
+        return kUnreadable;
+    }
+    std::string lines;
+    for (std::string& remark : MakeRemarks(model)) lines += MakeLine(std::move(remark));
+    if (const auto error = WriteOutput("-", lines)) {
+        PrintError(error->fText);
+        return kUnwritable;
+    }
+    return command.fIsStrict && !lines.empty() ? kUnreadable : kWritten;
+}
+
+}  // namespace hierfit::program
