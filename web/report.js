@@ -1,4 +1,4 @@
-// What a page can do beyond being read, for which nothing here is needed.
+// What a page can do beyond being read.
 "use strict";
 (() => {
   const words = document.body.dataset;
@@ -22,8 +22,7 @@
       + (isLast ? `;border-bottom:${rule}` : "");
   };
 
-  // What is shown of an element, with styles of its own and without links, classes and ids. A figure's minus is that of a
-  // keyboard, by which a sheet knows a number.
+  // What is shown of an element, with styles of its own. A figure's minus is that of a keyboard, so sheets know a number.
   const copyOf = (element) => {
     const copy = element.cloneNode(true);
     const originals = all("*", element).map((original) => getComputedStyle(original));
@@ -45,7 +44,7 @@
   // The content as one line of plain text, without note letters.
   const lineOf = (element) => {
     const line = element.cloneNode(true);
-    for (const part of all("br, sup", line)) part.replaceWith(part.localName === "br" ? " " : "");
+    for (const part of all("br, sup", line)) part.replaceWith(part.matches("br") ? " " : "");
     return line.textContent.replace(/\s+/g, " ").trim();
   };
 
