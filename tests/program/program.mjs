@@ -255,14 +255,14 @@ check("a picture too tall", readdirSync("short").length === pictures.length - 1,
 // An installation without the module that draws pixels.
 const root = dirname(dirname(program));
 for (const part of ["bin/hierfit", "lib"]) {
-  cpSync(join(root, part), join("bare", part),
+  cpSync(join(root, part), join("nopixels", part),
     { recursive: true, verbatimSymlinks: true, filter: (path) => !path.includes("libhierfit_raster") });
 }
-symlinkSync(join(root, "share"), "bare/share");
-got = spawn("bare/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
+symlinkSync(join(root, "share"), "nopixels/share");
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
 checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory\n$/);
 check("a missing module", !readdirSync(".").includes("none"), "there is output");
-got = spawn("bare/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
 check("a missing module", got.status === 0, `SVG takes it: ${got.err}`);
 
 const bare = run("report", "--static", "-f", "html", example).out;
