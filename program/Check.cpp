@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "Commands.h"
 #include "Documents.h"
+#include "ExitStatus.h"
 #include "ItemIndex.h"
 #include "MissingItems.h"
 #include "OutputFile.h"

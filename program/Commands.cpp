@@ -6,6 +6,7 @@
 
 #include "Documents.h"
 #include "OutputFile.h"
+#include "Pager.h"
 #include "PictureFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
@@ -30,30 +31,57 @@ Format ChooseFormat(const OutputOptions& output, bool isTerminal) {
     return isTerminal ? Format::Text : Format::Html;
 }
 
+bool GoesToTerminal(const OutputOptions& output) {
+    return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
+}
+
 /// What readers see is restyled; a document that is saved keeps its words.
-std::string Render(document::Document& document, const OutputOptions& output) {
-    const bool isTerminal = output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
-    const Format format = ChooseFormat(output, isTerminal);
+std::string Render(document::Document& document, const OutputOptions& output, Format format) {
     if (format != Format::Json) report::style::Apply(report::style::Style::Plain, document);
     switch (format) {
         case Format::Text:
-            return report::MakeTextReport(document, ChooseTextOptions(output.fColor, isTerminal));
+            return report::MakeTextReport(document, ChooseTextOptions(output, GoesToTerminal(output)));
         case Format::Json:
             return report::WriteJson(document);
         case Format::Html:
         case Format::Svg:
+        case Format::Png:
             break;
     }
-    return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
+    return report::MakeHtmlReport(
+        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
+}
+
+int WriteCharts(const document::Document& document, const OutputOptions& output) {
+    const auto format = output.fFormat == Format::Png ? MakePngFormat(output.fScale) : MakeSvgFormat();
+    if (const auto* error = std::get_if<FileError>(&format)) return Fail(kMissingPart, error->fText);
+    int status = kWritten;
+    for (const FileError& error :
+         WritePictures(report::MakePictures(document), std::get<PictureFormat>(format), output.fFile)) {
+        status = Fail(kUnwritable, error.fText);
+    }
+    return status;
+}
+
+/// Text that is too long for the terminal goes through a pager, if there is one that can be started.
+bool IsShownByPager(std::string_view text, const OutputOptions& output, Format format) {
+    if (format != Format::Text || !output.fHasPager || !GoesToTerminal(output)) return false;
+    if (!IsLongerThanScreen(text)) return false;
+    const std::optional<std::string> pager = FindPager();
+    return pager && ShowWithPager(*pager, text);
+}
+
+int Conclude(const std::optional<FileError>& error) {
+    if (!error) return kWritten;
+    return error->fIsClosedPipe ? kClosedPipe : Fail(kUnwritable, error->fText);
 }
 
 int Write(document::Document& document, const OutputOptions& output) {
-    if (output.fFormat == Format::Svg) {
-        const auto error = WritePictures(report::MakePictures(document), output.fFile);
-        return error ? Fail(kUnwritable, error->fText) : kWritten;
-    }
-    if (const auto error = WriteOutput(output.fFile, Render(document, output))) return Fail(kUnwritable, error->fText);
-    return kWritten;
+    const Format format = ChooseFormat(output, GoesToTerminal(output));
+    if (IsPictures(format)) return WriteCharts(document, output);
+    const std::string text = Render(document, output, format);
+    if (IsShownByPager(text, output, format)) return kWritten;
+    return Conclude(WriteOutput(output.fFile, text));
 }
 
 }  // namespace
@@ -62,6 +90,9 @@ int Run(const ReportCommand& command) {
     auto run = RunModel(command.fvDocuments, command.fSettings);
     if (const auto* error = std::get_if<FileError>(&run)) return Fail(kUnreadable, error->fText);
     auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome == session::Outcome::NotSetUp) {
+        return Fail(kMissingPart, model.fResult.fDocument.fvDiagnostics.front().fText);
+    }
     PrintRun(model);
     if (model.fResult.fOutcome != session::Outcome::Issued) return kUnreadable;
     return Write(model.fResult.fDocument, command.fOutput);

@@ -9,6 +9,7 @@ namespace hierfit::program {
 /// Why a file could not be read or written, in the system's words, such as "x.pmml: No such file or directory".
 struct FileError {
     std::string fText;
+    bool fIsClosedPipe = false;  ///< nobody reads standard output any more
 };
 
 /// The whole of a regular file or pipe, at most `limit` bytes; "-" is standard input.

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "Commands.h"
 #include "Documents.h"
+#include "ExitStatus.h"
 #include "OutputFile.h"
 #include "StandardError.h"
 #include "report/html/Contents.h"

@@ -27,7 +27,7 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
 }  // namespace
 
 int Main(int argumentCount, const char* const* arguments) {
-    // A closed pipe and a limit of file size are errors of writing like any other.
+    // A closed pipe and a limit of file size are told by the operation that writes.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     try {

@@ -16,16 +16,6 @@ namespace hierfit::program {
 
 namespace {
 
-bool WriteAll(int descriptor, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(descriptor, text.data(), text.size());
-        if (written < 0 && errno == EINTR) continue;
-        if (written < 0) return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
-
 /// The file behind a symbolic link, so that the link stays; the path itself where it leads nowhere yet.
 std::string FollowLinks(const std::string& path) {
     char* const resolved = realpath(path.c_str(), nullptr);
@@ -77,11 +67,22 @@ bool WriteFile(const std::string& path, std::string_view text) {
 
 }  // namespace
 
+bool WriteAll(int descriptor, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(descriptor, text.data(), text.size());
+        if (written < 0 && errno == EINTR) continue;
+        if (written < 0) return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
 std::optional<FileError> WriteOutput(const std::string& path, std::string_view text) {
     const bool isStandardOutput = path == "-";
     if (isStandardOutput ? WriteAll(STDOUT_FILENO, text) : WriteFile(path, text)) return {};
-    return FileError{(isStandardOutput ? "standard output" : unicode::Excerpt(path, kMostOfText)) + ": " +
-                     std::strerror(errno)};
+    const int reason = errno;
+    const std::string name = isStandardOutput ? "standard output" : unicode::Excerpt(path, kMostOfText);
+    return FileError{name + ": " + std::strerror(reason), isStandardOutput && reason == EPIPE};
 }
 
 }  // namespace hierfit::program

@@ -3,16 +3,17 @@
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
-#include <string_view>
 
 namespace hierfit::program {
 
 namespace {
 
-int WidthOfTerminal() {
+/// Columns and lines, 0 where they are not known.
+struct winsize SizeOfTerminal() {
     struct winsize size {};
-    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_col : 0;
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size : winsize{};
 }
 
 /// NO_COLOR counts when it is set and not empty (no-color.org).
@@ -23,9 +24,15 @@ bool IsColorForbidden() {
 
 }  // namespace
 
-report::TextOptions ChooseTextOptions(Color color, bool isTerminal) {
+report::TextOptions ChooseTextOptions(const OutputOptions& output, bool isTerminal) {
+    const Color color = output.fColor;
     const bool colored = color == Color::Always || (color == Color::Auto && isTerminal && !IsColorForbidden());
-    return {isTerminal ? WidthOfTerminal() : 0, colored};
+    return {isTerminal ? SizeOfTerminal().ws_col : 0, colored, output.fHasChartValues};
+}
+
+bool IsLongerThanScreen(std::string_view text) {
+    const int lines = SizeOfTerminal().ws_row;
+    return lines > 0 && std::ranges::count(text, '\n') >= lines;
 }
 
 }  // namespace hierfit::program

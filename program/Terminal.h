@@ -1,11 +1,16 @@
 #pragma once
 
+#include <string_view>
+
 #include "CommandLine.h"
 #include "report/text/TextReport.h"
 
 namespace hierfit::program {
 
-/// Width and colour for text output, by where it goes and by the environment's NO_COLOR.
-report::TextOptions ChooseTextOptions(Color color, bool isTerminal);
+/// Width, colour and extent of text output, by where it goes and by the environment's NO_COLOR.
+report::TextOptions ChooseTextOptions(const OutputOptions& output, bool isTerminal);
+
+/// Whether a text has more lines than the terminal, where it is known how many that has.
+bool IsLongerThanScreen(std::string_view text);
 
 }  // namespace hierfit::program

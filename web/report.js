@@ -155,6 +155,16 @@
 
   const marksIn = (picture) => picture.querySelectorAll("[role=img]");
 
+  const unname = (element) => ["role", "aria-label"].forEach((name) => element.removeAttribute(name));
+
+  // Without this script a mark's name is its title.
+  const labelMarks = (drawing) => drawing.querySelectorAll("svg title").forEach((title) => {
+    const mark = title.parentElement;
+    mark.setAttribute("role", "img");
+    mark.setAttribute("aria-label", title.textContent);
+    title.remove();
+  });
+
   // The layout for a phone has the marks of the other one, in the same order, and takes names and keys from them.
   const nameMarks = (drawing) => {
     const phone = drawing.querySelector(".phone[role]");
@@ -162,7 +172,7 @@
     const named = marksIn(drawing.querySelector(".desk"));
     const marks = phone.querySelectorAll(".m");
     if (named.length !== marks.length) return;
-    for (const name of ["role", "aria-label"]) phone.removeAttribute(name);
+    unname(phone);
     marks.forEach((mark, place) => {
       for (const name of ["role", "aria-label", "data-k"]) {
         const value = named[place].getAttribute(name);
@@ -176,15 +186,19 @@
     const picture = figure.querySelector(".desk").cloneNode(true);
     picture.removeAttribute("class");
     for (const element of picture.querySelectorAll(".on, .at")) element.classList.remove("on", "at");
-    const addFirst = (name, text, attributes = {}) => {
+    const addFirst = (parent, name, text, attributes = {}) => {
       const element = document.createElementNS(picture.namespaceURI, name);
       element.textContent = text;
       for (const [attribute, value] of Object.entries(attributes)) element.setAttribute(attribute, value);
-      picture.prepend(element);
+      parent.prepend(element);
     };
-    addFirst("rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
-    addFirst("desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
-    addFirst("title", figure.querySelector(".title").textContent);
+    for (const mark of marksIn(picture)) {
+      addFirst(mark, "title", mark.getAttribute("aria-label"));
+      unname(mark);
+    }
+    addFirst(picture, "rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
+    addFirst(picture, "desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
+    addFirst(picture, "title", figure.querySelector(".title").textContent);
     saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
   };
 
@@ -295,6 +309,7 @@
 
   const naming = new ResizeObserver((changes) => changes.forEach(({ target }) => nameMarks(target)));
   const enliven = (drawing) => {
+    labelMarks(drawing);
     drawing.tabIndex = 0;
     drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
     const listeners = {

@@ -13,6 +13,11 @@ inline constexpr std::string_view kUntitled = "Untitled";
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kDiagnostics = "Diagnostics";
+inline constexpr std::string_view kTarget = "Target";
+inline constexpr std::string_view kOutOf = " out of ";
+inline constexpr std::string_view kRecords = "Records";
+inline constexpr std::string_view kSources = "Documents";
+inline constexpr std::string_view kMore = " more";
 inline constexpr std::string_view kTable = "table";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 

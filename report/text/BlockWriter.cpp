@@ -21,9 +21,9 @@ BlockWriter::BlockWriter(const Grid& grid, const TablePlan& plan, Block block, S
     int start = plan.StartOfData();
     for (int column = block.fFirst; column < block.fEnd; ++column) {
         fvStarts.push_back(start);
-        start += plan.Column(column).fWidth + kGap;
+        start += plan.Column(column).fWidth + plan.GetGap();
     }
-    fWidth = std::max(start - kGap, 0);
+    fWidth = std::max(start - plan.GetGap(), 0);
 }
 
 void BlockWriter::Write() {
@@ -134,37 +134,45 @@ void BlockWriter::PutHeading(const Heading& heading, int line, int height, bool 
 
 void BlockWriter::WriteRows() {
     std::size_t next = 0;
+    std::vector<RowLabel> labels;
     for (int row = 0; row < fGrid.fRows; ++row) {
-        std::vector<Label> labels;
+        std::erase_if(labels, [row](const RowLabel& label) { return label.fEndRow <= row; });
         for (; next < fGrid.fvRowHeaders.size() && fGrid.fvRowHeaders[next].fFirst == row; ++next) {
-            labels.push_back({&fPlan.RowHeader(next), fPlan.StartOfLevel(fGrid.fvRowHeaders[next].fLevel)});
+            const HeaderCell& header = fGrid.fvRowHeaders[next];
+            labels.push_back({&fPlan.RowHeader(next), fPlan.StartOfLevel(header.fLevel), row + header.fSpan});
         }
         WriteRow(row, labels);
     }
 }
 
-void BlockWriter::WriteRow(int row, const std::vector<Label>& labels) {
-    int height = std::max(HeightOf(labels), 1);
+// The lines of a label run on beside the rows that it covers; the last of these waits for its end.
+void BlockWriter::WriteRow(int row, std::vector<RowLabel>& labels) {
+    int height = 1;
+    for (const RowLabel& label : labels) {
+        if (label.fEndRow == row + 1) height = std::max(height, CountLines(*label.fpLines) - label.fNextLine);
+    }
     for (int column = fBlock.fFirst; column < fBlock.fEnd; ++column) {
         height = std::max(height, CountLines(fPlan.Cell(row, column)));
     }
     for (int line = 0; line < height; ++line) {
-        for (const Label& label : labels) PutLabel(label, line);
+        for (RowLabel& label : labels) PutLabel(label);
         for (int column = fBlock.fFirst; column < fBlock.fEnd; ++column) PutCell(row, column, line);
         fSink.EndLine();
     }
 }
 
-void BlockWriter::PutLabel(const Label& label, int line) {
-    if (line < CountLines(*label.fpLines)) fSink.PutAt(label.fStart, Role::Plain, LineOf(*label.fpLines, line));
+void BlockWriter::PutLabel(RowLabel& label) {
+    if (label.fNextLine == CountLines(*label.fpLines)) return;
+    fSink.PutAt(label.fStart, Role::Plain, LineOf(*label.fpLines, label.fNextLine++));
 }
 
 void BlockWriter::PutCell(int row, int column, int line) {
     const CellLines& cell = fPlan.Cell(row, column);
     if (line >= CountLines(cell)) return;
     const DataColumn& data = fPlan.Column(column);
-    const int margin = data.fIsText ? 0 : data.fWidth - data.fLeft - data.fRight;
-    const int indent = cell.fIsNumber ? margin + data.fLeft - cell.fLeft : 0;
+    const NumberRoom& room = data.RoomOf(cell);
+    const int margin = data.fIsText ? 0 : data.fWidth - room.Width();
+    const int indent = cell.fIsNumber ? margin + room.fLeft - cell.fLeft : 0;
     fSink.PutAt(StartOf(column) + indent, Role::Plain, LineOf(cell, line));
 }
 

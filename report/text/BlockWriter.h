@@ -16,10 +16,17 @@ class BlockWriter {
     void Write();
 
   private:
-    // A text in front of the data and where it stands on the line.
+    // A name of row headers and where it stands on the line.
     struct Label {
         const CellLines* fpLines;
         int fStart;
+    };
+    // A row header, and how far it is written.
+    struct RowLabel {
+        const CellLines* fpLines;
+        int fStart;
+        int fEndRow;  ///< the row behind those that it covers
+        int fNextLine = 0;
     };
     // A column header as far as it stands in the block.
     struct Heading {
@@ -42,8 +49,8 @@ class BlockWriter {
     void PutHeading(const Heading& heading, int line, int height, bool isLast);
 
     void WriteRows();
-    void WriteRow(int row, const std::vector<Label>& labels);
-    void PutLabel(const Label& label, int line);
+    void WriteRow(int row, std::vector<RowLabel>& labels);
+    void PutLabel(RowLabel& label);
     void PutCell(int row, int column, int line);
 
     const Grid& fGrid;

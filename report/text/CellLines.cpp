@@ -9,6 +9,8 @@ namespace hierfit::report {
 
 namespace {
 
+const std::string kMissing = ".";
+
 // "[a]", "[a,b]"
 std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
     std::string marks;
@@ -34,6 +36,12 @@ int CellLines::WidestWord() const {
     return width;
 }
 
+int CellLines::WidestPart() const {
+    int width = 0;
+    for (const std::string& line : fvLines) width = std::max(width, MeasureWidestPart(line));
+    return width;
+}
+
 void CellLines::Wrap(int width) {
     if (width <= 0 || fWidth <= width) return;
     std::string text;
@@ -46,12 +54,26 @@ CellLines MakeCellLines(const document::Text* text, const std::vector<int>& note
     CellLines cell;
     if (!text) return cell;
     cell.fIsNumber = IsNumber(*text);
-    cell.fIsMissing = text->fWords == ".";
-    if (cell.fIsNumber) cell.fLeft = CountLeft(text->fWords);
+    cell.fIsMissing = text->fWords == kMissing;
+    if (cell.fIsNumber) {
+        cell.fLeft = CountLeft(text->fWords);
+        cell.fIsPercentage = text->fWords.ends_with('%');
+    }
     cell.fvLines = SplitLines(MakeVisible(text->fWords));
     cell.fvLines.back() += SpellMarks(notes, grid);
     cell.fWidth = MeasureWidest(cell.fvLines);
     return cell;
+}
+
+CellLines MakeDataLines(const DataCell& cell, const Grid& grid) {
+    if (cell.fpCell && !cell.fpCell->fContent.fWords.empty()) {
+        return MakeCellLines(&cell.fpCell->fContent, cell.fvNotes, grid);
+    }
+    CellLines missing;
+    missing.fvLines = {kMissing + SpellMarks(cell.fvNotes, grid)};
+    missing.fWidth = MeasureWidest(missing.fvLines);
+    missing.fIsNumber = missing.fIsMissing = true;
+    return missing;
 }
 
 }  // namespace hierfit::report

@@ -13,15 +13,22 @@ struct CellLines {
     int fWidth = 0;  ///< of the widest line
     int fLeft = 0;   ///< of a number: its width left of the decimal sign
     bool fIsNumber = false;
-    bool fIsMissing = false;  ///< a number that is only "."
+    bool fIsPercentage = false;  ///< a number that ends in a percent sign
+    bool fIsMissing = false;     ///< a number that is only "."
 
     int WidestWord() const;
+
+    /// The least width at which no word is broken but behind the signs that join its parts.
+    int WidestPart() const;
 
     /// Makes lines of at most that many columns; 0 is no limit.
     void Wrap(int width);
 };
 
-/// The text of a cell; null gives an empty one. The notes are indices in the grid's.
+/// The text of a header; null gives an empty one. The notes are indices in the grid's.
 CellLines MakeCellLines(const document::Text* text, const std::vector<int>& notes, const Grid& grid);
+
+/// The text of a data cell. One without words, and a place without a cell, is a missing number.
+CellLines MakeDataLines(const DataCell& cell, const Grid& grid);
 
 }  // namespace hierfit::report

@@ -21,8 +21,9 @@ void WriteValues(const document::ChartTable& shown, int width, Sink& sink) {
 
 }  // namespace
 
-void WriteChart(const document::Chart& chart, int width, Sink& sink) {
+void WriteChart(const document::Chart& chart, int width, bool isWhole, Sink& sink) {
     sink.WriteParagraph(Role::Title, "Chart: ", MakeVisible(chart.fDescription), width);
+    if (!isWhole) return;
     const document::Picture& picture = chart.fPicture;
     if (!picture.fSentence.empty()) sink.WriteParagraph(Role::Plain, "", MakeVisible(picture.fSentence), width);
     for (const document::ChartTable* table : FindShownTables(picture)) WriteValues(*table, width, sink);

@@ -16,11 +16,11 @@ void WriteTexts(const std::vector<document::Text>& texts, int width, Sink& sink)
 
 void WriteTable(const document::Table& table, int width, Sink& sink) {
     const Grid grid = MakeGrid(table);
-    const TablePlan plan(grid, width);
+    const std::unique_ptr<const TablePlan> plan = MakePlan(grid, width);
     sink.WriteParagraph(Role::Title, "", MakeVisible(table.fTitle.fWords), width);
-    for (const Block& block : plan.MakeBlocks()) {
+    for (const Block& block : plan->MakeBlocks()) {
         if (block.fFirst > 0) sink.PartItems();
-        BlockWriter(grid, plan, block, sink).Write();
+        BlockWriter(grid, *plan, block, sink).Write();
     }
     WriteTexts(table.fvCaptions, width, sink);
     WriteTexts(table.fvNotes, width, sink);

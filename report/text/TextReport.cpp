@@ -31,7 +31,10 @@ Level FindLevel(int level) {
 class Writer {
   public:
     Writer(const document::Document& document, const TextOptions& options)
-        : fDocument(document), fWidth(std::max(options.fWidth, 0)), fSink(options.fColor) {}
+        : fDocument(document),
+          fWidth(std::max(options.fWidth, 0)),
+          fHasChartValues(options.fHasChartValues),
+          fSink(options.fColor) {}
 
     std::string Write() {
         if (!fDocument.fTitle.empty()) WriteTitle(fDocument.fTitle, kDoubleRule);
@@ -55,7 +58,7 @@ class Writer {
 
     void WriteItem(const document::Table& table) { WriteTable(table, fWidth, fSink); }
 
-    void WriteItem(const document::Chart& chart) { WriteChart(chart, fWidth, fSink); }
+    void WriteItem(const document::Chart& chart) { WriteChart(chart, fWidth, fHasChartValues, fSink); }
 
     void WriteItem(const document::Message& message) {
         const Level level = FindLevel(message.fLevel);
@@ -91,6 +94,7 @@ class Writer {
 
     const document::Document& fDocument;
     int fWidth;
+    bool fHasChartValues;
     Sink fSink;
 };
 

@@ -102,6 +102,15 @@ void ForEachPart(std::string_view text, char mark, Take take) {
     }
 }
 
+/// The signs that join the parts of a word, such as those of an effect. It may part behind them.
+constexpr std::string_view kJoints = "*,;/";
+
+// The part at the start of a word, with the sign behind it.
+std::string_view FirstPart(std::string_view word) {
+    const std::size_t sign = word.find_first_of(kJoints);
+    return word.substr(0, sign == std::string_view::npos ? sign : sign + 1);
+}
+
 /// Puts the words of one line into lines of limited width.
 class Wrapping {
   public:
@@ -127,12 +136,12 @@ class Wrapping {
         fWidth = 0;
     }
 
-    // Parts a word behind the signs that join its parts, such as those of an effect, else anywhere.
+    // Parts a word behind the signs that join its parts, else anywhere.
     void AddWide(std::string_view word) {
         while (!word.empty()) {
-            const std::size_t sign = std::min(word.find_first_of("*,;/"), word.size() - 1);
-            AddPart(word.substr(0, sign + 1));
-            word.remove_prefix(sign + 1);
+            const std::string_view part = FirstPart(word);
+            AddPart(part);
+            word.remove_prefix(part.size());
         }
     }
 
@@ -190,6 +199,16 @@ std::vector<std::string> WrapLines(std::string_view text, int width) {
 int MeasureWidestWord(std::string_view line) {
     int width = 0;
     ForEachPart(line, ' ', [&](std::string_view word) { width = std::max(width, MeasureWidth(word)); });
+    return width;
+}
+
+int MeasureWidestPart(std::string_view line) {
+    int width = 0;
+    ForEachPart(line, ' ', [&](std::string_view word) {
+        for (; !word.empty(); word.remove_prefix(FirstPart(word).size())) {
+            width = std::max(width, MeasureWidth(FirstPart(word)));
+        }
+    });
     return width;
 }
 

@@ -22,4 +22,8 @@ std::vector<std::string> WrapLines(std::string_view text, int width);
 /// Columns of the widest word of a line.
 int MeasureWidestWord(std::string_view line);
 
+/// Columns of the widest part of a word of a line, where words part behind the signs that join their parts, such as
+/// those of an effect.
+int MeasureWidestPart(std::string_view line);
+
 }  // namespace hierfit::report

@@ -194,7 +194,7 @@ TEST(Pages, AreWritten) {
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
         std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);
-        file << MakeHtmlReport(document, name == "static" ? Scripts::No : Scripts::Yes);
+        file << MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""});
         EXPECT_TRUE(file.flush()) << name;
     }
 }

@@ -19,7 +19,7 @@ export async function checkDrawn(page) {
       const seen = pictures.filter(isSeen);
       const isShown = seen.length === 1 && seen[0].getBoundingClientRect().height > 0;
       if (!isShown) faults.push(`#${figure.id} shows ${seen.length} pictures`);
-      const counts = new Set(pictures.map((picture) => picture.querySelectorAll("[role=img], .m").length));
+      const counts = new Set(pictures.map((picture) => picture.querySelectorAll("title, [role=img], .m").length));
       if (counts.size > 1) faults.push(`the marks of #${figure.id} are ${[...counts]}`);
       const isTitled = figure.classList.contains("titled");
       const isHidden = figure.querySelector(".title").offsetWidth === 1;

@@ -5,8 +5,8 @@ export async function checkElements(page) {
   return page.evaluate(() => {
     const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details " +
       "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br bdi " +
-      "footer script button").split(" "));
-    const shapes = new Set("svg g path rect circle text".split(" "));
+      "footer script button dl dt dd").split(" "));
+    const shapes = new Set("svg g path rect circle text title".split(" "));
     const faults = [];
     for (const element of document.querySelectorAll("*")) {
       const names = element.closest("svg") ? shapes : allowed;

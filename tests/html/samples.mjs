@@ -96,7 +96,7 @@ async function checkHostile(page) {
     "&lt;b&gt; &amp; &#60;i&#62;", "</td></table><h1>out</h1>", "\u{FFFD}gpj.exe\u{FFFD} \u{FFFD}isolate",
     "nul␀bell␇␛[31mred", "broken \u{FFFD}( \u{FFFD}\u{FFFD} UTF-8", "W".repeat(10000)];
   return page.evaluate((expected) => {
-    const places = { headings: "h2", captions: "caption", rows: "tbody th", columns: "thead th", sources: ".sources li",
+    const places = { headings: "h2", captions: "caption", rows: "tbody th", columns: "thead th", sources: ".facts dd",
       lines: ".caption", remarks: ".remark", charts: ".chart .title" };
     return Object.entries(places).flatMap(([place, selector]) => {
       const found = Array.from(document.querySelectorAll(selector), (element) => element.textContent);

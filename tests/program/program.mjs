@@ -2,8 +2,8 @@
 // node program.mjs PROGRAM EXAMPLES WORK
 
 import { spawnSync } from "node:child_process";
-import { chmodSync, mkdirSync, readdirSync, readFileSync, rmSync, symlinkSync, writeFileSync } from "node:fs";
-import { join } from "node:path";
+import { chmodSync, cpSync, mkdirSync, readdirSync, readFileSync, rmSync, symlinkSync, writeFileSync } from "node:fs";
+import { dirname, join } from "node:path";
 
 const [program, examples, work] = process.argv.slice(2);
 const example = join(examples, "sleepstudy");
@@ -109,6 +109,11 @@ const refused = [
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
+    `hierfit: --format png: --output must name a folder\n${usage}`],
+  ...["0", "-1", "20.5", "nan", "inf", "2x", ""].map((scale) => ["a wrong scale",
+    ["report", "-f", "png", "-o", "never", "--scale", scale, example], 1,
+    `hierfit: --scale: ${scale} is no number above 0 and up to 20\n${usage}`]),
   ["pictures into a file", ["report", "-f", "svg", "-o", "bad.json", example], 3, "hierfit: bad.json: Not a directory\n"],
   ["a device that is full", ["report", "-f", "text", "-o", "/dev/full", example], 3,
     "hierfit: /dev/full: No space left on device\n"],
@@ -142,7 +147,43 @@ check("a full disk", readFileSync("old.txt", "utf8") === "old", "the old file is
 check("a full disk", !readdirSync(".").some((name) => name.startsWith("old.txt.")), "a temporary file is left");
 
 got = shell('set -o pipefail; { "$0" report -f html "$1"; echo $? >&2; } | true');
-check("a closed pipe", got.err === "hierfit: standard output: Broken pipe\n3\n" || got.err === "0\n", got.err);
+check("a closed pipe", got.err === "141\n" || got.err === "0\n", got.err);
+got = shell('set -o pipefail; { sleep 0.2; "$0" report -f html "$1"; echo $? >&2; } | true');
+check("a pipe closed before", got.err === "141\n", got.err);
+
+// ---- a pager on a terminal of 10 lines: [name, environment, arguments, what the pager gets, exit status]
+
+const paged = [
+  ["a pager", "PAGER='sed s/^/P:/'", "", /^P:Generalized[^]*\nP:a\. This[^]*$/, 0],
+  ["a pager that is quit", "PAGER='head -c 20'", "", /^Generalized Linear M$/, 0],
+  ["a pager that fails", "PAGER='head -c 20; exit 3 #'", "", /^Generalized Linear M$/, 0],
+  ["a pager that is not there", "PAGER=no-such-pager", "", /no-such-pager: not found\nGeneralized/, 0],
+  ["an empty pager", "PAGER=", "", /^Generalized/, 0],
+  ["no pager", "PAGER='sed s/^/P:/'", "--no-pager", /^Generalized/, 0],
+  ["a pager for text alone", "PAGER='sed s/^/P:/'", "-f json", /^\{/, 0],
+  ["a pager and a failure", "PAGER='sed s/^/P:/'", "no.pmml", /one argument must be a folder|No such file/, 2],
+  ["less as it is set up", "PAGER='echo $LESS; cat > /dev/null'", "", /^FRX\n$/, 0],
+  ["less as the user sets it up", "LESS=X PAGER='echo $LESS; cat > /dev/null'", "", /^X\n$/, 0],
+];
+const terminal = (lines, command) => {
+  const { status, out } = spawn("script", ["-qec", `stty rows ${lines} cols 80; ${command}`, "/dev/null"]);
+  return { status, out: out.replaceAll("\r", "") };
+};
+for (const [name, environment, args, expected, status] of paged) {
+  got = terminal(10, `${environment} ${program} report --color never ${args} ${example}`);
+  check(name, got.status === status && expected.test(got.out), `${got.status} ${got.out.slice(0, 300)}`);
+}
+got = terminal(5000, `PAGER='sed s/^/P:/' ${program} report ${example}`);
+check("a page that fits", got.status === 0 && !got.out.includes("P:"), got.out.slice(0, 300));
+got = spawn("bash", ["-c", `PAGER='sed s/^/P:/' ${program} report -f text ${example} | cat`]);
+check("a pager for a terminal alone", !got.out.includes("P:"), got.out.slice(0, 300));
+
+// ---- a program without its procedure
+
+spawn("bash", ["-c", `mkdir -p bare/bin bare/lib && cp ${program} bare/bin/ && cp -L ${dirname(dirname(program))}/lib/libhierfit_host.so* bare/lib/ &&
+  cp -r ${dirname(dirname(program))}/share bare/`]);
+checkRefusal("no procedure", spawn("bare/bin/hierfit", ["report", "-f", "text", example]), 4,
+  /^hierfit: .*libhierfit\.so: [^\n]*\n$/);
 
 // ---- what goes where
 
@@ -151,6 +192,8 @@ check("format by ending", JSON.parse(readFileSync("a.json", "utf8")).format === 
 check("no colour in a file", !text.includes("\x1b"), "escape sequences");
 const outputs = [
   ["html by default", ["report", example], "<!DOCTYPE html>"],
+  ["charts by title", ["report", "-f", "text", example], "\nChart: Fixed Effects\n\n"],
+  ["charts with their values", ["report", "-f", "text", "--charts", example], "\nChart: Fixed Effects\nDiagram: "],
   ["colour when asked for", ["report", "-f", "text", "--color", "always", example], "\x1b["],
   ["help", ["--help"], "report"],
   ["help", ["report", "--help"], "--variables"],
@@ -183,6 +226,45 @@ for (const picture of pictures) {
   check(picture, page.includes(`id="${picture.replace(".svg", "")}"`), "is named otherwise than in the page");
   check(picture, readFileSync(join("new/folder", picture), "utf8").startsWith("<svg xmlns="), "is no picture");
 }
+
+/** Width and height of a PNG file; none where it is another. */
+function sizeOf(path) {
+  const bytes = readFileSync(path);
+  const isPng = bytes.toString("latin1", 0, 8) === "\x89PNG\r\n\x1a\n";
+  return isPng ? [bytes.readUInt32BE(16), bytes.readUInt32BE(20)] : [];
+}
+
+for (const [scale, args] of [[2, []], [0.5, ["--scale", "0.5"]]]) {
+  run("report", "-f", "png", "-o", "pixels", ...args, example);
+  for (const picture of pictures) {
+    const [, ...size] = /width="([\d.]+)" height="([\d.]+)"/.exec(readFileSync(join("new/folder", picture), "utf8"));
+    const expected = size.map((side) => Math.ceil(scale * side));
+    const actual = sizeOf(join("pixels", picture.replace(".svg", ".png")));
+    check(`${picture} as PNG`, String(actual) === String(expected), `${actual} instead of ${expected}`);
+  }
+}
+
+const saved = JSON.parse(readFileSync("a.json", "utf8"));
+chartsIn(saved.items)[0].picture.notes = Array(1200).fill("Slept well.");
+writeFileSync("tall.json", JSON.stringify(saved));
+got = run("render", "-f", "png", "-o", "short", "tall.json");
+const tall = "GLMMPredictedByObserved-1.png";
+checkRefusal("a picture too tall", got, 3, `hierfit: short/${tall}: the picture is too large for png\n`);
+check("a picture too tall", readdirSync("short").length === pictures.length - 1, `there are ${readdirSync("short")}`);
+
+// An installation without the module that draws pixels.
+const root = dirname(dirname(program));
+for (const part of ["bin/hierfit", "lib"]) {
+  cpSync(join(root, part), join("nopixels", part),
+    { recursive: true, verbatimSymlinks: true, filter: (path) => !path.includes("libhierfit_raster") });
+}
+symlinkSync(join(root, "share"), "nopixels/share");
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
+checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory\n$/);
+check("a missing module", !readdirSync(".").includes("none"), "there is output");
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
+check("a missing module", got.status === 0, `SVG takes it: ${got.err}`);
+
 const bare = run("report", "--static", "-f", "html", example).out;
 check("a static page", bare.includes("<svg") && !bare.includes("<script"), "has a script or no picture");
 

@@ -30,7 +30,7 @@ Wide
 Term       Estimate
 ───────────────────
 Intercept  1.000[a]
-age
+age         .
 ───────────────────
 
 ─────────────────────────────
@@ -38,8 +38,8 @@ age
            ────────────
 Term       Lower  Upper  Sig.
 ─────────────────────────────
-Intercept    2.0    3.0
-age                      .031
+Intercept    2.0    3.0  .
+age           .      .   .031
 ─────────────────────────────
 A caption that needs more
 than one line of such a
@@ -50,18 +50,72 @@ a. A note of more than one
 )"},
     {"numbers below one another at the decimal sign, a missing one below the units where there is none", 0, R"(
 title Numbers
-rows 1 -name R : a b c
-columns 1 -name S : df Value
-cells 12 1.5 5% 10 . .
+rows 1 -name R : a b c d
+columns 1 -name S : df Value Text
+cells 12 1.5 a 5 10*Noted. ~ . . . ~ ~ b
 
 Numbers
-─────────────
-    df  Value
-─────────────
-a  12     1.5
-b   5%   10
-c   .      .
-─────────────
+──────────────────
+   df  Value  Text
+──────────────────
+a  12   1.5   a
+b   5  10[a]  .
+c   .    .    .
+d   .    .    b
+──────────────────
+a. Noted.
+)"},
+    {"counts and percentages each below their own", 0, R"(
+title Classification
+rows 2 Observed : No Yes
+rows 1 -name S : Count %
+columns 1 -name Predicted : No Yes
+cells 743 0 100.0% 0.0% 9 10 47.4% 52.6%
+
+Classification
+──────────────────────────────
+Observed             No    Yes
+──────────────────────────────
+No        Count     743      0
+          %      100.0%   0.0%
+Yes       Count       9     10
+          %       47.4%  52.6%
+──────────────────────────────
+)"},
+    {"headers wrapped, so that all columns stand side by side", 38, R"(
+title Close
+rows 1 Term : a/b=1
+columns 1 -name S : Mean Std._Error 95%_Confidence_Interval::Lower 95%_Confidence_Interval::Upper
+cells 1.25 0.50 -1.25 12.50
+
+Close
+──────────────────────────────────
+                    95% Confidence
+                       Interval
+                    ──────────────
+              Std.
+Term   Mean  Error   Lower   Upper
+──────────────────────────────────
+a/b=1  1.25   0.50   -1.25   12.50
+──────────────────────────────────
+)"},
+    {"then a narrow gap, then row labels wrapped, beside the rows that they cover", 46, R"(
+title Closer
+rows 1 Term : Threshold_of_all_=::low Threshold_of_all_=::high Infl=Low/Type=Apartment
+columns 1 -name S : Coefficient Sig. Interval::Lower Interval::Upper
+cells 1.5 .001 0.5 2.5 2.5 .010 1.5 3.5 3.5 ~ 2.5 4.5
+
+Closer
+──────────────────────────────────────────────
+                                    Interval
+                                   ───────────
+Term              Coefficient Sig. Lower Upper
+──────────────────────────────────────────────
+Threshold of low          1.5 .001   0.5   2.5
+all =        high         2.5 .010   1.5   3.5
+Infl=Low/                 3.5 .      2.5   4.5
+Type=Apartment
+──────────────────────────────────────────────
 )"},
     {"no cells", 0, R"(
 title Nothing
@@ -86,7 +140,7 @@ a     x
     {"a group parted all the same, since it is wider than the room", 24, R"(
 title Wide
 rows 1 Term : a
-columns 1 -name S : x Confidence_Interval::Lower_bound Confidence_Interval::Upper_bound
+columns 1 -name S : x Confidence_Interval::Lower-bound Confidence_Interval::Upper-bound
 cells 1 2 3
 
 Wide
@@ -100,7 +154,7 @@ a     1
       Confidence
        Interval
       ───────────
-Term  Lower bound
+Term  Lower-bound
 ─────────────────
 a               2
 ─────────────────
@@ -109,7 +163,7 @@ a               2
       Confidence
        Interval
       ───────────
-Term  Upper bound
+Term  Upper-bound
 ─────────────────
 a               3
 ─────────────────
@@ -228,7 +282,7 @@ K  L   Text
 b  10  long
        words
 a  9   words
-b  10
+b  10  .
 ────────────
 )"},
         {{{{"Node", "Sign"}, 1, {{"\x1B", "+"}}}, {{"No rows", "N"}, 1, {}}, {{"", "N"}, 1, {{"0 to 9", "7"}}}}, 0, R"(
@@ -250,7 +304,8 @@ Node  Sign
         document::Chart chart{};
         chart.fPicture.fvTables = test.fvTables;
         document.fItems = {{chart}};
-        EXPECT_EQ(report::MakeTextReport(document, {test.fWidth, false}), "Chart: \n" + test.fText);
+        EXPECT_EQ(report::MakeTextReport(document, {test.fWidth, false, true}), "Chart: \n" + test.fText);
+        EXPECT_EQ(report::MakeTextReport(document, {test.fWidth, false}), "Chart: \n");
     }
 }
 

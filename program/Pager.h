@@ -1,0 +1,17 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hierfit::program {
+
+/// The command that shows text page by page: the environment's PAGER, else `less` where there is one. None where PAGER
+/// is empty or `cat`.
+std::optional<std::string> FindPager();
+
+/// Shows a text with a pager, which the shell starts, and waits for its end. Whoever quits it early has seen enough.
+/// False if it could not be started; then nothing was shown.
+bool ShowWithPager(const std::string& pager, std::string_view text);
+
+}  // namespace hierfit::program
