@@ -17,14 +17,6 @@ namespace hierfit::program {
 
 namespace {
 
-/// A message about a block of means begins with the words of its heading.
-bool IsAboutBlock(const document::Diagnostic& diagnostic, const std::list<document::Item>& items) {
-    return std::ranges::any_of(items, [&](const document::Item& item) {
-        const auto* heading = std::get_if<document::Heading>(&item.fContent);
-        return heading && diagnostic.fText.starts_with(heading->fTitle.fWords + ": ");
-    });
-}
-
 std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths) {
     if (!diagnostic.fPlace) return diagnostic.fText;
     const document::Place& place = *diagnostic.fPlace;
@@ -34,15 +26,12 @@ std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std
 
 std::vector<std::string> MakeRemarks(const ModelRun& run) {
     const document::Document& document = run.fResult.fDocument;
-    // Where there are no estimates, messages say why.
+    // Messages about the model are no remarks, but where there are no estimates they say why.
     const bool hasEstimates = ItemIndex(document.fItems).FindTable("FixedCoefficients");
-    const std::size_t nNoticed = document.fvDiagnostics.size() - run.fResult.fUnseenMessages;
+    const std::size_t nMessages = hasEstimates ? run.fResult.fUnseenMessages : 0;
     std::vector<std::string> remarks;
-    for (std::size_t i = 0; i < document.fvDiagnostics.size(); ++i) {
-        const document::Diagnostic& diagnostic = document.fvDiagnostics[i];
-        if (i < nNoticed || !hasEstimates || IsAboutBlock(diagnostic, document.fItems))
-            remarks.push_back(DescribeDiagnostic(diagnostic, run.fvPaths));
-    }
+    for (std::size_t i = 0; i + nMessages < document.fvDiagnostics.size(); ++i)
+        remarks.push_back(DescribeDiagnostic(document.fvDiagnostics[i], run.fvPaths));
     for (std::string& missing : DescribeMissingItems(document)) remarks.push_back(std::move(missing));
     return remarks;
 }

@@ -1,15 +1,8 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include "CommandLine.h"
 
 namespace hierfit::program {
-
-/// `hierfit check`: one folder, or a PMML and a StatXML document.
-struct CheckCommand {
-    std::vector<std::string> fvDocuments;
-    bool fIsStrict = false;  ///< any remark is a failure
-};
 
 /// Says on standard output, one remark a line, what two documents lack or contradict, and which tables and charts will
 /// be missing for it. Messages about the fit itself are no remarks, but where they refuse a block of means or stand in

@@ -5,8 +5,6 @@
 #include <variant>
 #include <vector>
 
-#include "Check.h"
-#include "List.h"
 #include "host/session/Session.h"
 
 namespace hierfit::program {
@@ -43,6 +41,18 @@ struct ReportCommand {
 struct RenderCommand {
     std::string fDocument;
     OutputOptions fOutput;
+};
+
+/// `hierfit check`: one folder, or a PMML and a StatXML document.
+struct CheckCommand {
+    std::vector<std::string> fvDocuments;
+    bool fIsStrict = false;  ///< any remark is a failure
+};
+
+/// `hierfit list`: one folder, a PMML and a StatXML document, or a saved document.
+struct ListCommand {
+    std::vector<std::string> fvDocuments;
+    bool fIsJson = false;
 };
 
 /// Nothing to run: what the user asked to see, or what is wrong with the command line.

@@ -1,15 +1,8 @@
 #pragma once
 
-#include <string>
-#include <vector>
+#include "CommandLine.h"
 
 namespace hierfit::program {
-
-/// `hierfit list`: one folder, a PMML and a StatXML document, or a saved document.
-struct ListCommand {
-    std::vector<std::string> fvDocuments;
-    bool fIsJson = false;
-};
 
 /// Lists every item of a report on standard output: its name, which is that of its link in the page, its kind and its
 /// title. A line of text is indented under its heading; JSON gives the heading's name, null at the top. Gives the exit

@@ -3,7 +3,9 @@
 #include <exception>
 #include <string>
 
+#include "Check.h"
 #include "Commands.h"
+#include "List.h"
 
 namespace hierfit::program {
 

@@ -70,11 +70,7 @@ class Host {
         return procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
     }
 
-    void TellUnseenMessages() {
-        const std::size_t nBefore = fContext.GetDocument().fvDiagnostics.size();
-        DiagnoseUnseenMessages(fContext);
-        fUnseenMessages = fContext.GetDocument().fvDiagnostics.size() - nBefore;
-    }
+    void TellUnseenMessages() { fUnseenMessages = DiagnoseUnseenMessages(fContext); }
 
     std::size_t CountUnseenMessages() const { return fUnseenMessages; }
 
