@@ -32,6 +32,20 @@ columns_of_levels <- function(coding) {
   apply(coding, 1L, function(row) if (any(row == 1)) which(row == 1)[1L] else 0L)
 }
 
+# What a model matrix calls the columns of a term.
+column_names <- function(parts) {
+  Reduce(function(before, part) as.vector(outer(before, part$columns_are, paste, sep = ":")),
+    parts[-1L], parts[[1L]]$columns_are)
+}
+
+# The figures of a fit go to columns by place; this makes sure that the places are the fit's own.
+check_names <- function(expected, given) {
+  plain <- function(x) gsub("`", "", x, fixed = TRUE)
+  wrong <- which(plain(expected) != plain(given))
+  if (length(wrong)) stop("The coefficient ", given[wrong[1L]], " stands where ", expected[wrong[1L]],
+    " was expected; write its term in another way.", call. = FALSE)
+}
+
 # One variable within one term.
 term_part <- function(variable, x, contrast, full) {
   if (is_categorical(x)) {
@@ -42,13 +56,14 @@ term_part <- function(variable, x, contrast, full) {
     return(list(
       variable = variable, size = ncol(coding), levels = rownames(coding), columns = columns,
       sums_to_zero = all(abs(colSums(coding)) < 1e-8),
-      names = paste0(variable$name, names), kind = if (is.null(columns)) "coded" else "factor"
+      names = paste0(variable$name, names), columns_are = paste0(variable$name, names), kind = if (is.null(columns)) "coded" else "factor"
     ))
   }
   size <- if (is.matrix(x)) ncol(x) else 1L
   names <- variable$field
   if (size > 1L) names <- paste0(variable$name, if (is.null(colnames(x))) seq_len(size) else colnames(x))
-  list(variable = variable, size = size, names = names, sums_to_zero = TRUE, kind = if (size > 1L) "coded" else "covariate")
+  columns_are <- if (size > 1L) names else variable$name
+  list(variable = variable, size = size, names = names, columns_are = columns_are, sums_to_zero = TRUE, kind = if (size > 1L) "coded" else "covariate")
 }
 
 # Column numbers within a term run over the first variable fastest, as in a model matrix.
@@ -132,6 +147,7 @@ design_of <- function(info) {
   rows <- if (has_column) list(intercept_row()) else list()
   offset <- if (has_column) 1L else 0L
   effects <- list()
+  expected <- if (has_column) "(Intercept)" else character()
   for (t in seq_along(attr(terms, "term.labels"))) {
     inside <- which(factors[, t] > 0L)
     parts <- lapply(inside, function(i) {
@@ -141,6 +157,7 @@ design_of <- function(info) {
       term_part(describe_variable(names[i], x, names), x, info$contrasts[[names[i]]], factors[i, t] == 2L)
     })
     rows <- c(rows, term_rows(parts, t - 1L, offset))
+    expected <- c(expected, column_names(parts))
     offset <- offset + prod(vapply(parts, `[[`, 1L, "size"))
     effects[[t]] <- list(
       label = attr(terms, "term.labels")[t], variables = names[inside],
@@ -151,6 +168,7 @@ design_of <- function(info) {
     )
     effects[[t]]$columns <- seq(to = offset, length.out = prod(vapply(parts, `[[`, 1L, "size")))
   }
+  if (length(expected) == length(info$beta)) check_names(expected, names(info$beta))
   list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept, first = if (has_column) 1L else 0L)
 }
 

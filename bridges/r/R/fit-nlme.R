@@ -1,19 +1,29 @@
 # lme and gls of nlme.
 
+# The data as the fit took them: where its formula was made, and within its subset.
+nlme_data <- function(fit, formula) {
+  data <- original_data(fit$call, formula)
+  if (is.null(data) && is.data.frame(fit$data)) data <- fit$data
+  if (is.null(data)) stop("The data of this fit of nlme are not at hand any more; fit it where they are.", call. = FALSE)
+  subset <- fit$call$subset
+  if (is.null(subset)) return(data)
+  chosen <- tryCatch(eval(if (inherits(subset, "formula")) subset[[2L]] else subset, data, environment(formula)),
+    error = function(e) stop("The subset of this fit of nlme cannot be taken again: ", conditionMessage(e), call. = FALSE))
+  if (inherits(chosen, "formula")) chosen <- eval(chosen[[2L]], data, environment(formula))
+  data[chosen & !is.na(chosen), , drop = FALSE]
+}
+
 nlme_frame <- function(fit, terms, grouping) {
   needs("nlme", "A fit of nlme")
-  data <- tryCatch(as.data.frame(nlme::getData(fit)), error = function(e) NULL)
-  if (is.null(data)) stop("The data of this fit of nlme are not at hand any more; fit it where they are.", call. = FALSE)
+  data <- nlme_data(fit, stats::formula(fit))
   frame <- stats::model.frame(terms, data, na.action = stats::na.pass)
   wanted <- unique(c(grouping, all.vars(terms)))
-  complete <- stats::complete.cases(data[intersect(wanted, names(data))])
+  complete <- stats::complete.cases(as.data.frame(data)[intersect(wanted, names(data))])
   if (sum(complete) != fit$dims$N) complete <- rep(TRUE, nrow(data))
   if (sum(complete) != fit$dims$N) stop("The data of this fit of nlme have changed since it was fitted.", call. = FALSE)
   frame <- without_empty_levels(frame[complete, , drop = FALSE])
-  original <- original_data(fit$call, terms)
   for (name in setdiff(grouping, names(frame))) frame[[name]] <- data[[name]][complete]
-  list(frame = frame, terms = terms, contrasts = fit$contrasts, data = if (is.null(original)) data else original,
-    records = fit$dims$N, grouping = grouping)
+  list(frame = frame, terms = terms, contrasts = fit$contrasts, data = data, records = fit$dims$N, grouping = grouping)
 }
 
 without_empty_levels <- function(frame) {

@@ -78,7 +78,8 @@ wide_frame <- function(texts, rows, columns, values) {
   row <- factor(joined(rows), levels = unique(joined(rows)))
   column <- factor(gsub("\r", " ", joined(columns)), levels = unique(gsub("\r", " ", joined(columns))))
   first <- match(levels(row), row)
-  frame <- as.data.frame(lapply(texts[rows], `[`, first), col.names = seq_along(rows), optional = TRUE)
+  frame <- data.frame(row.names = seq_along(first))
+  for (i in seq_along(rows)) frame[[i]] <- texts[[rows[i]]][first]
   for (name in levels(column)) {
     cells <- vector("list", nlevels(row))
     inside <- which(column == name)
