@@ -312,12 +312,12 @@ hf_messages.gls <- function(fit, random) nlme_messages(fit)
 
 #' @export
 hf_grid_arguments.lme <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list(mode = "containment")
+  c(list(data = options$data), if (options$df == "residual") list(df = options$residual_df) else list(mode = "containment"))
 }
 
 #' @export
 hf_grid_arguments.gls <- function(fit, options) {
-  list(df = options$residual_df)
+  list(data = options$data, df = options$residual_df)
 }
 
 nlme_left_out <- function(fit) {
