@@ -2,7 +2,8 @@
 
 # How the variables of a formula stand in the documents: the field, and the power of a covariate.
 describe_variable <- function(name, x, names) {
-  wrapped <- regmatches(name, regexec("^(as\\.)?(factor|ordered)\\(([A-Za-z.][A-Za-z0-9._]*)\\)$", name))[[1L]]
+  wrapped <- regmatches(name,
+    regexec("^(as\\.)?(factor|ordered)\\(([A-Za-z.][A-Za-z0-9._]*)\\)$", name))[[1L]]
   if (length(wrapped) == 4L && !(wrapped[4L] %in% names)) {
     return(list(name = name, field = wrapped[4L], fields = wrapped[4L], power = 1L))
   }
@@ -42,7 +43,8 @@ column_names <- function(parts) {
 check_names <- function(expected, given) {
   plain <- function(x) gsub("`", "", x, fixed = TRUE)
   wrong <- which(plain(expected) != plain(given))
-  if (length(wrong)) stop("The coefficient ", given[wrong[1L]], " stands where ", expected[wrong[1L]],
+  if (length(wrong)) stop("The coefficient ", given[wrong[1L]], " stands where ",
+    expected[wrong[1L]],
     " was expected; write its term in another way.", call. = FALSE)
 }
 
@@ -56,14 +58,17 @@ term_part <- function(variable, x, contrast, full) {
     return(list(
       variable = variable, size = ncol(coding), levels = rownames(coding), columns = columns,
       sums_to_zero = all(abs(colSums(coding)) < 1e-8),
-      names = paste0(variable$name, names), columns_are = paste0(variable$name, names), kind = if (is.null(columns)) "coded" else "factor"
+      names = paste0(variable$name, names), columns_are = paste0(variable$name, names),
+      kind = if (is.null(columns)) "coded" else "factor"
     ))
   }
   size <- if (is.matrix(x)) ncol(x) else 1L
   names <- variable$field
-  if (size > 1L) names <- paste0(variable$name, if (is.null(colnames(x))) seq_len(size) else colnames(x))
+  if (size > 1L) names <- paste0(variable$name,
+    if (is.null(colnames(x))) seq_len(size) else colnames(x))
   columns_are <- if (size > 1L) names else variable$name
-  list(variable = variable, size = size, names = names, columns_are = columns_are, sums_to_zero = TRUE, kind = if (size > 1L) "coded" else "covariate")
+  list(variable = variable, size = size, names = names, columns_are = columns_are,
+    sums_to_zero = TRUE, kind = if (size > 1L) "coded" else "covariate")
 }
 
 # Column numbers within a term run over the first variable fastest, as in a model matrix.
@@ -72,7 +77,9 @@ column_within <- function(index, sizes) {
   1L + sum((index - 1L) * c(1L, cumprod(sizes)[-length(sizes)]))
 }
 
-choices_of <- function(part) if (part$kind == "factor") seq_along(part$levels) else seq_len(part$size)
+choices_of <- function(part) {
+  if (part$kind == "factor") seq_along(part$levels) else seq_len(part$size)
+}
 
 # Rows of a term run over the last variable fastest, as readers expect them.
 row_choices <- function(parts) {
@@ -126,18 +133,20 @@ intercept_row <- function() {
     covariates = integer(), factors = character())
 }
 
-# Which variables a term has, and 2 where one is coded by all its levels. Without an intercept that is so, too, for the
-# first factor of the first term that has one.
+# Which variables a term has, and 2 where one is coded by all its levels. Without an intercept that
+# is so, too, for the first factor of the first term that has one.
 coding_codes <- function(info) {
   codes <- attr(info$terms, "factors")
   if (attr(info$terms, "intercept") == 1L || length(codes) == 0L) return(codes)
-  categorical <- vapply(variable_names(info$terms), function(name) is_categorical(info$frame[[name]]), NA)
+  categorical <- vapply(variable_names(info$terms),
+    function(name) is_categorical(info$frame[[name]]), NA)
   at <- which(codes > 0L & categorical)
   if (length(at)) codes[at[1L]] <- 2L
   codes
 }
 
-# `info` is what hf_frame() gives. The result holds the effects, the rows, and the number of columns.
+# `info` is what hf_frame() gives. The result holds the effects, the rows, and the number of
+# columns.
 design_of <- function(info) {
   terms <- info$terms
   factors <- coding_codes(info)
@@ -152,9 +161,12 @@ design_of <- function(info) {
     inside <- which(factors[, t] > 0L)
     parts <- lapply(inside, function(i) {
       x <- info$frame[[names[i]]]
-      if (is.null(x)) stop("The term ", attr(terms, "term.labels")[t], " has the variable ", names[i],
-        ", which the fit's model frame lacks; fit the model again with its data at hand.", call. = FALSE)
-      term_part(describe_variable(names[i], x, names), x, info$contrasts[[names[i]]], factors[i, t] == 2L)
+      if (is.null(x)) stop("The term ", attr(terms, "term.labels")[t], " has the variable ",
+        names[i],
+        ", which the fit's model frame lacks; fit the model again with its data at hand.",
+        call. = FALSE)
+      term_part(describe_variable(names[i], x, names), x, info$contrasts[[names[i]]],
+        factors[i, t] == 2L)
     })
     rows <- c(rows, term_rows(parts, t - 1L, offset))
     expected <- c(expected, column_names(parts))
@@ -169,11 +181,13 @@ design_of <- function(info) {
     effects[[t]]$columns <- seq(to = offset, length.out = prod(vapply(parts, `[[`, 1L, "size")))
   }
   if (length(expected) == length(info$beta)) check_names(expected, names(info$beta))
-  list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept, first = if (has_column) 1L else 0L)
+  list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept,
+    first = if (has_column) 1L else 0L)
 }
 
 effect_attributes <- function(fields, levels = integer(length(fields))) {
-  values <- function(x) node("ListValue", character(), lapply(x, function(v) node("Value", c(value = v))))
+  values <- function(x) node("ListValue", character(),
+    lapply(x, function(v) node("Value", c(value = v))))
   list(
     node("Attribute", c(name = "Fields"), values(fields)),
     node("Attribute", c(name = "NestingLevels"), values(levels))

@@ -14,10 +14,12 @@ expect_figures <- function(actual, expected, tolerance = 1e-10) {
   expect_identical(is.na(actual), is.na(expected) | is.infinite(expected))
   known <- is.finite(expected) & is.finite(actual)
   gap <- abs(actual - expected)[known] / pmax(abs(expected[known]), 1e-300)
-  expect_true(all(gap <= tolerance | actual[known] == expected[known]), info = paste(format(gap), collapse = " "))
+  expect_true(all(gap <= tolerance | actual[known] == expected[known]),
+    info = paste(format(gap), collapse = " "))
 }
 
-# Rows of coefficients that are estimated, as the documents list them after the redundant ones are left out.
+# Rows of coefficients that are estimated, as the documents list them after the redundant ones are
+# left out.
 estimated <- function(table) table[!is.na(table[["Std. Error"]]), ]
 
 expect_coefficients <- function(tables, estimate, se, stat, p, rows = TRUE) {

@@ -37,7 +37,7 @@ test_that("gls gives correlations of its residuals, and variances by group", {
   variances <- residual$Estimate[c(1, 3)]
   expect_figures(sort(variances), sort(unname((fit$sigma * ratio)^2)))
   expect_figures(residual$Estimate[c(2, 4)], rep(unname(rho), 2))
-  within <- nlme::intervals(fit, which = "var-cov")$corStruct["Phi1", ]
+  within <- nlme::intervals(fit, which = "var-cov")$corStruct[1, ]
   expect_figures(residual[["95% Confidence Interval Lower"]][2], within[["lower"]], 1e-2)
 })
 
@@ -72,17 +72,20 @@ test_that("cumulative link models give thresholds, effects and errors of varianc
   s <- coef(summary(fit))
   expect_coefficients(tables, s[, 1], s[, 2], s[, 3], s[, 4])
   share <- mean(as.character(predict(fit, type = "class")$fit) == as.character(wine$rating))
-  expect_match(attr(tables[["Classification-1"]], "title"), sprintf("%.1f%%", 100 * share), fixed = TRUE)
+  expect_match(attr(tables[["Classification-1"]], "title"), sprintf("%.1f%%", 100 * share),
+    fixed = TRUE)
   mixed <- ordinal::clmm(rating ~ temp + contact + (1 | judge), data = wine)
   tables <- chain(mixed)
   s <- coef(summary(mixed))
   expect_coefficients(tables, s[, 1], s[, 2], s[, 3], s[, 4])
-  expect_figures(tables[["CovarianceParameters-1"]]$Estimate, as.numeric(ordinal::VarCorr(mixed)$judge))
+  expect_figures(tables[["CovarianceParameters-1"]]$Estimate,
+    as.numeric(ordinal::VarCorr(mixed)$judge))
 })
 
 test_that("multinom gives coefficients by category and tests over all equations", {
   skip_if_not_installed("nnet")
-  fit <- nnet::multinom(Sat ~ Infl + Cont, MASS::housing, weights = Freq, trace = FALSE, Hess = TRUE)
+  fit <- nnet::multinom(Sat ~ Infl + Cont, MASS::housing, weights = Freq, trace = FALSE,
+    Hess = TRUE)
   tables <- chain(fit)
   s <- summary(fit)
   table <- estimated(tables[["FixedCoefficients-1"]])

@@ -13,7 +13,8 @@ test_that("coefficients and tests of lm and glm are those of summary and joint_t
     expect_coefficients(tables, s[, 1], s[, 2], s[, 3], s[, 4])
     effects <- tables[["FixedEffects-1"]][-1, ]
     expected <- as.data.frame(emmeans::joint_tests(fit))
-    expected <- expected[match(gsub(" * ", ":", effects$Source, fixed = TRUE), expected[["model term"]]), ]
+    expected <- expected[match(gsub(" * ", ":", effects$Source, fixed = TRUE),
+      expected[["model term"]]), ]
     expect_figures(effects[["Sig."]], expected$p.value)
     expect_figures(effects$df1, expected$df1)
     expect_figures(effects$df2, expected$df2)

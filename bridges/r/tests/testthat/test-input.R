@@ -50,7 +50,8 @@ test_that("coefficients that are not estimable are redundant, their effects name
   expect_match(text, "kGLMM_C27", fixed = TRUE)
   expect_match(text, "value=\"N*P*K\"", fixed = TRUE)
   s <- coef(summary(fit))
-  expect_figures(estimated(suppressMessages(chain(fit))[["FixedCoefficients-1"]])$Coefficient, s[, 1])
+  expect_figures(estimated(suppressMessages(chain(fit))[["FixedCoefficients-1"]])$Coefficient,
+    s[, 1])
 })
 
 test_that("records with missing values are left out as the fit leaves them out", {
@@ -66,7 +67,8 @@ test_that("records with missing values are left out as the fit leaves them out",
 
 test_that("logical, text and number responses of two values are categories", {
   data <- transform(mtcars, t = ifelse(am == 1, "manual", "auto"))
-  for (fit in list(glm(am ~ wt, binomial, data), glm(am == 1 ~ wt, binomial, data), glm(factor(t) ~ wt, binomial, data))) {
+  for (fit in list(glm(am ~ wt, binomial, data), glm(am == 1 ~ wt, binomial, data),
+    glm(factor(t) ~ wt, binomial, data))) {
     table <- chain(fit)[["Classification-1"]]
     counts <- unlist(table[table[[2]] != "% within Observed", -(1:2)])
     expect_identical(sum(counts), 32)
@@ -75,17 +77,20 @@ test_that("logical, text and number responses of two values are categories", {
 })
 
 test_that("what the documents cannot hold is told", {
-  expect_message(written(glm(ncases ~ agegp + offset(log(ncases + ncontrols)), poisson, esoph)), "an offset")
+  expect_message(written(glm(ncases ~ agegp + offset(log(ncases + ncontrols)), poisson, esoph)),
+    "an offset")
   expect_message(written(lm(breaks ~ wool, warpbreaks, weights = breaks)), "weights")
   skip_if_not_installed("ordinal")
-  expect_error(written(ordinal::clm(rating ~ temp, nominal = ~contact, data = ordinal::wine)), "contact")
+  expect_error(written(ordinal::clm(rating ~ temp, nominal = ~contact, data = ordinal::wine)),
+    "contact")
 })
 
 test_that("a class that is not known is an error that lists those that are", {
   fit <- nls(mpg ~ a + b * wt, mtcars, start = list(a = 30, b = -5))
   expect_error(written(fit), "nls is not known.*glmmTMB.*multinom")
   expect_error(written(lm(cbind(mpg, hp) ~ wt, mtcars)), "mlm")
-  expect_error(written(glm(breaks ~ wool, warpbreaks, family = gaussian("log")), level = 2), "level")
+  expect_error(written(glm(breaks ~ wool, warpbreaks, family = gaussian("log")), level = 2),
+    "level")
 })
 
 test_that("crossed blocks have no common subject, nested ones the outer field", {

@@ -26,8 +26,10 @@ test_that("covariance parameters are those of VarCorr, the outer block first", {
   fit <- lme4::lmer(yield ~ nitro + (1 | Block / Variety), data)
   tables <- chain(fit, df = "satterthwaite")
   expected <- as.data.frame(lme4::VarCorr(fit))
-  expect_figures(tables[["CovarianceParameters-1"]]$Estimate, expected$vcov[expected$grp == "Block"])
-  expect_figures(tables[["CovarianceParameters-2"]]$Estimate, expected$vcov[expected$grp == "Variety:Block"])
+  expect_figures(tables[["CovarianceParameters-1"]]$Estimate,
+    expected$vcov[expected$grp == "Block"])
+  expect_figures(tables[["CovarianceParameters-2"]]$Estimate,
+    expected$vcov[expected$grp == "Variety:Block"])
   expect_figures(tables[["ResidualEffect-1"]]$Estimate, sigma(fit)^2)
   summary <- tables[["CovarianceParametersSummary-1"]]
   expect_identical(summary$Value, c(1, 2, 5, 4, 6))
@@ -47,14 +49,16 @@ test_that("slopes that are correlated, and slopes that are not, keep their matri
   expect_figures(as.matrix(tables[["RandomEffects-1"]][-1]), diag(variances))
 })
 
-# The error of a variance by a profile-free check: the second derivative of the deviance where it is plain.
+# The error of a variance by a profile-free check: the second derivative of the deviance where it is
+# plain.
 test_that("errors of variances come from the covariance of the fit's parameters", {
   fit <- lmerTest::lmer(Reaction ~ 1 + (1 | Subject), lme4::sleepstudy)
   tables <- chain(fit)
   theta <- lme4::getME(fit, "theta")
   v <- fit@vcov_varpar
   gradient <- c(2 * theta * sigma(fit)^2, 2 * theta^2 * sigma(fit))
-  expect_figures(tables[["CovarianceParameters-1"]][["Std. Error"]], sqrt(drop(gradient %*% v %*% gradient)), 1e-8)
+  expect_figures(tables[["CovarianceParameters-1"]][["Std. Error"]],
+    sqrt(drop(gradient %*% v %*% gradient)), 1e-8)
   expect_figures(tables[["ResidualEffect-1"]][["Std. Error"]], 2 * sigma(fit) * sqrt(v[2, 2]), 1e-8)
 })
 
@@ -69,7 +73,8 @@ test_that("a singular fit says so and shows its zero variances as zero", {
 test_that("criteria are those of logLik and BIC", {
   fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), lme4::sleepstudy)
   text <- written(fit, df = "satterthwaite")
-  value <- function(name) as.numeric(sub(paste0(".*name=\"", name, "\" value=\"([^\"]*)\".*"), "\\1", text))
+  value <- function(name) as.numeric(sub(paste0(".*name=\"", name, "\" value=\"([^\"]*)\".*"),
+    "\\1", text))
   expect_figures(value("minus2LogLikelihood"), -2 * as.numeric(logLik(fit)))
   expect_figures(value("BIC"), BIC(fit))
   expect_figures(value("AICC"), AIC(fit) + 2 * 4 * 5 / (180 - 5))

@@ -2,7 +2,8 @@ skip_if_not_installed("emmeans")
 
 test_that("means and contrasts are those of emmeans, within the other factor", {
   fit <- lm(breaks ~ wool * tension, warpbreaks)
-  tables <- chain(fit, means = list(~ tension | wool, ~tension, ~tension), contrasts = c("pairwise", "deviation", "simple"),
+  tables <- chain(fit, means = list(~ tension | wool, ~tension, ~tension),
+    contrasts = c("pairwise", "deviation", "simple"),
     reference = list(NULL, NULL, "M"))
   emm <- suppressMessages(emmeans::emmeans(fit, ~ tension | wool))
   expected <- as.data.frame(summary(emm))
@@ -57,7 +58,8 @@ test_that("a continuous predictor stands where it is put", {
 test_that("means that cannot be asked are refused by name", {
   fit <- lm(breaks ~ wool, warpbreaks)
   expect_error(written(fit, means = ~tension), "tension.*does not have")
-  expect_error(written(fit, means = ~wool, contrasts = "simple", reference = "C"), "not a level of wool")
+  expect_error(written(fit, means = ~wool, contrasts = "simple", reference = "C"),
+    "not a level of wool")
   expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
   expect_error(written(fit, means = "wool"), "formulas")
 })
