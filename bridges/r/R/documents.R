@@ -74,8 +74,8 @@ complete_options <- function(fit, info, options) {
   options$df <- settle_df(fit, options)
   options$residual_df <- residual_df(fit, info)
   options$data <- info$data
-  options$test_df <- if (inherits(fit, "lm") &&
-    hf_distribution(fit)$scaled) stats::df.residual(fit) else Inf
+  normal <- inherits(fit, "lm") && hf_distribution(fit)$distribution == "NORMAL"
+  options$test_df <- if (normal) stats::df.residual(fit) else Inf
   if (inherits(fit, "lmerMod")) options$tested <- tested_lmer(fit)
   options$grid_arguments <- hf_grid_arguments(if (is.null(options$tested)) fit else options$tested,
     options)

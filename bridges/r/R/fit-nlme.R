@@ -318,17 +318,6 @@ cs_parameters <- function(fit, variance, estimate, covariance, options) {
 nlme_messages <- function(fit) if (is.character(fit$apVar)) list(caution("kGLMM_C18")) else list()
 
 #' @export
-hf_criteria.gls <- function(fit) nlme_criteria(fit)
-
-#' @export
-hf_criteria.lme <- function(fit) nlme_criteria(fit)
-
-nlme_criteria <- function(fit) {
-  likelihood <- stats::logLik(fit)
-  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), fit$dims$N, stats::BIC(fit))
-}
-
-#' @export
 hf_messages.lme <- function(fit, random) nlme_messages(fit)
 
 #' @export

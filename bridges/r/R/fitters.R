@@ -85,8 +85,9 @@ hf_left_out.default <- function(fit) {
 #' @export
 hf_criteria.default <- function(fit) {
   likelihood <- stats::logLik(fit)
-  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), stats::nobs(fit),
-    stats::BIC(fit))
+  n <- attr(likelihood, "nobs")
+  if (is.null(n)) n <- stats::nobs(fit)
+  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), n, stats::BIC(fit))
 }
 
 criteria_of <- function(minus2, k, n, bic) {

@@ -13,8 +13,7 @@ parse_request <- function(formula, contrast) {
   outer <- if (split) request_names(right[[3L]]) else character()
   if (length(inner) == 0L) stop("A formula of `means` names no factor: ", deparse(formula),
     call. = FALSE)
-  if (length(inner) > 1L) outer <- c(outer, inner[-1L])
-  fields <- if (contrast == "none" && !split) request_names(right) else c(outer, inner[1L])
+  fields <- if (split) unique(c(outer, inner[-1L], inner[1L])) else inner
   list(fields = fields, compare = if (contrast == "none") "" else inner[1L], contrast = contrast)
 }
 

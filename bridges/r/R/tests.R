@@ -139,7 +139,12 @@ joint_grid <- function(fit, ...) {
 }
 
 reference_grid <- function(arguments) {
-  tryCatch(suppressMessages(do.call(emmeans::ref_grid, arguments)), error = function(e) {
+  # A column that lost its coding in a copy of the data has the fit's own in the grid.
+  quietly <- function(w) {
+    if (grepl("contrasts dropped", conditionMessage(w))) invokeRestart("muffleWarning")
+  }
+  make <- function() suppressMessages(do.call(emmeans::ref_grid, arguments))
+  tryCatch(withCallingHandlers(make(), warning = quietly), error = function(e) {
     stop("emmeans cannot take this fit (",
       strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ",
       "Its data must be at hand as they were, and codings be set by contrasts() on the data.",
