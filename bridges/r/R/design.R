@@ -87,43 +87,48 @@ row_choices <- function(parts) {
   as.matrix(grid[, rev(seq_along(parts)), drop = FALSE])
 }
 
-term_row <- function(parts, choice, sizes) {
-  covariates <- integer()
-  factors <- character()
-  index <- integer(length(parts))
-  for (i in seq_along(parts)) {
-    part <- parts[[i]]
-    field <- part$variable$field
-    index[i] <- if (part$kind == "factor") part$columns[[choice[i]]] else choice[i]
-    if (part$kind == "factor") {
-      factors <- c(factors, stats::setNames(part$levels[choice[i]], field))
-    } else if (part$kind == "coded") {
-      covariates <- c(covariates, stats::setNames(1L, part$names[choice[i]]))
-    } else {
-      before <- if (field %in% names(covariates)) covariates[[field]] else 0L
-      covariates[field] <- before + part$variable$power
-    }
+# Adds what one variable says to the description of a row.
+add_part <- function(row, part, choice) {
+  field <- part$variable$field
+  if (part$kind == "factor") {
+    row$factors <- c(row$factors, stats::setNames(part$levels[choice], field))
+    row$nest <- c(row$nest, part$nests)
+  } else if (part$kind == "coded") {
+    row$covariates <- c(row$covariates, stats::setNames(1L, part$names[choice]))
+  } else {
+    before <- if (field %in% names(row$covariates)) row$covariates[[field]] else 0L
+    row$covariates[field] <- before + part$variable$power
   }
-  list(covariates = covariates, factors = factors, within = column_within(index, sizes))
+  row
 }
 
 row_label <- function(row) {
-  pieces <- c(
-    unlist(Map(function(field, power) rep(field, power), names(row$covariates), row$covariates)),
-    if (length(row$factors)) paste0("[", names(row$factors), "=", row$factors, "]")
-  )
-  paste(pieces, collapse = "*")
+  covariates <- Map(function(field, power) rep(field, power), names(row$covariates),
+    row$covariates)
+  levels <- if (length(row$factors)) paste0("[", names(row$factors), "=", row$factors, "]")
+  nested <- which(unlist(row$nest))
+  joints <- ifelse(seq_along(levels) %in% nested, "(", ifelse(seq_along(levels) == 1L, "", "*"))
+  factors <- paste0(c(paste0(joints, levels), rep(")", length(nested))), collapse = "")
+  paste(c(unlist(covariates), if (length(levels)) factors), collapse = "*")
 }
 
-term_rows <- function(parts, effect, offset) {
+# `order` is that of the variables in the documents: what nests stands after what is nested.
+term_rows <- function(parts, effect, offset, order) {
   sizes <- vapply(parts, `[[`, 1L, "size")
-  choices <- row_choices(parts)
+  choices <- row_choices(parts[order])
   lapply(seq_len(nrow(choices)), function(i) {
-    row <- term_row(parts, choices[i, ], sizes)
+    row <- list(intercept = FALSE, effect = effect, covariates = integer(), factors = character(),
+      nest = logical())
+    index <- integer(length(parts))
+    for (k in seq_along(order)) {
+      part <- parts[[order[k]]]
+      choice <- choices[i, k]
+      index[order[k]] <- if (part$kind == "factor") part$columns[[choice]] else choice
+      row <- add_part(row, part, choice)
+    }
+    within <- column_within(index, sizes)
     row$label <- row_label(row)
-    row$intercept <- FALSE
-    row$effect <- effect
-    row$column <- if (row$within > 0L) offset + row$within else NA_integer_
+    row$column <- if (within > 0L) offset + within else NA_integer_
     row
   })
 }
@@ -145,44 +150,73 @@ coding_codes <- function(info) {
   codes
 }
 
+# Which of a term's factors nest the others: those that smaller terms hold, where the others stand
+# in none.
+nesting_of <- function(inside, factors, parts) {
+  plain <- all(vapply(parts, `[[`, "", "kind") == "factor")
+  smaller <- colSums(factors[inside, , drop = FALSE] > 0L) == colSums(factors > 0L) &
+    colSums(factors > 0L) < length(inside)
+  held <- rowSums(factors[inside, smaller, drop = FALSE] > 0L) > 0L
+  if (plain && any(held) && !all(held)) held else rep(FALSE, length(inside))
+}
+
+term_parts <- function(info, names, inside, codes, label) {
+  lapply(inside, function(i) {
+    x <- info$frame[[names[i]]]
+    if (is.null(x)) stop("The term ", label, " has the variable ", names[i], ", which the fit's ",
+      "model frame lacks; fit the model again with its data at hand.", call. = FALSE)
+    variable <- describe_variable(names[i], x, names)
+    term_part(variable, x, info$contrasts[[names[i]]], codes[i] == 2L)
+  })
+}
+
+describe_effect <- function(label, variables, parts, order, columns) {
+  fields <- lapply(parts, function(p) p$variable$fields)
+  depth <- cumsum(vapply(parts[order], `[[`, NA, "nests"))
+  list(
+    label = label, variables = variables, fields = unlist(fields[order]),
+    levels = rep(depth, lengths(fields[order])), columns = columns,
+    numeric = any(vapply(parts, function(p) p$kind != "factor" && is.null(p$levels), NA)),
+    sums_to_zero = all(vapply(parts, `[[`, NA, "sums_to_zero")),
+    coded = any(vapply(parts, function(p) p$kind == "coded", NA))
+  )
+}
+
+# One term: its effect, its rows, and what a model matrix calls its columns.
+design_term <- function(t, info, factors, names, offset) {
+  label <- attr(info$terms, "term.labels")[t]
+  inside <- which(factors[, t] > 0L)
+  parts <- term_parts(info, names, inside, factors[, t], label)
+  nests <- nesting_of(inside, factors, parts)
+  parts <- Map(function(part, nests) c(part, nests = nests), parts, nests)
+  order <- order(nests)
+  size <- prod(vapply(parts, `[[`, 1L, "size"))
+  list(
+    effect = describe_effect(label, names[inside], parts, order, offset + seq_len(size)),
+    rows = term_rows(parts, t - 1L, offset, order), names = column_names(parts), size = size
+  )
+}
+
 # `info` is what hf_frame() gives. The result holds the effects, the rows, and the number of
 # columns.
 design_of <- function(info) {
-  terms <- info$terms
   factors <- coding_codes(info)
-  names <- variable_names(terms)
-  has_intercept <- attr(terms, "intercept") == 1L
+  names <- variable_names(info$terms)
+  has_intercept <- attr(info$terms, "intercept") == 1L
   has_column <- has_intercept && !isTRUE(info$thresholds)
-  rows <- if (has_column) list(intercept_row()) else list()
-  offset <- if (has_column) 1L else 0L
-  effects <- list()
-  expected <- if (has_column) "(Intercept)" else character()
-  for (t in seq_along(attr(terms, "term.labels"))) {
-    inside <- which(factors[, t] > 0L)
-    parts <- lapply(inside, function(i) {
-      x <- info$frame[[names[i]]]
-      if (is.null(x)) stop("The term ", attr(terms, "term.labels")[t], " has the variable ",
-        names[i],
-        ", which the fit's model frame lacks; fit the model again with its data at hand.",
-        call. = FALSE)
-      term_part(describe_variable(names[i], x, names), x, info$contrasts[[names[i]]],
-        factors[i, t] == 2L)
-    })
-    rows <- c(rows, term_rows(parts, t - 1L, offset))
-    expected <- c(expected, column_names(parts))
-    offset <- offset + prod(vapply(parts, `[[`, 1L, "size"))
-    effects[[t]] <- list(
-      label = attr(terms, "term.labels")[t], variables = names[inside],
-      fields = unlist(lapply(parts, function(p) p$variable$fields)), columns = integer(),
-      numeric = any(vapply(parts, function(p) p$kind != "factor" && is.null(p$levels), NA)),
-      sums_to_zero = all(vapply(parts, `[[`, NA, "sums_to_zero")),
-      coded = any(vapply(parts, function(p) p$kind == "coded", NA))
-    )
-    effects[[t]]$columns <- seq(to = offset, length.out = prod(vapply(parts, `[[`, 1L, "size")))
-  }
+  first <- if (has_column) 1L else 0L
+  offset <- first
+  terms <- lapply(seq_along(attr(info$terms, "term.labels")), function(t) {
+    term <- design_term(t, info, factors, names, offset)
+    offset <<- as.integer(offset + term$size)
+    term
+  })
+  expected <- c(if (has_column) "(Intercept)", unlist(lapply(terms, `[[`, "names")))
   if (length(expected) == length(info$beta)) check_names(expected, names(info$beta))
-  list(effects = effects, rows = rows, columns = as.integer(offset), intercept = has_intercept,
-    first = if (has_column) 1L else 0L)
+  rows <- do.call(c, lapply(terms, `[[`, "rows"))
+  if (has_column) rows <- c(list(intercept_row()), rows)
+  list(effects = lapply(terms, `[[`, "effect"), rows = rows, columns = offset,
+    intercept = has_intercept, first = first)
 }
 
 effect_attributes <- function(fields, levels = integer(length(fields))) {
@@ -202,9 +236,10 @@ parameter_node <- function(row) {
   covariates <- without_names(Map(function(field, power) {
     node("Covariate", c(field = field, power = power))
   }, names(row$covariates), row$covariates))
-  factors <- without_names(Map(function(field, value) {
-    node("Factor", c(field = field, value = value, nest = "false"))
-  }, names(row$factors), row$factors))
+  nest <- if (is.null(row$nest)) rep(FALSE, length(row$factors)) else row$nest
+  factors <- without_names(Map(function(field, value, nest) {
+    node("Factor", c(field = field, value = value, nest = flag_text(nest)))
+  }, names(row$factors), row$factors, nest))
   node(
     "RegressionParameter", c(isIntercept = flag_text(row$intercept), name = row$label),
     covariates, factors

@@ -127,11 +127,6 @@ hf_messages.glmmTMB <- function(fit, random) {
 }
 
 #' @export
-hf_grid_arguments.glmmTMB <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list()
-}
-
-#' @export
 hf_left_out.glmmTMB <- function(fit) {
   formulas <- fit$modelInfo$allForm
   plain <- function(formula) identical(all.vars(formula), character())

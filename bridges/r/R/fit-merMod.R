@@ -246,11 +246,6 @@ hf_grid_arguments.lmerMod <- function(fit, options) {
 }
 
 #' @export
-hf_grid_arguments.glmerMod <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list()
-}
-
-#' @export
 hf_left_out.merMod <- function(fit) {
   offset <- lme4::getME(fit, "offset")
   weights <- stats::weights(fit)

@@ -185,16 +185,6 @@ hf_messages.clmm <- function(fit, random) {
   if (failed) list(caution("kGLMM_C18")) else list()
 }
 
-clm_grid <- function(options) {
-  if (options$df == "residual") list(df = options$residual_df) else list()
-}
-
-#' @export
-hf_grid_arguments.clm <- function(fit, options) clm_grid(options)
-
-#' @export
-hf_grid_arguments.clmm <- function(fit, options) clm_grid(options)
-
 clm_left_out <- function(fit) {
   frame <- stats::model.frame(fit)
   weights <- stats::model.weights(frame)

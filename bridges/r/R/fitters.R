@@ -62,7 +62,9 @@ hf_random.default <- function(fit, info, options) list()
 hf_messages.default <- function(fit, random) list()
 
 #' @export
-hf_grid_arguments.default <- function(fit, options) list()
+hf_grid_arguments.default <- function(fit, options) {
+  if (options$df == "residual") list(df = options$residual_df) else list()
+}
 
 #' @export
 hf_fitted.default <- function(fit) stats::fitted(fit)

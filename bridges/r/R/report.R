@@ -20,8 +20,10 @@ hf_report <- function(fit, file, ...) {
   folder <- temporary_folder()
   on.exit(unlink(folder, recursive = TRUE))
   hf_documents(fit, folder, ...)
-  run_program(program, c("report", "-o", file, file.path(folder, "model.pmml"),
-    file.path(folder, "model.statxml")))
+  said <- run_program(program, c(
+    "report", "-o", file, file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
+  ))
+  if (length(said)) message(paste(said, collapse = "\n"))
   invisible(file)
 }
 

@@ -59,7 +59,7 @@ settings_node <- function(part) {
     setting("ResidualGroupSpec", NULL, value_list(residual$grouping)),
     setting("CIn", number_text(part$options$level)),
     setting("FixedEffectList", NULL,
-      list_of(lapply(part$design$effects, function(e) effect_node(e$fields)))),
+      list_of(lapply(part$design$effects, function(e) effect_node(e$fields, e$levels)))),
     if (length(part$random)) setting("RandomSpecs", NULL,
       list_of(lapply(part$random, random_spec_node))),
     if (length(part$requests)) setting("EMMEANS", NULL,

@@ -4,7 +4,7 @@
 subjects_of <- function(random, info, residual) {
   specs <- lapply(random, `[[`, "subject")
   if (length(specs) == 0L) specs <- Filter(Negate(is.null), list(residual$subject))
-  if (length(specs) == 0L) return(list(common = character(), all = character(), n = NA_integer_))
+  if (length(specs) == 0L) return(list(common = character(), all = character(), n = 0L))
   fields <- lapply(specs, `[[`, "fields")
   common <- Reduce(intersect, fields)
   all <- unique(unlist(rev(fields[order(-lengths(fields))])))

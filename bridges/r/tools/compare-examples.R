@@ -128,8 +128,8 @@ compare("ovary", gls(follicles ~ sin(2 * pi * Time) + cos(2 * pi * Time), mares,
 
 looms <- prepared(warpbreaks, "warpbreaks", "wool", "tension")
 compare("warpbreaks", glm(breaks ~ wool * tension, looms, family = inverse.gaussian),
-  means = list(~tension, ~ wool | tension, ~ tension | wool), contrasts = c("simple", "pairwise", "deviation"),
-  adjust = "bonferroni-sequential")
+  means = list(~tension, ~ wool * tension, ~ tension | wool), contrasts = c("simple", "pairwise", "deviation"),
+  adjust = "bonferroni-sequential", df = "residual")
 strata <- prepared(warpbreaks, "warpbreaks-groups", "wool", "tension")
 compare("warpbreaks-groups", gls(breaks ~ wool * tension, strata, weights = varIdent(form = ~ 1 | wool * tension)))
 
@@ -152,9 +152,9 @@ cases <- transform(esoph, total = ncases + ncontrols, cell = factor(seq_len(nrow
 for (name in c("agegp", "alcgp", "tobgp")) cases[[name]] <- factor(cases[[name]], ordered = FALSE)
 cases <- prepared(cases, "esoph", "agegp", "alcgp", "tobgp")
 compare("esoph", glmer(cbind(ncases, total - ncases) ~ agegp + alcgp + tobgp + (1 | cell), cases, binomial("probit")),
-  means = list(~alcgp, ~ tobgp | alcgp), contrasts = "simple", reference = list("0-39g/day", "0-9g/day"),
+  means = list(~alcgp, ~ tobgp * alcgp), contrasts = "simple", reference = list("0-39g/day", "0-9g/day"),
   df = "residual")
 
 pastes <- prepared(lme4::Pastes, "pastes", "batch", "cask")
-compare("pastes", lm(strength ~ batch / cask, pastes), means = list(~ cask | batch, ~batch),
+compare("pastes", lm(strength ~ batch / cask, pastes), means = list(~ cask * batch, ~batch),
   contrasts = c("pairwise", "deviation"), adjust = "bonferroni-sequential")

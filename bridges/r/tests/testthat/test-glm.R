@@ -66,3 +66,12 @@ test_that("events of trials are seen in each of the ways to give them", {
     expect_match(text, paste0("name=\"TrialsField\" value=\"", names[i], "\""), fixed = TRUE)
   }
 })
+
+test_that("residual degrees of freedom reach the means and the contrasts of a glm", {
+  fit <- glm(breaks ~ wool + tension, warpbreaks, family = Gamma("log"))
+  tables <- chain(fit, means = ~tension, contrasts = "pairwise", df = "residual")
+  got <- tables[["Contrasts-1"]]
+  expect_identical(unique(got$df), 50)
+  expect_figures(got[["Adj. Sig."]], 2 * pt(-abs(got$t), 50))
+  expect_identical(tables[["OverallTestResults-1"]]$df2, 50)
+})

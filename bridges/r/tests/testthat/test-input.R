@@ -103,3 +103,12 @@ test_that("crossed blocks have no common subject, nested ones the outer field", 
   expect_match(text, "name=\"numOfCommonSubjects\" value=\"10\"", fixed = TRUE)
   expect_match(text, "name=\"numOfColsOfRandom\" value=\"4\"", fixed = TRUE)
 })
+
+test_that("a factor without an effect of its own is nested in the factor that it is crossed with", {
+  fit <- lm(strength ~ batch / cask, lme4::Pastes)
+  tables <- chain(fit)
+  expect_true("cask(batch)" %in% tables[["FixedEffects-1"]]$Source)
+  table <- tables[["FixedCoefficients-1"]]
+  at <- table[["Model Term"]] == "[cask=c]([batch=D])"
+  expect_figures(table$Coefficient[at], coef(fit)[["batchD:caskc"]])
+})
