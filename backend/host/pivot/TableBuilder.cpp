@@ -68,7 +68,6 @@ document::Cell* TableBuilder::GetLastCell() { return fLastCell ? &fTable.fvCells
 
 TableBuilder::Ids TableBuilder::ListCurrent() const {
     Ids ids;
-    ids.reserve(fDimensions.size());
     for (const DimensionBuilder& dimension : fDimensions) ids.push_back(dimension.GetCurrent());
     return ids;
 }

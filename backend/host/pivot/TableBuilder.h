@@ -33,7 +33,7 @@ class TableBuilder {
 
   private:
     // Cells by their places: indices of cells in the table, which are found by the ids that they stand at.
-    using Ids = std::vector<int>;
+    using Ids = document::CellPlace;
     struct PlaceHash {
         using is_transparent = void;
         const document::Table& fTable;
