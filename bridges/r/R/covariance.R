@@ -70,6 +70,7 @@ subject_of <- function(name, others) {
 block_rows <- function(columns, frame) {
   lapply(columns, function(column) {
     if (column == "(Intercept)") return(intercept_row())
+    column <- gsub("`", "", column, fixed = TRUE)
     row <- list(label = column, intercept = FALSE, covariates = integer(), factors = character())
     if (column %in% names(frame) && is.numeric(frame[[column]])) {
       row$covariates <- stats::setNames(1L, column)

@@ -106,7 +106,7 @@ row_label <- function(row) {
   covariates <- Map(function(field, power) rep(field, power), names(row$covariates),
     row$covariates)
   levels <- if (length(row$factors)) paste0("[", names(row$factors), "=", row$factors, "]")
-  nested <- which(unlist(row$nest))
+  nested <- which(as.logical(row$nest))
   joints <- ifelse(seq_along(levels) %in% nested, "(", ifelse(seq_along(levels) == 1L, "", "*"))
   factors <- paste0(c(paste0(joints, levels), rep(")", length(nested))), collapse = "")
   paste(c(unlist(covariates), if (length(levels)) factors), collapse = "*")

@@ -112,3 +112,15 @@ test_that("a factor without an effect of its own is nested in the factor that it
   at <- table[["Model Term"]] == "[cask=c]([batch=D])"
   expect_figures(table$Coefficient[at], coef(fit)[["batchD:caskc"]])
 })
+
+test_that("random slopes keep the names of their columns, be they odd ones", {
+  data <- lme4::sleepstudy
+  data$`my days` <- data$Days
+  data$late <- factor(data$Days > 4)
+  odd <- lme4::lmer(Reaction ~ `my days` + (`my days` | Subject), data)
+  tables <- chain(odd, df = "satterthwaite")
+  expect_identical(names(tables[["RandomEffects-1"]])[-1], c("Intercept", "my days"))
+  suppressMessages(levels <- lme4::lmer(Reaction ~ Days + (0 + late | Subject), data))
+  tables <- chain(levels, df = "satterthwaite")
+  expect_identical(names(tables[["RandomEffects-1"]])[-1], c("late=FALSE", "late=TRUE"))
+})
