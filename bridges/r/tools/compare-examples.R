@@ -1,6 +1,7 @@
-# Compares the tables of the examples with those of the same models fitted here and bridged, cell for cell.
-# Rscript tools/compare-examples.R EXAMPLES, with the package installed and the program at hand. Differences of
-# figures above a relative 1e-6, of texts and of layout are listed; the vignette says why they are.
+# Compares the tables of the examples with those of the same models fitted here and bridged, cell
+# for cell. Rscript tools/compare-examples.R EXAMPLES, with the package installed and the program at
+# hand. Differences of figures above a relative 1e-6, of texts and of layout are listed; the
+# vignette says why they are.
 
 library(hierfit)
 library(nlme)
@@ -68,7 +69,8 @@ compare_table <- function(name, ours, theirs) {
     rows <- which(differing(ours[[column]], theirs[[column]]))
     if (length(rows) == 0L) next
     first <- format(c(theirs[[column]][rows[1L]], ours[[column]][rows[1L]]), digits = 10)
-    cat("  ", name, ", ", column, ": ", length(rows), " of ", nrow(ours), " cells, ", first[1L], " and ", first[2L],
+    cat("  ", name, ", ", column, ": ", length(rows), " of ", nrow(ours), " cells, ", first[1L],
+      " and ", first[2L],
       "\n", sep = "")
   }
 }
@@ -78,19 +80,24 @@ compare <- function(example, fit, ...) {
   theirs <- tables_of_example(example)
   ours <- tryCatch(suppressMessages(hf_tables(fit, ...)), error = function(e) conditionMessage(e))
   if (is.character(ours)) return(cat("  ", ours, "\n"))
-  for (name in setdiff(names(theirs), names(ours))) cat("  ", name, ": in the example only\n", sep = "")
-  for (name in setdiff(names(ours), names(theirs))) cat("  ", name, ": in the bridge only\n", sep = "")
-  for (name in intersect(names(ours), names(theirs))) compare_table(name, ours[[name]], theirs[[name]])
+  for (name in setdiff(names(theirs), names(ours))) cat("  ", name, ": in the example only\n",
+    sep = "")
+  for (name in setdiff(names(ours), names(theirs))) cat("  ", name, ": in the bridge only\n",
+    sep = "")
+  for (name in intersect(names(ours), names(theirs))) compare_table(name, ours[[name]],
+    theirs[[name]])
 }
 
 sleep <- prepared(lme4::sleepstudy, "sleepstudy")
 compare("sleepstudy", lmer(Reaction ~ Days + (Days | Subject), sleep))
 
-oats <- transform(as.data.frame(Oats), Variety = as.character(Variety), Block = factor(as.character(Block)))
+oats <- transform(as.data.frame(Oats), Variety = as.character(Variety),
+  Block = factor(as.character(Block)))
 oats <- prepared(oats, "oats", "nitro", "Variety")
 compare("oats", lmer(yield ~ nitro * Variety + (1 | Block / Variety), oats),
   means = list(~nitro, ~nitro, ~Variety, ~ nitro | Variety, ~ Variety | nitro, ~ nitro * Variety),
-  contrasts = c("deviation", "simple", "pairwise", "pairwise", "deviation", "none"), reference = list(NULL, "0"))
+  contrasts = c("deviation", "simple", "pairwise", "pairwise", "deviation", "none"),
+  reference = list(NULL, "0"))
 
 herds <- prepared(lme4::cbpp, "cbpp", "period")
 compare("cbpp", glmer(cbind(incidence, size - incidence) ~ period + (1 | herd), herds, binomial),
@@ -98,23 +105,27 @@ compare("cbpp", glmer(cbind(incidence, size - incidence) ~ period + (1 | herd), 
 
 tests <- prepared(MASS::bacteria, "bacteria", "trt", "week")
 compare("bacteria", glmer(y ~ trt + week + (1 | ID), tests, binomial, nAGQ = 15),
-  means = list(~trt, ~ trt | week), contrasts = c("simple", "pairwise"), reference = list("placebo"),
+  means = list(~trt, ~ trt | week), contrasts = c("simple", "pairwise"),
+  reference = list("placebo"),
   adjust = "sidak-sequential", df = "residual")
 
 seizures <- prepared(MASS::epil, "epil", "trt", "period")
-compare("epil", glmmTMB::glmmTMB(y ~ trt * lbase + lage + period + (1 | subject), seizures, glmmTMB::nbinom2),
+compare("epil", glmmTMB::glmmTMB(y ~ trt * lbase + lage + period + (1 | subject), seizures,
+  glmmTMB::nbinom2),
   means = list(~trt, ~period, ~ trt | period), contrasts = c("pairwise", "deviation", "simple"),
   adjust = "bonferroni-sequential", df = "residual")
 
 judged <- prepared(ordinal::wine, "wine", "temp", "contact")
 judged$rating <- ordinal::wine$rating
 judged <- dressed(judged, "wine")
-compare("wine", ordinal::clmm(rating ~ temp + contact + (1 | judge), judged, nAGQ = 10), df = "residual")
+compare("wine", ordinal::clmm(rating ~ temp + contact + (1 | judge), judged, nAGQ = 10),
+  df = "residual")
 
 tenants <- coded(MASS::housing, "Infl", "Type", "Cont")
 tenants$Sat <- factor(as.character(tenants$Sat), levels = c("High", "Low", "Medium"))
 tenants <- dressed(tenants, "housing")
-compare("housing", nnet::multinom(Sat ~ Infl * Type + Cont, tenants, weights = Freq, trace = FALSE, Hess = TRUE,
+compare("housing", nnet::multinom(Sat ~ Infl * Type + Cont, tenants, weights = Freq, trace = FALSE,
+  Hess = TRUE,
   maxit = 500, reltol = 1e-14), df = "residual", level = 0.9)
 
 stools <- prepared(ergoStool, "ergostool", "Type")
@@ -128,31 +139,39 @@ compare("ovary", gls(follicles ~ sin(2 * pi * Time) + cos(2 * pi * Time), mares,
 
 looms <- prepared(warpbreaks, "warpbreaks", "wool", "tension")
 compare("warpbreaks", glm(breaks ~ wool * tension, looms, family = inverse.gaussian),
-  means = list(~tension, ~ wool * tension, ~ tension | wool), contrasts = c("simple", "pairwise", "deviation"),
+  means = list(~tension, ~ wool * tension, ~ tension | wool),
+  contrasts = c("simple", "pairwise", "deviation"),
   adjust = "bonferroni-sequential", df = "residual")
 strata <- prepared(warpbreaks, "warpbreaks-groups", "wool", "tension")
-compare("warpbreaks-groups", gls(breaks ~ wool * tension, strata, weights = varIdent(form = ~ 1 | wool * tension)))
+compare("warpbreaks-groups",
+  gls(breaks ~ wool * tension, strata, weights = varIdent(form = ~ 1 | wool * tension)))
 
 chicks <- prepared(ChickWeight, "chickweight", "Diet")
-compare("chickweight", glmmTMB::glmmTMB(weight ~ Diet * Time + I(Time^2) + diag(Time | Chick), chicks, Gamma("log")),
-  means = list(~Diet, ~Diet), contrasts = c("pairwise", "deviation"), adjust = "sidak-sequential", df = "residual")
+compare("chickweight",
+  glmmTMB::glmmTMB(weight ~ Diet * Time + I(Time^2) + diag(Time | Chick), chicks, Gamma("log")),
+  means = list(~Diet, ~Diet), contrasts = c("pairwise", "deviation"), adjust = "sidak-sequential",
+  df = "residual")
 
 peas <- prepared(npk, "npk", "N", "P", "K")
 compare("npk", lmer(yield ~ N * P * K + (1 | block), peas),
   means = list(~ K | N * P, ~ K | N * P, ~ K | N * P, ~ N * K),
-  contrasts = c("pairwise", "simple", "deviation", "simple"), reference = list(NULL, NULL, NULL, "0"),
+  contrasts = c("pairwise", "simple", "deviation", "simple"),
+  reference = list(NULL, NULL, NULL, "0"),
   adjust = "bonferroni-sequential")
 
 orchard <- transform(OrchardSprays, column = factor(colpos))
 orchard <- prepared(orchard, "orchard", "treatment")
-compare("orchard", lmer(decrease ~ treatment + (1 | column), orchard), means = list(~treatment, ~treatment),
+compare("orchard", lmer(decrease ~ treatment + (1 | column), orchard),
+  means = list(~treatment, ~treatment),
   contrasts = c("pairwise", "deviation"), adjust = "sidak-sequential")
 
 cases <- transform(esoph, total = ncases + ncontrols, cell = factor(seq_len(nrow(esoph))))
 for (name in c("agegp", "alcgp", "tobgp")) cases[[name]] <- factor(cases[[name]], ordered = FALSE)
 cases <- prepared(cases, "esoph", "agegp", "alcgp", "tobgp")
-compare("esoph", glmer(cbind(ncases, total - ncases) ~ agegp + alcgp + tobgp + (1 | cell), cases, binomial("probit")),
-  means = list(~alcgp, ~ tobgp * alcgp), contrasts = "simple", reference = list("0-39g/day", "0-9g/day"),
+compare("esoph", glmer(cbind(ncases, total - ncases) ~ agegp + alcgp + tobgp + (1 | cell), cases,
+  binomial("probit")),
+  means = list(~alcgp, ~ tobgp * alcgp), contrasts = "simple",
+  reference = list("0-39g/day", "0-9g/day"),
   df = "residual")
 
 pastes <- prepared(lme4::Pastes, "pastes", "batch", "cask")
