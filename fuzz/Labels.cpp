@@ -42,9 +42,10 @@ Outcome PutInto(const std::string& label, std::size_t turn) {
 
 /// Whether the procedure may take something in the label for a marker. Then a chart may lose words or be left out.
 bool HoldsMarker(const std::string& label) {
-    static const std::vector<test::Label> labels = test::HostileLabels();
-    return std::ranges::any_of(labels, [&](const test::Label& hostile) {
-        return hostile.fName == hostile.fText && label.find(hostile.fText) != std::string::npos;
+    static const std::vector<std::string> labels = test::HostileLabels();
+    return std::ranges::any_of(labels, [&](const std::string& hostile) {
+        const bool isTaken = test::IsTakenForMarker("levels", hostile) || test::IsTakenForMarker("custom", hostile);
+        return isTaken && label.find(hostile) != std::string::npos;
     });
 }
 

@@ -11,6 +11,7 @@ const folder = process.argv[2];
 const largestPair = 35_000;
 const largestItem = 60_000;
 const largestSaved = 25_000;
+const largestPicture = 20_000;
 const longestWord = 60;
 const hostile = [
   "", "0", "-1", "1", "2147483647", "2147483648", "-2147483648", "4294967296", "9223372036854775807", "1e308", "-1e400",
@@ -109,6 +110,29 @@ writeTarget(
     ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
     ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
   ],
+);
+
+// The smallest picture of each chart, the largest that is not too large, the histogram of a diagram by itself, and more
+// marks or panels than are drawn in full.
+const pictures = charts.map(([name, { item }]) => [name, item.picture]);
+const many = (length, make) => Array.from({ length }, (_, index) => make(index));
+const crowds = [
+  ["points", { kind: "scatter", x: {}, y: {}, points: many(1100, (x) => ({ x, y: x % 9, tip: "p" })) }],
+  ["marks", { kind: "levels", levels: ["a"], marks: many(2001, (index) => ({ level: 0, value: index % 9 })) }],
+  ["panels", {
+    kind: "levels", isContrast: true, levels: many(200, () => "a"), panels: { across: many(150, () => "p") },
+    marks: many(150, (index) => ({ panel: [index, 0], level: index, value: 1 })),
+  }],
+];
+writeTarget(
+  "pictures",
+  [
+    ...pictures.filter(([, picture]) => JSON.stringify(picture).length < largestPicture),
+    ...crowds,
+    ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
+      [`${name}-histogram`, { kind: "histogram", ...histogram }]),
+  ].map(([name, picture]) => [name, JSON.stringify(picture)]),
+  [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "\\ud800"],
 );
 
 writeTarget(

@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <charconv>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -27,6 +28,8 @@ constexpr std::pair<std::string_view, Format> kEndings[] = {{".html", Format::Ht
                                                             {".text", Format::Text},
                                                             {".json", Format::Json}};
 
+constexpr double kLargestScale = 20;
+
 constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
 constexpr const char* kExitStatus =
     "Exit status: 0 the report was written, 1 wrong usage, 2 a document could not be read,\n"
@@ -36,8 +39,10 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
     "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
-    "  hierfit report -f svg -o charts/ FOLDER              each chart as a picture\n"
-    "  hierfit report -f json FOLDER | jq .items             the document for a program\n";
+    "  hierfit report -f svg -o charts/ FOLDER               each chart as a picture\n"
+    "  hierfit report -f json FOLDER | jq .items             the document for a program\n"
+    "  hierfit check FOLDER                                  what its documents lack\n"
+    "  hierfit list FOLDER                                   its tables and charts by name\n";
 
 /// Help with usage lines in the words of the project.
 class HelpFormatter : public CLI::Formatter {
@@ -61,17 +66,39 @@ void AddChoice(CLI::App& app, const std::string& name, Target& target, const Cho
     app.add_option_function<std::string>(name, take, help)->check(CLI::IsMember(words))->option_text(placeholder);
 }
 
+std::optional<double> ReadScale(const std::string& text) {
+    double scale = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scale);
+    const bool isNumber = error == std::errc() && end == text.data() + text.size();
+    return isNumber && scale > 0 && scale <= kLargestScale ? std::optional(scale) : std::nullopt;
+}
+
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
-    AddChoice<std::optional<Format>, Format>(
-        app, "-f,--format", output.fFormat,
-        {{"html", Format::Html}, {"text", Format::Text}, {"json", Format::Json}, {"svg", Format::Svg}}, "FORMAT",
-        "html, text, json, or svg, which puts each chart into the\n"
-        "folder FILE; by default FILE's ending tells, else text\n"
-        "goes to a terminal and html elsewhere");
+    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat,
+                                             {{"html", Format::Html},
+                                              {"text", Format::Text},
+                                              {"json", Format::Json},
+                                              {"svg", Format::Svg},
+                                              {"png", Format::Png}},
+                                             "FORMAT",
+                                             "html, text, json, or svg or png, which put each chart\n"
+                                             "into the folder FILE; by default FILE's ending tells, else\n"
+                                             "text goes to a terminal and html elsewhere");
+    app.add_option_function<std::string>(
+           "--scale", [&output](const std::string& text) { output.fScale = *ReadScale(text); },
+           "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as they "
+           "are")
+        ->check(
+            [](const std::string& text) { return ReadScale(text) ? "" : text + " is no number above 0 and up to 20"; })
+        ->option_text("N");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
     app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
+    app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
+        ->option_text("TEXT");
+    app.add_option("--author", output.fAuthor, "Who stands below the title, and in the page's head")
+        ->option_text("TEXT");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
@@ -95,7 +122,10 @@ void AddSettings(CLI::App& app, session::Settings& settings) {
 /// The format by the file's ending; an unknown ending is wrong usage, none leaves it open. Pictures need a
 /// folder.
 std::optional<std::string> SettleFormat(OutputOptions& output) {
-    if (output.fFormat == Format::Svg && output.fFile == "-") return "--format svg: --output must name a folder";
+    if (output.fFormat && IsPictures(*output.fFormat) && output.fFile == "-") {
+        return std::string("--format ") + (output.fFormat == Format::Svg ? "svg" : "png") +
+               ": --output must name a folder";
+    }
     if (output.fFormat || output.fFile == "-") return {};
     const std::size_t slash = output.fFile.find_last_of('/');
     const std::string name = slash == std::string::npos ? output.fFile : output.fFile.substr(slash + 1);
@@ -147,6 +177,39 @@ Command ParseWith(CLI::App& app, int argumentCount, const char* const* arguments
     return report->parsed() ? Finish(std::move(reportCommand)) : Finish(std::move(renderCommand));
 }
 
+/// The commands that look at a model and write no report. Their options stand in `check` and `list`; the one that was
+/// given goes into `chosen`.
+void AddInspections(CLI::App& app, CheckCommand& check, ListCommand& list, std::optional<Command>& chosen) {
+    CLI::App* checking = app.add_subcommand("check", "Say what a model's two documents lack or contradict");
+    checking->add_option("documents", check.fvDocuments, "As for report")
+        ->required()
+        ->expected(1, 2)
+        ->option_text("MODEL.pmml MODEL.statxml | FOLDER");
+    checking->add_flag("--strict", check.fIsStrict, "Exit status 2 on any remark");
+    checking->formatter(std::make_shared<HelpFormatter>(
+        "hierfit check [--strict] MODEL.pmml MODEL.statxml\n       hierfit check [--strict] FOLDER"));
+    checking->footer(
+        "One remark a line, and the tables and charts that will be missing for it.\n"
+        "Exit status: 0 the documents can be read, 1 wrong usage, 2 they cannot, or there is a\n"
+        "remark and --strict was given, 3 the output could not be written.");
+    checking->callback([&] { chosen = check; });
+
+    CLI::App* listing = app.add_subcommand("list", "List the items of a report by name, kind and title");
+    listing
+        ->add_option("documents", list.fvDocuments,
+                     "As for report, or a document saved by\n--format json; - is standard input")
+        ->required()
+        ->expected(1, 2)
+        ->option_text("MODEL.pmml MODEL.statxml | FOLDER | FILE.json");
+    AddChoice<bool, bool>(*listing, "-f,--format", list.fIsJson, {{"text", false}, {"json", true}}, "FORMAT",
+                          "text (default) or json");
+    listing->formatter(std::make_shared<HelpFormatter>(
+        "hierfit list [-f text|json] MODEL.pmml MODEL.statxml\n       hierfit list [-f text|json] FOLDER\n"
+        "       hierfit list [-f text|json] FILE.json"));
+    listing->footer(kExitStatus);
+    listing->callback([&] { chosen = list; });
+}
+
 }  // namespace
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments) {
@@ -155,7 +218,7 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     app.set_help_flag("-h,--help", "Print this help");
     app.footer(std::string(kExamples) + "\n" + kExitStatus);
     app.require_subcommand(1);
-    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render [OPTIONS] ..."));
+    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render|check|list [OPTIONS] ..."));
 
     ReportCommand reportCommand;
     CLI::App* report = app.add_subcommand("report", "Read a model's two documents and write the report");
@@ -179,7 +242,12 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     AddOutputOptions(*render, renderCommand.fOutput);
 
     for (CLI::App* command : {report, render}) command->footer(kExitStatus);
-    return ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
+    CheckCommand checkCommand;
+    ListCommand listCommand;
+    std::optional<Command> inspection;
+    AddInspections(app, checkCommand, listCommand, inspection);
+    Command command = ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
+    return inspection && !std::holds_alternative<Explanation>(command) ? *inspection : command;
 }
 
 }  // namespace hierfit::program

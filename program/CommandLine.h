@@ -9,19 +9,25 @@
 
 namespace hierfit::program {
 
-/// The formats that the program writes. The order is that of `kFormats`.
-enum class Format { Html, Text, Json, Svg };
+/// The formats that the program writes.
+enum class Format { Html, Text, Json, Svg, Png };
+
+/// Whether a format holds the charts alone, each in a file of its own.
+constexpr bool IsPictures(Format format) { return format == Format::Svg || format == Format::Png; }
 
 enum class Color { Auto, Always, Never };
 
 /// What to write and where.
 struct OutputOptions {
-    std::string fFile = "-";        ///< "-" is standard output; a folder for SVG
+    std::string fFile = "-";        ///< "-" is standard output; a folder for pictures
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
     bool fIsStatic = false;        ///< HTML without the script
     bool fHasChartValues = false;  ///< text with the values behind its charts
     bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
+    double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
+    std::string fTitle;            ///< in the place of the document's; none if empty
+    std::string fAuthor;
 };
 
 /// `hierfit report`: one folder, or a PMML and a StatXML document.
@@ -37,13 +43,25 @@ struct RenderCommand {
     OutputOptions fOutput;
 };
 
+/// `hierfit check`: one folder, or a PMML and a StatXML document.
+struct CheckCommand {
+    std::vector<std::string> fvDocuments;
+    bool fIsStrict = false;  ///< any remark is a failure
+};
+
+/// `hierfit list`: one folder, a PMML and a StatXML document, or a saved document.
+struct ListCommand {
+    std::vector<std::string> fvDocuments;
+    bool fIsJson = false;
+};
+
 /// Nothing to run: what the user asked to see, or what is wrong with the command line.
 struct Explanation {
     std::string fText;
     bool fIsError;
 };
 
-using Command = std::variant<ReportCommand, RenderCommand, Explanation>;
+using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, Explanation>;
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments);
 

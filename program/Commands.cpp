@@ -1,18 +1,15 @@
 #include "Commands.h"
 
-#include <fmt/format.h>
 #include <unistd.h>
 
-#include <optional>
-#include <utility>
+#include <string>
 
-#include "Files.h"
+#include "Documents.h"
 #include "OutputFile.h"
 #include "Pager.h"
 #include "PictureFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
-#include "host/unicode/Excerpt.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
 #include "report/style/Style.h"
@@ -22,28 +19,11 @@ namespace hierfit::program {
 
 namespace {
 
-constexpr std::size_t kLargestDocument = std::size_t{256} << 20;
-constexpr std::size_t kLargestSaved = std::size_t{1} << 30;
 constexpr const char* kStandardOutput = "-";
 
 int Fail(ExitStatus status, const std::string& text) {
     PrintError(text);
     return status;
-}
-
-struct Paths {
-    std::string fPmml;
-    std::string fStatXml;
-};
-
-std::variant<Paths, std::string> FindDocuments(const std::vector<std::string>& documents) {
-    if (documents.size() == 2) return Paths{documents[0], documents[1]};
-    const std::string& folder = documents.front();
-    if (!IsFolder(folder))
-        return unicode::Excerpt(folder, kMostOfText) +
-               ": one argument must be a folder with model.pmml and model.statxml";
-    const std::string base = folder.ends_with('/') ? folder : folder + "/";
-    return Paths{base + "model.pmml", base + "model.statxml"};
 }
 
 Format ChooseFormat(const OutputOptions& output, bool isTerminal) {
@@ -65,9 +45,22 @@ std::string Render(document::Document& document, const OutputOptions& output, Fo
             return report::WriteJson(document);
         case Format::Html:
         case Format::Svg:
+        case Format::Png:
             break;
     }
-    return report::MakeHtmlReport(document, output.fIsStatic ? report::Scripts::No : report::Scripts::Yes);
+    return report::MakeHtmlReport(
+        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
+}
+
+int WriteCharts(const document::Document& document, const OutputOptions& output) {
+    const auto format = output.fFormat == Format::Png ? MakePngFormat(output.fScale) : MakeSvgFormat();
+    if (const auto* error = std::get_if<FileError>(&format)) return Fail(kMissingPart, error->fText);
+    int status = kWritten;
+    for (const FileError& error :
+         WritePictures(report::MakePictures(document), std::get<PictureFormat>(format), output.fFile)) {
+        status = Fail(kUnwritable, error.fText);
+    }
+    return status;
 }
 
 /// Text that is too long for the terminal goes through a pager, if there is one that can be started.
@@ -85,51 +78,29 @@ int Conclude(const std::optional<FileError>& error) {
 
 int Write(document::Document& document, const OutputOptions& output) {
     const Format format = ChooseFormat(output, GoesToTerminal(output));
-    if (format == Format::Svg) return Conclude(WritePictures(report::MakePictures(document), output.fFile));
+    if (IsPictures(format)) return WriteCharts(document, output);
     const std::string text = Render(document, output, format);
     if (IsShownByPager(text, output, format)) return kWritten;
     return Conclude(WriteOutput(output.fFile, text));
 }
 
-std::string DescribeJsonError(const std::string& file, const report::JsonError& error) {
-    if (error.fLine > 0) return fmt::format("{}:{}:{}: {}", file, error.fLine, error.fColumn, error.fText);
-    return fmt::format("{}: {}: {}", file, error.fPath.empty() ? "/" : error.fPath, error.fText);
-}
-
 }  // namespace
 
 int Run(const ReportCommand& command) {
-    const auto documents = FindDocuments(command.fvDocuments);
-    if (const auto* wrong = std::get_if<std::string>(&documents)) return Fail(kUnreadable, *wrong);
-    const Paths& paths = std::get<Paths>(documents);
-
-    auto pmml = ReadFile(paths.fPmml, kLargestDocument);
-    if (const auto* error = std::get_if<FileError>(&pmml)) return Fail(kUnreadable, error->fText);
-    auto statXml = ReadFile(paths.fStatXml, kLargestDocument);
-    if (const auto* error = std::get_if<FileError>(&statXml)) return Fail(kUnreadable, error->fText);
-
-    session::Result result =
-        session::Run({paths.fPmml, std::get<std::string>(std::move(pmml))},
-                     {paths.fStatXml, std::get<std::string>(std::move(statXml))}, command.fSettings);
-    if (result.fOutcome == session::Outcome::NotSetUp) {
-        return Fail(kMissingPart, result.fDocument.fvDiagnostics.front().fText);
+    auto run = RunModel(command.fvDocuments, command.fSettings);
+    if (const auto* error = std::get_if<FileError>(&run)) return Fail(kUnreadable, error->fText);
+    auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome == session::Outcome::NotSetUp) {
+        return Fail(kMissingPart, model.fResult.fDocument.fvDiagnostics.front().fText);
     }
-    const bool isIssued = result.fOutcome == session::Outcome::Issued;
-    PrintMessages(result.fDocument.fItems);
-    PrintDiagnostics(result.fDocument, {paths.fPmml, paths.fStatXml}, isIssued ? kWarning : kInformation);
-    if (!isIssued) return kUnreadable;
-    return Write(result.fDocument, command.fOutput);
+    PrintRun(model);
+    if (model.fResult.fOutcome != session::Outcome::Issued) return kUnreadable;
+    return Write(model.fResult.fDocument, command.fOutput);
 }
 
 int Run(const RenderCommand& command) {
-    const auto text = ReadFile(command.fDocument, kLargestSaved);
-    if (const auto* error = std::get_if<FileError>(&text)) return Fail(kUnreadable, error->fText);
-    auto document = report::ReadJson(std::get<std::string>(text));
-    if (const auto* error = std::get_if<report::JsonError>(&document)) {
-        const std::string name =
-            command.fDocument == "-" ? "standard input" : unicode::Excerpt(command.fDocument, kMostOfText);
-        return Fail(kUnreadable, DescribeJsonError(name, *error));
-    }
+    auto document = ReadSaved(command.fDocument);
+    if (const auto* error = std::get_if<FileError>(&document)) return Fail(kUnreadable, error->fText);
     return Write(std::get<document::Document>(document), command.fOutput);
 }
 

@@ -3,7 +3,9 @@
 #include <exception>
 #include <string>
 
+#include "Check.h"
 #include "Commands.h"
+#include "List.h"
 
 namespace hierfit::program {
 
@@ -15,6 +17,8 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
     const Command command = ParseCommandLine(argumentCount, arguments);
     if (const auto* report = std::get_if<ReportCommand>(&command)) return Run(*report);
     if (const auto* render = std::get_if<RenderCommand>(&command)) return Run(*render);
+    if (const auto* check = std::get_if<CheckCommand>(&command)) return Run(*check);
+    if (const auto* list = std::get_if<ListCommand>(&command)) return Run(*list);
     const Explanation& explanation = std::get<Explanation>(command);
     Print(explanation.fIsError ? stderr : stdout, explanation.fText);
     return explanation.fIsError ? kWrongUsage : kWritten;

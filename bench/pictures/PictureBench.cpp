@@ -1,7 +1,9 @@
 // From a picture to its scene, and from that to SVG: time over the number of marks, which must be linear.
-// "bytes_per_second" counts the bytes of the SVG.
+// "bytes_per_second" counts the bytes of the SVG, "bytes" and "of_tips" how large
+// it is and how much of that are the tips.
 
 #include <benchmark/benchmark.h>
+#include <fmt/format.h>
 
 #include <string>
 
@@ -13,37 +15,85 @@ namespace {
 namespace charts = hierfit::report::charts;
 namespace document = hierfit::document;
 
-document::Picture MakePicture(std::int64_t count) {
-    document::Picture picture;
-    picture.fTitle = "Predicted by observed";
+enum class Kind : unsigned char { Points, Means, Contrasts };
+
+std::string Figure(double number) { return fmt::format("{:.2f}", number); }
+
+/// Points whose tips are as long as those of real charts.
+document::Picture MakePoints(std::int64_t count) {
     document::ScatterPicture points;
     points.fX = {"Observed", 0, static_cast<double>(count), false};
     points.fY = {"Predicted", 0, 101, false};
     for (std::int64_t i = 0; i < count; ++i) {
-        const auto at = static_cast<double>(i);
-        const auto height = static_cast<double>(i * 37 % 101);
-        points.fvPoints.push_back({at, height, 1, "Observed = " + std::to_string(i) + "\nPredicted = 3.5"});
+        const double x = static_cast<double>(i) * 0.97;
+        const double y = static_cast<double>(i * 37 % 10'007) * 0.01;
+        points.fvPoints.push_back({x, y, 1, "Reaction: " + Figure(x) + "\nPredicted Value: " + Figure(y)});
     }
+    document::Picture picture;
+    picture.fTitle = "Predicted by observed";
     picture.fContent = std::move(points);
     return picture;
 }
 
-void Scene(benchmark::State& state) {
-    const document::Picture picture = MakePicture(state.range(0));
+/// Means with whiskers, or contrasts of which every third is set off.
+document::Picture MakeLevels(std::int64_t count, bool isContrast) {
+    constexpr int kSeries = 4;
+    document::LevelsPicture levels;
+    levels.fIsContrast = isContrast;
+    levels.fSeries = {"Dose", {"none", "low", "medium", "high"}, true};
+    if (isContrast) levels.fEmphasis = {"Significant", "Not Significant", true};
+    for (int i = 0; i < static_cast<int>(count); ++i) {
+        const int level = i / kSeries;
+        const int series = i % kSeries;
+        if (series == 0) levels.fvLevels.push_back(std::to_string(level));
+        document::LevelMark mark{{}, level, series, 0.01 * (i * 37 % 1009), {}, {}, {}, isContrast && i % 3 == 0, {}};
+        mark.fLow = mark.fValue - 1;
+        mark.fHigh = mark.fValue + 1;
+        if (isContrast) mark.fBase = 5;
+        mark.fTip = "Subject: " + std::to_string(level) +
+                    "\nDose: " + levels.fSeries.fvWords[static_cast<std::size_t>(series)] +
+                    "\nEstimated Mean: " + Figure(mark.fValue) + "\nConfidence Interval: " + Figure(*mark.fLow) +
+                    " to " + Figure(*mark.fHigh);
+        levels.fvMarks.push_back(std::move(mark));
+    }
+    document::Picture picture;
+    picture.fTitle = "Means";
+    picture.fContent = std::move(levels);
+    return picture;
+}
+
+document::Picture MakePicture(Kind kind, std::int64_t count) {
+    return kind == Kind::Points ? MakePoints(count) : MakeLevels(count, kind == Kind::Contrasts);
+}
+
+void Scene(benchmark::State& state, Kind kind) {
+    const document::Picture picture = MakePicture(kind, state.range(0));
     for (auto _ : state) benchmark::DoNotOptimize(charts::LayOut(picture, charts::kDeskWidth));
     state.SetComplexityN(state.range(0));
 }
 
-void Svg(benchmark::State& state) {
-    const charts::Scene scene = charts::LayOut(MakePicture(state.range(0)), charts::kDeskWidth);
+void Svg(benchmark::State& state, Kind kind) {
+    const charts::Scene scene = charts::LayOut(MakePicture(kind, state.range(0)), charts::kDeskWidth);
     std::size_t bytes = 0;
-    for (auto _ : state) bytes = charts::MakeSvgFile(scene, "Points", "Many of them").size();
+    for (auto _ : state) bytes = charts::MakeSvgFile(scene, "Marks", "Many of them").size();
+    std::size_t tips = 0;
+    for (const charts::Element& element : scene.fvElements) tips += element.fTip.size();
     state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(bytes));
+    state.counters["bytes"] = static_cast<double>(bytes);
+    state.counters["of_tips"] = static_cast<double>(tips);
     state.SetComplexityN(state.range(0));
 }
 
-BENCHMARK(Scene)->RangeMultiplier(10)->Range(100, 10'000)->Complexity()->Unit(benchmark::kMicrosecond);
-BENCHMARK(Svg)->RangeMultiplier(10)->Range(100, 10'000)->Complexity()->Unit(benchmark::kMicrosecond);
+void Range(benchmark::internal::Benchmark* measure) {
+    measure->RangeMultiplier(10)->Range(100, 10'000)->Complexity()->Unit(benchmark::kMicrosecond);
+}
+
+BENCHMARK_CAPTURE(Scene, Points, Kind::Points)->Apply(Range);
+BENCHMARK_CAPTURE(Scene, Means, Kind::Means)->Apply(Range);
+BENCHMARK_CAPTURE(Scene, Contrasts, Kind::Contrasts)->Apply(Range);
+BENCHMARK_CAPTURE(Svg, Points, Kind::Points)->Apply(Range);
+BENCHMARK_CAPTURE(Svg, Means, Kind::Means)->Apply(Range);
+BENCHMARK_CAPTURE(Svg, Contrasts, Kind::Contrasts)->Apply(Range);
 
 }  // namespace
 

@@ -5,12 +5,16 @@
 #include "report/html/Assets.h"
 #include "report/html/Contents.h"
 #include "report/html/HtmlItems.h"
+#include "report/html/PageHead.h"
 #include "report/html/Words.h"
 #include "report/markup/Escape.h"
 
 namespace hierfit::report {
 
 namespace {
+
+// A page of more items is laid out as its parts come into view.
+constexpr std::size_t kMany = 60;
 
 bool IsLetter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }
 
@@ -25,35 +29,6 @@ std::string LanguageTag(std::string tag) {
     return isTag ? tag : std::string(html::words::kLanguage);
 }
 
-std::string_view TitleOf(const document::Document& document) {
-    return document.fTitle.empty() ? html::words::kUntitled : std::string_view(document.fTitle);
-}
-
-// Nothing is fetched, and no script or style counts but our own.
-void AppendPolicy(std::string& out, Scripts scripts) {
-    out += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '";
-    out += html::StyleSheet().fHash;
-    if (scripts == Scripts::Yes) out.append("'; script-src '").append(html::Script().fHash);
-    out += "'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
-}
-
-void AppendHead(std::string& out, const document::Document& document, Scripts scripts) {
-    out += "<head>\n<meta charset=\"utf-8\">\n";
-    AppendPolicy(out, scripts);
-    out += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
-    out += "<meta name=\"color-scheme\" content=\"light dark\">\n<meta name=\"generator\" content=\"";
-    AppendCharacters(out, document.fProducer);
-    out += "\">\n<title>";
-    AppendCharacters(out, TitleOf(document));
-    for (const std::string& source : document.fvSources) {
-        out += &source == &document.fvSources.front() ? " – " : ", ";
-        AppendCharacters(out, source);
-    }
-    out += "</title>\n<link rel=\"icon\" href=\"data:,\">\n<style>";
-    out += html::StyleSheet().fText;
-    out += "</style>\n</head>\n";
-}
-
 // The script finds its words at the body, so that all words of the page come from one place.
 void AppendBodyTag(std::string& out, Scripts scripts) {
     if (scripts == Scripts::No) {
@@ -66,20 +41,6 @@ void AppendBodyTag(std::string& out, Scripts scripts) {
     out.append("\" data-save=\"").append(html::words::kSave).append("\">\n");
 }
 
-void AppendHeader(std::string& out, const document::Document& document) {
-    out.append("<a class=\"skip\" href=\"#main\">").append(html::words::kSkip).append("</a>\n<header>\n<h1>");
-    AppendText(out, TitleOf(document));
-    out += "</h1>\n";
-    if (!document.fvSources.empty()) out += "<ul class=\"sources\">\n";
-    for (const std::string& source : document.fvSources) {
-        out += "<li>";
-        AppendText(out, source);
-        out += "</li>\n";
-    }
-    if (!document.fvSources.empty()) out += "</ul>\n";
-    out += "</header>\n";
-}
-
 void AppendFooter(std::string& out, const document::Document& document) {
     if (document.fProducer.empty()) return;
     out += "<footer>";
@@ -89,20 +50,23 @@ void AppendFooter(std::string& out, const document::Document& document) {
 
 }  // namespace
 
-std::string MakeHtmlReport(const document::Document& document, Scripts scripts) {
+std::string MakeHtmlReport(const document::Document& document, const HtmlSettings& settings) {
     const std::vector<html::Entry> entries = html::ListEntries(document);
+    const html::Facts facts = html::FindFacts(entries);
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
-    out.append(LanguageTag(document.fLanguage)).append("\">\n");
-    AppendHead(out, document, scripts);
-    AppendBodyTag(out, scripts);
-    AppendHeader(out, document);
+    out.append(LanguageTag(document.fLanguage)).append("\" data-running=\"");
+    AppendCharacters(out, html::RunningTitle(document, facts, settings));
+    out += "\">\n";
+    html::AppendHead(out, document, facts, settings);
+    AppendBodyTag(out, settings.fScripts);
+    html::AppendHeader(out, document, entries, facts, settings);
     html::AppendContents(out, entries, !document.fvDiagnostics.empty());
-    out += "<main id=\"main\">\n";
+    out += entries.size() > kMany ? "<main id=\"main\" class=\"many\">\n" : "<main id=\"main\">\n";
     html::AppendItems(out, entries);
     html::AppendDiagnostics(out, document);
     out += "</main>\n";
     AppendFooter(out, document);
-    if (scripts == Scripts::Yes) out.append("<script>").append(html::Script().fText).append("</script>\n");
+    if (settings.fScripts == Scripts::Yes) out.append("<script>").append(html::Script().fText).append("</script>\n");
     out += "</body>\n</html>\n";
     return out;
 }

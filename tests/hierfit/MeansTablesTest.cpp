@@ -36,6 +36,15 @@ const std::string kOneMean = Table("estimates", Factors({"a", "1"}), Figures(kMe
 const std::string kRequestOfA = MeansRequest({"a"}, "a");
 const std::string kTwoFactors = MeansRequest({"a", "b"}, "b", {"0", "1"});
 
+/// A request for the means of "a" and for contrasts of its levels.
+std::string Wanted(const std::string& contrasts) {
+    return Tag("StructuredValue", Attribute("Factors", Effect({"a"}, {"0"})) +
+                                      "<Attribute name='EstimateMeans' value='true'/>"
+                                      "<Attribute name='CompareFactor' value='a'/>"
+                                      "<Attribute name='ContrastType' value='" +
+                                      contrasts + "'/>");
+}
+
 const TableCase kFrames[] = {
     // A block without index, one refused and one that answers no request.
     {{.fSettings = Requests(kRequestOfA + kTwoFactors),
@@ -59,6 +68,16 @@ message 2 2 EMMEANS 1: kGLMM_C19_1
 };
 
 TEST(MeansFrame, IsIssued) { CheckTables("", "a block of means", kFrames); }
+
+const TableCase kUnanswered[] = {
+    {{.fSettings = Requests(Wanted("None") + kRequestOfA + Wanted("None") + kRequestOfA),
+      .fDiagnostics = Block("2", kOneMean)},
+     "request 1 for means is left out: no block of means answers it"},
+    // Nobody knows which request a block without index answers.
+    {{.fSettings = Requests(Wanted("None")), .fDiagnostics = Block("", kOneMean)}, ""},
+};
+
+TEST(MeansFrame, TellsRequestsWithoutAnswer) { CheckTables("no table", "request", kUnanswered); }
 
 TEST(MeansFrame, CaptionsGrandMeansOfTwentyBlocks) {
     Sample sample{.fSettings = Requests(kRequestOfA), .fTraining = Message("kGLMM_C24")};
@@ -111,6 +130,10 @@ std::string Contrasts(const Strings& factors, const std::string& kind = "pairwis
 }
 
 const TableCase kContrastTables[] = {
+    // Wanted, and not there; a message stands in for them.
+    {{.fSettings = Requests(Wanted("Deviation")), .fDiagnostics = Block("0", kOneMean)},
+     R"(table "Contrasts" of request 1 for means is left out: the block has no contrasts)"},
+    {{.fSettings = Requests(Wanted("Deviation")), .fDiagnostics = Block("0", kOneMean + Message("kGLMM_C20"))}, ""},
     // Deviation contrasts among three factors.
     {{.fSettings = Requests(MeansRequest({"a", "t", "b"}, "t")) + Parameter("pAdjustment", "LSD"),
       .fDiagnostics = Contrasts({"a", "1", "b", "hi", "t", "2", "t", ""}, "deviationContrast")},

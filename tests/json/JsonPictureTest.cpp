@@ -8,81 +8,17 @@ namespace {
 using document::Chart;
 using document::Picture;
 
-void ExpectCarriedOver(const Picture& picture) {
-    const auto result = ReadJson(WriteJson({.fItems = {{Chart{.fPicture = picture}}}}));
-    const auto* error = std::get_if<JsonError>(&result);
-    ASSERT_FALSE(error) << error->fPath << ": " << error->fText;
-    const auto& read = std::get<Chart>(std::get<document::Document>(result).fItems.front().fContent).fPicture;
-    EXPECT_TRUE(read == picture) << picture.fContent.index();
-}
-
-document::LevelsPicture MakeLevels() {
-    return {.fIsContrast = true,
-            .fValues = {"v", -1e300, 1e300, true},
-            .fPredictor = {"p", {}, 0.1, false},
-            .fvLevels = {"a", "b"},
-            .fvNumbers = {0.1, -0.0},
-            .fSeries = {"s", {"f", "m"}, true},
-            .fEmphasis = {"set off", "rest", true},
-            .fPanels = {{"x", "y"}, {"z", "w"}, 2},
-            .fvMarks = {{{1, 0}, 1, 0, 0.5, 0.25, -1.0, 2.0, true, "tip"}, {{0, 1}, 0, 1, 3.0, {}, {}, {}, false, ""}},
-            .fvGuides = {{{1, 1}, 0.75, "guide"}}};
-}
-
-document::HistogramPicture MakeHistogram() {
-    return {.fValues = {"v", 0.0, {}, false},
-            .fCounts = {"c", {}, 9.0, true},
-            .fvBins = {{0, 1, 2, "first"}, {1, 3, 0, ""}},
-            .fvCurve = {{0.5, 1.5}, {0.75, 0.0}},
-            .fIsCurveOfCounts = true};
-}
-
-document::NetworkPicture MakeNetwork() {
-    return {.fLowX = -1,
-            .fHighX = 4,
-            .fvNodes = {{1, 2, "n", "tip", 1}, {3, 4, "", "", {}}},
-            .fvLinks = {{1, 2, 3, 4, 5, 0, 1, "tip"}, {1, 2, 3, 4, 5, {}, {}, ""}},
-            .fTarget = {1.0, 2.0, "t", "tip"},
-            .fWeights = {"w", 1, 9, {{1, "low"}, {9, "high"}}},
-            .fSigns = {"s", {"negative"}, true},
-            .fIsLastNegative = true,
-            .fTypes = {"t", {"c", "u"}, false},
-            .fvKinds = {document::NodeKind::Ordinal, document::NodeKind::Unknown},
-            .fHistogram = MakeHistogram()};
-}
-
-document::ScatterPicture MakeScatter() {
-    return {.fX = {"x", 0.0, 1.0, false},
-            .fY = {"y", 5.0, 5.0, false},
-            .fIsSquare = true,
-            .fHasDiagonal = true,
-            .fHasFrequencies = true,
-            .fFrequencyTitle = "f",
-            .fHasLegend = true,
-            .fvPoints = {{0, 5, 0, "none"}, {0.1, 5, 1, ""}, {1, 5, 2.5, ""}}};
-}
-
-TEST(JsonPicture, EveryKindComesBackAsItWas) {
-    const document::CirclePicture circle{
-        .fEmphasis = {"s", "r", true},
-        .fPanels = {{"x"}, {"y", "z"}, 0},
-        .fvPanels = {{{0, 1}, {{"A", "tip"}, {"B", ""}}, {{1, 0, 1.0 / 3, true, "tip"}, {0, 1, 0, false, ""}}}}};
-    const Picture words{"t",       "s", "c",        "f",
-                        {"n", ""}, {},  "sentence", {{{"A", "B"}, 1, {{"a", "b"}, {"", "\n"}}}, {{""}, 0, {}}}};
-    const decltype(Picture::fContent) contents[] = {MakeLevels(),
-                                                    circle,
-                                                    MakeNetwork(),
-                                                    MakeScatter(),
-                                                    MakeHistogram(),
-                                                    document::CirclePicture(),
-                                                    document::NetworkPicture(),
-                                                    document::ScatterPicture(),
+// Those with content are in the small document.
+TEST(JsonPicture, EmptyOnesOfEveryKindComeBack) {
+    const decltype(Picture::fContent) contents[] = {document::LevelsPicture(), document::CirclePicture(),
+                                                    document::NetworkPicture(), document::ScatterPicture(),
                                                     document::HistogramPicture()};
-    for (Picture picture : {Picture(), words}) {
-        for (const auto& content : contents) {
-            picture.fContent = content;
-            ExpectCarriedOver(picture);
-        }
+    for (const auto& content : contents) {
+        const Picture picture{.fContent = content};
+        const auto result = ReadJson(WriteJson({.fItems = {{Chart{.fPicture = picture}}}}));
+        const auto* document = std::get_if<document::Document>(&result);
+        ASSERT_TRUE(document) << content.index();
+        EXPECT_TRUE(std::get<Chart>(document->fItems.front().fContent).fPicture == picture) << content.index();
     }
 }
 

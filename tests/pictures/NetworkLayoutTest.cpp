@@ -188,7 +188,8 @@ TEST(NetworkLayout, ClassesWithoutALegendHaveNoKey) {
     picture.fSigns.fHasLegend = false;
     picture.fTypes.fHasLegend = false;
     picture.fWeights.fvEntries.clear();
-    for (const Element* mark : test::MarksOf(LayOutContent(picture, kWidths[0]))) {
+    const Scene scene = LayOutContent(picture, kWidths[0]);
+    for (const Element* mark : test::MarksOf(scene)) {
         EXPECT_LE(mark->fvKeys.size(), 1U) << mark->fTip;
     }
 }

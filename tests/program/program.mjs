@@ -2,7 +2,7 @@
 // node program.mjs PROGRAM EXAMPLES WORK
 
 import { spawnSync } from "node:child_process";
-import { chmodSync, mkdirSync, readdirSync, readFileSync, rmSync, symlinkSync, writeFileSync } from "node:fs";
+import { chmodSync, cpSync, mkdirSync, readdirSync, readFileSync, rmSync, symlinkSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 
 const [program, examples, work] = process.argv.slice(2);
@@ -109,6 +109,11 @@ const refused = [
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
+    `hierfit: --format png: --output must name a folder\n${usage}`],
+  ...["0", "-1", "20.5", "nan", "inf", "2x", ""].map((scale) => ["a wrong scale",
+    ["report", "-f", "png", "-o", "never", "--scale", scale, example], 1,
+    `hierfit: --scale: ${scale} is no number above 0 and up to 20\n${usage}`]),
   ["pictures into a file", ["report", "-f", "svg", "-o", "bad.json", example], 3, "hierfit: bad.json: Not a directory\n"],
   ["a device that is full", ["report", "-f", "text", "-o", "/dev/full", example], 3,
     "hierfit: /dev/full: No space left on device\n"],
@@ -221,6 +226,45 @@ for (const picture of pictures) {
   check(picture, page.includes(`id="${picture.replace(".svg", "")}"`), "is named otherwise than in the page");
   check(picture, readFileSync(join("new/folder", picture), "utf8").startsWith("<svg xmlns="), "is no picture");
 }
+
+/** Width and height of a PNG file; none where it is another. */
+function sizeOf(path) {
+  const bytes = readFileSync(path);
+  const isPng = bytes.toString("latin1", 0, 8) === "\x89PNG\r\n\x1a\n";
+  return isPng ? [bytes.readUInt32BE(16), bytes.readUInt32BE(20)] : [];
+}
+
+for (const [scale, args] of [[2, []], [0.5, ["--scale", "0.5"]]]) {
+  run("report", "-f", "png", "-o", "pixels", ...args, example);
+  for (const picture of pictures) {
+    const [, ...size] = /width="([\d.]+)" height="([\d.]+)"/.exec(readFileSync(join("new/folder", picture), "utf8"));
+    const expected = size.map((side) => Math.ceil(scale * side));
+    const actual = sizeOf(join("pixels", picture.replace(".svg", ".png")));
+    check(`${picture} as PNG`, String(actual) === String(expected), `${actual} instead of ${expected}`);
+  }
+}
+
+const saved = JSON.parse(readFileSync("a.json", "utf8"));
+chartsIn(saved.items)[0].picture.notes = Array(1200).fill("Slept well.");
+writeFileSync("tall.json", JSON.stringify(saved));
+got = run("render", "-f", "png", "-o", "short", "tall.json");
+const tall = "GLMMPredictedByObserved-1.png";
+checkRefusal("a picture too tall", got, 3, `hierfit: short/${tall}: the picture is too large for png\n`);
+check("a picture too tall", readdirSync("short").length === pictures.length - 1, `there are ${readdirSync("short")}`);
+
+// An installation without the module that draws pixels.
+const root = dirname(dirname(program));
+for (const part of ["bin/hierfit", "lib"]) {
+  cpSync(join(root, part), join("nopixels", part),
+    { recursive: true, verbatimSymlinks: true, filter: (path) => !path.includes("libhierfit_raster") });
+}
+symlinkSync(join(root, "share"), "nopixels/share");
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
+checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory\n$/);
+check("a missing module", !readdirSync(".").includes("none"), "there is output");
+got = spawn("nopixels/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
+check("a missing module", got.status === 0, `SVG takes it: ${got.err}`);
+
 const bare = run("report", "--static", "-f", "html", example).out;
 check("a static page", bare.includes("<svg") && !bare.includes("<script"), "has a script or no picture");
 

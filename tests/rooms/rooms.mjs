@@ -59,7 +59,7 @@ const knows = {
   "report/charts/layout/levels": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
-  "program": [...report("style", "text", "json", "html", "charts"), ...host("session")],
+  "program": [...report("style", "text", "json", "html", "charts", "charts/raster"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not

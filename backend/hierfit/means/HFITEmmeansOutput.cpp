@@ -30,9 +30,26 @@ HFITEmmeansOutput::HFITEmmeansOutput(BpProcedure* procedure, KEST_DataSource* da
       fpCustomEmmeans(stats->GetCustomEmmeans()) {}
 
 void HFITEmmeansOutput::Run() {
-    if (!fpBuildSettings || !fpCustomEmmeans || fpCustomEmmeans->empty()) return;
+    if (!fpBuildSettings) return;
+    DiagnoseUnanswered();
+    if (!fpCustomEmmeans || fpCustomEmmeans->empty()) return;
     PrintGrandMeans();
     for (const EmmeansData& block : *fpCustomEmmeans) PrintBlock(block);
+}
+
+void HFITEmmeansOutput::DiagnoseUnanswered() const {
+    const std::vector<EmmeansSpec>& specs = fpBuildSettings->fvEmmeansSpecs;
+    std::vector<bool> isAnswered(specs.size());
+    for (std::size_t i = 0; fpCustomEmmeans && i < fpCustomEmmeans->size(); ++i) {
+        const int index = (*fpCustomEmmeans)[i].fEmmeansIndex;
+        if (index < 0) return;  // a block that prints nothing may answer any of them
+        const auto at = static_cast<std::size_t>(index);
+        if (at < specs.size()) isAnswered[at] = true;
+    }
+    for (std::size_t i = 0; i < specs.size(); ++i) {
+        if (isAnswered[i] || !specs[i].fEstimateMeans) continue;
+        Diagnose("request " + std::to_string(i + 1) + " for means is left out: no block of means answers it");
+    }
 }
 
 void HFITEmmeansOutput::PrintGrandMeans() {

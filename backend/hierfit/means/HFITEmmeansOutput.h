@@ -19,6 +19,9 @@ class HFITEmmeansOutput {
     /// The whole stage; nothing when there are no blocks.
     void Run();
 
+    /// Tells which requests for means no block answers.
+    void DiagnoseUnanswered() const;
+
     void PrintGrandMeans();
     void PrintBlock(const EmmeansData& block);
     bool PrintEstimates(BpHeading& heading, const EmmeansData& block);

@@ -45,7 +45,12 @@ std::vector<FigureColumn> Figures(const ContrastData& contrasts) {
 
 bool HFITEmmeansOutput::PrintContrasts(BpHeading& heading, const EmmeansData& block) {
     const ContrastData& contrasts = block.fContrasts;
-    if (contrasts.fvFactorCoords.empty()) return true;
+    if (contrasts.fvFactorCoords.empty()) {
+        // A message of the block stands in for what it does not hold.
+        if (SpecOf(block).fContrastType < ContrastType::NONE && block.fvWarningList.empty())
+            Diagnose(NameOfTable("Contrasts", block) + " is left out: the block has no contrasts");
+        return true;
+    }
     if (contrasts.fContrastKind < 0 || contrasts.fContrastKind >= ContrastKind::OTHER) {
         Diagnose(NameOfTable("Contrasts", block) + " is left out: it does not say which kind of contrasts it holds");
         return false;

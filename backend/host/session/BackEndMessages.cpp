@@ -142,10 +142,11 @@ std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml) {
     return messages;
 }
 
-void DiagnoseUnseenMessages(context::RunContext& context) {
-    if (!context.GetLastXml()) return;
+std::size_t DiagnoseUnseenMessages(context::RunContext& context) {
+    if (!context.GetLastXml()) return 0;
     const std::vector<BackEndMessage> messages = ReadBackEndMessages(*context.GetLastXml());
-    if (messages.empty()) return;
+    if (messages.empty()) return 0;
+    std::size_t nOfModel = 0;
     const ShownTexts shown(context.GetDocument());
     for (const BackEndMessage& message : messages) {
         const std::string_view pattern = context.Translate(message.fKey);
@@ -153,7 +154,9 @@ void DiagnoseUnseenMessages(context::RunContext& context) {
         const xml::Position position = context.GetLastXml()->PositionOf(message.fNode);
         context.AddDiagnostic(2, BlockBefore(context, message) + Summarize(pattern, message),
                               document::Place{document::kStatXmlSource, position.fLine, position.fColumn});
+        if (message.fBlock == xml::Document::kNone) ++nOfModel;
     }
+    return nOfModel;
 }
 
 }  // namespace hierfit::session

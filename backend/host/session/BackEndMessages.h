@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -21,7 +22,7 @@ struct BackEndMessage {
 std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml);
 
 /// Adds to the diagnostics, in words and with their parameters, those messages that no table, chart or message of the
-/// output shows.
-void DiagnoseUnseenMessages(context::RunContext& context);
+/// output shows. Gives how many of those added are about the model; they stand behind those about blocks of means.
+std::size_t DiagnoseUnseenMessages(context::RunContext& context);
 
 }  // namespace hierfit::session

@@ -70,9 +70,14 @@ class Host {
         return procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
     }
 
+    void TellUnseenMessages() { fUnseenMessages = DiagnoseUnseenMessages(fContext); }
+
+    std::size_t CountUnseenMessages() const { return fUnseenMessages; }
+
   private:
     std::unique_ptr<language::Catalogue> fpCatalogue;
     context::RunContext fContext;
+    std::size_t fUnseenMessages = 0;
     std::unique_ptr<ProcedureDataSource> fpDataSource;
     std::unique_ptr<CFMetaData> fpMetaData;
 };
@@ -90,7 +95,7 @@ void ExplainFailure(context::RunContext& context) {
 }
 
 Result NotSetUp(std::string reason) {
-    Result result{Outcome::NotSetUp, {}};
+    Result result{Outcome::NotSetUp, {}, 0};
     result.fDocument.fvDiagnostics.push_back({3, std::move(reason), {}});
     return result;
 }
@@ -103,7 +108,7 @@ bool RunGuarded(Host& host, CFProcCustomFactory factory, Input& pmml, Input& sta
                                             document::Place{document::kStatXmlSource, 1, 1});
         }
         if (!host.RunProcedure(factory, std::move(pmml.fText), std::move(statXml.fText))) return false;
-        DiagnoseUnseenMessages(host.GetContext());
+        host.TellUnseenMessages();
         return true;
     } catch (const std::exception& error) {
         host.GetContext().AddDiagnostic(3, std::string("the run broke off: ") + error.what(), {});
@@ -128,7 +133,8 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
     host.Describe(pmml, statXml);
     const bool issued = RunGuarded(host, std::get<CFProcCustomFactory>(module), pmml, statXml);
     if (!issued) ExplainFailure(host.GetContext());
-    return {issued ? Outcome::Issued : Outcome::Unreadable, std::move(host.GetContext().GetDocument())};
+    return {issued ? Outcome::Issued : Outcome::Unreadable, std::move(host.GetContext().GetDocument()),
+            host.CountUnseenMessages()};
 }
 
 std::vector<std::string> Languages() { return language::ListLanguages(LanguageFolder(FindPaths())); }

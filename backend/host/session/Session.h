@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -25,7 +26,8 @@ enum class Outcome {
 
 struct Result {
     Outcome fOutcome;
-    document::Document fDocument;  ///< with the diagnostics, whatever the outcome
+    document::Document fDocument;     ///< with the diagnostics, whatever the outcome
+    std::size_t fUnseenMessages = 0;  ///< so many diagnostics, the last ones, repeat messages about the model
 };
 
 /// Runs the procedure on a PMML and a StatXML document. It writes nothing anywhere; all it has to say is in the result.

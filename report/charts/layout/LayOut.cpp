@@ -11,7 +11,7 @@ namespace hierfit::report::charts {
 namespace {
 
 constexpr double kMargin = 6;
-constexpr double kLeastForWords = 320;  // narrower pictures let their words stand out
+constexpr double kLeastForWords = 400;  // narrower pictures let their words stand out
 constexpr double kBelowTitle = 12;
 constexpr double kAboveNotes = 12;
 

@@ -159,19 +159,6 @@ Shape PanelGrid::HeadingBeside(const PanelPlace& place, std::string words) const
     return shape;
 }
 
-void PanelGrid::AddHeading(Scene& scene, const PanelPlace& place) const {
-    if (!HasHeadings()) return;
-    Element element;
-    if (!IsTable() || RowOf(place) == 0) {
-        AddOver(element, place, WrapTexts({WordsOver(place)}, RoomOver(), kHeadingStyle, fHeadingLines).front());
-    }
-    if (IsTable() && ColumnOf(place) + 1 == fColumns) {
-        const std::string& down = fpPanels->fvDown[static_cast<std::size_t>(place.fDown)];
-        element.fvShapes.push_back(HeadingBeside(place, CutText(down, fPlotHeight, kHeadingStyle)));
-    }
-    scene.fvElements.push_back(std::move(element));
-}
-
 void PanelGrid::AddHeadings(Scene& scene, const std::vector<PanelPlace>& places) const {
     if (!HasHeadings()) return;
     std::vector<std::pair<int, int>> over;  // down, across

@@ -58,10 +58,6 @@ class PanelGrid {
     double PlotsRight() const;  ///< where the plots of the last column end
     double Bottom() const;      ///< of all, rooms for axes included
 
-    /// The heading over a panel; in a grid of two variables those of the first row, and beside rows those of the last
-    /// column.
-    void AddHeading(Scene& scene, const document::PanelPlace& place) const;
-
     /// The headings of these panels, each once, in a table those of their columns and rows. Headings that would be cut
     /// to the same words are cut so that they differ.
     void AddHeadings(Scene& scene, const std::vector<document::PanelPlace>& places) const;

@@ -23,6 +23,7 @@ constexpr double kRadius = 4.5;
 constexpr double kPalest = 0.3;
 constexpr double kAlone = 0.5;  // the opacity of points without frequencies
 constexpr int kShades = 20;     // of opacity: more would not be told apart
+constexpr std::size_t kCrowd = 2000;
 constexpr int kLegendSteps = 4;
 constexpr double kBelowLegend = 10;
 constexpr double kAboveTicks = 8;
@@ -95,13 +96,22 @@ double AddFrequencies(Scene& scene, const ScatterPicture& picture, double width)
     return AddLegend(scene, legend, {}, width) + kBelowLegend;
 }
 
+/// Of a crowd the most frequent come last: they lie on top, and points of one shade stand side by side.
+std::vector<const ScatterPoint*> OrderOf(const ScatterPicture& picture) {
+    std::vector<const ScatterPoint*> points;
+    points.reserve(picture.fvPoints.size());
+    for (const ScatterPoint& point : picture.fvPoints) points.push_back(&point);
+    if (points.size() > kCrowd) std::ranges::stable_sort(points, {}, &ScatterPoint::fFrequency);
+    return points;
+}
+
 void AddPoints(Scene& scene, const ScatterPicture& picture, const Scale& x, const Scale& y) {
     const double most = MostFrequent(picture);
-    for (const ScatterPoint& point : picture.fvPoints) {
+    for (const ScatterPoint* point : OrderOf(picture)) {
         Element element;
-        element.fTip = point.fTip;
-        element.fvShapes.push_back(MakeSymbol(Symbol::Circle, {x.At(point.fX), y.At(point.fY)}, kRadius,
-                                              PaintOf(picture, point.fFrequency, most)));
+        element.fTip = point->fTip;
+        element.fvShapes.push_back(MakeSymbol(Symbol::Circle, {x.At(point->fX), y.At(point->fY)}, kRadius,
+                                              PaintOf(picture, point->fFrequency, most)));
         scene.fvElements.push_back(std::move(element));
     }
 }

@@ -12,10 +12,17 @@ class PathData {
   public:
     explicit PathData(std::string& out) : fOut(out) {}
 
+    /// To a place of the picture, or from where the part before ended if that is shorter.
     void MoveTo(Point point) {
+        const long long x = fX;
+        const long long y = fY;
         Take(point);
-        fOut += 'M';
-        AppendPair(fX, fY);
+        std::string absolute = "M";
+        AppendPair(absolute, fX, fY);
+        std::string relative = "m";
+        if (fHasBegun) AppendPair(relative, fX - x, fY - y);
+        fOut += fHasBegun && relative.size() < absolute.size() ? relative : absolute;
+        fHasBegun = true;
     }
 
     void LineTo(Point point) {
@@ -30,7 +37,7 @@ class PathData {
             AppendTenths(fOut, fY - y);
         } else {
             fOut += 'l';
-            AppendPair(fX - x, fY - y);
+            AppendPair(fOut, fX - x, fY - y);
         }
     }
 
@@ -42,7 +49,8 @@ class PathData {
     void operator()(const Path& path) {
         for (const std::vector<Point>& part : path.fvParts) {
             for (const Point& point : part) &point == part.data() ? MoveTo(point) : LineTo(point);
-            if (path.fIsClosed && !part.empty()) fOut += 'z';
+            // A line is no shape.
+            if (path.fIsClosed && !part.empty() && part.size() != 2) Close(part.front());
         }
     }
 
@@ -55,15 +63,21 @@ class PathData {
         fY = TenthsOf(point.fY);
     }
 
-    void AppendPair(long long x, long long y) {
-        AppendTenths(fOut, x);
-        if (y >= 0) fOut += ' ';
-        AppendTenths(fOut, y);
+    void Close(Point first) {
+        Take(first);
+        fOut += 'z';
+    }
+
+    static void AppendPair(std::string& out, long long x, long long y) {
+        AppendTenths(out, x);
+        if (y >= 0) out += ' ';
+        AppendTenths(out, y);
     }
 
     std::string& fOut;
     long long fX = 0;
     long long fY = 0;
+    bool fHasBegun = false;
 };
 
 // Blanks count, but without being told so readers of SVG take several for one, and leave out those at the ends.
@@ -81,6 +95,7 @@ bool HasBlanksToKeep(std::string_view words) {
 struct FormWriter {
     std::string& fOut;
     const std::string& fAttributes;
+    const std::string& fContent;
 
     void operator()(const Rectangle& form) const {
         fOut.append("<rect").append(fAttributes);
@@ -89,7 +104,7 @@ struct FormWriter {
         AppendNumber(fOut, "width", std::max(0.0, form.fWidth));
         AppendNumber(fOut, "height", std::max(0.0, form.fHeight));
         if (form.fRound > 0) AppendNumber(fOut, "rx", form.fRound);
-        fOut += "/>";
+        Close("rect");
     }
 
     void operator()(const Circle& form) const {
@@ -97,7 +112,7 @@ struct FormWriter {
         AppendNumber(fOut, "cx", form.fAt.fX);
         AppendNumber(fOut, "cy", form.fAt.fY);
         AppendNumber(fOut, "r", std::max(0.0, form.fRadius));
-        fOut += "/>";
+        Close("circle");
     }
 
     void operator()(const Line& form) const { AppendPath(form); }
@@ -112,7 +127,7 @@ struct FormWriter {
             AppendTurn(form);
         }
         if (HasBlanksToKeep(form.fWords)) fOut += " xml:space=\"preserve\"";
-        fOut += '>';
+        fOut.append(">").append(fContent);
         AppendCharacters(fOut, form.fWords);
         fOut += "</text>";
     }
@@ -122,7 +137,16 @@ struct FormWriter {
     void AppendPath(const AnyPath& path) const {
         fOut.append("<path").append(fAttributes).append(" d=\"");
         PathData{fOut}(path);
-        fOut += "\"/>";
+        fOut += '"';
+        Close("path");
+    }
+
+    void Close(const char* name) const {
+        if (fContent.empty()) {
+            fOut += "/>";
+        } else {
+            fOut.append(">").append(fContent).append("</").append(name).append(">");
+        }
     }
 
     void AppendTurn(const Text& form) const {
@@ -138,8 +162,12 @@ struct FormWriter {
 
 }  // namespace
 
-void AppendForm(std::string& out, const Form& form, const std::string& attributes) {
-    std::visit(FormWriter{out, attributes}, form);
+void AppendForm(std::string& out, const Form& form, const std::string& attributes, const std::string& content) {
+    std::visit(FormWriter{out, attributes, content}, form);
+}
+
+void AppendDot(std::string& out, const Circle& circle, const std::string& attributes, const std::string& content) {
+    AppendForm(out, Path{{{circle.fAt}}, true}, attributes, content);
 }
 
 bool IsLines(const Form& form) { return std::holds_alternative<Line>(form) || std::holds_alternative<Path>(form); }

@@ -16,6 +16,7 @@ namespace {
 using Shapes = std::span<const Shape>;
 
 constexpr double kUsualSize = 12;
+constexpr std::size_t kCrowd = 1000;  // marks of one look
 
 // Pictures are laid out for the widest of these, so none of them is too wide.
 constexpr std::string_view kFonts = "Helvetica,Arial,'Liberation Sans','DejaVu Sans',sans-serif";
@@ -114,6 +115,26 @@ void AppendShare(std::string& out, std::string_view name, double share) {
     AppendAttribute(out, name, "." + digits.substr(1));
 }
 
+void AppendTextElement(std::string& out, std::string_view name, std::string_view text,
+                       std::string_view lineBreak = " ") {
+    if (text.empty()) return;
+    out.append("<").append(name).append(">");
+    AppendCharacters(out, text, lineBreak);
+    out.append("</").append(name).append(">");
+}
+
+/// The radius of circles that have nothing but a fill, if there are so many that each should be short.
+std::optional<double> RadiusOfCrowd(std::span<const Item> items) {
+    if (items.size() < kCrowd || items.front().fLook->fPaint.fStroke != Ink::None) return {};
+    std::optional<double> radius;
+    for (const Item& item : items) {
+        const auto* circle = item.fvShapes.size() == 1 ? std::get_if<Circle>(&item.fvShapes.front().fForm) : nullptr;
+        if (!circle || circle->fRadius != radius.value_or(circle->fRadius)) return {};
+        radius = circle->fRadius;
+    }
+    return radius;
+}
+
 class SceneWriter {
   public:
     SceneWriter(std::string& out, Names names) : fOut(out), fNames(names) {}
@@ -132,6 +153,7 @@ class SceneWriter {
   private:
     void AppendRun(std::span<const Item> items) {
         if (items.size() == 1) return AppendItem(items.front(), items.front().fLook);
+        if (const auto radius = RadiusOfCrowd(items)) return AppendDots(items, *radius);
         fOut += "<g";
         fOut += AttributesOf(nullptr, items.front().fLook);
         fOut += '>';
@@ -139,12 +161,26 @@ class SceneWriter {
         fOut += "</g>";
     }
 
+    /// The pen is as wide as the circles.
+    void AppendDots(std::span<const Item> items, double radius) {
+        Look look = *items.front().fLook;
+        std::swap(look.fPaint.fFill, look.fPaint.fStroke);
+        look.fPaint.fStrokeWidth = 2 * radius;
+        fOut.append("<g").append(AttributesOf(nullptr, look)).append(" stroke-linecap=\"round\">");
+        for (const Item& item : items) {
+            const auto& circle = std::get<Circle>(item.fvShapes.front().fForm);
+            AppendDot(fOut, circle, AttributesOf(item.fpElement, {}), TitleOf(item.fpElement));
+        }
+        fOut += "</g>";
+    }
+
     /// The look is nothing where it is told already.
     void AppendItem(const Item& item, const std::optional<Look>& look) {
         const std::string attributes = AttributesOf(item.fpElement, look);
-        if (item.fvShapes.size() == 1) return AppendForm(fOut, item.fvShapes.front().fForm, attributes);
+        const std::string title = TitleOf(item.fpElement);
+        if (item.fvShapes.size() == 1) return AppendForm(fOut, item.fvShapes.front().fForm, attributes, title);
         if (!item.fpElement) return AppendLines(fOut, item.fvShapes, attributes);
-        fOut.append("<g").append(attributes).append(">");
+        fOut.append("<g").append(attributes).append(">").append(title);
         if (item.fLook) {
             for (const Shape& shape : item.fvShapes) AppendForm(fOut, shape.fForm, {});
         } else {
@@ -160,7 +196,9 @@ class SceneWriter {
         AppendClasses(attributes, element, look);
         if (look) AppendPaint(attributes, look->fPaint);
         if (look && look->fIsText) AppendStyle(attributes, *look);
-        if (element) AppendMeaning(attributes, *element);
+        if (element && !IsNameless(element) && (element->fIsEntry || !element->fvKeys.empty())) {
+            AppendKeys(attributes, *element);
+        }
         return attributes;
     }
 
@@ -201,14 +239,10 @@ class SceneWriter {
         if (look.fIsRightToLeft) AppendAttribute(out, "direction", "rtl");
     }
 
-    void AppendMeaning(std::string& out, const Element& element) const {
-        if (IsNameless(&element)) return;
-        if (!element.fTip.empty()) {
-            out += " role=\"img\" aria-label=\"";
-            AppendCharacters(out, element.fTip, kAttributeLineBreak);
-            out += '"';
-        }
-        if (element.fIsEntry || !element.fvKeys.empty()) AppendKeys(out, element);
+    std::string TitleOf(const Element* element) const {
+        std::string title;
+        if (element && fNames == Names::Marks) AppendTextElement(title, "title", element->fTip, "\n");
+        return title;
     }
 
     static void AppendKeys(std::string& out, const Element& element) {
@@ -234,13 +268,6 @@ void AppendRoot(std::string& out, const Scene& scene, std::string_view attribute
     AppendNumber(out, "font-size", kUsualSize);
     AppendAttribute(out, "fill", "none");
     out += '>';
-}
-
-void AppendTextElement(std::string& out, std::string_view name, std::string_view text) {
-    if (text.empty()) return;
-    out.append("<").append(name).append(">");
-    AppendCharacters(out, text);
-    out.append("</").append(name).append(">");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace hierfit::report::charts {
 
 /// What a picture says of itself to those who do not see it.
 enum class Names : unsigned char {
-    Marks,  ///< each mark carries its tip as a name, and its keys
+    Marks,  ///< each mark has its tip as title, which names it and is shown where it is pointed at, and its keys
     None,   ///< marks are of class "m" and have neither: another layout of the same picture, with its marks in the same
             ///< order, says all that
 };

@@ -25,7 +25,8 @@ constexpr double kBetweenLines = 6;    // of levels below each other
 constexpr double kMostForLines = 640;  // pixels of levels below each other that get more lines than their marks need
 constexpr double kMostLength = 20000;  // pixels of levels at their usual slots
 constexpr double kLeastSlot = 2;
-constexpr double kRoomAtEnds = 0.03;  // of an axis of numbers
+constexpr std::size_t kMostNames = 20'000;  // of levels, in all panels
+constexpr double kRoomAtEnds = 0.03;        // of an axis of numbers
 
 double CountOf(const LevelsPicture& picture) {
     return static_cast<double>(std::max<std::size_t>(picture.fvLevels.size(), 1));
@@ -218,6 +219,17 @@ Scale ScaleOf(const LevelsAxis& axis, const Frame& plot) {
     return axis.IsTurned() ? Scale{slots, plot.fTop, plot.fBottom} : Scale{slots, plot.fLeft, plot.fRight};
 }
 
+void NameLevels(LevelsAxis& axis, std::size_t panels) {
+    std::vector<std::size_t> named;
+    for (std::size_t level = 0; level < axis.fvWords.size(); ++level) {
+        if (!axis.fvWords[level].empty()) named.push_back(level);
+    }
+    const std::size_t most = std::max<std::size_t>(kMostNames / std::max<std::size_t>(panels, 1), 1);
+    const std::size_t step = (named.size() + most - 1) / most;
+    axis.fvNamed.clear();
+    for (std::size_t at = 0; at < named.size(); at += step) axis.fvNamed.push_back(named[at]);
+}
+
 void AddLevels(Scene& scene, const LevelsAxis& axis, const Frame& plot) {
     if (axis.fStand == LevelsStand::Numbers) return AddBottomAxis(scene, axis.fNumbers, plot, false);
     const Scale scale = ScaleOf(axis, plot);
@@ -226,7 +238,7 @@ void AddLevels(Scene& scene, const LevelsAxis& axis, const Frame& plot) {
         words.fvShapes.push_back(
             MakeLine({plot.fLeft, plot.fBottom}, {plot.fRight, plot.fBottom}, {.fStroke = Ink::Axis}));
     }
-    for (std::size_t level = 0; level < axis.fvWords.size(); ++level) {
+    for (const std::size_t level : axis.fvNamed) {
         AddWords(words, axis, axis.fvWords[level], scale.At(static_cast<double>(level)), plot);
     }
     scene.fvElements.push_back(std::move(words));

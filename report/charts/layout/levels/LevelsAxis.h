@@ -24,8 +24,9 @@ struct LevelsAxis {
     double fLength = 0;  ///< pixels of all
     double fRoom = 0;    ///< that words take across the axis, with their distance from the plot
     std::vector<std::vector<std::string>>
-        fvWords;          ///< of each level, in lines; of many levels every so many-th has any
-    NumberAxis fNumbers;  ///< of numbers
+        fvWords;                       ///< of each level, in lines; of many levels every so many-th has any
+    std::vector<std::size_t> fvNamed;  ///< levels whose words are drawn, ascending; `NameLevels` chooses them
+    NumberAxis fNumbers;               ///< of numbers
 
     bool IsTurned() const { return fStand == LevelsStand::Below; }
 };
@@ -51,6 +52,10 @@ double OverhangOf(const LevelsAxis& axis, double width, int columns);
 
 /// From the place of a level or number to pixels.
 Scale ScaleOf(const LevelsAxis& axis, const Frame& plot);
+
+/// Chooses the levels whose words each of so many panels draws: those that have any, or every so many-th of them where
+/// many levels meet many panels.
+void NameLevels(LevelsAxis& axis, std::size_t panels);
 
 /// A line below the plot, but not beside levels below each other, and the words.
 void AddLevels(Scene& scene, const LevelsAxis& axis, const Frame& plot);

@@ -69,15 +69,18 @@ bool HasTicksAbove(const LevelsPlan& plan) {
     return plan.fAxis.IsTurned() && !plan.fGrid.HasHeadings() && plan.fPlotHeight > kTall;
 }
 
-void AddAxes(Scene& scene, const LevelsPlan& plan, const std::vector<PanelPlace>& panels) {
+void AddAxes(Scene& scene, LevelsPlan& plan, const std::vector<PanelPlace>& panels) {
     const bool isTurned = plan.fAxis.IsTurned();
+    const auto beside = BearersOf(panels, [&](const PanelPlace& of) { return plan.fGrid.FirstOfRow(of); });
+    const auto below = BearersOf(panels, [&](const PanelPlace& of) { return plan.fGrid.AxisBelow(of); });
+    NameLevels(plan.fAxis, isTurned ? beside.size() : below.size());
     if (HasTicksAbove(plan)) AddTopWords(scene, plan.fValues, plan.fGrid.At({}));
     for (const PanelPlace& place : panels) AddGrid(scene, plan.fValues, plan.fGrid.At(place), isTurned);
-    for (const PanelPlace& place : BearersOf(panels, [&](const PanelPlace& of) { return plan.fGrid.FirstOfRow(of); })) {
+    for (const PanelPlace& place : beside) {
         const Frame plot = plan.fGrid.At(place);
         isTurned ? AddLevels(scene, plan.fAxis, plot) : AddLeftAxis(scene, plan.fValues, plot, false);
     }
-    for (const PanelPlace& place : BearersOf(panels, [&](const PanelPlace& of) { return plan.fGrid.AxisBelow(of); })) {
+    for (const PanelPlace& place : below) {
         const Frame plot = plan.fGrid.At(place);
         isTurned ? AddBottomAxis(scene, plan.fValues, plot, false) : AddLevels(scene, plan.fAxis, plot);
     }

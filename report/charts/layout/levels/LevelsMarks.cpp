@@ -108,7 +108,7 @@ class PanelScales {
 
 using Trend = std::span<const LevelMark* const>;  // marks of one series in one panel, by level
 
-auto OrderOf(const LevelMark* mark) { return std::tuple(mark->fPanel.fDown, mark->fPanel.fAcross, mark->fSeries); }
+auto TrendOf(const LevelMark* mark) { return std::tuple(mark->fPanel.fDown, mark->fPanel.fAcross, mark->fSeries); }
 
 std::vector<const LevelMark*> SortMarks(const LevelsPicture& picture) {
     const auto place = [&](const LevelMark* mark) {
@@ -116,7 +116,7 @@ std::vector<const LevelMark*> SortMarks(const LevelsPicture& picture) {
     };
     std::vector<const LevelMark*> marks;
     for (const LevelMark& mark : picture.fvMarks) marks.push_back(&mark);
-    std::ranges::stable_sort(marks, {}, [&](const LevelMark* mark) { return std::pair(OrderOf(mark), place(mark)); });
+    std::ranges::stable_sort(marks, {}, [&](const LevelMark* mark) { return std::pair(TrendOf(mark), place(mark)); });
     return marks;
 }
 
@@ -217,6 +217,17 @@ void AddInShort(Element& element, const LevelMark& mark, const LevelsPlaces& pla
     element.fvShapes.push_back({paint, std::move(path)});
 }
 
+/// Marks in short come by their classes, so that those of one paint stand side by side; what is set off lies on top.
+std::vector<const LevelMark*> OrderOf(const LevelsPicture& picture, bool isInFull) {
+    std::vector<const LevelMark*> marks;
+    marks.reserve(picture.fvMarks.size());
+    for (const LevelMark& mark : picture.fvMarks) marks.push_back(&mark);
+    if (isInFull) return marks;
+    const auto place = [&](const LevelMark* mark) { return picture.fIsContrast ? mark->fIsSetOff : mark->fSeries; };
+    std::ranges::stable_sort(marks, {}, place);
+    return marks;
+}
+
 void AddGuides(Scene& scene, const LevelsPlaces& places) {
     for (const LevelGuide& guide : places.fpPicture->fvGuides) {
         const PanelScales scales(places, places.fpPlan->fGrid.At(guide.fPanel));
@@ -282,7 +293,7 @@ void AddTrends(Scene& scene, const LevelsPlaces& places) {
     Element bands;
     Element lines;
     for (Trend rest = marks; !rest.empty();) {
-        const auto isOther = [&](const LevelMark* mark) { return OrderOf(mark) != OrderOf(rest.front()); };
+        const auto isOther = [&](const LevelMark* mark) { return TrendOf(mark) != TrendOf(rest.front()); };
         const Trend trend = rest.first(static_cast<std::size_t>(std::ranges::find_if(rest, isOther) - rest.begin()));
         AddTrend(bands, lines, trend, places);
         rest = rest.subspan(trend.size());
@@ -295,12 +306,12 @@ void AddMarks(Scene& scene, const LevelsPlaces& places) {
     AddGuides(scene, places);
     const LevelsPicture& picture = *places.fpPicture;
     const bool isInFull = picture.fvMarks.size() <= kMostDrawn;
-    for (const LevelMark& mark : picture.fvMarks) {
-        const PanelScales scales(places, places.fpPlan->fGrid.At(mark.fPanel));
+    for (const LevelMark* mark : OrderOf(picture, isInFull)) {
+        const PanelScales scales(places, places.fpPlan->fGrid.At(mark->fPanel));
         Element element;
-        element.fTip = mark.fTip;
-        element.fvKeys = KeysOf(picture, mark);
-        isInFull ? AddInFull(element, mark, places, scales) : AddInShort(element, mark, places, scales);
+        element.fTip = mark->fTip;
+        element.fvKeys = KeysOf(picture, *mark);
+        isInFull ? AddInFull(element, *mark, places, scales) : AddInShort(element, *mark, places, scales);
         scene.fvElements.push_back(std::move(element));
     }
 }

@@ -10,7 +10,8 @@
 namespace {
 
 constexpr double kPointsToAPixel = 0.75;
-constexpr double kMostPixels = 32767;  // the libraries' limit of a side
+constexpr double kLongestSide = 32767;   // the libraries' limit, in pixels
+constexpr double kMostPixels = 1 << 28;  // they take four bytes each
 
 // A page made today is the same as one made tomorrow.
 constexpr const char* kDate = "2000-01-01T00:00:00Z";
@@ -63,7 +64,8 @@ bool WritePng(const char* svg, std::size_t size, double scale, HierfitTakeBytes 
     if (!image.fHandle) return false;
     const double width = std::ceil(image.fWidth * scale);
     const double height = std::ceil(image.fHeight * scale);
-    if (!(width >= 1 && width <= kMostPixels && height >= 1 && height <= kMostPixels)) return false;
+    const bool isPossible = width >= 1 && width <= kLongestSide && height >= 1 && height <= kLongestSide;
+    if (!isPossible || width * height > kMostPixels) return false;
     const Surface surface(
         cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(width), static_cast<int>(height)));
     if (!Render(image, surface.get(), scale)) return false;

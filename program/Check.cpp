@@ -1,0 +1,67 @@
+#include "Check.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+
+#include "Documents.h"
+#include "ExitStatus.h"
+#include "ItemIndex.h"
+#include "MissingItems.h"
+#include "OutputFile.h"
+#include "StandardError.h"
+#include "host/unicode/Excerpt.h"
+#include "report/text/VisibleText.h"
+
+namespace hierfit::program {
+
+namespace {
+
+std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths) {
+    if (!diagnostic.fPlace) return diagnostic.fText;
+    const document::Place& place = *diagnostic.fPlace;
+    return fmt::format("{}:{}:{}: {}", unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText),
+                       place.fLine, place.fColumn, diagnostic.fText);
+}
+
+std::vector<std::string> MakeRemarks(const ModelRun& run) {
+    const document::Document& document = run.fResult.fDocument;
+    // Messages about the model are no remarks, but where there are no estimates they say why.
+    const bool hasEstimates = ItemIndex(document.fItems).FindTable("FixedCoefficients");
+    const std::size_t nMessages = hasEstimates ? run.fResult.fUnseenMessages : 0;
+    std::vector<std::string> remarks;
+    for (std::size_t i = 0; i + nMessages < document.fvDiagnostics.size(); ++i)
+        remarks.push_back(DescribeDiagnostic(document.fvDiagnostics[i], run.fvPaths));
+    for (std::string& missing : DescribeMissingItems(document)) remarks.push_back(std::move(missing));
+    return remarks;
+}
+
+/// A remark stands on one line, whatever it quotes.
+std::string MakeLine(std::string remark) {
+    std::ranges::replace(remark, '\n', ' ');
+    return report::MakeVisible(remark) + "\n";
+}
+
+}  // namespace
+
+int Run(const CheckCommand& command) {
+    const auto run = RunModel(command.fvDocuments, {});
+    if (const auto* error = std::get_if<FileError>(&run)) {
+        PrintError(error->fText);
+        return kUnreadable;
+    }
+    const auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome != session::Outcome::Issued) {
+        PrintRun(model);
+        return kUnreadable;
+    }
+    std::string lines;
+    for (std::string& remark : MakeRemarks(model)) lines += MakeLine(std::move(remark));
+    if (const auto error = WriteOutput("-", lines)) {
+        PrintError(error->fText);
+        return kUnwritable;
+    }
+    return command.fIsStrict && !lines.empty() ? kUnreadable : kWritten;
+}
+
+}  // namespace hierfit::program

@@ -1,0 +1,93 @@
+#include "List.h"
+
+#include <algorithm>
+
+#include "Documents.h"
+#include "ExitStatus.h"
+#include "OutputFile.h"
+#include "StandardError.h"
+#include "report/html/Contents.h"
+#include "report/json/JsonOutput.h"
+#include "report/text/VisibleText.h"
+
+namespace hierfit::program {
+
+namespace {
+
+using report::html::Entry;
+
+const char* KindOf(const document::Item& item) {
+    static constexpr const char* kKinds[] = {"heading", "table", "chart", "message"};
+    return kKinds[item.fContent.index()];
+}
+
+/// A title on one line.
+std::string MakeTitle(const Entry& entry) {
+    std::string title(report::html::TitleOf(*entry.fpItem));
+    std::ranges::replace(title, '\n', ' ');
+    return title;
+}
+
+std::string MakeText(const std::vector<Entry>& entries) {
+    std::string text;
+    for (const Entry& entry : entries) {
+        text.append(static_cast<std::size_t>(entry.fDepth) * 2, ' ').append(entry.fAnchor).append("  ");
+        text.append(KindOf(*entry.fpItem)).append("  ").append(report::MakeVisible(MakeTitle(entry))).append("\n");
+    }
+    return text;
+}
+
+std::string MakeJson(const std::vector<Entry>& entries) {
+    using Layout = report::JsonOutput::Layout;
+    report::JsonOutput out;
+    std::vector<const Entry*> headings;  // around an entry, the outermost first
+    out.BeginList(Layout::Block);
+    for (const Entry& entry : entries) {
+        headings.resize(static_cast<std::size_t>(entry.fDepth));
+        out.BeginObject(Layout::Line);
+        out.Key("name");
+        out.String(entry.fAnchor);
+        out.Key("kind");
+        out.String(KindOf(*entry.fpItem));
+        out.Key("title");
+        out.String(report::html::TitleOf(*entry.fpItem));
+        out.Key("heading");
+        headings.empty() ? out.Null() : out.String(headings.back()->fAnchor);
+        out.EndObject();
+        headings.push_back(&entry);
+    }
+    out.EndList();
+    return out.Take();
+}
+
+bool IsSaved(const std::vector<std::string>& documents) {
+    return documents.size() == 1 && !IsFolder(documents.front());
+}
+
+std::variant<document::Document, FileError> ReadDocument(const std::vector<std::string>& documents) {
+    if (IsSaved(documents)) return ReadSaved(documents.front());
+    auto run = RunModel(documents, {});
+    if (auto* error = std::get_if<FileError>(&run)) return std::move(*error);
+    auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome == session::Outcome::Issued) return std::move(model.fResult.fDocument);
+    PrintRun(model);
+    return FileError{};
+}
+
+}  // namespace
+
+int Run(const ListCommand& command) {
+    const auto document = ReadDocument(command.fvDocuments);
+    if (const auto* error = std::get_if<FileError>(&document)) {
+        if (!error->fText.empty()) PrintError(error->fText);
+        return kUnreadable;
+    }
+    const std::vector<Entry> entries = report::html::ListEntries(std::get<document::Document>(document));
+    if (const auto error = WriteOutput("-", command.fIsJson ? MakeJson(entries) : MakeText(entries))) {
+        PrintError(error->fText);
+        return kUnwritable;
+    }
+    return kWritten;
+}
+
+}  // namespace hierfit::program

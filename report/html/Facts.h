@@ -1,0 +1,22 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "report/html/Contents.h"
+
+namespace hierfit::report::html {
+
+/// What a page says of its model at the beginning, as far as the document tells it.
+struct Facts {
+    std::string fTarget;  ///< the target, or its events; empty where no model summary names one
+    std::string fTrials;  ///< what the events are counted out of; mostly empty
+    std::optional<double> fRecords;
+};
+
+/// Reads the facts from the items of a page. Records are counted where the document counts them itself: in the points
+/// of the predicted by the observed values, else in a classification of a target that is no count of events.
+Facts FindFacts(const std::vector<Entry>& entries);
+
+}  // namespace hierfit::report::html

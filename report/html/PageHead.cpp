@@ -1,0 +1,159 @@
+#include "report/html/PageHead.h"
+
+#include "host/document/NumberFormat.h"
+#include "host/unicode/Excerpt.h"
+#include "report/html/Assets.h"
+#include "report/html/Words.h"
+#include "report/markup/Escape.h"
+
+namespace hierfit::report::html {
+
+namespace {
+
+constexpr std::size_t kMostOfTarget = 100;
+constexpr std::size_t kMostAlerts = 12;
+
+std::string_view TitleOf(const document::Document& document) {
+    return document.fTitle.empty() ? words::kUntitled : std::string_view(document.fTitle);
+}
+
+// Nothing is fetched, and no script or style counts but our own.
+void AppendPolicy(std::string& out, Scripts scripts) {
+    out += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '";
+    out += StyleSheet().fHash;
+    if (scripts == Scripts::Yes) out.append("'; script-src '").append(Script().fHash);
+    out += "'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
+}
+
+void AppendMeta(std::string& out, std::string_view name, std::string_view content) {
+    out.append("<meta name=\"").append(name).append("\" content=\"");
+    AppendCharacters(out, content);
+    out += "\">\n";
+}
+
+// What tells this page from others comes first, since a browser shows no more of a title than its beginning.
+void AppendTitle(std::string& out, const document::Document& document, const Facts& facts,
+                 const HtmlSettings& settings) {
+    std::vector<std::string> parts;
+    if (!settings.fTitle.empty()) parts.push_back(settings.fTitle);
+    if (!facts.fTarget.empty()) parts.push_back(unicode::Excerpt(facts.fTarget, kMostOfTarget));
+    parts.emplace_back(TitleOf(document));
+    if (parts.size() == 1) parts.insert(parts.end(), document.fvSources.begin(), document.fvSources.end());
+    out += "<title>";
+    for (const std::string& part : parts) {
+        if (&part != &parts.front()) out += " – ";
+        AppendCharacters(out, part);
+    }
+    out += "</title>\n";
+}
+
+void AppendFact(std::string& out, std::string_view name, const std::vector<std::string>& values) {
+    if (values.empty()) return;
+    out.append("<div><dt>").append(name).append("</dt>");
+    for (const std::string& value : values) {
+        out += "<dd>";
+        AppendText(out, value);
+        out += "</dd>";
+    }
+    out += "</div>\n";
+}
+
+void AppendFacts(std::string& out, const document::Document& document, const Facts& facts) {
+    if (facts.fTarget.empty() && !facts.fRecords && document.fvSources.empty()) return;
+    std::string target = facts.fTarget;
+    if (!facts.fTrials.empty()) target.append(words::kOutOf).append(facts.fTrials);
+    out += "<dl class=\"facts\">\n";
+    if (!target.empty()) AppendFact(out, words::kTarget, {target});
+    if (facts.fRecords) {
+        AppendFact(out, words::kRecords, {document::FormatNumber(*facts.fRecords, {document::FormatName::Count})});
+    }
+    AppendFact(out, words::kSources, document.fvSources);
+    out += "</dl>\n";
+}
+
+/// The list of what went wrong; as long as there are no more than can be read at a glance, one by one.
+class AlertList {
+  public:
+    explicit AlertList(std::string& out) : fOut(out) {}
+
+    void Add(int level, std::string_view text, std::string_view anchor) {
+        ++fCount;
+        if (fCount > kMostAlerts) return;
+        if (fCount == 1) fOut += "<ul class=\"alerts\">\n";
+        const words::Level& name = words::LevelOf(level);
+        fOut.append("<li class=\"").append(name.fClass).append("\"><strong>").append(name.fWord);
+        fOut.append("</strong> <a href=\"#").append(anchor).append("\">");
+        AppendText(fOut, unicode::Excerpt(text));
+        fOut += "</a></li>\n";
+    }
+
+    void End() {
+        if (fCount > kMostAlerts) {
+            fOut.append("<li>").append(std::to_string(fCount - kMostAlerts)).append(words::kMore).append("</li>\n");
+        }
+        if (fCount > 0) fOut += "</ul>\n";
+    }
+
+  private:
+    std::string& fOut;
+    std::size_t fCount = 0;
+};
+
+void AppendAlerts(std::string& out, const document::Document& document, const std::vector<Entry>& entries) {
+    AlertList alerts(out);
+    for (const Entry& entry : entries) {
+        const auto* message = std::get_if<document::Message>(&entry.fpItem->fContent);
+        if (message) alerts.Add(message->fLevel, html::TitleOf(*entry.fpItem), entry.fAnchor);
+    }
+    for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
+        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? words::kUntitled : diagnostic.fText,
+                   kDiagnosticsAnchor);
+    }
+    alerts.End();
+}
+
+void AppendByline(std::string& out, const document::Document& document, const HtmlSettings& settings) {
+    if (!settings.fTitle.empty()) {
+        out += "<p class=\"kind\">";
+        AppendText(out, TitleOf(document));
+        out += "</p>\n";
+    }
+    if (settings.fAuthor.empty()) return;
+    out += "<p class=\"author\">";
+    AppendText(out, settings.fAuthor);
+    out += "</p>\n";
+}
+
+}  // namespace
+
+void AppendHead(std::string& out, const document::Document& document, const Facts& facts,
+                const HtmlSettings& settings) {
+    out += "<head>\n<meta charset=\"utf-8\">\n";
+    AppendPolicy(out, settings.fScripts);
+    out += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
+    out += "<meta name=\"color-scheme\" content=\"light dark\">\n";
+    AppendMeta(out, "generator", document.fProducer);
+    if (!settings.fAuthor.empty()) AppendMeta(out, "author", settings.fAuthor);
+    AppendTitle(out, document, facts, settings);
+    out += "<link rel=\"icon\" href=\"data:,\">\n<style>";
+    out += StyleSheet().fText;
+    out += "</style>\n</head>\n";
+}
+
+void AppendHeader(std::string& out, const document::Document& document, const std::vector<Entry>& entries,
+                  const Facts& facts, const HtmlSettings& settings) {
+    out.append("<a class=\"skip\" href=\"#main\">").append(words::kSkip).append("</a>\n<header>\n<h1>");
+    AppendText(out, settings.fTitle.empty() ? TitleOf(document) : settings.fTitle);
+    out += "</h1>\n";
+    AppendByline(out, document, settings);
+    AppendFacts(out, document, facts);
+    AppendAlerts(out, document, entries);
+    out += "</header>\n";
+}
+
+std::string RunningTitle(const document::Document& document, const Facts& facts, const HtmlSettings& settings) {
+    const std::string title = settings.fTitle.empty() ? facts.fTarget : settings.fTitle;
+    return unicode::Excerpt(title.empty() ? std::string(TitleOf(document)) : title, kMostOfTarget);
+}
+
+}  // namespace hierfit::report::html
