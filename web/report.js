@@ -1,81 +1,65 @@
-// What a page can do beyond being read: tables are copied, pictures saved, their marks tell what they are, frames that need
-// not scroll are no stops for the keyboard, and wide tables shrink to the paper. Nothing here is needed to read a report.
+// What a page can do beyond being read.
 "use strict";
 (() => {
   const words = document.body.dataset;
-  const markup = { "&": "&amp;", "<": "&lt;", ">": "&gt;", "\"": "&quot;" };
-  const escape = (text) => text.replace(/[&<>"]/g, (character) => markup[character]);
-
-  // The content of an element as HTML of its own: texts, line breaks and raised letters, without links and classes.
-  const contentOf = (element) => Array.from(element.childNodes, (node) => {
-    if (node.nodeType === Node.TEXT_NODE) return escape(node.data);
-    if (node.localName === "br") return "<br>";
-    return node.localName === "sup" ? `<sup>${contentOf(node)}</sup>` : contentOf(node);
-  }).join("");
-
-  // The content as one line of plain text, without note letters.
-  const lineOf = (element) => Array.from(element.childNodes, (node) => {
-    if (node.nodeType === Node.TEXT_NODE) return node.data;
-    if (node.localName === "br") return " ";
-    return node.localName === "sup" ? "" : lineOf(node);
-  }).join("").replace(/\s+/g, " ").trim();
+  const all = (selector, root = document) => Array.from(root.querySelectorAll(selector));
+  const give = (element, attributes) => Object.entries(attributes).forEach(([name, value]) => {
+    if (value === null) element.removeAttribute(name);
+    else element.setAttribute(name, value);
+  });
 
   const rule = "1px solid #000";
-  const styleOf = (cell, isFirst, isLast) => {
-    const { textAlign } = getComputedStyle(cell);
-    const isHead = Boolean(cell.closest("thead"));
+  const styleOf = (cell, textAlign) => {
+    const row = cell.parentElement;
+    const section = row.parentElement;
+    const isHead = section.localName === "thead";
+    let end = row;
+    for (let below = 1; below < cell.rowSpan; ++below) end = end.nextElementSibling ?? end;
+    const isLast = !end.nextElementSibling && (isHead || !section.nextElementSibling);
     return `padding:2px 6px;text-align:${textAlign};vertical-align:${isHead ? "bottom" : "top"};`
       + `font-weight:${isHead ? "bold" : "normal"}`
-      + (isFirst ? `;border-top:${rule}` : "") + (isLast ? `;border-bottom:${rule}` : "");
+      + (row.previousElementSibling || section.previousElementSibling ? "" : `;border-top:${rule}`)
+      + (isLast ? `;border-bottom:${rule}` : "");
   };
 
-  const cellAsHtml = (cell, isFirst, isLast) => {
-    const spans = (cell.colSpan > 1 ? ` colspan="${cell.colSpan}"` : "")
-      + (cell.rowSpan > 1 ? ` rowspan="${cell.rowSpan}"` : "");
-    const { localName } = cell;
-    return `<${localName}${spans} style="${styleOf(cell, isFirst, isLast)}">${contentOf(cell)}</${localName}>`;
+  // What is shown of an element, with styles of its own. A figure's minus is that of a keyboard, so sheets know a number.
+  const copyOf = (element) => {
+    const copy = element.cloneNode(true);
+    const originals = all("*", element).map((original) => getComputedStyle(original));
+    const styled = all("*", copy).map((part, index) => [part, originals[index].textAlign, originals[index].display]);
+    for (const [part, , display] of styled) {
+      if (display === "none" || part.matches("caption, colgroup")) part.remove();
+      else if (part.matches("a, bdi, span")) part.replaceWith(...part.childNodes);
+    }
+    for (const [part, textAlign] of styled) {
+      for (const name of part.getAttributeNames()) if (!name.endsWith("span")) part.removeAttribute(name);
+      if (!part.matches("th, td") || !copy.contains(part)) continue;
+      part.style.cssText = styleOf(part, textAlign);
+      const text = part.firstChild;
+      if (text?.data) text.data = text.data.replace(/^\u2212(?=[\d.])/, "-");
+    }
+    return copy;
   };
 
-  // The rule below a section of rows belongs to every cell that reaches its end.
-  const sectionAsHtml = (section, isTop, isBottom) => {
-    const { rows } = section;
-    const lines = Array.from(rows, (row, index) => {
-      const cells = Array.from(row.cells, cell =>
-        cellAsHtml(cell, isTop && index === 0, isBottom && index + cell.rowSpan >= rows.length));
-      return `<tr>${cells.join("")}</tr>`;
-    });
-    return `<${section.localName}>${lines.join("")}</${section.localName}>`;
+  // The content as one line of plain text, without note letters.
+  const lineOf = (element) => {
+    const line = element.cloneNode(true);
+    for (const part of all("br, sup", line)) part.replaceWith(part.matches("br") ? " " : "");
+    return line.textContent.replace(/\s+/g, " ").trim();
   };
 
-  const tableAsHtml = (table) => {
-    const sections = table.querySelectorAll("thead, tbody");
-    const last = sections.length - 1;
-    const parts = Array.from(sections, (section, index) =>
-      sectionAsHtml(section, index === 0, index === last || section.localName === "thead"));
-    return `<table style="border-collapse:collapse">${parts.join("")}</table>`;
-  };
-
-  const figureAsHtml = (figure) => {
-    const table = figure.querySelector("table");
-    const notes = Array.from(figure.querySelectorAll("figcaption p"), (note) => `<p>${contentOf(note)}</p>`);
-    return `<p><b>${contentOf(table.caption)}</b></p>${tableAsHtml(table)}${notes.join("")}`;
-  };
-
-  // Each row has a field for each column. Of several columns a cell stands in the first; of several rows in the first, too,
-  // but a header of columns in the last, right above its data.
-  const tableAsText = (table) => {
-    const lines = [];
-    Array.from(table.rows, (row, index) => {
-      const fields = lines[index] ??= [];
+  // A cell of several columns or rows fills the first field, a header of several rows the last, right above its data.
+  const sectionAsText = (section) => {
+    const lines = Array.from(section.rows, () => []);
+    Array.from(section.rows, (row, index) => {
       let column = 0;
       for (const cell of row.cells) {
-        while (fields[column] !== undefined) ++column;
-        for (let below = 0; below < cell.rowSpan; ++below) {
-          const line = lines[index + below] ??= [];
+        while (lines[index][column] !== undefined) ++column;
+        const covered = lines.slice(index, index + cell.rowSpan);
+        for (const line of covered) {
           for (let beside = 0; beside < cell.colSpan; ++beside) line[column + beside] = "";
         }
-        const place = row.parentElement.localName === "thead" ? index + cell.rowSpan - 1 : index;
-        lines[place][column] = lineOf(cell);
+        covered.at(section.localName === "thead" ? -1 : 0)[column] = lineOf(cell);
       }
     });
     return lines.map((fields) => fields.join("\t") + "\n").join("");
@@ -96,24 +80,21 @@
     }
   };
 
-  // Pages opened from a disk may lack the clipboard, and browsers apply the page's policy, which allows no styles, to what
-  // they put there. So it comes second, for browsers that raise the event with a selection only.
+  // It comes second, since browsers apply the page's policy, which allows no styles, to what they put there.
   const copyByClipboard = async (html, text) => {
-    const asBlob = (type, content) => new Blob([content], { type });
+    const asBlob = (type, content) => ({ [type]: new Blob([content], { type }) });
     try {
-      await navigator.clipboard.write([new ClipboardItem({
-        "text/html": asBlob("text/html", html),
-        "text/plain": asBlob("text/plain", text),
-      })]);
+      const item = { ...asBlob("text/html", html), ...asBlob("text/plain", text) };
+      await navigator.clipboard.write([new ClipboardItem(item)]);
       return true;
     } catch {
       return false;
     }
   };
 
-  const status = document.createElement("div");
-  status.className = "unseen";
-  status.setAttribute("role", "status");
+  const make = (name, className) => Object.assign(document.createElement(name), { className });
+  const status = make("div", "unseen");
+  give(status, { role: "status" });
 
   const tell = (button, word) => {
     button.textContent = status.textContent = word;
@@ -125,27 +106,27 @@
   };
 
   const makeButton = (name, act) => {
-    const button = document.createElement("button");
-    button.type = "button";
-    button.className = name;
-    button.textContent = words[name];
+    const button = Object.assign(make("button", name), { type: "button", textContent: words[name] });
     button.addEventListener("click", () => act(button));
     return button;
   };
 
   const addCopyButton = (figure) => {
     figure.prepend(makeButton("copy", async (button) => {
-      const html = figureAsHtml(figure);
-      const text = tableAsText(figure.querySelector("table"));
+      const table = copyOf(figure.querySelector("table"));
+      table.style.borderCollapse = "collapse";
+      const notes = all("figcaption p:not(.switch)", figure).filter((note) => getComputedStyle(note).display !== "none");
+      const title = copyOf(figure.querySelector("caption")).innerHTML;
+      const html = `<p><b>${title}</b></p>${table.outerHTML}`
+        + notes.map((note) => `<p>${copyOf(note).innerHTML}</p>`).join("");
+      const text = all("thead, tbody", table).map(sectionAsText).join("");
       const isCopied = copyByEvent(html, text) || await copyByClipboard(html, text);
       tell(button, isCopied ? words.copied : words.notCopied);
     }));
   };
 
   const saveFile = (name, content) => {
-    const link = document.createElement("a");
-    link.href = URL.createObjectURL(content);
-    link.download = name;
+    const link = Object.assign(document.createElement("a"), { href: URL.createObjectURL(content), download: name });
     link.click();
     setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
   };
@@ -153,15 +134,13 @@
   // ---- Pictures. A mark has a name, which is its tip, and keys; what shares a key goes together. An entry of a legend has
   // the keys that it explains.
 
-  const marksIn = (picture) => picture.querySelectorAll("[role=img]");
+  const marksIn = (picture) => all("[role=img]", picture);
 
-  const unname = (element) => ["role", "aria-label"].forEach((name) => element.removeAttribute(name));
+  const unname = (element) => give(element, { role: null, "aria-label": null });
 
   // Without this script a mark's name is its title.
-  const labelMarks = (drawing) => drawing.querySelectorAll("svg title").forEach((title) => {
-    const mark = title.parentElement;
-    mark.setAttribute("role", "img");
-    mark.setAttribute("aria-label", title.textContent);
+  const labelMarks = (drawing) => all("svg title", drawing).forEach((title) => {
+    give(title.parentElement, { role: "img", "aria-label": title.textContent });
     title.remove();
   });
 
@@ -170,14 +149,11 @@
     const phone = drawing.querySelector(".phone[role]");
     if (!phone?.getClientRects().length) return;
     const named = marksIn(drawing.querySelector(".desk"));
-    const marks = phone.querySelectorAll(".m");
+    const marks = all(".m", phone);
     if (named.length !== marks.length) return;
     unname(phone);
     marks.forEach((mark, place) => {
-      for (const name of ["role", "aria-label", "data-k"]) {
-        const value = named[place].getAttribute(name);
-        if (value !== null) mark.setAttribute(name, value);
-      }
+      for (const name of ["role", "aria-label", "data-k"]) give(mark, { [name]: named[place].getAttribute(name) });
     });
   };
 
@@ -185,11 +161,11 @@
   const savePicture = (figure) => {
     const picture = figure.querySelector(".desk").cloneNode(true);
     picture.removeAttribute("class");
-    for (const element of picture.querySelectorAll(".on, .at")) element.classList.remove("on", "at");
+    for (const element of all(".on, .at", picture)) element.classList.remove("on", "at");
     const addFirst = (parent, name, text, attributes = {}) => {
       const element = document.createElementNS(picture.namespaceURI, name);
       element.textContent = text;
-      for (const [attribute, value] of Object.entries(attributes)) element.setAttribute(attribute, value);
+      give(element, attributes);
       parent.prepend(element);
     };
     for (const mark of marksIn(picture)) {
@@ -202,8 +178,7 @@
     saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
   };
 
-  const tip = document.createElement("div");
-  tip.className = "tip";
+  const tip = make("div", "tip");
   tip.hidden = true;
   const gap = 12;
 
@@ -231,12 +206,12 @@
     if (lit.includes(element)) return;
     dim();
     const picture = element.ownerSVGElement;
-    const entries = Array.from(picture.querySelectorAll("[data-e]"));
+    const entries = all("[data-e]", picture);
     const isEntry = entries.includes(element);
     const explained = new Set(isEntry ? [] : entries.flatMap(keysOf));
     const keys = keysOf(element).filter((key) => !explained.has(key));
     if (keys.length === 0) return;
-    const together = Array.from(picture.querySelectorAll(keys.map((key) => `[data-k~="${key}"]`).join()));
+    const together = all(keys.map((key) => `[data-k~="${key}"]`).join(), picture);
     if (!isEntry && together.length < 2) return;
     lit = [picture, ...together, ...isEntry ? [element] : entries];
     for (const one of lit) one.classList.add(one === picture ? "lit" : "on");
@@ -300,7 +275,7 @@
     const step = { ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1 }[event.key];
     if (!step || event.ctrlKey || event.altKey || event.metaKey) return;
     const picture = Array.from(event.currentTarget.children).find((one) => one.getClientRects().length);
-    const marks = Array.from(marksIn(picture));
+    const marks = marksIn(picture);
     if (marks.length === 0) return;
     event.preventDefault();
     const place = marks.indexOf(mark);
@@ -330,22 +305,17 @@
 
   const setStop = (frame) => {
     const scrolls = frame.scrollWidth > frame.clientWidth || frame.scrollHeight > frame.clientHeight;
-    if (scrolls) {
-      frame.tabIndex = 0;
-      frame.setAttribute("aria-label", frame.dataset.label);
-    } else {
-      for (const name of ["tabindex", "aria-label"]) frame.removeAttribute(name);
-    }
+    give(frame, scrolls ? { tabindex: 0, "aria-label": frame.dataset.label } : { tabindex: null, "aria-label": null });
   };
 
-  const frames = document.querySelectorAll(".scroll");
+  const frames = all(".scroll");
   const resizing = new ResizeObserver((changes) => changes.forEach((change) => setStop(change.target)));
   for (const frame of frames) {
     frame.dataset.label = frame.getAttribute("aria-label");
     addCopyButton(frame.parentElement);
     resizing.observe(frame);
   }
-  document.querySelectorAll(".drawing").forEach(enliven);
+  all(".drawing").forEach(enliven);
   document.body.append(tip, status);
 
   // An A4 page between its margins, in pixels at the size of printed text.
@@ -358,6 +328,27 @@
     }
   });
   addEventListener("afterprint", () => frames.forEach((frame) => { frame.style.zoom = ""; }));
+
+  // ---- Contents: a link opens the section that it leads to, and one of them tells where the reader is.
+
+  const unfold = () => all("details:has(:target), :target > .fold").forEach((fold) => { fold.open = true; });
+  addEventListener("hashchange", unfold);
+  unfold();
+
+  const nav = document.querySelector("nav");
+  const links = all("nav a");
+  const places = links.map(({ hash }) => document.getElementById(hash.slice(1)));
+  const seen = new Set();
+  const reading = new IntersectionObserver((changes) => {
+    for (const { target, isIntersecting } of changes) seen[isIntersecting ? "add" : "delete"](target);
+    const link = links[places.findLastIndex((place) => seen.has(place))];
+    const current = nav.querySelector("[aria-current]");
+    if (!link || link === current) return;
+    if (current) give(current, { "aria-current": null });
+    give(link, { "aria-current": "true" });
+    nav.scrollTop = link.offsetTop - nav.clientHeight / 2;
+  }, { rootMargin: "0px 0px -70%" });
+  for (const place of places) reading.observe(place);
 
   if (matchMedia("(max-width: 40rem)").matches) document.querySelector("nav details")?.removeAttribute("open");
 })();

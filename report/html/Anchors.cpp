@@ -35,13 +35,13 @@ struct SourceAppender {
     void operator()(const document::NumberSource&) const { fOut += fText.fWords; }
     void operator()(const document::VariableSource& source) const { fOut += source.fVariable; }
     void operator()(const document::ValueSource& source) const {
-        fOut += source.fVariable;
+        fOut += source.fVariable.Get();
         fOut += ' ';
-        const auto* words = std::get_if<std::string>(&source.fValue);
-        fOut += words ? *words : fText.fWords;
+        const auto* words = std::get_if<document::SharedText>(&source.fValue);
+        fOut += words ? words->Get() : fText.fWords;
     }
     void operator()(const document::PatternSource& source) const {
-        fOut += WithoutMarks(source.fPattern);
+        fOut += WithoutMarks(source.fPattern.Get());
         for (const document::Argument& argument : source.fvArguments) {
             for (const document::Text& text : argument.fvTexts) AppendSource(fOut, text);
         }

@@ -78,8 +78,7 @@ std::string_view TitleOf(const document::Item& item) {
 
 void AppendContents(std::string& out, const std::vector<Entry>& entries, bool hasDiagnostics) {
     if (entries.empty() && !hasDiagnostics) return;
-    out += "<nav aria-label=\"";
-    out += words::kContents;
+    out.append("<nav id=\"").append(kContentsAnchor).append("\" aria-label=\"").append(words::kContents);
     out += "\">\n<details open>\n<summary>";
     out += words::kContents;
     out += "</summary>";

@@ -21,6 +21,9 @@ std::vector<Entry> ListEntries(const document::Document& document);
 /// An item's title; of a message its text. Never empty.
 std::string_view TitleOf(const document::Item& item);
 
+/// The anchor of the navigation.
+inline constexpr std::string_view kContentsAnchor = "contents";
+
 /// The anchor of the section that shows the diagnostics.
 inline constexpr std::string_view kDiagnosticsAnchor = "Diagnostics";
 

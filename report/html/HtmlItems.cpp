@@ -26,14 +26,16 @@ class ItemWriter {
     }
 
     void CloseSections(int depth) {
-        for (; fDepth > depth; --fDepth) fOut += "</section>\n";
+        for (; fDepth > depth; --fDepth) fOut += "</details>\n</section>\n";
     }
 
     void operator()(const document::Heading&) {
         const std::string level = std::to_string(HeadingLevel(fDepth));
-        fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<h").append(level).append(">");
+        fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<a class=\"skip\" href=\"#");
+        fOut.append(kContentsAnchor).append("\">").append(words::kContents).append("</a>\n");
+        fOut.append("<details open class=\"fold\"><summary><h").append(level).append(">");
         AppendText(fOut, TitleOf(*fpEntry->fpItem));
-        fOut.append("</h").append(level).append(">\n");
+        fOut.append("</h").append(level).append("></summary>\n");
         ++fDepth;
     }
 

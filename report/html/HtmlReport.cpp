@@ -13,6 +13,9 @@ namespace hierfit::report {
 
 namespace {
 
+// A page of more items is laid out as its parts come into view.
+constexpr std::size_t kMany = 60;
+
 bool IsLetter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }
 
 // The language as HTML names it. "C", the language of source texts, and what is no language tag are English.
@@ -58,7 +61,7 @@ std::string MakeHtmlReport(const document::Document& document, const HtmlSetting
     AppendBodyTag(out, settings.fScripts);
     html::AppendHeader(out, document, entries, facts, settings);
     html::AppendContents(out, entries, !document.fvDiagnostics.empty());
-    out += "<main id=\"main\">\n";
+    out += entries.size() > kMany ? "<main id=\"main\" class=\"many\">\n" : "<main id=\"main\">\n";
     html::AppendItems(out, entries);
     html::AppendDiagnostics(out, document);
     out += "</main>\n";

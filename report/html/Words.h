@@ -19,6 +19,9 @@ inline constexpr std::string_view kRecords = "Records";
 inline constexpr std::string_view kSources = "Documents";
 inline constexpr std::string_view kMore = " more";
 inline constexpr std::string_view kTable = "table";
+inline constexpr std::string_view kSmall = "Figures that would show as zero are given with three significant digits.";
+inline constexpr std::string_view kReferences = "Reference levels, whose coefficients are zero: ";
+inline constexpr std::string_view kShowRedundant = "Show redundant coefficients";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 
 inline constexpr std::string_view kIsChart = " (chart)";

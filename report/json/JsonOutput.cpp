@@ -67,7 +67,8 @@ void AppendQuoted(std::string& out, std::string_view text) {
 
 void JsonOutput::Key(std::string_view key) {
     Separate();
-    fOut.append(1, '"').append(key).append("\": ");
+    fOut.append(1, '"').append(key).append("\":");
+    if (fvFrames.back().fLayout == Layout::Block) fOut += ' ';
     fAfterKey = true;
 }
 
@@ -110,7 +111,7 @@ std::string JsonOutput::Take() {
 }
 
 void JsonOutput::Begin(char bracket, Layout layout) {
-    Separate();
+    Separate(layout == Layout::Block);
     fOut += bracket;
     fvFrames.push_back({layout, true});
 }
@@ -122,16 +123,18 @@ void JsonOutput::End(char bracket) {
     fOut += bracket;
 }
 
-/// What stands between a value or key and what came before it.
-void JsonOutput::Separate() {
+/// What stands between a value or key and what came before it. Lines of their own, such as cells, are not indented:
+/// there are many.
+void JsonOutput::Separate(bool isIndented) {
     if (std::exchange(fAfterKey, false) || fvFrames.empty()) return;
     Frame& frame = fvFrames.back();
     const bool isFirst = std::exchange(frame.fIsEmpty, false);
     if (!isFirst) fOut += ',';
-    if (frame.fLayout == Layout::Block) {
+    if (frame.fLayout == Layout::Line) return;
+    if (isIndented) {
         BreakLine();
-    } else if (!isFirst) {
-        fOut += ' ';
+    } else {
+        fOut += '\n';
     }
 }
 

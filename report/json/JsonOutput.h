@@ -48,7 +48,7 @@ class JsonOutput {
 
     void Begin(char bracket, Layout layout);
     void End(char bracket);
-    void Separate();
+    void Separate(bool isIndented = true);
     void BreakLine() { fOut.append(1, '\n').append(2 * fvFrames.size(), ' '); }
 
     std::string fOut;

@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <deque>
 #include <list>
 #include <optional>
 #include <string>
@@ -119,6 +120,8 @@ void Read(JsonReader& in, std::optional<Element>& value);
 template <typename Element>
 void Read(JsonReader& in, std::vector<Element>& values);
 template <typename Element>
+void Read(JsonReader& in, std::deque<Element>& values);
+template <typename Element>
 void Read(JsonReader& in, std::list<Element>& values);
 template <typename Element, std::size_t Size>
 void Read(JsonReader& in, std::array<Element, Size>& values);
@@ -187,6 +190,11 @@ void Read(JsonReader& in, std::optional<Element>& value) {
 
 template <typename Element>
 void Read(JsonReader& in, std::vector<Element>& values) {
+    in.ReadList([&](std::size_t) { Read(in, values.emplace_back()); });
+}
+
+template <typename Element>
+void Read(JsonReader& in, std::deque<Element>& values) {
     in.ReadList([&](std::size_t) { Read(in, values.emplace_back()); });
 }
 

@@ -126,7 +126,7 @@ int CountCategories(const std::list<Member>& members) {
     return count;
 }
 
-void CheckCell(const JsonReader& in, const std::vector<int>& at, const std::vector<int>& counts, std::size_t cell) {
+void CheckCell(const JsonReader& in, const document::CellPlace& at, const std::vector<int>& counts, std::size_t cell) {
     if (at.size() != counts.size()) {
         in.Fail(fmt::format("{} numbers expected", counts.size()), fmt::format("/cells/{}/at", cell));
     }
@@ -191,15 +191,17 @@ namespace {
 
 /// Where a cell stands.
 struct Place {
-    std::vector<int>& fvAt;
+    document::CellPlace& fvAt;
 };
 
 }  // namespace
 
 static void Read(JsonReader& in, Place& place) {
     in.ReadList([&](std::size_t) {
-        Id id{place.fvAt.emplace_back()};
+        int category = kNoCategory;
+        Id id{category};
         Read(in, id);
+        place.fvAt.push_back(category);
     });
 }
 

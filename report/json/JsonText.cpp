@@ -65,9 +65,9 @@ static void WriteMembers(JsonOutput& out, const ValueSource& source) {
     if (const double* number = std::get_if<double>(&source.fValue)) {
         WriteMissable(out, *number);
     } else {
-        out.TextOrNumber(std::get<std::string>(source.fValue));
+        out.TextOrNumber(std::get<document::SharedText>(source.fValue).Get());
     }
-    WriteMember(out, "variable", source.fVariable);
+    WriteMember(out, "variable", source.fVariable.Get());
     WriteMember(out, "preference", source.fPreference);
 }
 
@@ -79,9 +79,15 @@ static void Write(JsonOutput& out, const Argument& argument) {
 }
 
 static void WriteMembers(JsonOutput& out, const PatternSource& source) {
-    WriteMember(out, "pattern", source.fPattern);
+    WriteMember(out, "pattern", source.fPattern.Get());
     WriteMember(out, "translate", source.fTranslate);
     WriteList(out, "arguments", source.fvArguments, Layout::Line);
+}
+
+static void Read(JsonReader& in, document::SharedText& shared) {
+    std::string text;
+    Read(in, text);
+    shared = text;
 }
 
 static void Read(JsonReader& in, FormatName& name) {
@@ -103,13 +109,14 @@ static void Read(JsonReader& in, Format& format) {
     format.fArgument = argument;
 }
 
-using Value = std::variant<double, std::string>;
+using Value = decltype(ValueSource::fValue);
 
 static void Read(JsonReader& in, Value& value) {
     JsonTokens& tokens = in.GetTokens();
     if (tokens.Peek() == JsonTokens::Kind::String) {
-        value = std::string(tokens.TakeString());
-        const auto number = FindNamedNumber(std::get<std::string>(value));
+        const std::string_view text = tokens.TakeString();
+        value = document::SharedText(text);
+        const auto number = FindNamedNumber(text);
         if (number && !tokens.WasEscaped()) value = *number;
     } else {
         Missable number{value.emplace<double>()};
@@ -158,7 +165,7 @@ struct SourceReader {
 
     Field<std::string&> fString{"string", fStringSource.fString};
     Field<Missable> fNumber{"number", Missable{fNumberSource.fNumber}};
-    Field<std::string&> fPattern{"pattern", fPatternSource.fPattern};
+    Field<document::SharedText&> fPattern{"pattern", fPatternSource.fPattern};
     Field<Value&> fValue{"value", fValueSource.fValue};
     Field<std::string&> fVariable{"variable", fVariableSource.fVariable};
     Field<bool&> fTranslate{"translate", fIsTranslated};
@@ -188,7 +195,7 @@ Source SourceReader::Get() {
     Require(fVariable);
     if (fValue.fIsSeen) {
         Require(fPreference);
-        fValueSource.fVariable = std::move(fVariableSource.fVariable);
+        fValueSource.fVariable = fVariableSource.fVariable;
         return std::move(fValueSource);
     }
     Require(fShow);

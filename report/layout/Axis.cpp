@@ -14,16 +14,6 @@ std::size_t CountSharedGroups(const Leaf& a, const Leaf& b) {
     return static_cast<std::size_t>(end - a.fvGroups.begin());
 }
 
-// Sorts cells by their places in one dimension; cells at the same place keep their order.
-void SortByPlace(std::vector<std::size_t>& cells, const std::vector<std::size_t>& places, std::size_t placeCount) {
-    std::vector<std::size_t> next(placeCount + 1);
-    for (const std::size_t cell : cells) ++next[places[cell] + 1];
-    std::partial_sum(next.begin(), next.end(), next.begin());
-    std::vector<std::size_t> sorted(cells.size());
-    for (const std::size_t cell : cells) sorted[next[places[cell]]++] = cell;
-    cells.swap(sorted);
-}
-
 }  // namespace
 
 /// Header cells under way. A cell of a level grows line by line until another opens there.
@@ -65,7 +55,7 @@ void Axis::AddPart(const document::Table& table, std::size_t index) {
     part.fvPlaces.reserve(table.fvCells.size());
     for (const document::Cell& cell : table.fvCells) {
         const int id = index < cell.fvAt.size() ? cell.fvAt[index] : document::kNoCategory;
-        part.fvPlaces.push_back(part.fOrder.FindPlace(id));
+        part.fvPlaces.push_back(static_cast<Index>(part.fOrder.FindPlace(id)));
     }
     fvParts.push_back(std::move(part));
 }
@@ -80,21 +70,29 @@ void Axis::SetLevels(Part& part, bool namedLevels) {
     fLevels += part.fNameLevels + part.fLabelLevels;
 }
 
-std::vector<std::size_t> Axis::SortCells(std::size_t count) const {
-    std::vector<std::size_t> cells(count);
-    std::iota(cells.begin(), cells.end(), std::size_t{0});
-    for (auto part = fvParts.rbegin(); part != fvParts.rend(); ++part) {
-        SortByPlace(cells, part->fvPlaces, part->fOrder.CountPlaces());
-    }
+std::vector<Axis::Index> Axis::SortCells(std::size_t count) const {
+    std::vector<Index> cells(count);
+    std::iota(cells.begin(), cells.end(), Index{0});
+    for (auto part = fvParts.rbegin(); part != fvParts.rend(); ++part) SortByPlace(cells, *part);
     return cells;
 }
 
-void Axis::SetLines(const std::vector<std::size_t>& sortedCells) {
+// Sorts cells by their places in one dimension; cells at the same place keep their order.
+void Axis::SortByPlace(std::vector<Index>& cells, const Part& part) {
+    std::vector<Index> next(part.fOrder.CountPlaces() + 1);
+    for (const Index cell : cells) ++next[part.fvPlaces[cell] + std::size_t{1}];
+    std::partial_sum(next.begin(), next.end(), next.begin());
+    std::vector<Index> sorted(cells.size());
+    for (const Index cell : cells) sorted[next[part.fvPlaces[cell]]++] = cell;
+    cells.swap(sorted);
+}
+
+void Axis::SetLines(const std::vector<Index>& sortedCells) {
     fvLines.resize(sortedCells.size());
-    for (const std::size_t cell : sortedCells) {
+    for (const Index cell : sortedCells) {
         const bool isNew = fvFirstCells.empty() || FindFirstDifference(cell, fvFirstCells.back()) < fvParts.size();
         if (isNew) fvFirstCells.push_back(cell);
-        fvLines[cell] = fvFirstCells.size() - 1;
+        fvLines[cell] = static_cast<Index>(fvFirstCells.size() - 1);
     }
 }
 

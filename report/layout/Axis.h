@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <vector>
 
 #include "report/layout/GridParts.h"
@@ -29,10 +30,12 @@ class Axis {
     std::vector<CornerCell> MakeCorner() const;
 
   private:
+    using Index = std::uint32_t;  ///< of a cell, a place or a line: there are as many as cells, and no more than fit
+
     struct Part {
         const document::Dimension* fpDimension;
         LeafOrder fOrder;
-        std::vector<std::size_t> fvPlaces;  ///< for each cell, its place in the dimension
+        std::vector<Index> fvPlaces;  ///< for each cell, its place in the dimension
         int fFirstLevel = 0;
         int fNameLevels = 0;  ///< levels of the dimension's name: 0 or 1
         int fLabelLevels = 0;
@@ -41,15 +44,16 @@ class Axis {
 
     void AddPart(const document::Table& table, std::size_t index);
     void SetLevels(Part& part, bool namedLevels);
-    std::vector<std::size_t> SortCells(std::size_t count) const;
-    void SetLines(const std::vector<std::size_t>& sortedCells);
+    std::vector<Index> SortCells(std::size_t count) const;
+    void SetLines(const std::vector<Index>& sortedCells);
+    static void SortByPlace(std::vector<Index>& cells, const Part& part);
     std::size_t FindFirstDifference(std::size_t cell, std::size_t other) const;
     static void DrawName(Drawing& drawing, const Part& part, bool isNew);
     static void DrawLabels(Drawing& drawing, const Part& part, const Leaf& leaf, std::size_t sharedGroups);
     void DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) const;
 
     std::vector<Part> fvParts;
-    std::vector<std::size_t> fvLines;       ///< for each cell
+    std::vector<Index> fvLines;             ///< for each cell
     std::vector<std::size_t> fvFirstCells;  ///< for each line
     int fLevels = 0;
 };

@@ -33,9 +33,10 @@ bool IsTooSparse(const Axis& rows, const Axis& columns, std::size_t cells) {
 void FillCells(Grid& grid, const Axis& rows, const Axis& columns) {
     const auto width = static_cast<std::size_t>(grid.fColumns);
     grid.fvCells.resize(static_cast<std::size_t>(grid.fRows) * width);
-    const std::vector<document::Cell>& cells = grid.fpTable->fvCells;
-    for (std::size_t cell = 0; cell < cells.size(); ++cell) {
-        grid.fvCells[rows.LineOf(cell) * width + columns.LineOf(cell)].fpCell = &cells[cell];
+    std::size_t index = 0;
+    for (const document::Cell& cell : grid.fpTable->fvCells) {
+        grid.fvCells[rows.LineOf(index) * width + columns.LineOf(index)].fpCell = &cell;
+        ++index;
     }
 }
 

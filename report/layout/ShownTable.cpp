@@ -53,9 +53,11 @@ std::vector<Dimension> MakeRowDimensions(const ChartTable& shown, std::size_t ke
 }
 
 void AddRow(Table& table, const std::vector<std::string>& cells, std::size_t keys, std::size_t row) {
-    std::vector<int> at(table.fvDimensions.size(), static_cast<int>(row));
+    document::CellPlace at;
+    for (std::size_t dimension = 0; dimension < table.fvDimensions.size(); ++dimension)
+        at.push_back(static_cast<int>(row));
     for (std::size_t column = keys; column < cells.size(); ++column) {
-        at.back() = static_cast<int>(column - keys);
+        at[table.fvDimensions.size() - 1] = static_cast<int>(column - keys);
         table.fvCells.push_back({at, Value(cells[column]), {}});
     }
 }

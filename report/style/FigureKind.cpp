@@ -54,7 +54,7 @@ bool Contains(const List& list, std::string_view text) {
 std::string_view SourceTextOf(const document::Text& text) {
     if (const auto* string = std::get_if<document::StringSource>(&text.fFrom)) return string->fString;
     const auto* pattern = std::get_if<document::PatternSource>(&text.fFrom);
-    return pattern ? std::string_view(pattern->fPattern) : std::string_view();
+    return pattern ? std::string_view(pattern->fPattern.Get()) : std::string_view();
 }
 
 FigureKind KindOfColumn(const document::Text& label) {

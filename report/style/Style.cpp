@@ -47,7 +47,8 @@ void RestylePattern(const document::PatternSource& pattern, std::string& words) 
 
 /// "A - B" for two levels that are compared.
 void RestyleComparison(const document::PatternSource& pattern, std::string& words) {
-    if (pattern.fPattern != kComparison || pattern.fvArguments.size() != 2 || pattern.fvArguments[0].fIsSublist) return;
+    if (pattern.fPattern.Get() != kComparison || pattern.fvArguments.size() != 2 || pattern.fvArguments[0].fIsSublist)
+        return;
     const std::string& first = pattern.fvArguments[0].fvTexts.front().fWords;
     if (words.compare(0, first.size(), first) == 0 && words.compare(first.size(), 3, " - ") == 0) {
         words.replace(first.size() + 1, 1, kEnDash);

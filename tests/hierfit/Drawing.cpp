@@ -142,11 +142,12 @@ std::string DrawText(const document::Text& text) {
     }
     if (const auto* value = std::get_if<document::ValueSource>(&from)) {
         const auto* number = std::get_if<double>(&value->fValue);
-        return "<" + value->fVariable + "=" + (number ? DrawNumber(*number) : std::get<std::string>(value->fValue)) +
-               "/" + std::to_string(value->fPreference) + ">";
+        return "<" + value->fVariable.Get() + "=" +
+               (number ? DrawNumber(*number) : std::get<document::SharedText>(value->fValue).Get()) + "/" +
+               std::to_string(value->fPreference) + ">";
     }
     const auto& pattern = std::get<document::PatternSource>(from);
-    return (pattern.fTranslate ? pattern.fPattern : "'" + pattern.fPattern + "'") + DrawArguments(pattern);
+    return (pattern.fTranslate ? pattern.fPattern.Get() : "'" + pattern.fPattern.Get() + "'") + DrawArguments(pattern);
 }
 
 std::string Draw(const std::list<document::Item>& items, const std::string& subtype) {

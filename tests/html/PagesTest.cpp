@@ -84,15 +84,20 @@ rows 1 -name S : Count %_within_Observed
 columns 1 Predicted : No Yes
 cells 12 31 27.9% 72.1% 9 168 5.1% 94.9%
 )");
-    const document::Table coefficients = SketchTable(R"(
+    document::Table coefficients = SketchTable(R"(
 title Fixed_Coefficients
 note Target:_Number_of_new_serological_cases/Herd_size
-rows 1 Model_Term : Intercept period=1 period=2 period=3 period=4*Redundant.*Reference_category.|The_last_one.
+rows 1 Model_Term : Intercept period=1 period=2 period=3 [period=4]*Redundant.*Reference_category.|The_last_one.
 columns 1 -name S : Coefficient Std._Error t Sig. 95%_Confidence_Interval::Lower 95%_Confidence_Interval::Upper
 cells -2.978 0.5123 -5.812 <.001 -4.006 -1.950 1.580 0.4321 3.656 .001 0.713 2.447
 cells 0.588 0.4511 1.304 .198 -0.317 1.493 3.21E-05 0.4701 0.000 .999 -0.943 0.943
 cells 0.000*Redundant. .*Redundant. . . . .
 )");
+    for (document::Cell& cell : coefficients.fvCells) {
+        if (cell.fContent.fWords.front() == '-') cell.fContent.fWords.replace(0, 1, "\u2212");
+        for (document::Text& note : cell.fvNotes)
+            note.fFrom = document::StringSource{"Redundant coefficient, zero ...", true};
+    }
     std::list<Item> items{{classification}, {Heading{MakeText("Fixed Effects"), {{coefficients}}}}};
     items.push_back({Heading{MakeText("Random"), {{Heading{MakeText("Block 1"), {MakeChart("Covariances")}}}}}});
     for (const int level : {1, 2, 3}) items.push_back(MakeMessage(level, "The means of herd are not shown."));

@@ -114,9 +114,13 @@ async function findWordsOutside(page) {
 
 /** On a phone no picture is wider than the page, none that was laid out for it is shrunk, and its marks have names. */
 async function checkOnPhone(page, isNamed) {
-  return page.evaluate((named) => {
+  return page.evaluate(async (named) => {
     const faults = [];
     for (const drawing of document.querySelectorAll(".drawing")) {
+      if (drawing.closest(".many")) {  // laid out, and its marks named, when it comes into view
+        drawing.scrollIntoView();
+        for (let frame = 0; frame < 3; ++frame) await new Promise((resolve) => { requestAnimationFrame(resolve); });
+      }
       const picture = Array.from(drawing.children).find((one) => one.getClientRects().length);
       const { left, right, width } = picture.getBoundingClientRect();
       if (left < 0 || right > innerWidth) faults.push(`a picture reaches from ${left} to ${right} px on a phone`);

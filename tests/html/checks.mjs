@@ -5,7 +5,7 @@ export async function checkElements(page) {
   return page.evaluate(() => {
     const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details " +
       "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br bdi " +
-      "footer script button dl dt dd").split(" "));
+      "footer script button dl dt dd label input").split(" "));
     const shapes = new Set("svg g path rect circle text title".split(" "));
     const faults = [];
     for (const element of document.querySelectorAll("*")) {
@@ -67,7 +67,7 @@ export async function checkHeaders(page) {
 export async function checkAlignment(page) {
   return page.evaluate(() => {
     const signPlace = ({ firstChild: node }) => {
-      if (node?.nodeType !== Node.TEXT_NODE || !/^[-<]?\d*\.\d+$/.test(node.data)) return null;
+      if (node?.nodeType !== Node.TEXT_NODE || !/^[-\u2212<]?\d*\.\d+$/.test(node.data)) return null;
       const range = document.createRange();
       range.setStart(node, node.data.lastIndexOf("."));
       range.setEnd(node, range.startOffset + 1);
@@ -77,6 +77,7 @@ export async function checkAlignment(page) {
     for (const table of document.querySelectorAll("table")) {
       const byColumn = new Map();
       for (const cell of table.querySelectorAll("tbody td:not(.t)")) {
+        if (!cell.offsetParent) continue;  // folded
         const place = signPlace(cell);
         if (place === null) continue;
         const key = cell.parentElement.cells.length - cell.cellIndex;  // row headers differ in number, data do not
@@ -91,16 +92,27 @@ export async function checkAlignment(page) {
 /** A note mark scrolls with its table and is cut off with it. */
 export async function checkMarks(page) {
   return page.evaluate(() => Array.from(document.querySelectorAll(".scroll sup"))
-    .filter((mark) => !mark.offsetParent.closest(".scroll"))
+    .filter((mark) => mark.offsetParent?.closest(".scroll") === null)
     .slice(0, 5).map((mark) => `the mark ${mark.textContent} leaves the frame of its table`));
 }
 
-/** The page itself never scrolls sideways; what is wide does so in a frame of its own. */
+/**
+ * The page itself never scrolls sideways; what is wide does so in a frame of its own, in which the first figures of a row
+ * are in view from the beginning.
+ */
 export async function checkPhone(page) {
   await page.setViewportSize({ width: 360, height: 740 });
-  const width = await page.evaluate(() => document.documentElement.scrollWidth);
+  const [width, hidden] = await page.evaluate(() => {
+    const isBeyond = (frame) => {
+      const figure = frame.querySelector("tbody tr:last-child > th:last-of-type + td:not(.t)");
+      return figure?.offsetParent && figure.getBoundingClientRect().left + 40 > frame.getBoundingClientRect().right;
+    };
+    const frames = Array.from(document.querySelectorAll(".table .scroll")).filter(isBeyond);
+    return [document.documentElement.scrollWidth, frames.map((frame) => frame.ariaLabel)];
+  });
   await page.setViewportSize({ width: 1280, height: 900 });
-  return width > 360 ? [`${width} px wide on a phone of 360`] : [];
+  const faults = hidden.slice(0, 3).map((table) => `no figure of ${table} is in view on a phone`);
+  return width > 360 ? [...faults, `${width} px wide on a phone of 360`] : faults;
 }
 
 /** No finding of axe, in both colour schemes. Its code comes by the debugger's door, which the page's policy leaves open. */

@@ -17,9 +17,10 @@ async function readClipboard(page) {
     const text = await (await item.getType("text/plain")).text();
     const { body } = new DOMParser().parseFromString(html, "text/html");
     const table = body.querySelector("table");
+    const minus = Array.from(table.querySelectorAll("td"), (cell) => cell.textContent).filter((cell) => /\u2212/.test(cell));
     const texts = (root, selector) => Array.from(root.querySelectorAll(selector), (element) => element.textContent);
     return {
-      text,
+      text: minus.length > 0 ? `${minus} in the table` : text,
       lines: texts(body, "p").join("\n"),
       letters: texts(table, "sup").join(" "),
       cellsByRow: Array.from(table.rows, (row) => row.cells.length).join(" "),
@@ -49,17 +50,23 @@ Intercept\t-2.978\t0.5123\t-5.812\t<.001\t-4.006\t-1.950
 period=1\t1.580\t0.4321\t3.656\t.001\t0.713\t2.447
 period=2\t0.588\t0.4511\t1.304\t.198\t-0.317\t1.493
 period=3\t3.21E-05\t0.4701\t0.000\t.999\t-0.943\t0.943
-period=4\t0.000\t.\t.\t.\t.\t.
 `,
   lines: `Fixed Coefficients
 Target: Number of new serological cases/Herd size
-a Redundant.
-b Reference category.The last one.`,
-  letters: "a, b a a",
-  cellsByRow: "6 3 7 7 7 7 7",
+Figures that would show as zero are given with three significant digits.
+Reference levels, whose coefficients are zero: period=4`,
+  letters: "",
+  cellsByRow: "6 3 7 7 7 7",
   spans: "Coefficient 2x1, Std. Error 2x1, t 2x1, Sig. 2x1, 95% Confidence Interval 1x2",
   styles: "right left right",
   strange: 0,
+};
+
+const unfolded = {
+  text: coefficients.text + "[period=4]\t0.000\t.\t.\t.\t.\t.\n",
+  lines: coefficients.lines + "\na Redundant.\nb Reference category.The last one.",
+  letters: "a, b a a",
+  cellsByRow: "6 3 7 7 7 7 7",
 };
 
 async function copyTable(page, anchor) {
@@ -73,7 +80,32 @@ async function copyTable(page, anchor) {
 
 async function checkReport(page) {
   const faults = compare(await copyTable(page, "FixedCoefficients-1"), coefficients);
-  return [...faults, ...compare(await copyTable(page, "Classification-1"), { text: classification })];
+  await page.locator(".switch input").check();
+  faults.push(...compare(await copyTable(page, "FixedCoefficients-1"), unfolded));
+  faults.push(...compare(await copyTable(page, "Classification-1"), { text: classification }));
+  return faults;
+}
+
+/** By the keyboard: a section is folded, a link of the contents opens it again, and a link before it leads back. */
+async function checkFolds(page) {
+  const isSeen = () => page.locator("#FixedCoefficients-1 table").isVisible();
+  await page.locator("#Fixed-Effects-1 summary").focus();
+  await page.keyboard.press("Enter");
+  const folded = await isSeen();
+  await page.locator("nav a[href='#FixedCoefficients-1']").focus();
+  await page.keyboard.press("Enter");
+  await page.waitForFunction(() => document.querySelector("#Fixed-Effects-1 details").open);
+  const unfolded = await isSeen();
+  await page.locator("#Fixed-Effects-1 summary").focus();
+  await page.keyboard.press("Shift+Tab");
+  await page.keyboard.press("Enter");
+  await page.keyboard.press("Tab");
+  const back = await page.evaluate(() => document.activeElement.closest("nav") !== null);
+  await page.locator("#Random-1").evaluate((section) => section.scrollIntoView());
+  await page.waitForFunction(() => document.querySelector("nav [aria-current]")?.hash === "#Chart-1", null, { timeout: 3000 })
+    .catch(() => {});
+  const current = await page.evaluate(() => document.querySelector("nav [aria-current]")?.hash);
+  return compare({ folded, unfolded, back, current }, { folded: false, unfolded: true, back: true, current: "#Chart-1" });
 }
 
 /** Where a browser wants a selection for its event, copying goes by its clipboard; where that is refused, too, the page says so. */
@@ -156,7 +188,7 @@ async function checkTouch(page, browser, url) {
 
 /** By name of the page. */
 export const sampleChecks = {
-  report: async (page, browser, url) => [...await checkReport(page), ...await checkFallbacks(browser, url),
+  report: async (page, browser, url) => [...await checkReport(page), ...await checkFolds(page), ...await checkFallbacks(browser, url),
     ...await checkWithoutScripts(browser, url)],
   hostile: checkHostile,
   large: checkScrolling,

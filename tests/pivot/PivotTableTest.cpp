@@ -157,7 +157,7 @@ TEST_F(PivotTable, TakesDimensionsAfterCells) {
     rows.Group(Fixed("g"), true, BpSort::AsIssued).Category(Fixed("b")).Cell(Fixed("3"));
     ASSERT_EQ(GetTable().fvCells.size(), 2u);
     EXPECT_EQ(GetTable().fvCells[0].fContent.fWords, "2");
-    EXPECT_EQ(GetTable().fvCells[0].fvAt, (std::vector<int>{0, -1, -1, -1, -1, -1}));
+    EXPECT_EQ(GetTable().fvCells[0].fvAt, (document::CellPlace{0, -1, -1, -1, -1, -1}));
     EXPECT_EQ(GetTable().fvDimensions[0].fMembers.size(), 2u);
 }
 

@@ -112,8 +112,8 @@ class Sketcher {
         return fvCategories.at(cell.fvAt.size()).fIds.at(std::string(name));
     }
 
-    std::vector<int> TakePlace() {
-        std::vector<int> place;
+    document::CellPlace TakePlace() {
+        document::CellPlace place;
         for (const Categories& categories : fvCategories) place.push_back(categories.fNext);
         const auto moves = [](Categories& categories) { return ++categories.fNext < categories.fCount; };
         const auto moved = std::find_if(fvCategories.rbegin(), fvCategories.rend(), moves);

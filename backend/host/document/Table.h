@@ -1,10 +1,12 @@
 #pragma once
 
+#include <deque>
 #include <list>
 #include <optional>
 #include <variant>
 #include <vector>
 
+#include "host/document/CellPlace.h"
 #include "host/document/Text.h"
 
 namespace hierfit::document {
@@ -58,7 +60,7 @@ struct Dimension {
 inline constexpr int kNoCategory = -1;
 
 struct Cell {
-    std::vector<int> fvAt;  ///< for each dimension, in their order, the id of the category or `kNoCategory`
+    CellPlace fvAt;
     Text fContent;
     std::vector<Text> fvNotes;
 
@@ -73,7 +75,7 @@ struct Table {
     std::vector<Text> fvCaptions;
     std::vector<Text> fvNotes;
     std::vector<Dimension> fvDimensions;
-    std::vector<Cell> fvCells;  ///< in the order in which their places were first written
+    std::deque<Cell> fvCells;  ///< in the order in which their places were first written; never copied to grow
 
     bool operator==(const Table&) const = default;
 };

@@ -4,6 +4,8 @@
 #include <variant>
 #include <vector>
 
+#include "host/document/SharedText.h"
+
 namespace hierfit::document {
 
 /// Number formats of the tables.
@@ -49,8 +51,8 @@ struct VariableSource {
 
 /// A value of a variable; `fPreference` is what the procedure asked for. A missing number is the system-missing value.
 struct ValueSource {
-    std::variant<double, std::string> fValue;
-    std::string fVariable;
+    std::variant<double, SharedText> fValue;
+    SharedText fVariable;
     int fPreference;
 
     bool operator==(const ValueSource&) const = default;
@@ -60,7 +62,7 @@ struct Argument;
 
 /// A pattern with marks and what was added to fill them.
 struct PatternSource {
-    std::string fPattern;
+    SharedText fPattern;
     bool fTranslate;
     std::vector<Argument> fvArguments;
 

@@ -36,16 +36,13 @@ void TableBuilder::FollowDimensions() {
 }
 
 void TableBuilder::WidenCells() {
-    fPlaces.clear();
-    for (std::size_t cell = 0; cell < fTable.fvCells.size(); ++cell) {
-        fTable.fvCells[cell].fvAt.push_back(document::kNoCategory);
-        fPlaces.insert(cell);
-    }
+    for (document::Cell& cell : fTable.fvCells) cell.fvAt.push_back(document::kNoCategory);
+    fPlaces.Rebuild();
 }
 
 void TableBuilder::WriteCell(const document::Text& content) {
-    Ids ids = ListCurrent();
-    if (const auto found = fPlaces.find(ids); found != fPlaces.end()) {
+    document::CellPlace place = ListCurrent();
+    if (const auto found = fPlaces.Find(place)) {
         fLastCell = *found;
         document::Cell& cell = fTable.fvCells[*found];
         if (cell.fContent != content) TellOverwriting();
@@ -54,8 +51,8 @@ void TableBuilder::WriteCell(const document::Text& content) {
         return;
     }
     fLastCell = fTable.fvCells.size();
-    fTable.fvCells.push_back({std::move(ids), content, {}});
-    fPlaces.insert(*fLastCell);
+    fTable.fvCells.push_back({std::move(place), content, {}});
+    fPlaces.AddLast();
 }
 
 void TableBuilder::TellOverwriting() {
@@ -66,11 +63,10 @@ void TableBuilder::TellOverwriting() {
 
 document::Cell* TableBuilder::GetLastCell() { return fLastCell ? &fTable.fvCells[*fLastCell] : nullptr; }
 
-TableBuilder::Ids TableBuilder::ListCurrent() const {
-    Ids ids;
-    ids.reserve(fDimensions.size());
-    for (const DimensionBuilder& dimension : fDimensions) ids.push_back(dimension.GetCurrent());
-    return ids;
+document::CellPlace TableBuilder::ListCurrent() const {
+    document::CellPlace place;
+    for (const DimensionBuilder& dimension : fDimensions) place.push_back(dimension.GetCurrent());
+    return place;
 }
 
 int TableBuilder::FindFreeIndex() const {
@@ -80,12 +76,6 @@ int TableBuilder::FindFreeIndex() const {
         if (dimension.fSide == document::Side::Rows && index < isTaken.size()) isTaken[index] = true;
     }
     return static_cast<int>(std::find(isTaken.begin() + 1, isTaken.end(), false) - isTaken.begin());
-}
-
-std::size_t TableBuilder::PlaceHash::operator()(const Ids& ids) const {
-    std::size_t hash = ids.size();
-    for (const int id : ids) hash = (hash ^ static_cast<std::size_t>(id + 1)) * 0x9E3779B97F4A7C15u + (hash >> 29);
-    return hash;
 }
 
 }  // namespace hierfit::pivot

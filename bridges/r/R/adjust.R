@@ -2,7 +2,8 @@
 
 adjustments <- c("none", "bonferroni-sequential", "sidak-sequential")
 
-# The level at which the contrast of each rank is judged; contrasts with the same p share the strictest one.
+# The level at which the contrast of each rank is judged; contrasts with the same p share the
+# strictest one.
 step_levels <- function(p, adjust, alpha) {
   if (adjust == "none") return(rep(alpha, length(p)))
   left <- sum(!is.na(p)) - rank(signif(p, 10), ties.method = "min", na.last = "keep") + 1

@@ -2,13 +2,15 @@
 
 caution <- function(key, ...) list(key = key, values = c(...))
 
-parameter <- function(pattern, label, estimate, se, options, scale = "log", arguments = character()) {
+parameter <- function(pattern, label, estimate, se, options, scale = "log",
+  arguments = character()) {
   z <- stats::qnorm(1 - (1 - options$level) / 2)
   known <- isTRUE(is.finite(se)) && isTRUE(se > 0)
   if (!known) se <- NA_real_
   limits <- limits_of(estimate, se, z, scale)
   list(
-    pattern = pattern, label = label, estimate = estimate, se = se, lower = limits[1L], upper = limits[2L],
+    pattern = pattern, label = label, estimate = estimate, se = se, lower = limits[1L],
+    upper = limits[2L],
     z = estimate / se, p = 2 * stats::pnorm(-abs(estimate / se)), arguments = arguments
   )
 }
@@ -26,7 +28,8 @@ variance_parameter <- function(estimate, se, options, label = "Residual") {
 
 fixed_scale <- function() {
   list(type = "VC", fixed = TRUE, parameters = list(list(
-    pattern = "Variance ", label = "Residual", estimate = 1, se = NA, lower = NA, upper = NA, z = NA, p = NA,
+    pattern = "Variance ", label = "Residual", estimate = 1, se = NA, lower = NA, upper = NA,
+    z = NA, p = NA,
     arguments = character()
   )))
 }
@@ -49,7 +52,8 @@ block_parameters <- function(matrix, errors, structure, labels, options) {
   })
 }
 
-# Subject fields of a grouping factor named as in (1 | a/b): the inner field first, nested in the outer.
+# Subject fields of a grouping factor named as in (1 | a/b): the inner field first, nested in the
+# outer.
 subject_of <- function(name, others) {
   fields <- strsplit(name, ":", fixed = TRUE)[[1L]]
   fields <- gsub("^`|`$", "", trimws(fields))

@@ -2,25 +2,27 @@
 
 #' Write the documents of a fitted model
 #'
-#' Writes `model.pmml`, which describes the fields, and `model.statxml`, which holds the results, into a folder.
-#' Figures come from the fitter; tests from lmerTest, nlme or emmeans; means and contrasts from emmeans.
+#' Writes `model.pmml`, which describes the fields, and `model.statxml`, which holds the results,
+#' into a folder. Figures come from the fitter; tests from lmerTest, nlme or emmeans; means and
+#' contrasts from emmeans.
 #'
-#' @param fit A fitted model: `lmer`, `glmer`, `glmer.nb`, `glmmTMB`, `lme`, `gls`, `clmm`, `clm`, `multinom`,
-#'   `glm` or `lm`.
+#' @param fit A fitted model: `lmer`, `glmer`, `glmer.nb`, `glmmTMB`, `lme`, `gls`, `clmm`, `clm`,
+#'   `multinom`, `glm` or `lm`.
 #' @param folder The folder, which is made where it does not exist.
-#' @param means A formula, or a list of them, each for one block of estimated means: `~ A`, `~ A:B`, or `~ A | B`,
-#'   which compares the levels of A within those of B. A continuous predictor stands at the values that `at`
-#'   gives, else at its own values where they are ten or fewer.
-#' @param contrasts `"pairwise"`, `"deviation"` (from the mean of all levels), `"simple"` (from `reference`) or
-#'   `"none"`; one value, or one for each block.
-#' @param reference The level that simple contrasts compare with, the last one if it is missing; one value, or a
-#'   list with one for each block.
-#' @param adjust How the p values and limits of contrasts are adjusted: `"none"`, `"bonferroni-sequential"` or
-#'   `"sidak-sequential"`. Contrasts within one combination of the other factors are one family.
+#' @param means A formula, or a list of them, each for one block of estimated means: `~ A`, `~ A:B`,
+#'   or `~ A | B`, which compares the levels of A within those of B. A continuous predictor stands
+#'   at the values that `at` gives, else at its own values where they are ten or fewer.
+#' @param contrasts `"pairwise"`, `"deviation"` (from the mean of all levels), `"simple"` (from
+#'   `reference`) or `"none"`; one value, or one for each block.
+#' @param reference The level that simple contrasts compare with, the last one if it is missing; one
+#'   value, or a list with one for each block.
+#' @param adjust How the p values and limits of contrasts are adjusted: `"none"`,
+#'   `"bonferroni-sequential"` or `"sidak-sequential"`. Contrasts within one combination of the
+#'   other factors are one family.
 #' @param level The confidence level.
-#' @param df Denominator degrees of freedom: `"kenward-roger"` or `"satterthwaite"` for a fit of `lmer`, or
-#'   `"residual"`, which is records less coefficients, for any fit. The default is Kenward-Roger for `lmer` and
-#'   what the fitter has for others.
+#' @param df Denominator degrees of freedom: `"kenward-roger"` or `"satterthwaite"` for a fit of
+#'   `lmer`, or `"residual"`, which is records less coefficients, for any fit. The default is
+#'   Kenward-Roger for `lmer` and what the fitter has for others.
 #' @param at A named list of values at which continuous predictors are fixed.
 #' @return The folder, invisibly.
 #' @examples
@@ -31,7 +33,8 @@
 #'   list.files(folder)
 #' }
 #' @export
-hf_documents <- function(fit, folder, means = NULL, contrasts = "none", reference = NULL, adjust = "none",
+hf_documents <- function(fit, folder, means = NULL, contrasts = "none", reference = NULL,
+  adjust = "none",
                          level = 0.95, df = NULL, at = list()) {
   options <- make_options(adjust, level, df, at)
   model <- build_model(fit, requests_of(means, contrasts, reference), options)
@@ -61,7 +64,8 @@ make_options <- function(adjust, level, df, at) {
 settle_df <- function(fit, options) {
   if (inherits(fit, "lmerMod")) return(if (is.null(options$df)) "kenward-roger" else options$df)
   if (identical(options$df, "residual")) return("residual")
-  if (!is.null(options$df)) message("A fit of class ", class(fit)[1L], " has no degrees of freedom by the method ",
+  if (!is.null(options$df)) message("A fit of class ", class(fit)[1L],
+    " has no degrees of freedom by the method ",
     options$df, "; those that the fitter has are used.")
   "fitter"
 }
@@ -69,9 +73,12 @@ settle_df <- function(fit, options) {
 complete_options <- function(fit, info, options) {
   options$df <- settle_df(fit, options)
   options$residual_df <- residual_df(fit, info)
-  options$test_df <- if (inherits(fit, "lm") && hf_distribution(fit)$scaled) stats::df.residual(fit) else Inf
+  options$data <- info$data
+  normal <- inherits(fit, "lm") && hf_distribution(fit)$distribution == "NORMAL"
+  options$test_df <- if (normal) stats::df.residual(fit) else Inf
   if (inherits(fit, "lmerMod")) options$tested <- tested_lmer(fit)
-  options$grid_arguments <- hf_grid_arguments(if (is.null(options$tested)) fit else options$tested, options)
+  options$grid_arguments <- hf_grid_arguments(if (is.null(options$tested)) fit else options$tested,
+    options)
   options
 }
 
@@ -85,7 +92,8 @@ build_model <- function(fit, requests, options) {
   distribution <- hf_distribution(fit)
   info <- hf_frame(fit)
   left_out <- hf_left_out(fit)
-  if (length(left_out)) message("The documents have no place for ", paste(left_out, collapse = ", "),
+  if (length(left_out)) message("The documents have no place for ",
+    paste(left_out, collapse = ", "),
     " of this model; the figures take account of it.")
   options <- complete_options(fit, info, options)
   target <- target_of(fit, info, distribution)
@@ -94,8 +102,10 @@ build_model <- function(fit, requests, options) {
   lapply(requests, check_request, predictors = predictors_of(design))
   random <- hf_random(fit, info, options)
   part <- list(
-    info = info, target = target, design = design, distribution = distribution, options = options, random = random,
-    coefficients = hf_coefficients(fit, info, design, options), tests = hf_tests(fit, info, design, options),
+    info = info, target = target, design = design, distribution = distribution, options = options,
+    random = random,
+    coefficients = hf_coefficients(fit, info, design, options),
+    tests = hf_tests(fit, info, design, options),
     residual = hf_residual(fit, info, options), criteria = hf_criteria(fit),
     messages = hf_messages(fit, random), requests = requests
   )
@@ -111,7 +121,8 @@ build_model <- function(fit, requests, options) {
 inestimable_messages <- function(part) {
   beta <- part$info$beta
   empty <- vapply(part$design$effects, function(e) all(is.na(beta[e$columns])), NA)
-  lapply(part$design$effects[empty], function(e) caution("kGLMM_C27", paste(e$fields, collapse = "*")))
+  lapply(part$design$effects[empty],
+    function(e) caution("kGLMM_C27", paste(e$fields, collapse = "*")))
 }
 
 predictors_of <- function(design) unique(unlist(lapply(design$effects, `[[`, "fields")))
@@ -124,14 +135,18 @@ model_fields <- function(info, target) {
     field <- describe_variable(name, NULL, names)$field
     if (is.null(columns[[field]])) columns[[field]] <- info$frame[[name]]
   }
-  for (name in all_random_fields(info)) if (is.null(columns[[name]])) columns[[name]] <- random_column(name, info)
+  for (name in setdiff(all_random_fields(info), names(columns))) {
+    columns[[name]] <- random_column(name, info)
+  }
   out <- list()
   events <- if (!is.null(target$trials)) target$events else target$values
   out[[target$name]] <- described(target$name, events, info, isTRUE(target$categorical))
-  if (!is.null(target$trials)) out[[target$trials_name]] <- described(target$trials_name, target$trials, info, FALSE)
+  if (!is.null(target$trials)) out[[target$trials_name]] <- described(target$trials_name,
+    target$trials, info, FALSE)
   for (name in setdiff(names(columns), names(out))) {
     x <- columns[[name]]
-    out[[name]] <- described(name, x, info, is_categorical(x) || name %in% all_random_fields(info, grouping = TRUE))
+    out[[name]] <- described(name, x, info,
+      is_categorical(x) || name %in% all_random_fields(info, grouping = TRUE))
   }
   out
 }
@@ -145,7 +160,8 @@ described <- function(name, x, info, categorical) {
 }
 
 all_random_fields <- function(info, grouping = FALSE) {
-  groups <- unique(unlist(lapply(names(info$random), function(name) subject_of(name, list())$fields)))
+  groups <- unique(unlist(lapply(names(info$random),
+    function(name) subject_of(name, list())$fields)))
   if (grouping) return(c(groups, info$grouping))
   unique(c(groups, info$grouping, setdiff(names(info$frame), variable_names(info$terms))))
 }

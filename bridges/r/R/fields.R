@@ -71,7 +71,8 @@ make_field <- function(name, x, source = x, categorical = is_categorical(x)) {
 }
 
 field_node <- function(field) {
-  kind <- if (is.null(field$levels)) "continuous" else if (field$ordered) "ordinal" else "categorical"
+  kind <- if (is.null(field$levels)) "continuous"
+    else if (field$ordered) "ordinal" else "categorical"
   values <- Map(function(level, label) {
     node("Value", c(value = level, if (!is.na(label)) c(displayValue = label)))
   }, field$levels, field$labels)
@@ -91,7 +92,8 @@ pmml_document <- function(fields, target, has_regression) {
   kind <- if (has_regression) "regression" else "classification"
   node(
     "PMML", c(version = "4.4", xmlns = "http://www.dmg.org/PMML-4_4"), node("Header"),
-    node("DataDictionary", c(numberOfFields = length(fields)), lapply(without_names(fields), field_node)),
+    node("DataDictionary", c(numberOfFields = length(fields)),
+      lapply(without_names(fields), field_node)),
     node(
       "GeneralRegressionModel",
       c(functionName = kind, modelType = "generalizedLinear", algorithmName = "GLMM"),

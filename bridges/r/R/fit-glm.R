@@ -32,11 +32,13 @@ hf_residual.lm <- function(fit, info, options) {
 #' @export
 hf_residual.glm <- function(fit, info, options) {
   if (!hf_distribution(fit)$scaled) return(fixed_scale())
-  list(type = "ID", parameters = list(variance_parameter(summary(fit)$dispersion, NA_real_, options)))
+  list(type = "ID", parameters = list(variance_parameter(summary(fit)$dispersion, NA_real_,
+    options)))
 }
 
 #' @export
-hf_messages.glm <- function(fit, random) if (isFALSE(fit$converged)) list(caution("kGLMM_C18")) else list()
+hf_messages.glm <- function(fit,
+  random) if (isFALSE(fit$converged)) list(caution("kGLMM_C18")) else list()
 
 #' @export
 hf_left_out.lm <- function(fit) {

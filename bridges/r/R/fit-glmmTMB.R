@@ -20,7 +20,8 @@ tmb_terms <- function(fit) {
 hf_distribution.glmmTMB <- function(fit) {
   family <- stats::family(fit)
   if (!(family$family %in% c("gaussian", "binomial", "poisson", "Gamma", "nbinom2"))) {
-    stop("The family ", family$family, " of glmmTMB has no name in the documents. Known are: gaussian, binomial, ",
+    stop("The family ", family$family,
+      " of glmmTMB has no name in the documents. Known are: gaussian, binomial, ",
       "poisson, Gamma, nbinom2.", call. = FALSE)
   }
   distribution_of_family(family)
@@ -41,13 +42,15 @@ tmb_theta <- function(fit) {
   par <- fit$fit$par
   theta <- without_names(par[names(par) == "theta"])
   named <- grep("^theta_", rownames(covariance))
-  usable <- !is.null(covariance) && length(named) == length(theta) && !anyNA(covariance[named, named])
+  usable <- !is.null(covariance) && length(named) == length(theta) &&
+    !anyNA(covariance[named, named])
   list(theta = theta, covariance = if (usable) covariance[named, named, drop = FALSE])
 }
 
 tmb_structure <- function(component) {
   code <- names(attr(component, "blockCode"))
-  if (nrow(component) == 1L) "VC" else if (code == "diag") "DIAG" else if (code == "us") "UNSTRUCTURED" else code
+  if (nrow(component) == 1L) return("VC")
+  switch(code, diag = "DIAG", us = "UNSTRUCTURED", code)
 }
 
 # Logs of standard deviations, then the lower triangle by rows of a factor of the correlation.
@@ -96,7 +99,8 @@ tmb_block <- function(component, errors, group, structure, info, others, options
 
 tmb_errors <- function(theta, covariance, component, q, structure) {
   out <- matrix(NA_real_, q, q)
-  agrees <- isTRUE(all.equal(tmb_matrix(theta, q, structure), matrix(as.numeric(component), q), tolerance = 1e-4))
+  agrees <- isTRUE(all.equal(tmb_matrix(theta, q, structure), matrix(as.numeric(component), q),
+    tolerance = 1e-4))
   if (is.null(covariance) || !agrees) return(out)
   for (i in seq_len(q)) for (j in seq_len(i)) {
     if (i != j && structure != "UNSTRUCTURED") next
@@ -120,11 +124,6 @@ hf_residual.glmmTMB <- function(fit, info, options) {
 hf_messages.glmmTMB <- function(fit, random) {
   failed <- isTRUE(fit$fit$convergence != 0) || isFALSE(fit$sdr$pdHess)
   if (failed) list(caution("kGLMM_C18")) else list()
-}
-
-#' @export
-hf_grid_arguments.glmmTMB <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list()
 }
 
 #' @export

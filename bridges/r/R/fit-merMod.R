@@ -5,7 +5,8 @@ hf_frame.merMod <- function(fit) {
   needs("lme4", "A fit of lme4")
   contrasts <- attr(lme4::getME(fit, "X"), "contrasts")
   list(
-    frame = stats::model.frame(fit), terms = stats::terms(fit, fixed.only = TRUE), contrasts = contrasts,
+    frame = stats::model.frame(fit), terms = stats::terms(fit, fixed.only = TRUE),
+    contrasts = contrasts,
     data = original_data(stats::getCall(fit), stats::formula(fit)),
     beta = lme4::fixef(fit, add.dropped = TRUE)[colnames_of_design(fit)],
     random = lme4::getME(fit, "flist")
@@ -37,7 +38,8 @@ tested_lmer <- function(fit) {
   needs("lmerTest", "Tests of a fit of lmer")
   if (inherits(fit, "lmerModLmerTest")) return(fit)
   tryCatch(lmerTest::as_lmerModLmerTest(fit), error = function(e) {
-    stop("The tests of this fit cannot be computed (", conditionMessage(e), "). Fit the model with ",
+    stop("The tests of this fit cannot be computed (", conditionMessage(e),
+      "). Fit the model with ",
       "lmerTest::lmer() where its data are at hand.", call. = FALSE)
   })
 }
@@ -70,10 +72,12 @@ hf_tests.lmerMod <- function(fit, info, design, options) {
     labels <- vapply(design$effects, `[[`, "", "label")
     at <- match(labels, rownames(table))
     effects <- data.frame(
-      f = table[at, "F value"], df1 = table[at, "NumDF"], df2 = table[at, "DenDF"], p = table[at, "Pr(>F)"]
+      f = table[at, "F value"], df1 = table[at, "NumDF"], df2 = table[at, "DenDF"],
+      p = table[at, "Pr(>F)"]
     )
   }
-  list(effects = replace_df2(effects, options), all = replace_df2(all_effects_lmer(info, design, options, method), options))
+  list(effects = replace_df2(effects, options),
+    all = replace_df2(all_effects_lmer(info, design, options, method), options))
 }
 
 all_effects_lmer <- function(info, design, options, method) {
@@ -81,17 +85,20 @@ all_effects_lmer <- function(info, design, options, method) {
   l <- diag(length(kept))[kept != "(Intercept)", , drop = FALSE]
   if (nrow(l) == 0L || !design$intercept) return(no_test())
   table <- lmerTest::contest(options$tested, l, joint = TRUE, ddf = method)
-  data.frame(f = table[1L, "F value"], df1 = table[1L, "NumDF"], df2 = table[1L, "DenDF"], p = table[1L, "Pr(>F)"])
+  data.frame(f = table[1L, "F value"], df1 = table[1L, "NumDF"], df2 = table[1L, "DenDF"],
+    p = table[1L, "Pr(>F)"])
 }
 
-# Blocks, those with the fewest levels first. Terms of one grouping factor that hold one column each are one block.
+# Blocks, those with the fewest levels first. Terms of one grouping factor that hold one column each
+# are one block.
 mer_blocks <- function(fit) {
   components <- lme4::VarCorr(fit)
   names <- names(lme4::getME(fit, "cnms"))
   single <- vapply(components, nrow, 1L) == 1L
   blocks <- list()
   for (k in seq_along(names)) {
-    same <- Filter(function(b) blocks[[b]]$group == names[k] && blocks[[b]]$single && single[k], seq_along(blocks))
+    same <- Filter(function(b) blocks[[b]]$group == names[k] && blocks[[b]]$single && single[k],
+      seq_along(blocks))
     if (length(same)) {
       blocks[[same[1L]]]$terms <- c(blocks[[same[1L]]]$terms, k)
     } else {
@@ -112,7 +119,8 @@ mer_blocks <- function(fit) {
 hf_random.merMod <- function(fit, info, options) {
   parts <- mer_blocks(fit)
   errors <- mer_errors(fit, options)
-  others <- lapply(unique(vapply(parts$blocks, `[[`, "", "group")), function(g) strsplit(g, ":", fixed = TRUE)[[1L]])
+  others <- lapply(unique(vapply(parts$blocks, `[[`, "", "group")),
+    function(g) strsplit(g, ":", fixed = TRUE)[[1L]])
   lapply(parts$blocks, function(block) {
     matrices <- parts$components[block$terms]
     matrix <- block_diagonal(matrices)
@@ -138,10 +146,12 @@ block_diagonal <- function(matrices) {
 make_block <- function(group, columns, matrix, errors, structure, info, others, options) {
   rows <- block_rows(columns, info$frame)
   list(
-    subject = subject_of(group, others), rows = rows, structure = structure, matrix = without_names(matrix),
+    subject = subject_of(group, others), rows = rows, structure = structure,
+    matrix = without_names(matrix),
     intercept = any(vapply(rows, `[[`, NA, "intercept")), group = group,
     effects = unique(lapply(Filter(function(r) !r$intercept, rows), row_fields)),
-    parameters = block_parameters(matrix, errors, structure, vapply(rows, `[[`, "", "label"), options)
+    parameters = block_parameters(matrix, errors, structure, vapply(rows, `[[`, "", "label"),
+      options)
   )
 }
 
@@ -212,7 +222,8 @@ hf_residual.glmerMod <- function(fit, info, options) {
 hf_messages.merMod <- function(fit, random) {
   code <- fit@optinfo$conv$opt
   said <- unlist(fit@optinfo$conv$lme4$messages)
-  failed <- isTRUE(code != 0) || any(grepl("failed to converge|unable to evaluate|degenerate|nearly unidentifiable",
+  failed <- isTRUE(code != 0) ||
+    any(grepl("failed to converge|unable to evaluate|degenerate|nearly unidentifiable",
     said))
   c(
     singular_messages(random, hf_distribution(fit), lme4::isSingular(fit)),
@@ -232,11 +243,6 @@ singular_messages <- function(random, distribution, singular) {
 hf_grid_arguments.lmerMod <- function(fit, options) {
   if (options$df == "residual") return(list(df = options$residual_df))
   list(lmer.df = options$df, lmerTest.limit = Inf, pbkrtest.limit = Inf)
-}
-
-#' @export
-hf_grid_arguments.glmerMod <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list()
 }
 
 #' @export

@@ -10,8 +10,10 @@ hf_frame.multinom <- function(fit) {
   beta <- categories[[1L]]
   list(
     frame = frame, terms = stats::terms(fit), contrasts = fit$contrasts,
-    data = original_data(fit$call, stats::formula(fit)), beta = beta, case_weights = if (counts) weights,
-    records = if (counts) sum(weights) else nrow(frame), equations = length(categories), random = list()
+    data = original_data(fit$call, stats::formula(fit)), beta = beta,
+    case_weights = if (counts) weights,
+    records = if (counts) sum(weights) else nrow(frame), equations = length(categories),
+    random = list()
   )
 }
 
@@ -31,7 +33,8 @@ multinom_categories <- function(fit) {
 #' @export
 hf_distribution.multinom <- function(fit) {
   response <- stats::model.response(stats::model.frame(fit))
-  if (is.matrix(response)) stop("A response of multinom that is a matrix of counts has no place in the documents; ",
+  if (is.matrix(response)) stop("A response of multinom that is a matrix of counts has no place ",
+    "in the documents; ",
     "give the category as a factor and the counts as weights.", call. = FALSE)
   list(distribution = "NOMINAL", link = "LOGIT", power = NA_real_, scaled = FALSE)
 }
@@ -45,7 +48,8 @@ hf_coefficients.multinom <- function(fit, info, design, options) {
     estimate <- categories[[k]]
     se <- without_names(errors[(k - 1L) * size + seq_len(size)])
     z <- without_names(estimate) / se
-    replace_df(by_column(design, names(estimate), without_names(estimate), se, Inf, z, 2 * stats::pnorm(-abs(z))), options)
+    replace_df(by_column(design, names(estimate), without_names(estimate), se, Inf, z,
+      2 * stats::pnorm(-abs(z))), options)
   })
   list(categories = stats::setNames(tables, names(categories)))
 }
@@ -53,7 +57,8 @@ hf_coefficients.multinom <- function(fit, info, design, options) {
 # vcov() runs the fit again for its Hessian where it was fitted without.
 multinom_covariance <- function(fit) {
   tryCatch(stats::vcov(fit), error = function(e) {
-    stop("The errors of this fit of multinom cannot be computed (", conditionMessage(e), "). Fit it with Hess = TRUE.",
+    stop("The errors of this fit of multinom cannot be computed (", conditionMessage(e),
+      "). Fit it with Hess = TRUE.",
       call. = FALSE)
   })
 }
@@ -66,16 +71,19 @@ hf_tests.multinom <- function(fit, info, design, options) {
   beta <- unlist(without_names(multinom_categories(fit)))
   names(beta) <- rownames(stats::vcov(fit))
   first <- seq.int(1L, by = design$columns, length.out = info$equations)
-  all <- if (design$intercept) wald_test(beta, stats::vcov(fit), setdiff(seq_along(beta), first), fit$edf) else no_test()
+  all <- if (design$intercept) wald_test(beta, stats::vcov(fit), setdiff(seq_along(beta), first),
+    fit$edf) else no_test()
   wald <- function(columns) {
     wald_test(beta, stats::vcov(fit), as.integer(outer(columns, first - 1L, "+")), fit$edf)
   }
-  # An effect on all equations together is its interaction with the category on the scale of the logits.
+  # An effect on all equations together is its interaction with the category on the scale of the
+  # logits.
   grid <- joint_grid(fit, mode = "latent")
   of_effect <- function(effect) {
     suppressMessages(effect_test(grid, c(unique(effect$fields), grid@roles$multresp)))
   }
-  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect) else joint_effects(design, of_effect)
+  effects <- if (needs_wald(design)) wald_effects(design, wald,
+    of_effect) else joint_effects(design, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
 
@@ -105,4 +113,5 @@ hf_left_out.multinom <- function(fit) {
 }
 
 #' @export
-hf_messages.multinom <- function(fit, random) if (isTRUE(fit$convergence != 0)) list(caution("kGLMM_C18")) else list()
+hf_messages.multinom <- function(fit,
+  random) if (isTRUE(fit$convergence != 0)) list(caution("kGLMM_C18")) else list()

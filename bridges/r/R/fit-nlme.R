@@ -1,19 +1,34 @@
 # lme and gls of nlme.
 
+# The data as the fit took them: where its formula was made, and within its subset.
+nlme_data <- function(fit, formula) {
+  data <- original_data(fit$call, formula)
+  if (is.null(data) && is.data.frame(fit$data)) data <- fit$data
+  if (is.null(data)) stop("The data of this fit of nlme are not at hand any more; fit it where ",
+    "they are.", call. = FALSE)
+  subset <- fit$call$subset
+  if (is.null(subset)) return(data)
+  chosen <- tryCatch(eval(if (inherits(subset, "formula")) subset[[2L]] else subset, data,
+    environment(formula)),
+    error = function(e) stop("The subset of this fit of nlme cannot be taken again: ",
+      conditionMessage(e), call. = FALSE))
+  if (inherits(chosen, "formula")) chosen <- eval(chosen[[2L]], data, environment(formula))
+  data[chosen & !is.na(chosen), , drop = FALSE]
+}
+
 nlme_frame <- function(fit, terms, grouping) {
   needs("nlme", "A fit of nlme")
-  data <- tryCatch(as.data.frame(nlme::getData(fit)), error = function(e) NULL)
-  if (is.null(data)) stop("The data of this fit of nlme are not at hand any more; fit it where they are.", call. = FALSE)
+  data <- nlme_data(fit, stats::formula(fit))
   frame <- stats::model.frame(terms, data, na.action = stats::na.pass)
   wanted <- unique(c(grouping, all.vars(terms)))
-  complete <- stats::complete.cases(data[intersect(wanted, names(data))])
+  complete <- stats::complete.cases(as.data.frame(data)[intersect(wanted, names(data))])
   if (sum(complete) != fit$dims$N) complete <- rep(TRUE, nrow(data))
-  if (sum(complete) != fit$dims$N) stop("The data of this fit of nlme have changed since it was fitted.", call. = FALSE)
+  if (sum(complete) != fit$dims$N) stop("The data of this fit of nlme have changed since it was ",
+    "fitted.", call. = FALSE)
   frame <- without_empty_levels(frame[complete, , drop = FALSE])
-  original <- original_data(fit$call, terms)
   for (name in setdiff(grouping, names(frame))) frame[[name]] <- data[[name]][complete]
-  list(frame = frame, terms = terms, contrasts = fit$contrasts, data = if (is.null(original)) data else original,
-    records = fit$dims$N, grouping = grouping)
+  list(frame = frame, terms = terms, contrasts = fit$contrasts, data = data, records = fit$dims$N,
+    grouping = grouping)
 }
 
 without_empty_levels <- function(frame) {
@@ -27,7 +42,8 @@ without_empty_levels <- function(frame) {
 #' @export
 hf_frame.lme <- function(fit) {
   if (inherits(fit, "nlme")) refuse_class(fit)
-  info <- nlme_frame(fit, stats::terms(stats::formula(fit), data = fit$data), nlme_grouping(fit, names(fit$groups)))
+  info <- nlme_frame(fit, stats::terms(stats::formula(fit), data = fit$data),
+    nlme_grouping(fit, names(fit$groups)))
   info$beta <- nlme::fixef(fit)
   info
 }
@@ -50,7 +66,8 @@ nlme_grouping <- function(fit, blocks) {
   ))
 }
 
-normal_distribution <- function() list(distribution = "NORMAL", link = "IDENTITY", power = NA_real_, scaled = TRUE)
+normal_distribution <- function() list(distribution = "NORMAL", link = "IDENTITY", power = NA_real_,
+  scaled = TRUE)
 
 #' @export
 hf_distribution.lme <- function(fit) normal_distribution()
@@ -67,7 +84,8 @@ hf_coefficients.lme <- function(fit, info, design, options) {
 #' @export
 hf_coefficients.gls <- function(fit, info, design, options) {
   table <- summary(fit)$tTable
-  replace_df(from_summary(design, info$beta, table, fit$dims$N - fit$dims$p, "t-value", "p-value"), options)
+  replace_df(from_summary(design, info$beta, table, fit$dims$N - fit$dims$p, "t-value", "p-value"),
+    options)
 }
 
 #' @export
@@ -88,15 +106,18 @@ nlme_tests <- function(fit, design, options) {
   effects <- read(table)[match(vapply(design$effects, `[[`, "", "label"), rownames(table)), ]
   warn_of_coding(design)
   l <- diag(design$columns)[-1L, , drop = FALSE]
-  all <- if (design$intercept) tryCatch(read(stats::anova(fit, L = l)), error = function(e) no_test()) else no_test()
+  all <- if (design$intercept) tryCatch(read(stats::anova(fit, L = l)),
+    error = function(e) no_test()) else no_test()
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
 
 # Marginal tests are tests at the reference levels unless codings sum to zero.
 warn_of_coding <- function(design) {
   held <- vapply(design$effects, is_marginal, NA, design = design, only_unbalanced = TRUE)
-  if (any(held)) message("Tests are marginal: those of ", paste(vapply(design$effects[held], `[[`, "", "label"),
-    collapse = ", "), " are at the reference levels of the factors that they interact with, unless the factors are ",
+  if (any(held)) message("Tests are marginal: those of ",
+    paste(vapply(design$effects[held], `[[`, "", "label"),
+    collapse = ", "), " are at the reference levels of the factors that they interact with, ",
+    "unless the factors are ",
     "coded by contr.sum.")
 }
 
@@ -149,7 +170,8 @@ hf_random.lme <- function(fit, info, options) {
     errors <- lme_errors(part, matrix, covariance, paste0("reStruct.", name), structure)
     subject <- list(fields = c(name, rev(outer)), levels = seq_len(length(outer) + 1L) - 1L)
     outer <<- c(outer, name)
-    block <- make_block(name, colnames(matrix), matrix, errors, if (structure == "CS") "UNSTRUCTURED" else without_names(structure), info, list(), options)
+    block <- make_block(name, colnames(matrix), matrix, errors,
+      if (structure == "CS") "UNSTRUCTURED" else without_names(structure), info, list(), options)
     block$subject <- subject
     block
   })
@@ -161,10 +183,12 @@ lme_errors <- function(part, matrix, covariance, prefix, structure) {
   out <- matrix(NA_real_, q, q)
   pars <- pars_of(covariance)
   at <- which(sub("[0-9]*$", "", names(pars)) == prefix | names(pars) == prefix)
-  size <- if (structure == "UNSTRUCTURED") q * (q + 1L) / 2L else if (structure %in% c("ID", "CS")) 1L else q
+  size <- if (structure == "UNSTRUCTURED") q * (q + 1L) /
+    2L else if (structure %in% c("ID", "CS")) 1L else q
   if (is.null(covariance) || length(at) != size || structure == "CS") return(out)
   sd <- sqrt(diag(matrix))
-  if (!isTRUE(all.equal(exp(pars[at][seq_len(min(q, size))]), rep_len(sd, min(q, size)), tolerance = 1e-4,
+  if (!isTRUE(all.equal(exp(pars[at][seq_len(min(q, size))]), rep_len(sd, min(q, size)),
+    tolerance = 1e-4,
     check.attributes = FALSE))) return(out)
   entry <- function(i, j) function(p) {
     s <- exp(if (size == 1L) rep(p[at], q) else p[at][seq_len(q)])
@@ -196,7 +220,8 @@ nlme_residual <- function(fit, info, options) {
   out <- list(type = correlation$type, grouping = groups$fields, subject = correlation$subject)
   made <- lapply(groups$list, function(group) {
     variance <- function(p) (sigma(p) * group$ratio(p))^2
-    list(values = group$values, parameters = correlation$parameters(fit, variance, fit$sigma^2 * group$weight^2,
+    list(values = group$values,
+      parameters = correlation$parameters(fit, variance, fit$sigma^2 * group$weight^2,
       covariance, options))
   })
   if (length(groups$fields)) out$groups <- made else out$parameters <- made[[1L]]$parameters
@@ -204,15 +229,18 @@ nlme_residual <- function(fit, info, options) {
   out
 }
 
-# One group, or one for each stratum of varIdent: its ratio to the first as a function of the parameters.
+# One group, or one for each stratum of varIdent: its ratio to the first as a function of the
+# parameters.
 nlme_variance_groups <- function(fit) {
   variance <- fit$modelStruct$varStruct
-  single <- list(fields = character(), list = list(list(values = character(), weight = 1, ratio = function(p) 1)))
+  single <- list(fields = character(),
+    list = list(list(values = character(), weight = 1, ratio = function(p) 1)))
   if (!inherits(variance, "varIdent") || is.null(attr(variance, "groupNames"))) return(single)
   fields <- all.vars(nlme::getGroupsFormula(variance))
   names <- attr(variance, "groupNames")
   weights <- stats::coef(variance, unconstrained = FALSE, allCoef = TRUE)
-  free <- if (is.null(attr(variance, "whichFix"))) rep(TRUE, length(names) - 1L) else !attr(variance, "whichFix")
+  free <- if (is.null(attr(variance, "whichFix"))) rep(TRUE,
+    length(names) - 1L) else !attr(variance, "whichFix")
   list(fields = fields, list = lapply(seq_along(names), function(k) {
     par <- paste0("varStruct", if (sum(free) > 1L) sum(free[seq_len(k - 1L)]) else "")
     values <- stats::setNames(strsplit(names[k], "*", fixed = TRUE)[[1L]], fields)
@@ -230,7 +258,8 @@ nlme_correlation <- function(structure) {
   arma <- inherits(structure, "corARMA") && attr(structure, "p") == 1L && attr(structure, "q") == 1L
   kind <- if (inherits(structure, "corAR1")) "AR1" else if (arma) "ARMA11"
     else if (inherits(structure, "corCompSymm")) "CS" else "OTHER"
-  parameters <- switch(kind, AR1 = ar1_parameters, ARMA11 = arma_parameters, CS = cs_parameters, plain_parameters)
+  parameters <- switch(kind, AR1 = ar1_parameters, ARMA11 = arma_parameters, CS = cs_parameters,
+    plain_parameters)
   list(type = kind, subject = subject, parameters = parameters)
 }
 
@@ -252,20 +281,25 @@ ar1_parameters <- function(fit, variance, estimate, covariance, options) {
   rho <- without_names(stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE))
   list(
     parameter("AR1 diagonal", "AR1 diagonal", estimate, delta_of(covariance, variance), options),
-    parameter("AR1 rho", "AR1 rho", rho, delta_of(covariance, function(p) values(p)[[1L]]), options, "fisher")
+    parameter("AR1 rho", "AR1 rho", rho, delta_of(covariance, function(p) values(p)[[1L]]), options,
+      "fisher")
   )
 }
 
 # The autoregressive parameter, and the correlation of records that follow each other.
 arma_parameters <- function(fit, variance, estimate, covariance, options) {
   values <- correlation_values(fit)
-  first <- function(v) (1 + v[[1L]] * v[[2L]]) * (v[[1L]] + v[[2L]]) / (1 + 2 * v[[1L]] * v[[2L]] + v[[2L]]^2)
+  first <- function(v) (1 + v[[1L]] * v[[2L]]) * (v[[1L]] + v[[2L]]) /
+    (1 + 2 * v[[1L]] * v[[2L]] + v[[2L]]^2)
   now <- stats::coef(fit$modelStruct$corStruct, unconstrained = FALSE)
   list(
-    parameter("ARMA11 diagonal", "ARMA11 diagonal", estimate, delta_of(covariance, variance), options),
-    parameter("ARMA11 rho", "ARMA11 rho", without_names(now[[1L]]), delta_of(covariance, function(p) values(p)[[1L]]),
+    parameter("ARMA11 diagonal", "ARMA11 diagonal", estimate, delta_of(covariance, variance),
+      options),
+    parameter("ARMA11 rho", "ARMA11 rho", without_names(now[[1L]]),
+      delta_of(covariance, function(p) values(p)[[1L]]),
       options, "fisher"),
-    parameter("ARMA11 phi", "ARMA11 phi", first(now), delta_of(covariance, function(p) first(values(p))), options,
+    parameter("ARMA11 phi", "ARMA11 phi", first(now),
+      delta_of(covariance, function(p) first(values(p))), options,
       "fisher")
   )
 }
@@ -284,17 +318,6 @@ cs_parameters <- function(fit, variance, estimate, covariance, options) {
 nlme_messages <- function(fit) if (is.character(fit$apVar)) list(caution("kGLMM_C18")) else list()
 
 #' @export
-hf_criteria.gls <- function(fit) nlme_criteria(fit)
-
-#' @export
-hf_criteria.lme <- function(fit) nlme_criteria(fit)
-
-nlme_criteria <- function(fit) {
-  likelihood <- stats::logLik(fit)
-  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), fit$dims$N, stats::BIC(fit))
-}
-
-#' @export
 hf_messages.lme <- function(fit, random) nlme_messages(fit)
 
 #' @export
@@ -302,12 +325,13 @@ hf_messages.gls <- function(fit, random) nlme_messages(fit)
 
 #' @export
 hf_grid_arguments.lme <- function(fit, options) {
-  if (options$df == "residual") list(df = options$residual_df) else list(mode = "containment")
+  c(list(data = options$data),
+    if (options$df == "residual") list(df = options$residual_df) else list(mode = "containment"))
 }
 
 #' @export
 hf_grid_arguments.gls <- function(fit, options) {
-  list(df = options$residual_df)
+  list(data = options$data, df = options$residual_df)
 }
 
 nlme_left_out <- function(fit) {
@@ -315,7 +339,8 @@ nlme_left_out <- function(fit) {
   kind <- nlme_correlation(fit$modelStruct$corStruct)$type
   c(
     if (!is.null(variance) && !inherits(variance, "varIdent")) "a variance function",
-    if (kind == "OTHER") paste0("a correlation structure of class ", class(fit$modelStruct$corStruct)[1L])
+    if (kind == "OTHER") paste0("a correlation structure of class ",
+      class(fit$modelStruct$corStruct)[1L])
   )
 }
 

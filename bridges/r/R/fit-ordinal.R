@@ -3,12 +3,15 @@
 clm_info <- function(fit) {
   needs("ordinal", "A fit of ordinal")
   if (!is.null(fit$nom.terms) && length(attr(fit$nom.terms, "term.labels"))) {
-    stop("Nominal effects (", paste(attr(fit$nom.terms, "term.labels"), collapse = ", "), ") of clm have no place in ",
+    stop("Nominal effects (", paste(attr(fit$nom.terms, "term.labels"), collapse = ", "),
+      ") of clm have no place in ",
       "the documents; fit the model without `nominal`.", call. = FALSE)
   }
   list(
-    frame = stats::model.frame(fit), terms = fit$terms, contrasts = fit$contrasts, thresholds = TRUE,
-    data = original_data(fit$call, stats::formula(fit$terms)), beta = if (is.null(fit$beta)) numeric() else fit$beta,
+    frame = stats::model.frame(fit), terms = fit$terms, contrasts = fit$contrasts,
+    thresholds = TRUE,
+    data = original_data(fit$call, stats::formula(fit$terms)),
+    beta = if (is.null(fit$beta)) numeric() else fit$beta,
     alpha = fit$alpha
   )
 }
@@ -20,13 +23,15 @@ hf_frame.clm <- function(fit) clm_info(fit)
 hf_frame.clmm <- function(fit) {
   info <- clm_info(fit)
   info$random <- fit$gfList
-  if (is.null(info$random)) info$random <- info$frame[intersect(names(fit$ranef), names(info$frame))]
+  if (is.null(info$random)) info$random <- info$frame[intersect(names(fit$ranef),
+    names(info$frame))]
   info
 }
 
 clm_distribution <- function(fit) {
   link <- link_table[fit$link]
-  if (is.na(link)) stop("The link ", fit$link, " has no name in the documents. Known are: logit, probit, cloglog, ",
+  if (is.na(link)) stop("The link ", fit$link,
+    " has no name in the documents. Known are: logit, probit, cloglog, ",
     "loglog, cauchit.", call. = FALSE)
   list(distribution = "ORDINAL", link = without_names(link), power = NA_real_, scaled = FALSE)
 }
@@ -41,25 +46,30 @@ clm_coefficients <- function(fit, info, design, options) {
   table <- stats::coef(summary(fit))
   n <- length(info$alpha)
   if (!identical(fit$threshold, "flexible")) {
-    stop("Thresholds that are ", fit$threshold, " have no place in the documents; fit the model with ",
+    stop("Thresholds that are ", fit$threshold,
+      " have no place in the documents; fit the model with ",
       "threshold = \"flexible\".", call. = FALSE)
   }
   alpha <- table[seq_len(n), , drop = FALSE]
   levels <- as_levels(stats::model.response(info$frame))
   thresholds <- data.frame(
-    level = levels[seq_len(n)], estimate = alpha[, 1L], se = alpha[, 2L], df = Inf, stat = alpha[, 3L], p = alpha[, 4L]
+    level = levels[seq_len(n)], estimate = alpha[, 1L], se = alpha[, 2L], df = Inf,
+    stat = alpha[, 3L], p = alpha[, 4L]
   )
   beta <- from_summary(design, info$beta, table[-seq_len(n), , drop = FALSE], Inf, 3L, 4L)
   list(thresholds = replace_df(thresholds, options), beta = replace_df(beta, options))
 }
 
 #' @export
-hf_coefficients.clm <- function(fit, info, design, options) clm_coefficients(fit, info, design, options)
+hf_coefficients.clm <- function(fit, info, design, options) clm_coefficients(fit, info, design,
+  options)
 
 #' @export
-hf_coefficients.clmm <- function(fit, info, design, options) clm_coefficients(fit, info, design, options)
+hf_coefficients.clmm <- function(fit, info, design, options) clm_coefficients(fit, info, design,
+  options)
 
-# The matrix of a block from its parameters: scales, then the lower triangle of a unit triangular factor.
+# The matrix of a block from its parameters: scales, then the lower triangle of a unit triangular
+# factor.
 st_matrix <- function(par, q) {
   factor <- diag(q)
   factor[lower.tri(factor)] <- par[-seq_len(q)]
@@ -68,14 +78,16 @@ st_matrix <- function(par, q) {
 
 st_parameters <- function(st) c(diag(st), st[lower.tri(st)])
 
-# With one scalar block ordinal works on the log of its standard deviation, otherwise on the factors' entries.
+# With one scalar block ordinal works on the log of its standard deviation, otherwise on the
+# factors' entries.
 clmm_errors <- function(st, matrix, covariance, on_log) {
   q <- nrow(st)
   out <- matrix * NA_real_
   par <- st_parameters(st)
   if (on_log) par <- log(par)
   entries <- function(p) st_matrix(if (on_log) exp(p) else p, q)
-  if (is.null(covariance) || !isTRUE(all.equal(entries(par), without_names(matrix), tolerance = 1e-6))) return(out)
+  if (is.null(covariance) ||
+    !isTRUE(all.equal(entries(par), without_names(matrix), tolerance = 1e-6))) return(out)
   for (i in seq_len(q)) for (j in seq_len(i)) {
     gradient <- gradient_of(function(p) entries(p)[i, j], par)
     out[i, j] <- out[j, i] <- delta_error(covariance, gradient)
@@ -101,8 +113,10 @@ hf_random.clmm <- function(fit, info, options) {
     component <- components[[k]]
     matrix <- matrix(as.numeric(component), nrow(component), dimnames = dimnames(component))
     inside <- seq.int(ends[k] - sizes[k] + 1L, ends[k])
-    errors <- clmm_errors(fit$ST[[k]], matrix, covariance[inside, inside, drop = FALSE], sum(sizes) == 1L)
-    make_block(groups[k], colnames(component), matrix, errors, if (nrow(matrix) > 1L) "UNSTRUCTURED" else "VC",
+    errors <- clmm_errors(fit$ST[[k]], matrix, covariance[inside, inside, drop = FALSE],
+      sum(sizes) == 1L)
+    make_block(groups[k], colnames(component), matrix, errors,
+      if (nrow(matrix) > 1L) "UNSTRUCTURED" else "VC",
       info, others, options)
   })
 }
@@ -118,22 +132,26 @@ hf_fitted.clm <- function(fit) {
   frame <- stats::model.frame(fit)
   data <- frame[-1L]
   if (ncol(data) == 0L) data <- data.frame(row.names = rownames(frame))
-  tryCatch(stats::predict(fit, newdata = data, type = "prob")$fit, error = function(e) clm_probabilities(fit))
+  tryCatch(stats::predict(fit, newdata = data, type = "prob")$fit,
+    error = function(e) clm_probabilities(fit))
 }
 
 #' @export
 hf_fitted.clmm <- function(fit) clm_probabilities(fit)
 
-# Probabilities of the categories at the modes of the random effects; ordinal predicts none for clmm.
+# Probabilities of the categories at the modes of the random effects; ordinal predicts none for
+# clmm.
 clm_probabilities <- function(fit) {
   frame <- stats::model.frame(fit)
   design <- stats::model.matrix(fit$terms, frame, contrasts.arg = fit$contrasts)
   design <- design[, colnames(design) != "(Intercept)", drop = FALSE]
   beta <- fit$beta[!is.na(fit$beta)]
-  eta <- if (length(beta)) drop(design[, names(beta), drop = FALSE] %*% beta) else rep(0, nrow(frame))
+  eta <- if (length(beta)) drop(design[, names(beta), drop = FALSE] %*% beta) else rep(0,
+    nrow(frame))
   modes <- fit$ranef
   if (!is.null(modes)) eta <- eta + random_predictor(fit)
-  inverse <- switch(fit$link, logit = stats::plogis, probit = stats::pnorm, cauchit = stats::pcauchy,
+  inverse <- switch(fit$link, logit = stats::plogis, probit = stats::pnorm,
+    cauchit = stats::pcauchy,
     cloglog = function(x) -expm1(-exp(x)), loglog = function(x) exp(-exp(-x)))
   below <- cbind(0, vapply(fit$alpha, function(a) inverse(a - eta), eta), 1)
   below[, -1L, drop = FALSE] - below[, -ncol(below), drop = FALSE]
@@ -166,14 +184,6 @@ hf_messages.clmm <- function(fit, random) {
   failed <- isTRUE(fit$optRes$convergence != 0)
   if (failed) list(caution("kGLMM_C18")) else list()
 }
-
-clm_grid <- function(options) if (options$df == "residual") list(df = options$residual_df) else list()
-
-#' @export
-hf_grid_arguments.clm <- function(fit, options) clm_grid(options)
-
-#' @export
-hf_grid_arguments.clmm <- function(fit, options) clm_grid(options)
 
 clm_left_out <- function(fit) {
   frame <- stats::model.frame(fit)

@@ -4,7 +4,8 @@
 hf_frame <- function(fit) UseMethod("hf_frame")
 # The distribution, the link, and whether the scale is estimated.
 hf_distribution <- function(fit) UseMethod("hf_distribution")
-# Estimates of the fixed part by design column: estimate, se, df, stat, p; missing where not estimable.
+# Estimates of the fixed part by design column: estimate, se, df, stat, p; missing where not
+# estimable.
 hf_coefficients <- function(fit, info, design, options) UseMethod("hf_coefficients")
 # Tests of the effects and of all of them together: f, df1, df2, p.
 hf_tests <- function(fit, info, design, options) UseMethod("hf_tests")
@@ -37,7 +38,8 @@ refuse_class <- function(fit) {
 
 needs <- function(package, what) {
   if (requireNamespace(package, quietly = TRUE)) return(invisible(TRUE))
-  stop(what, " needs the package ", package, ": install.packages(\"", package, "\").", call. = FALSE)
+  stop(what, " needs the package ", package, ": install.packages(\"", package, "\").",
+    call. = FALSE)
 }
 
 original_data <- function(call, formula) {
@@ -60,7 +62,9 @@ hf_random.default <- function(fit, info, options) list()
 hf_messages.default <- function(fit, random) list()
 
 #' @export
-hf_grid_arguments.default <- function(fit, options) list()
+hf_grid_arguments.default <- function(fit, options) {
+  if (options$df == "residual") list(df = options$residual_df) else list()
+}
 
 #' @export
 hf_fitted.default <- function(fit) stats::fitted(fit)
@@ -83,7 +87,9 @@ hf_left_out.default <- function(fit) {
 #' @export
 hf_criteria.default <- function(fit) {
   likelihood <- stats::logLik(fit)
-  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), stats::nobs(fit), stats::BIC(fit))
+  n <- attr(likelihood, "nobs")
+  if (is.null(n)) n <- stats::nobs(fit)
+  criteria_of(-2 * as.numeric(likelihood), attr(likelihood, "df"), n, stats::BIC(fit))
 }
 
 criteria_of <- function(minus2, k, n, bic) {
@@ -93,7 +99,8 @@ criteria_of <- function(minus2, k, n, bic) {
 }
 
 #' @export
-hf_tests.default <- function(fit, info, design, options) joint_term_tests(fit, info, design, options)
+hf_tests.default <- function(fit, info, design, options) joint_term_tests(fit, info, design,
+  options)
 
 # Links by the names that R gives them.
 link_table <- c(
@@ -110,16 +117,21 @@ distribution_table <- c(
 
 distribution_of_family <- function(family) {
   name <- family$family
-  kind <- if (grepl("^(Negative Binomial|negative binomial|nbinom2)", name)) "NEGBIN" else distribution_table[name]
+  kind <- if (grepl("^(Negative Binomial|negative binomial|nbinom2)",
+    name)) "NEGBIN" else distribution_table[name]
   power <- regmatches(family$link, regexec("^mu\\^(-?[0-9.]+)$", family$link))[[1L]]
   link <- if (length(power) == 2L) "POWER" else link_table[family$link]
   if (is.na(kind)) stop("The family ", name, " has no name in the documents. Known are: gaussian, ",
     "binomial, poisson, Gamma, inverse.gaussian, negative binomial.", call. = FALSE)
-  if (is.na(link) || (link == "CAUCHIT")) stop("The link ", family$link, " has no name in the documents ",
-    "for the family ", name, ". Known are: identity, log, logit, probit, cloglog, and powers.", call. = FALSE)
-  value <- if (length(power) == 2L) as.numeric(power[2L]) else without_names(link_powers[family$link])
+  if (is.na(link) || (link == "CAUCHIT")) stop("The link ", family$link,
+    " has no name in the documents ",
+    "for the family ", name, ". Known are: identity, log, logit, probit, cloglog, and powers.",
+    call. = FALSE)
+  value <- if (length(power) == 2L) as.numeric(power[2L])
+    else without_names(link_powers[family$link])
   scaled <- !(kind %in% c("BINOMIAL", "POISSON", "NEGBIN")) || grepl("^quasi", name)
-  list(distribution = without_names(kind), link = without_names(link), power = value, scaled = scaled)
+  list(distribution = without_names(kind), link = without_names(link), power = value,
+    scaled = scaled)
 }
 
 # Puts figures by coefficient name into the columns of the design.
@@ -140,5 +152,6 @@ from_summary <- function(design, beta, table, df, stat, p) {
   if (anyDuplicated(names(beta))) at <- cumsum(!is.na(beta)) * ifelse(is.na(beta), NA, 1)
   pick <- function(column) without_names(table[at, column])
   by_column(design, names(beta), without_names(beta), pick(2L),
-    if (length(df) == 1L && !is.character(df)) rep(df, length(beta)) else pick(df), pick(stat), pick(p))
+    if (length(df) == 1L && !is.character(df)) rep(df, length(beta)) else pick(df), pick(stat),
+    pick(p))
 }

@@ -11,9 +11,9 @@ parse_request <- function(formula, contrast) {
   split <- is.call(right) && identical(right[[1L]], as.name("|"))
   inner <- request_names(if (split) right[[2L]] else right)
   outer <- if (split) request_names(right[[3L]]) else character()
-  if (length(inner) == 0L) stop("A formula of `means` names no factor: ", deparse(formula), call. = FALSE)
-  if (length(inner) > 1L) outer <- c(outer, inner[-1L])
-  fields <- if (contrast == "none" && !split) request_names(right) else c(outer, inner[1L])
+  if (length(inner) == 0L) stop("A formula of `means` names no factor: ", deparse(formula),
+    call. = FALSE)
+  fields <- if (split) unique(c(outer, inner[-1L], inner[1L])) else inner
   list(fields = fields, compare = if (contrast == "none") "" else inner[1L], contrast = contrast)
 }
 
@@ -28,11 +28,14 @@ request_names <- function(expression) {
 
 check_contrasts <- function(contrasts, n) {
   if (is.null(contrasts)) contrasts <- "none"
-  contrasts <- vapply(as.list(contrasts), function(x) if (is.null(x) || is.na(x)) "none" else as.character(x), "")
+  contrasts <- vapply(as.list(contrasts),
+    function(x) if (is.null(x) || is.na(x)) "none" else as.character(x), "")
   wrong <- setdiff(contrasts, c("none", contrast_kinds))
-  if (length(wrong)) stop("`contrasts` is one of ", paste(contrast_kinds, collapse = ", "), ", none; not ",
+  if (length(wrong)) stop("`contrasts` is one of ", paste(contrast_kinds, collapse = ", "),
+    ", none; not ",
     paste(wrong, collapse = ", "), ".", call. = FALSE)
-  if (!(length(contrasts) %in% c(1L, n))) stop("`contrasts` has one value or one for each of the ", n,
+  if (!(length(contrasts) %in% c(1L, n))) stop("`contrasts` has one value or one for each of the ",
+    n,
     " formulas of `means`.", call. = FALSE)
   rep_len(contrasts, n)
 }
@@ -44,7 +47,8 @@ requests_of <- function(means, contrasts, reference) {
   if (!is.list(reference)) reference <- as.list(reference)
   Map(function(formula, contrast, index) {
     request <- parse_request(formula, contrast)
-    chosen <- if (length(reference) == 1L) reference[[1L]] else if (length(reference) >= index) reference[[index]]
+    at <- if (length(reference) == 1L) 1L else index
+    chosen <- if (length(reference) >= at) reference[[at]]
     request$reference <- if (contrast == "simple" && !is.null(chosen)) as.character(chosen)
     request
   }, means, contrasts, seq_along(means))
@@ -62,7 +66,8 @@ values_at <- function(request, info, options) {
     if (!is.numeric(column) || field %in% names(at) || wrapped_factor(field, info)) next
     values <- sort(unique(as.numeric(column)))
     if (length(values) > most_values) {
-      stop("The predictor ", field, " is continuous with ", length(values), " values; say at which its means ",
+      stop("The predictor ", field, " is continuous with ", length(values),
+        " values; say at which its means ",
         "stand: at = list(", field, " = c(...)).", call. = FALSE)
     }
     at[[field]] <- values
@@ -79,7 +84,8 @@ wrapped_factor <- function(field, info) {
 
 check_request <- function(request, predictors) {
   unknown <- setdiff(request$fields, predictors)
-  if (length(unknown)) stop("`means` names ", paste(unknown, collapse = ", "), ", which the model does not have. ",
+  if (length(unknown)) stop("`means` names ", paste(unknown, collapse = ", "),
+    ", which the model does not have. ",
     "It has: ", paste(predictors, collapse = ", "), ".", call. = FALSE)
 }
 
@@ -129,12 +135,14 @@ means_of <- function(grid, request, options) {
   object <- suppressMessages(emmeans::emmeans(grid, request$fields))
   figures <- summary_figures(object, options$level)
   order <- row_order(figures$frame, request$fields)
-  list(object = object, figures = figures, order = order, levels = level_texts(figures$frame[order, , drop = FALSE],
+  list(object = object, figures = figures, order = order,
+    levels = level_texts(figures$frame[order, , drop = FALSE],
     request$fields))
 }
 
 fields_nodes <- function(levels) {
-  Map(function(name, values) coordinates_node(text_array(values), "fields", field = name), names(levels), levels)
+  Map(function(name, values) coordinates_node(text_array(values), "fields", field = name),
+    names(levels), levels)
 }
 
 statistic_columns <- function(columns, order) {
@@ -145,7 +153,8 @@ statistic_columns <- function(columns, order) {
 
 estimates_node <- function(means) {
   f <- means$figures
-  columns <- list(mean = f$estimate, stdErr = f$se, confIntervalLower = f$lower, confIntervalUpper = f$upper)
+  columns <- list(mean = f$estimate, stdErr = f$se, confIntervalLower = f$lower,
+    confIntervalUpper = f$upper)
   node(
     "MultivariateData", c(description = "estimates"),
     node("CoordinatesGroup", character(), without_names(fields_nodes(means$levels))),
@@ -157,7 +166,8 @@ contrast_method <- function(request, levels) {
   if (request$contrast == "pairwise") return(list(method = "pairwise"))
   if (request$contrast == "deviation") return(list(method = "eff"))
   reference <- if (is.null(request$reference)) levels[length(levels)] else request$reference
-  if (!(reference %in% levels)) stop("The reference ", reference, " is not a level of ", request$compare,
+  if (!(reference %in% levels)) stop("The reference ", reference, " is not a level of ",
+    request$compare,
     ". Levels are: ", paste(levels, collapse = ", "), ".", call. = FALSE)
   list(method = "trt.vs.ctrl", ref = match(reference, levels))
 }
@@ -176,20 +186,23 @@ contrast_pairs <- function(request, levels) {
 }
 
 on_response <- function(object) {
-  if (is.null(object@misc$tran)) object else suppressMessages(emmeans::regrid(object, transform = "response"))
+  if (is.null(object@misc$tran)) return(object)
+  suppressMessages(emmeans::regrid(object, transform = "response"))
 }
 
 contrasts_of <- function(means, request, options) {
   others <- setdiff(request$fields, request$compare)
   levels <- unique(means$levels[[request$compare]][order(row_rank(means, request$compare))])
   how <- contrast_method(request, levels)
-  arguments <- c(list(on_response(means$object)), how, list(by = if (length(others)) others, adjust = "none"))
+  arguments <- c(list(on_response(means$object)), how,
+    list(by = if (length(others)) others, adjust = "none"))
   object <- suppressMessages(do.call(emmeans::contrast, arguments))
   figures <- summary_figures(object, options$level)
   pairs <- contrast_pairs(request, levels)
   groups <- length(figures$estimate) / length(pairs$first)
   if (groups != round(groups)) return(NULL)
-  c(list(object = object, others = others, groups = groups), adjusted(figures, length(pairs$first), groups, options),
+  c(list(object = object, others = others, groups = groups),
+    adjusted(figures, length(pairs$first), groups, options),
     list(figures = figures, first = rep(pairs$first, groups), second = rep(pairs$second, groups)))
 }
 
@@ -218,7 +231,8 @@ adjusted <- function(figures, size, groups, options) {
 
 contrasts_node <- function(contrasts, request, options) {
   f <- contrasts$figures
-  order <- if (length(contrasts$others)) row_order(f$frame, contrasts$others) else seq_along(f$estimate)
+  others <- contrasts$others
+  order <- if (length(others)) row_order(f$frame, others) else seq_along(f$estimate)
   levels <- level_texts(f$frame[order, , drop = FALSE], contrasts$others)
   columns <- list(
     contrastEstimate = f$estimate, stdErr = f$se, tTest = f$t, df = f$df, adjustedSig = contrasts$p,
@@ -247,12 +261,14 @@ overall_nodes <- function(contrasts) {
         node("FieldInfo", c(fieldName = field, fieldValue = values[i]))
       }, names(levels), levels)))
     }
-    node("ModelTestStats", c(testID = i - 1L), segment, f_test_node(row$F.ratio, row$df1, row$df2, row$p.value))
+    node("ModelTestStats", c(testID = i - 1L), segment,
+      f_test_node(row$F.ratio, row$df1, row$df2, row$p.value))
   })
 }
 
 f_test_node <- function(f, df1, df2, p) {
-  node("FTest", c(fStatistic = number_text(f), df1 = number_text(df1), df2 = number_text(df2), sig = number_text(p)))
+  node("FTest", c(fStatistic = number_text(f), df1 = number_text(df1), df2 = number_text(df2),
+    sig = number_text(p)))
 }
 
 # Continuous predictors that the grid holds at one value.
@@ -266,8 +282,10 @@ fixed_predictors <- function(grid, request, info) {
 fixed_node <- function(grid, request, info) {
   names <- fixed_predictors(grid, request, info)
   if (length(names) == 0L) return(NULL)
-  node("Label", character(), node("PrintableList", c(pattern = "fixedAt"), lapply(names, function(name) {
-    node("PrintableList", c(pattern = name), node("PrintableList", c(pattern = number_text(grid@levels[[name]]))))
+  node("Label", character(),
+    node("PrintableList", c(pattern = "fixedAt"), lapply(names, function(name) {
+    node("PrintableList", c(pattern = name),
+      node("PrintableList", c(pattern = number_text(grid@levels[[name]]))))
   })))
 }
 
@@ -280,14 +298,17 @@ block_message <- function(key, ...) {
 request_node <- function(request, index, make_grid, info, options) {
   grid <- make_grid(values_at(request, info, options))
   means <- means_of(grid, request, options)
-  contrasts <- if (request$contrast != "none" && length(unique(means$levels[[request$compare]])) > 1L) {
+  contrasts <- if (request$contrast != "none" &&
+    length(unique(means$levels[[request$compare]])) > 1L) {
     contrasts_of(means, request, options)
   }
-  refused <- if (request$contrast != "none" && is.null(contrasts)) block_message("kGLMM_C19_1", request$compare)
+  is_refused <- request$contrast != "none" && is.null(contrasts)
+  refused <- if (is_refused) block_message("kGLMM_C19_1", request$compare)
   node(
     "DataGroup", c(description = "customEmmeans"), statistic_node("EMMEANSIndex", index),
     fixed_node(grid, request, info), estimates_node(means),
-    if (!is.null(contrasts)) list(contrasts_node(contrasts, request, options), overall_nodes(contrasts)), refused
+    if (!is.null(contrasts)) list(contrasts_node(contrasts, request, options),
+      overall_nodes(contrasts)), refused
   )
 }
 
@@ -301,13 +322,16 @@ top_nodes <- function(design, tests, make_grid, options) {
   chosen <- utils::head(chosen[order(tests$p[chosen])], most_top_effects)
   lapply(chosen, function(i) {
     request <- list(fields = design$effects[[i]]$fields)
-    node("DataGroup", c(description = "Emmeans"), estimates_node(means_of(make_grid(options$at), request, options)))
+    node("DataGroup", c(description = "Emmeans"),
+      estimates_node(means_of(make_grid(options$at), request, options)))
   })
 }
 
 grand_mean_nodes <- function(make_grid, options) {
-  figures <- summary_figures(suppressMessages(emmeans::emmeans(make_grid(options$at), ~1)), options$level)
-  values <- c(grandMean = figures$estimate, grandMeanStdErr = figures$se, grandMeanCILower = figures$lower,
+  figures <- summary_figures(suppressMessages(emmeans::emmeans(make_grid(options$at), ~1)),
+    options$level)
+  values <- c(grandMean = figures$estimate, grandMeanStdErr = figures$se,
+    grandMeanCILower = figures$lower,
     grandMeanCIUpper = figures$upper)
   Map(statistic_node, names(values), number_text(values))
 }

@@ -2,8 +2,8 @@
 
 #' Write the report of a fitted model
 #'
-#' Writes the documents into a temporary folder and runs the program on them. The program is the option
-#' `hierfit.program`, the variable `HIERFIT`, or `hierfit` on the path.
+#' Writes the documents into a temporary folder and runs the program on them. The program is the
+#' option `hierfit.program`, the variable `HIERFIT`, or `hierfit` on the path.
 #'
 #' @inheritParams hf_documents
 #' @param file The report: the ending says the format, such as `.html`, `.docx` or `.json`.
@@ -20,7 +20,10 @@ hf_report <- function(fit, file, ...) {
   folder <- temporary_folder()
   on.exit(unlink(folder, recursive = TRUE))
   hf_documents(fit, folder, ...)
-  run_program(program, c("report", "-o", file, file.path(folder, "model.pmml"), file.path(folder, "model.statxml")))
+  said <- run_program(program, c(
+    "report", "-o", file, file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
+  ))
+  if (length(said)) message(paste(said, collapse = "\n"))
   invisible(file)
 }
 
@@ -30,7 +33,8 @@ find_program <- function() {
   path <- getOption("hierfit.program", Sys.getenv("HIERFIT", unset = ""))
   if (!nzchar(path)) path <- without_names(Sys.which("hierfit"))
   if (nzchar(path) && file.exists(path)) return(path)
-  stop("The program hierfit is not found. Say where it is by options(hierfit.program = ), by the variable HIERFIT, ",
+  stop("The program hierfit is not found. Say where it is by options(hierfit.program = ), ",
+    "by the variable HIERFIT, ",
     "or put it on the path.", call. = FALSE)
 }
 

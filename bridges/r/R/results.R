@@ -11,7 +11,8 @@ value_list <- function(values) {
 subject_node <- function(spec) if (!is.null(spec)) effect_node(spec$fields, spec$levels)
 
 random_spec_node <- function(block) {
-  attribute <- function(name, ..., value = NULL) node("Attribute", c(name = name, if (!is.null(value)) c(value = value)), ...)
+  attribute <- function(name, ..., value = NULL) node("Attribute",
+    c(name = name, if (!is.null(value)) c(value = value)), ...)
   node(
     "StructuredValue", character(),
     attribute("EffectList", node("ListValue", character(), lapply(block$effects, effect_node))),
@@ -35,7 +36,8 @@ request_setting <- function(request) {
   )
 }
 
-adjustment_names <- c(none = "LSD", `bonferroni-sequential` = "SEQBONFERRONI", `sidak-sequential` = "SEQSIDAK")
+adjustment_names <- c(none = "LSD", `bonferroni-sequential` = "SEQBONFERRONI",
+  `sidak-sequential` = "SEQSIDAK")
 
 settings_node <- function(part) {
   target <- part$target
@@ -50,14 +52,18 @@ settings_node <- function(part) {
     setting("TargetField", target$name), setting("UseTrials", flag_text(!is.null(target$trials))),
     if (!is.null(target$trials)) setting("TrialsField", target$trials_name),
     setting("DistributionOfTarget", d$distribution), setting("LinkFunctionType", d$link),
-    setting("LinkFunctionParam", number_text(d$power)), setting("Intercept", flag_text(part$design$intercept)),
+    setting("LinkFunctionParam", number_text(d$power)),
+    setting("Intercept", flag_text(part$design$intercept)),
     setting("ResidualCovarianceType", residual$type), setting("ResidualCovarianceTBand", ""),
     setting("ResidualSubjectSpec", NULL, subject_node(subject)),
     setting("ResidualGroupSpec", NULL, value_list(residual$grouping)),
     setting("CIn", number_text(part$options$level)),
-    setting("FixedEffectList", NULL, list_of(lapply(part$design$effects, function(e) effect_node(e$fields)))),
-    if (length(part$random)) setting("RandomSpecs", NULL, list_of(lapply(part$random, random_spec_node))),
-    if (length(part$requests)) setting("EMMEANS", NULL, list_of(lapply(without_names(part$requests), request_setting))),
+    setting("FixedEffectList", NULL,
+      list_of(lapply(part$design$effects, function(e) effect_node(e$fields, e$levels)))),
+    if (length(part$random)) setting("RandomSpecs", NULL,
+      list_of(lapply(part$random, random_spec_node))),
+    if (length(part$requests)) setting("EMMEANS", NULL,
+      list_of(lapply(without_names(part$requests), request_setting))),
     setting("pAdjustment", adjustment_names[[part$options$adjust]])
   )
 }
@@ -97,12 +103,15 @@ random_covariance_node <- function(block, index, map) {
   names <- names(map)[match(vapply(block$rows, `[[`, "", "label"), labels)]
   groups <- block_groups(block)
   node(
-    "StructuredData", c(description = "randomEffectCovariances"), statistic_node("randomEffectBlock", index),
-    node("MatrixLabels", character(), node("RowColLabels", character(), lapply(names, function(name) {
+    "StructuredData", c(description = "randomEffectCovariances"),
+    statistic_node("randomEffectBlock", index),
+    node("MatrixLabels", character(),
+      node("RowColLabels", character(), lapply(names, function(name) {
       node("Label", character(), node("PrintableList", c(pattern = name, mapId = 1L)))
     }))),
     lapply(groups, function(group) {
-      node("SegmentData", character(), segment_node(group$values), matrix_node(group$matrix, block$structure))
+      node("SegmentData", character(), segment_node(group$values),
+        matrix_node(group$matrix, block$structure))
     })
   )
 }
@@ -119,7 +128,8 @@ test_node <- function(description, id, type, row) {
 }
 
 count_parameters <- function(part) {
-  residual <- if (isTRUE(part$residual$fixed)) 0L else sum(vapply(residual_groups(part$residual), function(g) {
+  residual <- if (isTRUE(part$residual$fixed)) 0L else sum(vapply(residual_groups(part$residual),
+    function(g) {
     length(g$parameters)
   }, 1L))
   random <- sum(vapply(part$random, function(block) {
@@ -141,7 +151,8 @@ fit_statistics <- function(part, accuracy, grand) {
     statistic("minus2LogLikelihood", part$criteria$minus2), statistic("AICC", part$criteria$aicc),
     statistic("BIC", part$criteria$bic),
     if (!is.null(accuracy)) statistic("classificationAccuracy", accuracy),
-    statistic("numOfCovParamOfRepeated", counts$residual), statistic("numOfCovParamOfRandom", counts$random),
+    statistic("numOfCovParamOfRepeated", counts$residual),
+    statistic("numOfCovParamOfRandom", counts$random),
     statistic("numOfColsOfFixed", rows),
     statistic("numOfColsOfRandom", random_columns(part$random, part$subjects)),
     statistic("numOfCommonSubjects", part$subjects$n), without_names(grand)
@@ -171,16 +182,19 @@ diagnostics_node <- function(fit, part) {
 means_nodes <- function(fit, part) {
   asked <- length(part$requests) > 0L
   if (part$distribution$distribution %in% c("ORDINAL", "NOMINAL")) {
-    if (asked) stop("Means of a target of several categories have no place in the documents.", call. = FALSE)
+    if (asked) stop("Means of a target of several categories have no place in the documents.",
+      call. = FALSE)
     return(list())
   }
   if (length(part$design$effects) == 0L && !asked) return(list())
   if (!requireNamespace("emmeans", quietly = TRUE)) {
     if (asked) needs("emmeans", "Estimated means")
-    message("The chart of the significant effects' means needs emmeans: install.packages(\"emmeans\").")
+    message("The chart of the significant effects' means needs emmeans: ",
+      "install.packages(\"emmeans\").")
     return(list())
   }
-  make_grid <- grid_maker(if (is.null(part$options$tested)) fit else part$options$tested, part$options)
+  make_grid <- grid_maker(if (is.null(part$options$tested)) fit else part$options$tested,
+    part$options)
   list(
     grand = if (asked) grand_mean_nodes(make_grid, part$options),
     top = top_nodes(part$design, part$tests$effects, make_grid, part$options),
@@ -189,38 +203,46 @@ means_nodes <- function(fit, part) {
   )
 }
 
-exponentiated <- function(distribution) distribution$link %in% c("LOGIT", "LOG") && distribution$distribution != "NORMAL"
+exponentiated <- function(distribution) distribution$link %in% c("LOGIT", "LOG") &&
+  distribution$distribution != "NORMAL"
 
 # Attributes of one parameter in the order of the document.
 parameter_attributes <- function(name, label, f) {
   c(
-    paramName = name, paramLabel = label, estimate = number_text(f$estimate), stdError = number_text(f$se),
-    df = number_text(f$df), confIntervalLower = number_text(f$lower), confIntervalUpper = number_text(f$upper),
+    paramName = name, paramLabel = label, estimate = number_text(f$estimate),
+    stdError = number_text(f$se),
+    df = number_text(f$df), confIntervalLower = number_text(f$lower),
+    confIntervalUpper = number_text(f$upper),
     tTest = number_text(f$t), zTest = number_text(f$z), sig = number_text(f$p), chiSquare = "",
-    expEstimate = number_text(f$exp[1L]), expCILower = number_text(f$exp[2L]), expCIUpper = number_text(f$exp[3L]),
+    expEstimate = number_text(f$exp[1L]), expCILower = number_text(f$exp[2L]),
+    expCIUpper = number_text(f$exp[3L]),
     isRedundant = flag_text(f$redundant)
   )
 }
 
 missing_figures <- function() {
-  list(estimate = NA, se = NA, df = NA, lower = NA, upper = NA, t = NA, z = NA, p = NA, exp = c(NA, NA, NA), redundant = FALSE)
+  list(estimate = NA, se = NA, df = NA, lower = NA, upper = NA, t = NA, z = NA, p = NA,
+    exp = c(NA, NA, NA), redundant = FALSE)
 }
 
-redundant_figures <- function() utils::modifyList(missing_figures(), list(estimate = 0, redundant = TRUE))
+redundant_figures <- function() utils::modifyList(missing_figures(),
+  list(estimate = 0, redundant = TRUE))
 
 coefficient_figures <- function(row, options, exponentiate) {
   half <- stats::qt(1 - (1 - options$level) / 2, row$df) * row$se
   lower <- row$estimate - half
   upper <- row$estimate + half
   list(
-    estimate = row$estimate, se = row$se, df = row$df, lower = lower, upper = upper, t = row$stat, z = NA, p = row$p,
+    estimate = row$estimate, se = row$se, df = row$df, lower = lower, upper = upper, t = row$stat,
+    z = NA, p = row$p,
     exp = if (exponentiate) exp(c(row$estimate, lower, upper)) else c(NA, NA, NA), redundant = FALSE
   )
 }
 
 coefficient_node <- function(row, figures, counter) {
   statistic <- if (row$effect >= 0L) statistic_node("fixedEffectIndex", row$effect)
-  node("ParameterStats", parameter_attributes(counter(), row$label, figures), parameter_node(row), statistic)
+  node("ParameterStats", parameter_attributes(counter(), row$label, figures), parameter_node(row),
+    statistic)
 }
 
 # One group of coefficients: thresholds first where there are any.
@@ -229,15 +251,18 @@ coefficient_group <- function(part, table, counter, segment = NULL) {
   thresholds <- lapply(seq_along(table$thresholds$level), function(i) {
     level <- table$thresholds$level[i]
     row <- list(
-      label = sprintf("[%s=%s]", part$target$name, level), intercept = FALSE, effect = -1L, covariates = integer(),
+      label = sprintf("[%s=%s]", part$target$name, level), intercept = FALSE, effect = -1L,
+      covariates = integer(),
       factors = stats::setNames(level, part$target$name)
     )
-    coefficient_node(row, coefficient_figures(table$thresholds[i, ], part$options, exponentiate), counter)
+    coefficient_node(row, coefficient_figures(table$thresholds[i, ], part$options, exponentiate),
+      counter)
   })
   rows <- lapply(part$design$rows, function(row) {
     at <- row$column
     estimable <- !is.na(at) && !is.na(table$beta$estimate[at])
-    figures <- if (estimable) coefficient_figures(table$beta[at, ], part$options, exponentiate) else redundant_figures()
+    figures <- if (estimable) coefficient_figures(table$beta[at, ], part$options,
+      exponentiate) else redundant_figures()
     coefficient_node(row, figures, counter)
   })
   if (length(thresholds) + length(rows) == 0L) return(NULL)
@@ -249,12 +274,14 @@ coefficient_groups <- function(part, counter) {
   if (is.data.frame(tables)) return(coefficient_group(part, list(beta = tables), counter))
   if (is.null(tables$categories)) return(coefficient_group(part, tables, counter))
   Map(function(table, category) {
-    coefficient_group(part, list(beta = table), counter, segment_node(stats::setNames(category, part$target$name)))
+    coefficient_group(part, list(beta = table), counter,
+      segment_node(stats::setNames(category, part$target$name)))
   }, tables$categories, names(tables$categories))
 }
 
 covariance_node <- function(parameter, counter) {
-  figures <- utils::modifyList(missing_figures(), parameter[c("estimate", "se", "lower", "upper", "z", "p")])
+  figures <- utils::modifyList(missing_figures(),
+    parameter[c("estimate", "se", "lower", "upper", "z", "p")])
   arguments <- lapply(parameter$arguments, function(a) node("PrintableList", c(pattern = a)))
   node(
     "ParameterStats", parameter_attributes(counter(), parameter$label, figures),
@@ -279,17 +306,20 @@ make_counter <- function() {
   }
 }
 
-message_node <- function(message) do.call(block_message, c(list(message$key), as.list(message$values)))
+message_node <- function(message) do.call(block_message,
+  c(list(message$key), as.list(message$values)))
 
 training_node <- function(part) {
   counter <- make_counter()
   fixed <- coefficient_groups(part, counter)
-  residual <- covariance_groups(residual_groups(part$residual), c(parameterType = "repeated"), counter)
+  residual <- covariance_groups(residual_groups(part$residual), c(parameterType = "repeated"),
+    counter)
   random <- Map(function(block, index) {
     covariance_groups(block_groups(block), c(parameterType = "random", block = index), counter)
   }, part$random, seq_along(part$random) - 1L)
   many <- if (length(part$requests) >= 20L) list(caution("kGLMM_C24"))
-  node("TrainingSummary", character(), fixed, residual, random, lapply(c(part$messages, many), message_node))
+  node("TrainingSummary", character(), fixed, residual, random,
+    lapply(c(part$messages, many), message_node))
 }
 
 results_document <- function(fit, part) {

@@ -4,18 +4,20 @@
 subjects_of <- function(random, info, residual) {
   specs <- lapply(random, `[[`, "subject")
   if (length(specs) == 0L) specs <- Filter(Negate(is.null), list(residual$subject))
-  if (length(specs) == 0L) return(list(common = character(), all = character(), n = NA_integer_))
+  if (length(specs) == 0L) return(list(common = character(), all = character(), n = 0L))
   fields <- lapply(specs, `[[`, "fields")
   common <- Reduce(intersect, fields)
   all <- unique(unlist(rev(fields[order(-lengths(fields))])))
   chain <- fields[order(lengths(fields))]
   nested <- all(vapply(seq_along(chain)[-1L], function(i) all(chain[[i - 1L]] %in% chain[[i]]), NA))
-  columns <- lapply(stats::setNames(all, all), function(f) as.character(info$fields_by_name[[f]]$values))
+  columns <- lapply(stats::setNames(all, all),
+    function(f) as.character(info$fields_by_name[[f]]$values))
   if (!nested || length(common) == 0L) {
     return(list(common = character(), all = character(), n = 1L, columns = columns))
   }
   key <- do.call(paste, c(columns[common], sep = "\r"))
-  list(common = common, all = chain[[1L]], within = chain[[length(chain)]], n = length(unique(key)), key = key,
+  list(common = common, all = chain[[1L]], within = chain[[length(chain)]], n = length(unique(key)),
+    key = key,
     columns = columns)
 }
 
@@ -37,7 +39,8 @@ first_subject_node <- function(part) {
   if (length(subjects$common) == 0L) return(NULL)
   fields <- rev(unique(c(rev(subjects$all), subjects$within)))
   fields <- unique(c(subjects$all, subjects$within))
-  columns <- lapply(stats::setNames(fields, fields), function(f) as.character(part$info$fields_by_name[[f]]$values))
+  columns <- lapply(stats::setNames(fields, fields),
+    function(f) as.character(part$info$fields_by_name[[f]]$values))
   first <- vapply(columns, `[`, "", 1L)
   same <- which(Reduce(`&`, Map(function(column, value) column == value, columns, first)))
   shown <- utils::head(same, most_records)

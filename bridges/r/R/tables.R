@@ -2,12 +2,13 @@
 
 #' Tables of a fitted model as data frames
 #'
-#' Runs the program as [hf_report()] does and gives each table that it issues as a data frame with figures at full
-#' precision. Row labels stand in the first columns; a table's column labels are the names of the others.
+#' Runs the program as [hf_report()] does and gives each table that it issues as a data frame with
+#' figures at full precision. Row labels stand in the first columns; a table's column labels are the
+#' names of the others.
 #'
 #' @inheritParams hf_report
-#' @return A list of data frames, named by item: the kind of table and its number among those of its kind, such as
-#'   `FixedCoefficients-1`. A data frame has the attribute `title`.
+#' @return A list of data frames, named by item: the kind of table and its number among those of its
+#'   kind, such as `FixedCoefficients-1`. A data frame has the attribute `title`.
 #' @examples
 #' \dontrun{
 #' fit <- lm(breaks ~ wool * tension, warpbreaks)
@@ -52,7 +53,8 @@ cell_value <- function(cell) {
 }
 
 outermost_first <- function(dimensions, which) {
-  index <- vapply(dimensions[which], function(d) if (is.null(d$index)) 0 else as.numeric(d$index), 1)
+  index <- vapply(dimensions[which], function(d) if (is.null(d$index)) 0 else as.numeric(d$index),
+    1)
   which[order(-index)]
 }
 
@@ -63,7 +65,9 @@ table_frame <- function(table) {
   columns <- outermost_first(dimensions, which(place == 1L))
   labels <- lapply(dimensions, function(d) category_labels(d$members))
   at <- lapply(seq_along(dimensions), function(i) {
-    vapply(table$cells, function(cell) if (is.null(cell$at[[i]])) NA_character_ else as.character(cell$at[[i]]), "")
+    vapply(table$cells, function(cell) {
+      if (is.null(cell$at[[i]])) NA_character_ else as.character(cell$at[[i]])
+    }, "")
   })
   texts <- Map(function(ids, label) without_names(label[ids]), at, labels)
   frame <- wide_frame(texts, rows, columns, lapply(table$cells, cell_value))
@@ -74,11 +78,14 @@ table_frame <- function(table) {
 }
 
 wide_frame <- function(texts, rows, columns, values) {
-  joined <- function(which) if (length(which)) do.call(paste, c(texts[which], sep = "\r")) else rep("", length(values))
+  joined <- function(which) if (length(which)) do.call(paste,
+    c(texts[which], sep = "\r")) else rep("", length(values))
   row <- factor(joined(rows), levels = unique(joined(rows)))
-  column <- factor(gsub("\r", " ", joined(columns)), levels = unique(gsub("\r", " ", joined(columns))))
+  column <- factor(gsub("\r", " ", joined(columns)),
+    levels = unique(gsub("\r", " ", joined(columns))))
   first <- match(levels(row), row)
-  frame <- as.data.frame(lapply(texts[rows], `[`, first), col.names = seq_along(rows), optional = TRUE)
+  frame <- data.frame(row.names = seq_along(first))
+  for (i in seq_along(rows)) frame[[i]] <- texts[[rows[i]]][first]
   for (name in levels(column)) {
     cells <- vector("list", nlevels(row))
     inside <- which(column == name)
@@ -92,6 +99,7 @@ wide_frame <- function(texts, rows, columns, values) {
 column_of <- function(cells) {
   empty <- vapply(cells, is.null, NA)
   cells[empty] <- NA
-  if (all(vapply(cells, function(cell) is.numeric(cell) || is.na(cell), NA))) return(as.numeric(unlist(cells)))
+  if (all(vapply(cells, function(cell) is.numeric(cell) || is.na(cell),
+    NA))) return(as.numeric(unlist(cells)))
   vapply(cells, function(cell) if (is.na(cell)) NA_character_ else as.character(cell), "")
 }

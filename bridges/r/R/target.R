@@ -1,15 +1,18 @@
 # The target: its field, its trials, its distribution, and how well it is predicted.
 
-# Events and trials of cbind(events, failures); the trials have a field's name where one can be seen.
+# Events and trials of cbind(events, failures); the trials have a field's name where one can be
+# seen.
 trials_of_matrix <- function(response, expression) {
   events <- response[, 1L]
   trials <- response[, 1L] + response[, 2L]
   name <- function(x) paste(deparse(x, width.cutoff = 500L), collapse = " ")
-  if (!is.call(expression) || !identical(expression[[1L]], as.name("cbind")) || length(expression) != 3L) {
+  if (!is.call(expression) || !identical(expression[[1L]], as.name("cbind")) ||
+    length(expression) != 3L) {
     return(list(name = "events", events = events, trials_name = "trials", trials = trials))
   }
   second <- expression[[3L]]
-  of_difference <- is.call(second) && identical(second[[1L]], as.name("-")) && length(second) == 3L &&
+  of_difference <- is.call(second) && identical(second[[1L]], as.name("-")) &&
+    length(second) == 3L &&
     identical(second[[3L]], expression[[2L]])
   list(
     name = name(expression[[2L]]), events = events, trials = trials,
@@ -23,7 +26,8 @@ trials_of_proportion <- function(response, expression, weights) {
   name <- function(x) paste(deparse(x, width.cutoff = 500L), collapse = " ")
   named <- is.call(expression) && identical(expression[[1L]], as.name("/"))
   list(
-    name = if (named) name(expression[[2L]]) else name(expression), events = round(response * weights),
+    name = if (named) name(expression[[2L]]) else name(expression),
+    events = round(response * weights),
     trials = weights, trials_name = if (named) name(expression[[3L]]) else "trials"
   )
 }
@@ -45,7 +49,8 @@ target_of <- function(fit, info, distribution) {
     if (!is.null(weights)) return(trials_of_proportion(as.numeric(response), expression, weights))
   }
   if (is.matrix(response) && !inherits(response, "AsIs")) {
-    stop("The response ", name, " has several columns, which only a binomial model may have.", call. = FALSE)
+    stop("The response ", name, " has several columns, which only a binomial model may have.",
+      call. = FALSE)
   }
   categorical <- distribution$distribution %in% c("BINOMIAL", "ORDINAL", "NOMINAL")
   values <- if (categorical && !is_categorical(response)) factor(response) else response
@@ -62,16 +67,18 @@ gamma_shape <- function(y) {
 
 negbin_size <- function(y) {
   if (!requireNamespace("MASS", quietly = TRUE)) return(NA_real_)
-  tryCatch(suppressWarnings(as.numeric(MASS::theta.ml(y, mean(y), limit = 50))), error = function(e) NA_real_)
+  tryCatch(suppressWarnings(as.numeric(MASS::theta.ml(y, mean(y), limit = 50))),
+    error = function(e) NA_real_)
 }
 
 # Parameters of the target's own distribution, and the bars that stand for its values.
 distribution_figures <- function(target, distribution) {
   kind <- distribution$distribution
-  y <- if (is_categorical(target$values)) as.numeric(as.factor(target$values)) else as.numeric(target$values)
-  if (is.factor(target$values)) y <- as.integer(target$values)
+  y <- target$values
+  y <- if (is_categorical(y)) match(as.character(y), as_levels(y)) else as.numeric(y)
   y <- rep(y, if (is.null(target$weights)) 1L else target$weights)
-  figures <- list(n = length(y), mean = mean(y), sd = stats::sd(y), shape = NA, rate = NA, r = NA, p = NA)
+  figures <- list(n = length(y), mean = mean(y), sd = stats::sd(y), shape = NA, rate = NA, r = NA,
+    p = NA)
   if (kind == "GAMMA") {
     figures$shape <- gamma_shape(y)
     figures$rate <- figures$shape / figures$mean
@@ -96,11 +103,14 @@ bars_of <- function(y, discrete) {
 distribution_node <- function(target, distribution) {
   if (!is.null(target$trials) || distribution$distribution == "BINOMIAL") return(NULL)
   f <- distribution_figures(target, distribution)
-  statistics <- lapply(c(mean = "mean", sd = "stdDeviation", shape = "shape", rate = "rate", r = "r", p = "p"), identity)
+  statistics <- lapply(c(mean = "mean", sd = "stdDeviation", shape = "shape", rate = "rate",
+    r = "r", p = "p"), identity)
   node(
     "UnivariateData", c(description = "TargetDistribution"), node("Counts", c(totalFreq = f$n)),
-    without_names(Map(function(key, name) statistic_node(name, number_text(f[[key]])), names(statistics), statistics)),
-    coordinates_node(real_array(f$bars), "observed"), coordinates_node(real_array(f$heights), "frequency")
+    without_names(Map(function(key, name) statistic_node(name, number_text(f[[key]])),
+      names(statistics), statistics)),
+    coordinates_node(real_array(f$bars), "observed"),
+    coordinates_node(real_array(f$heights), "frequency")
   )
 }
 
@@ -120,7 +130,8 @@ grid_points <- function(observed, predicted) {
   key <- a$index * grid_size + b$index
   first <- !duplicated(key)
   first <- which(first)[order(key[first])]
-  list(observed = a$middle[first], predicted = b$middle[first], n = tabulate(match(key, key[first])))
+  list(observed = a$middle[first], predicted = b$middle[first],
+    n = tabulate(match(key, key[first])))
 }
 
 predicted_node <- function(target, fitted) {
@@ -130,7 +141,8 @@ predicted_node <- function(target, fitted) {
   points <- list(observed = observed[known], predicted = fitted[known], n = rep(1L, sum(known)))
   if (sum(known) > most_points) points <- grid_points(points$observed, points$predicted)
   node(
-    "BivariateData", c(description = "observedByPredicted"), node("Counts", c(totalFreq = sum(known))),
+    "BivariateData", c(description = "observedByPredicted"),
+    node("Counts", c(totalFreq = sum(known))),
     coordinates_node(real_array(points$observed), "observed"),
     coordinates_node(real_array(points$predicted), "statistic", statistic = "predicted"),
     coordinates_node(real_array(points$n), "frequency")
@@ -141,13 +153,15 @@ predicted_node <- function(target, fitted) {
 classification_of <- function(target, fitted) {
   if (!is.null(target$trials)) {
     predicted <- fitted > 0.5
-    cells <- c(sum((target$trials - target$events)[!predicted]), sum((target$trials - target$events)[predicted]),
+    cells <- c(sum((target$trials - target$events)[!predicted]),
+      sum((target$trials - target$events)[predicted]),
       sum(target$events[!predicted]), sum(target$events[predicted]))
     return(list(counts = matrix(cells, 2L, byrow = TRUE), labels = NULL))
   }
   levels <- as_levels(target$values)
   observed <- match(as.character(target$values), levels)
-  predicted <- if (is.matrix(fitted)) max.col(fitted, ties.method = "first") else 1L + (fitted > 0.5)
+  predicted <- if (is.matrix(fitted)) max.col(fitted, ties.method = "first") else 1L +
+    (fitted > 0.5)
   weights <- if (is.null(target$weights)) rep(1, length(observed)) else target$weights
   counts <- matrix(0, length(levels), length(levels))
   for (i in which(!is.na(predicted))) {
@@ -158,7 +172,8 @@ classification_of <- function(target, fitted) {
 
 classification_node <- function(classification) {
   labels <- if (!is.null(classification$labels)) {
-    node("MatrixLabels", character(), node("RowColLabels", character(), lapply(classification$labels, function(l) {
+    node("MatrixLabels", character(),
+      node("RowColLabels", character(), lapply(classification$labels, function(l) {
       node("Label", c(label = l))
     })))
   }

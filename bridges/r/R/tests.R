@@ -1,7 +1,8 @@
 # Tests of effects where the fitter has none of its own: emmeans.
 
 no_test <- function(n = 1L) {
-  data.frame(f = rep(NA_real_, n), df1 = rep(NA_real_, n), df2 = rep(NA_real_, n), p = rep(NA_real_, n))
+  data.frame(f = rep(NA_real_, n), df1 = rep(NA_real_, n), df2 = rep(NA_real_, n),
+    p = rep(NA_real_, n))
 }
 
 replace_df <- function(table, options) {
@@ -18,7 +19,8 @@ replace_df2 <- function(table, options) {
   table
 }
 
-# The test that all rows of an object of emmeans are zero, as its test(joint = TRUE), which rounds F and df2.
+# The test that all rows of an object of emmeans are zero, as its test(joint = TRUE), which rounds F
+# and df2.
 exact_joint_test <- function(object, by = NULL) {
   rounded <- as.data.frame(emmeans::test(object, joint = TRUE, by = by))
   rows <- if (is.null(by)) list(seq_len(nrow(object@grid))) else rows_by(object@grid, by)
@@ -49,7 +51,8 @@ unrounded_f <- function(object, l) {
   if (q$rank == 0L) return(NULL)
   basis <- t(qr.Q(q))[seq_len(q$rank), , drop = FALSE][, known, drop = FALSE]
   z <- basis %*% object@bhat[known]
-  f <- tryCatch(drop(crossprod(z, solve(basis %*% object@V %*% t(basis), z))) / q$rank, error = function(e) NA_real_)
+  f <- tryCatch(drop(crossprod(z, solve(basis %*% object@V %*% t(basis), z))) / q$rank,
+    error = function(e) NA_real_)
   list(f = f, df2 = min(apply(basis, 1L, function(k) object@dffun(k, object@dfargs))))
 }
 
@@ -64,12 +67,14 @@ wald_test <- function(beta, covariance, columns, df) {
   kept <- which(!is.na(beta))
   basis <- diag(length(kept))[match(columns, kept), , drop = FALSE]
   object <- emmeans::emmobj(
-    bhat = without_names(beta[kept]), V = covariance, levels = list(k = seq_along(columns)), linfct = basis, df = df
+    bhat = without_names(beta[kept]), V = covariance, levels = list(k = seq_along(columns)),
+    linfct = basis, df = df
   )
   from_joint(exact_joint_test(object))
 }
 
-# One effect's test as joint_tests() makes it: consecutive differences, within what the effect is nested in.
+# One effect's test as joint_tests() makes it: consecutive differences, within what the effect is
+# nested in.
 effect_test <- function(grid, variables) {
   nesting <- grid@model.info$nesting
   nesters <- unique(unlist(nesting[intersect(variables, names(nesting))]))
@@ -78,16 +83,20 @@ effect_test <- function(grid, variables) {
   from_joint(exact_joint_test(emmeans::contrast(means, interaction = "consec", by = nesters)))
 }
 
-# joint_tests() works on variables. A covariate in several terms, or in several columns, needs its own test.
+# joint_tests() works on variables. A covariate in several terms, or in several columns, needs its
+# own test.
 needs_wald <- function(design) {
   used <- lapply(design$effects, function(e) unique(e$fields))
-  repeated <- any(vapply(design$effects, function(e) e$numeric && (anyDuplicated(e$fields) > 0L || e$coded), NA))
+  repeated <- any(vapply(design$effects,
+    function(e) e$numeric && (anyDuplicated(e$fields) > 0L || e$coded), NA))
   keys <- vapply(used, function(fields) paste(sort(fields), collapse = ":"), "")
-  transformed <- any(vapply(design$effects, function(e) e$numeric && any(grepl("(", e$variables, fixed = TRUE)), NA))
+  transformed <- any(vapply(design$effects,
+    function(e) e$numeric && any(grepl("(", e$variables, fixed = TRUE)), NA))
   repeated || transformed || anyDuplicated(keys) > 0L
 }
 
-# A test of a term's own coefficients says the same for every coding only where no other term holds it.
+# A test of a term's own coefficients says the same for every coding only where no other term holds
+# it.
 is_marginal <- function(effect, design, only_unbalanced = FALSE) {
   any(vapply(design$effects, function(other) {
     if (only_unbalanced && other$sums_to_zero) return(FALSE)
@@ -105,16 +114,19 @@ joint_term_tests <- function(fit, info, design, options) {
   if (design$intercept) all <- wald(setdiff(seq_len(design$columns), design$first))
   grid <- do.call(joint_grid, c(list(fit), options$grid_arguments))
   of_effect <- function(effect) suppressMessages(effect_test(grid, unique(effect$fields)))
-  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect) else joint_effects(design, of_effect)
+  effects <- if (needs_wald(design)) wald_effects(design, wald,
+    of_effect) else joint_effects(design, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
 
-# Effects of factors alone are tested as by joint_tests(); others by their coefficients, where these say enough.
+# Effects of factors alone are tested as by joint_tests(); others by their coefficients, where these
+# say enough.
 wald_effects <- function(design, wald, of_factors) {
   tests <- lapply(design$effects, function(effect) {
     if (!effect$numeric) return(of_factors(effect))
     if (!is_marginal(effect, design)) return(wald(effect$columns))
-    message("The effect ", effect$label, " stands in an interaction of this model and is not tested.")
+    message("The effect ", effect$label,
+      " stands in an interaction of this model and is not tested.")
     no_test()
   })
   do.call(rbind, tests)
@@ -127,9 +139,16 @@ joint_grid <- function(fit, ...) {
 }
 
 reference_grid <- function(arguments) {
-  tryCatch(suppressMessages(do.call(emmeans::ref_grid, arguments)), error = function(e) {
-    stop("emmeans cannot take this fit (", strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ",
-      "Its data must be at hand as they were, and codings be set by contrasts() on the data.", call. = FALSE)
+  # A column that lost its coding in a copy of the data has the fit's own in the grid.
+  quietly <- function(w) {
+    if (grepl("contrasts dropped", conditionMessage(w))) invokeRestart("muffleWarning")
+  }
+  make <- function() suppressMessages(do.call(emmeans::ref_grid, arguments))
+  tryCatch(withCallingHandlers(make(), warning = quietly), error = function(e) {
+    stop("emmeans cannot take this fit (",
+      strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ",
+      "Its data must be at hand as they were, and codings be set by contrasts() on the data.",
+      call. = FALSE)
   })
 }
 

@@ -18,11 +18,14 @@ constexpr int kWidthSteps = 16;
 
 TableParts MakeParts(std::string& out, const Grid& grid, int number) {
     const std::string prefix = 't' + std::to_string(number);
-    return {out, grid, HeaderIds(prefix, grid), NoteMarks(prefix, grid.fvNotes), NumberColumns(grid)};
+    return {
+        out, grid, HeaderIds(prefix, grid), NoteMarks(prefix, grid.fvNotes), NumberColumns(grid), FindRedundant(grid)};
 }
 
-void AppendFrame(std::string& out, const Grid& grid, std::string_view title, int number) {
-    out += grid.fRows > kLongRows ? "<section class=\"scroll long\"" : "<section class=\"scroll\"";
+void AppendFrame(TableParts& parts, std::string_view title, int number) {
+    std::string& out = parts.fOut;
+    out += parts.fGrid.fRows - parts.fRedundant.fCount > kLongRows ? "<section class=\"scroll long\""
+                                                                   : "<section class=\"scroll\"";
     out += " tabindex=\"0\" aria-label=\"";
     AppendCharacters(out, title);
     out += ", ";
@@ -51,19 +54,40 @@ void AppendLines(std::string& out, std::string_view kind, const std::vector<docu
     }
 }
 
+void AppendReferences(std::string& out, const std::vector<std::string>& levels) {
+    if (levels.empty()) return;
+    out.append("<p class=\"remark\">").append(words::kReferences);
+    for (const std::string& level : levels) {
+        if (&level != &levels.front()) out += ", ";
+        AppendText(out, level);
+    }
+    out += "</p>\n";
+}
+
+// Without a script: the style sheet hides the rows as long as the switch is off.
+void AppendSwitch(std::string& out, int count) {
+    if (count == 0) return;
+    out.append("<p class=\"switch\"><label><input type=\"checkbox\"> ").append(words::kShowRedundant);
+    out.append(" (").append(std::to_string(count)).append(")</label></p>\n");
+}
+
 void AppendBelow(TableParts& parts) {
     const document::Table& table = *parts.fGrid.fpTable;
-    if (table.fvCaptions.empty() && table.fvNotes.empty() && parts.fGrid.fvNotes.empty()) return;
+    const bool hasSmall = parts.fColumns.HasSmallFigures();
+    if (table.fvCaptions.empty() && table.fvNotes.empty() && parts.fGrid.fvNotes.empty() && !hasSmall) return;
     parts.fOut += "<figcaption>\n";
     AppendLines(parts.fOut, "caption", table.fvCaptions);
     AppendLines(parts.fOut, "remark", table.fvNotes);
-    parts.fMarks.AppendLines(parts.fOut);
+    if (hasSmall) parts.fOut.append("<p class=\"remark\">").append(words::kSmall).append("</p>\n");
+    AppendReferences(parts.fOut, parts.fRedundant.fvReferences);
+    parts.fMarks.AppendLines(parts.fOut, parts.fRedundant.fvNotes);
+    AppendSwitch(parts.fOut, parts.fRedundant.fCount);
     parts.fOut += "</figcaption>\n";
 }
 
 void AppendGrid(TableParts& parts, std::string_view title, int number) {
     std::string& out = parts.fOut;
-    AppendFrame(out, parts.fGrid, title, number);
+    AppendFrame(parts, title, number);
     AppendTableTag(out, parts.fGrid.fpTable->fMinDataColumnWidth);
     out += "<caption><span>";
     AppendText(out, title);

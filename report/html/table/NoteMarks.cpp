@@ -25,10 +25,16 @@ void NoteMarks::AppendMark(std::string& out, std::size_t note) {
     fvMarked[note] = true;
 }
 
-void NoteMarks::AppendLines(std::string& out) const {
+void NoteMarks::AppendLines(std::string& out, const std::vector<bool>& folded) const {
     for (std::size_t note = 0; note < fvNotes.size(); ++note) {
         const std::string& letter = fvNotes[note].fLetter;
-        out.append("<p class=\"note\" id=\"").append(fPrefix).append("n").append(letter).append("\"><sup>");
+        out.append("<p class=\"note")
+            .append(folded[note] ? " z" : "")
+            .append("\" id=\"")
+            .append(fPrefix)
+            .append("n")
+            .append(letter)
+            .append("\"><sup>");
         if (fvMarked[note]) {
             out.append("<a href=\"#").append(fPrefix).append("m").append(letter);
             out.append("\" role=\"doc-backlink\">").append(letter).append("</a>");

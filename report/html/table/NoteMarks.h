@@ -17,8 +17,9 @@ class NoteMarks {
     /// Appends the marks of one cell, by index of the notes.
     void AppendMarks(std::string& out, const std::vector<int>& notes);
 
-    /// Appends the notes themselves. A line leads back to the first mark that was appended for it.
-    void AppendLines(std::string& out) const;
+    /// Appends the notes themselves. A line leads back to the first mark that was appended for it. One whose marks all
+    /// stand in rows that may be folded is folded with them.
+    void AppendLines(std::string& out, const std::vector<bool>& folded) const;
 
   private:
     void AppendMark(std::string& out, std::size_t note);

@@ -1,6 +1,7 @@
 #include "report/html/table/NumberColumns.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "report/layout/CellContent.h"
 
@@ -17,6 +18,9 @@ bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 bool IsIntegerPart(char byte) {
     return IsDigit(byte) || std::string_view("-+<> \u2212").find(byte) != std::string_view::npos;
 }
+
+/// The decimals that a figure has in its format, unless it would show as zero.
+std::size_t DecimalsOf(document::FormatName format) { return format == document::FormatName::CoefficientSE ? 4 : 3; }
 
 }  // namespace
 
@@ -38,9 +42,18 @@ void NumberColumns::Add(Column& column, const document::Text& content) {
     }
     ++column.fNumbers;
     const Tail tail = TailOf(content.fWords);
-    column.fTail.fHasSign = column.fTail.fHasSign || tail.fHasSign;
-    column.fTail.fDigits = std::max(column.fTail.fDigits, tail.fDigits);
-    if (tail.fSuffix.size() > column.fTail.fSuffix.size()) column.fTail.fSuffix = tail.fSuffix;
+    fHasSmallFigures = fHasSmallFigures || IsSmall(content, tail);
+    Tail& whole = tail.IsPercentage() ? column.fPercentages : column.fTail;
+    whole.fHasSign = whole.fHasSign || tail.fHasSign;
+    whole.fDigits = std::max(whole.fDigits, tail.fDigits);
+    if (tail.fSuffix.size() > whole.fSuffix.size()) whole.fSuffix = tail.fSuffix;
+}
+
+bool NumberColumns::IsSmall(const document::Text& content, const Tail& tail) {
+    const auto* number = std::get_if<document::NumberSource>(&content.fFrom);
+    if (!number || number->fFormat.fName > document::FormatName::GeneralStat) return false;
+    return std::abs(number->fNumber) < 1 &&
+           (tail.fDigits > DecimalsOf(number->fFormat.fName) || tail.fSuffix.starts_with('e'));
 }
 
 NumberColumns::Tail NumberColumns::TailOf(std::string_view words) {
@@ -54,8 +67,8 @@ NumberColumns::Tail NumberColumns::TailOf(std::string_view words) {
 }
 
 std::string NumberColumns::PaddingOf(int column, std::string_view words) const {
-    const Tail& whole = At(column).fTail;
     const Tail tail = TailOf(words);
+    const Tail& whole = tail.IsPercentage() ? At(column).fPercentages : At(column).fTail;
     std::string padding(whole.fHasSign && !tail.fHasSign ? 1 : 0, '.');
     padding.append(whole.fDigits - tail.fDigits, '0');
     if (tail.fSuffix.size() < whole.fSuffix.size()) padding += whole.fSuffix.substr(tail.fSuffix.size());

@@ -14,7 +14,7 @@ void TableBody::Append() {
     auto cell = fGrid.fvCells.begin();
     for (int row = 0; row < fGrid.fRows; ++row) {
         AppendGroupStart(row);
-        fOut += "<tr>";
+        fOut += fParts.fRedundant.fvRows[static_cast<std::size_t>(row)] ? "<tr class=\"z\">" : "<tr>";
         AppendRowHeaders(row);
         for (int column = 0; column < fGrid.fColumns; ++column) AppendCell(column, *cell++);
         fOut += "</tr>\n";

@@ -7,6 +7,7 @@
 #include "report/html/table/NoteMarks.h"
 #include "report/html/table/NumberColumns.h"
 #include "report/layout/Grid.h"
+#include "report/layout/Redundant.h"
 
 namespace hierfit::report::html {
 
@@ -17,6 +18,7 @@ struct TableParts {
     HeaderIds fIds;
     NoteMarks fMarks;
     NumberColumns fColumns;
+    Redundant fRedundant;
 };
 
 /// HTML allows a cell to span so many columns and rows. A longer one goes on in a blank cell.

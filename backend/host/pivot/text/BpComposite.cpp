@@ -39,7 +39,7 @@ void BpComposite::Finish() {
     document::PatternSource source = std::move(fpBuilding->fSource);
     fpBuilding.reset();
     const std::string_view pattern =
-        source.fTranslate ? context::RunContext::Current().Translate(source.fPattern) : source.fPattern;
+        source.fTranslate ? context::RunContext::Current().Translate(source.fPattern.Get()) : source.fPattern.Get();
     std::string words = pivot::ExpandPattern(pattern, source.fvArguments);
     fpText = std::make_shared<const document::Text>(document::Text{std::move(words), std::move(source)});
 }

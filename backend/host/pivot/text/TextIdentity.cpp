@@ -43,6 +43,7 @@ class Hasher {
 
     void Add(std::size_t part) { fHash = (fHash ^ part) * 0x9E3779B97F4A7C15u + (fHash >> 29); }
     void Add(const std::string& text) { Add(std::hash<std::string>()(text)); }
+    void Add(const document::SharedText& text) { Add(text.Get()); }
     void Add(double number) { Add(std::isnan(number) ? 1 : std::hash<double>()(number)); }
 
     void Add(const document::StringSource& source) { Add(source.fString); }

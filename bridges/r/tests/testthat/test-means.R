@@ -1,0 +1,65 @@
+skip_if_not_installed("emmeans")
+
+test_that("means and contrasts are those of emmeans, within the other factor", {
+  fit <- lm(breaks ~ wool * tension, warpbreaks)
+  tables <- chain(fit, means = list(~ tension | wool, ~tension, ~tension),
+    contrasts = c("pairwise", "deviation", "simple"),
+    reference = list(NULL, NULL, "M"))
+  emm <- suppressMessages(emmeans::emmeans(fit, ~ tension | wool))
+  expected <- as.data.frame(summary(emm))
+  expect_figures(tables[["Estimates-1"]][c("Mean", "Std. Error")], expected[c("emmean", "SE")])
+  pairs <- as.data.frame(summary(emmeans::contrast(emm, "pairwise"), infer = TRUE, adjust = "none"))
+  got <- tables[["Contrasts-1"]]
+  expect_identical(got[[2]], rep(c("L - M", "L - H", "M - H"), 2))
+  expect_figures(got[["Contrast Estimate"]], pairs$estimate)
+  expect_figures(got[["Adj. Sig."]], pairs$p.value)
+  expect_figures(got[["95% Confidence Interval Lower"]], pairs$lower.CL)
+  joint <- as.data.frame(emmeans::test(emmeans::contrast(emm, "pairwise"), joint = TRUE))
+  expect_figures(tables[["OverallTestResults-1"]][["Sig."]], joint$p.value)
+  alone <- suppressMessages(emmeans::emmeans(fit, ~tension))
+  effects <- as.data.frame(emmeans::contrast(alone, "eff", adjust = "none"))
+  expect_figures(tables[["Contrasts-2"]][["Contrast Estimate"]], effects$estimate)
+  simple <- tables[["Contrasts-3"]]
+  expect_identical(simple[[1]], c("L - M", "H - M"))
+})
+
+test_that("means stand on the scale of the target, contrasts are differences there", {
+  fit <- glm(count ~ spray, InsectSprays, family = poisson)
+  tables <- chain(fit, means = ~spray, contrasts = "pairwise")
+  emm <- emmeans::emmeans(fit, ~spray)
+  expected <- as.data.frame(summary(emm, type = "response"))
+  expect_figures(tables[["Estimates-1"]][c("Mean", "Std. Error")], expected[c("rate", "SE")])
+  difference <- as.data.frame(emmeans::contrast(emmeans::regrid(emm), "pairwise", adjust = "none"))
+  expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], difference$estimate)
+  expect_figures(tables[["Contrasts-1"]][["Adj. Sig."]], difference$p.value)
+})
+
+test_that("sequential adjustments follow their definition", {
+  p <- c(0.04, 0.001, 0.03, NA, 0.5)
+  bonferroni <- hierfit:::adjust_p(p, "bonferroni-sequential")
+  expect_equal(bonferroni, p.adjust(p, "holm"))
+  sidak <- hierfit:::adjust_p(p, "sidak-sequential")
+  expect_equal(sidak[2], 1 - (1 - 0.001)^4)
+  expect_equal(sidak[c(1, 3)], rep(1 - (1 - 0.03)^3, 2))
+  expect_identical(order(sidak[-4]), c(2L, 1L, 3L, 4L))
+  expect_equal(hierfit:::step_levels(p, "bonferroni-sequential", 0.05), 0.05 / c(2, 4, 3, NA, 1))
+})
+
+test_that("a continuous predictor stands where it is put", {
+  fit <- lm(mpg ~ wt + factor(cyl), mtcars)
+  tables <- chain(fit, means = list(~cyl, ~wt), at = list(wt = c(2, 3)))
+  expect_figures(tables[["Estimates-2"]]$Mean,
+    as.data.frame(emmeans::emmeans(fit, ~wt, at = list(wt = c(2, 3))))$emmean)
+  expect_figures(chain(fit, means = ~cyl, at = list(wt = 3))[["Estimates-1"]]$Mean,
+    as.data.frame(emmeans::emmeans(fit, ~cyl, at = list(wt = 3)))$emmean)
+  expect_error(written(fit, means = ~wt), "at = list(wt", fixed = TRUE)
+})
+
+test_that("means that cannot be asked are refused by name", {
+  fit <- lm(breaks ~ wool, warpbreaks)
+  expect_error(written(fit, means = ~tension), "tension.*does not have")
+  expect_error(written(fit, means = ~wool, contrasts = "simple", reference = "C"),
+    "not a level of wool")
+  expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
+  expect_error(written(fit, means = "wool"), "formulas")
+})
