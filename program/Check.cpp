@@ -51,17 +51,11 @@ int Run(const CheckCommand& command) {
         return kUnreadable;
     }
     const auto& model = std::get<ModelRun>(run);
-    if (model.fResult.fOutcome != session::Outcome::Issued) {
-        PrintRun(model);
-        return kUnreadable;
-    }
+    if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     std::string lines;
     for (std::string& remark : MakeRemarks(model)) lines += MakeLine(std::move(remark));
-    if (const auto error = WriteOutput("-", lines)) {
-        PrintError(error->fText);
-        return kUnwritable;
-    }
-    return command.fIsStrict && !lines.empty() ? kUnreadable : kWritten;
+    const int status = Conclude(WriteOutput("-", lines));
+    return status == kWritten && command.fIsStrict && !lines.empty() ? kUnreadable : status;
 }
 
 }  // namespace hierfit::program

@@ -191,7 +191,8 @@ void AddInspections(CLI::App& app, CheckCommand& check, ListCommand& list, std::
     checking->footer(
         "One remark a line, and the tables and charts that will be missing for it.\n"
         "Exit status: 0 the documents can be read, 1 wrong usage, 2 they cannot, or there is a\n"
-        "remark and --strict was given, 3 the output could not be written.");
+        "remark and --strict was given, 3 the output could not be written, 4 a part of the program is\n"
+        "missing.");
     checking->callback([&] { chosen = check; });
 
     CLI::App* listing = app.add_subcommand("list", "List the items of a report by name, kind and title");

@@ -71,11 +71,6 @@ bool IsShownByPager(std::string_view text, const OutputOptions& output, Format f
     return pager && ShowWithPager(*pager, text);
 }
 
-int Conclude(const std::optional<FileError>& error) {
-    if (!error) return kWritten;
-    return error->fIsClosedPipe ? kClosedPipe : Fail(kUnwritable, error->fText);
-}
-
 int Write(document::Document& document, const OutputOptions& output) {
     const Format format = ChooseFormat(output, GoesToTerminal(output));
     if (IsPictures(format)) return WriteCharts(document, output);
@@ -90,11 +85,8 @@ int Run(const ReportCommand& command) {
     auto run = RunModel(command.fvDocuments, command.fSettings);
     if (const auto* error = std::get_if<FileError>(&run)) return Fail(kUnreadable, error->fText);
     auto& model = std::get<ModelRun>(run);
-    if (model.fResult.fOutcome == session::Outcome::NotSetUp) {
-        return Fail(kMissingPart, model.fResult.fDocument.fvDiagnostics.front().fText);
-    }
+    if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     PrintRun(model);
-    if (model.fResult.fOutcome != session::Outcome::Issued) return kUnreadable;
     return Write(model.fResult.fDocument, command.fOutput);
 }
 

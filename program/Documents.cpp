@@ -4,6 +4,7 @@
 
 #include <utility>
 
+#include "ExitStatus.h"
 #include "StandardError.h"
 #include "host/unicode/Excerpt.h"
 #include "report/json/JsonDocument.h"
@@ -52,6 +53,15 @@ void PrintRun(const ModelRun& run) {
     const bool isIssued = run.fResult.fOutcome == session::Outcome::Issued;
     PrintMessages(run.fResult.fDocument.fItems);
     PrintDiagnostics(run.fResult.fDocument, run.fvPaths, isIssued ? kWarning : kInformation);
+}
+
+int TellFailure(const ModelRun& run) {
+    if (run.fResult.fOutcome == session::Outcome::NotSetUp) {
+        PrintError(run.fResult.fDocument.fvDiagnostics.front().fText);
+        return kMissingPart;
+    }
+    PrintRun(run);
+    return kUnreadable;
 }
 
 std::variant<document::Document, FileError> ReadSaved(const std::string& path) {

@@ -20,8 +20,11 @@ struct ModelRun {
 std::variant<ModelRun, FileError> RunModel(const std::vector<std::string>& documents,
                                            const session::Settings& settings);
 
-/// Says on standard error why a run issued nothing, or what it noticed on its way.
+/// Says on standard error what a run noticed on its way; all of it when it issued nothing.
 void PrintRun(const ModelRun& run);
+
+/// Says on standard error why a run issued nothing. Gives the exit status.
+int TellFailure(const ModelRun& run);
 
 /// Reads a saved document; "-" is standard input. An error names the file, and the place where it is known.
 std::variant<document::Document, FileError> ReadSaved(const std::string& path);

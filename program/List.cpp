@@ -64,30 +64,29 @@ bool IsSaved(const std::vector<std::string>& documents) {
     return documents.size() == 1 && !IsFolder(documents.front());
 }
 
-std::variant<document::Document, FileError> ReadDocument(const std::vector<std::string>& documents) {
-    if (IsSaved(documents)) return ReadSaved(documents.front());
-    auto run = RunModel(documents, {});
-    if (auto* error = std::get_if<FileError>(&run)) return std::move(*error);
-    auto& model = std::get<ModelRun>(run);
-    if (model.fResult.fOutcome == session::Outcome::Issued) return std::move(model.fResult.fDocument);
-    PrintRun(model);
-    return FileError{};
+int ListItems(const document::Document& document, bool isJson) {
+    const std::vector<Entry> entries = report::html::ListEntries(document);
+    return Conclude(WriteOutput("-", isJson ? MakeJson(entries) : MakeText(entries)));
+}
+
+int Refuse(const FileError& error) {
+    PrintError(error.fText);
+    return kUnreadable;
 }
 
 }  // namespace
 
 int Run(const ListCommand& command) {
-    const auto document = ReadDocument(command.fvDocuments);
-    if (const auto* error = std::get_if<FileError>(&document)) {
-        if (!error->fText.empty()) PrintError(error->fText);
-        return kUnreadable;
+    if (IsSaved(command.fvDocuments)) {
+        const auto saved = ReadSaved(command.fvDocuments.front());
+        if (const auto* error = std::get_if<FileError>(&saved)) return Refuse(*error);
+        return ListItems(std::get<document::Document>(saved), command.fIsJson);
     }
-    const std::vector<Entry> entries = report::html::ListEntries(std::get<document::Document>(document));
-    if (const auto error = WriteOutput("-", command.fIsJson ? MakeJson(entries) : MakeText(entries))) {
-        PrintError(error->fText);
-        return kUnwritable;
-    }
-    return kWritten;
+    const auto run = RunModel(command.fvDocuments, {});
+    if (const auto* error = std::get_if<FileError>(&run)) return Refuse(*error);
+    const auto& model = std::get<ModelRun>(run);
+    if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
+    return ListItems(model.fResult.fDocument, command.fIsJson);
 }
 
 }  // namespace hierfit::program

@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "Descriptor.h"
+#include "ExitStatus.h"
 #include "StandardError.h"
 #include "host/unicode/Excerpt.h"
 
@@ -83,6 +84,13 @@ std::optional<FileError> WriteOutput(const std::string& path, std::string_view t
     const int reason = errno;
     const std::string name = isStandardOutput ? "standard output" : unicode::Excerpt(path, kMostOfText);
     return FileError{name + ": " + std::strerror(reason), isStandardOutput && reason == EPIPE};
+}
+
+int Conclude(const std::optional<FileError>& error) {
+    if (!error) return kWritten;
+    if (error->fIsClosedPipe) return kClosedPipe;
+    PrintError(error->fText);
+    return kUnwritable;
 }
 
 }  // namespace hierfit::program

@@ -16,4 +16,7 @@ bool WriteAll(int descriptor, std::string_view text);
 /// directly.
 std::optional<FileError> WriteOutput(const std::string& path, std::string_view text);
 
+/// The exit status after an output. Says on standard error why it failed, but for a closed pipe, which ends silently.
+int Conclude(const std::optional<FileError>& error);
+
 }  // namespace hierfit::program

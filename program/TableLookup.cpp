@@ -23,7 +23,7 @@ const document::Group* FindGroup(const document::Dimension& dimension, std::stri
 std::string_view SourceOf(const document::Text& text) {
     if (const auto* string = std::get_if<document::StringSource>(&text.fFrom)) return string->fString;
     const auto* pattern = std::get_if<document::PatternSource>(&text.fFrom);
-    return pattern ? std::string_view(pattern->fPattern) : std::string_view();
+    return pattern ? std::string_view(pattern->fPattern.Get()) : std::string_view();
 }
 
 const document::Text* ArgumentOf(const document::Text& text, std::size_t number) {

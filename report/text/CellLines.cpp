@@ -9,8 +9,6 @@ namespace hierfit::report {
 
 namespace {
 
-const std::string kMissing = ".";
-
 // "[a]", "[a,b]"
 std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
     std::string marks;
@@ -54,7 +52,7 @@ CellLines MakeCellLines(const document::Text* text, const std::vector<int>& note
     CellLines cell;
     if (!text) return cell;
     cell.fIsNumber = IsNumber(*text);
-    cell.fIsMissing = text->fWords == kMissing;
+    cell.fIsMissing = text->fWords == ".";
     if (cell.fIsNumber) {
         cell.fLeft = CountLeft(text->fWords);
         cell.fIsPercentage = text->fWords.ends_with('%');
@@ -63,17 +61,6 @@ CellLines MakeCellLines(const document::Text* text, const std::vector<int>& note
     cell.fvLines.back() += SpellMarks(notes, grid);
     cell.fWidth = MeasureWidest(cell.fvLines);
     return cell;
-}
-
-CellLines MakeDataLines(const DataCell& cell, const Grid& grid) {
-    if (cell.fpCell && !cell.fpCell->fContent.fWords.empty()) {
-        return MakeCellLines(&cell.fpCell->fContent, cell.fvNotes, grid);
-    }
-    CellLines missing;
-    missing.fvLines = {kMissing + SpellMarks(cell.fvNotes, grid)};
-    missing.fWidth = MeasureWidest(missing.fvLines);
-    missing.fIsNumber = missing.fIsMissing = true;
-    return missing;
 }
 
 }  // namespace hierfit::report

@@ -25,10 +25,8 @@ struct CellLines {
     void Wrap(int width);
 };
 
-/// The text of a header; null gives an empty one. The notes are indices in the grid's.
+/// The text of a header or a data cell; null gives an empty one, since there is nothing to miss. The notes are indices
+/// in the grid's.
 CellLines MakeCellLines(const document::Text* text, const std::vector<int>& notes, const Grid& grid);
-
-/// The text of a data cell. One without words, and a place without a cell, is a missing number.
-CellLines MakeDataLines(const DataCell& cell, const Grid& grid);
 
 }  // namespace hierfit::report

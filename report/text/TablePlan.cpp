@@ -155,7 +155,8 @@ void TablePlan::MakeCells() {
     const int room = fLimit > 0 ? std::max(kLeastTextWidth, fLimit - StartOfData()) : 0;
     fvCells.reserve(fGrid.fvCells.size());
     for (const DataCell& cell : fGrid.fvCells) {
-        fvCells.push_back(MakeDataLines(cell, fGrid));
+        const document::Text* text = cell.fpCell ? &cell.fpCell->fContent : nullptr;
+        fvCells.push_back(MakeCellLines(text, cell.fvNotes, fGrid));
         fvCells.back().Wrap(room);
     }
 }
@@ -175,6 +176,7 @@ void TablePlan::MeasureColumn(int column) {
     bool hasPoints = false;
     for (int row = 0; row < fGrid.fRows; ++row) {
         const CellLines& cell = Cell(row, column);
+        if (cell.fvLines.empty()) continue;
         if (!cell.fIsNumber) data.fIsText = true;
         const bool isNumber = cell.fIsNumber && !cell.fIsMissing && !cell.fIsPercentage;
         if (isNumber && cell.fvLines[0].find('.') != std::string::npos) hasPoints = true;

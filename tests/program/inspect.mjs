@@ -135,6 +135,13 @@ writeFileSync("bad.json", "{}");
 expect("list of another file", run("list", "bad.json"), 2, "", /^hierfit: bad.json: [^\n]+\n$/);
 expect("list of no file", run("list", "no.json"), 2, "", "hierfit: no.json: No such file or directory\n");
 
+for (const command of ["check", "list"]) {
+  const { stdout, stderr } = spawnSync("bash", ["-c", `exec 3>&1; "$0" ${command} "$1" >/dev/full; echo $? >&3`,
+    program, join(examples, "many-means")], { encoding: "utf8" });
+  expect(`${command}, a full device`, { status: 0, out: stdout, err: stderr }, 0, "3\n",
+    "hierfit: standard output: No space left on device\n");
+}
+
 for (const args of [["check"], ["list"], ["list", "-f", "xml", oats], ["check", "a", "b", "c"], ["check", "--only", "a", oats]]) {
   expect(args.join(" "), run(...args), 1, "", /^hierfit: [^]*Try: hierfit --help\n$/);
 }

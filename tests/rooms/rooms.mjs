@@ -64,7 +64,7 @@ const knows = {
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
 // at all in those that other projects compile.
-const library = /^(expat|fmt\/|CLI\/|nlohmann\/|rapidjson\/|utf8proc|gtest\/|benchmark\/)/;
+const library = /^(expat|fmt\/|CLI\/|nlohmann\/|utf8proc|gtest\/|benchmark\/)/;
 const published = ["backend/host", "backend/host/document", "backend/host/session"];
 
 const root = process.argv[2];

@@ -30,7 +30,7 @@ Wide
 Term       Estimate
 ───────────────────
 Intercept  1.000[a]
-age         .
+age
 ───────────────────
 
 ─────────────────────────────
@@ -38,8 +38,8 @@ age         .
            ────────────
 Term       Lower  Upper  Sig.
 ─────────────────────────────
-Intercept    2.0    3.0  .
-age           .      .   .031
+Intercept    2.0    3.0
+age                      .031
 ─────────────────────────────
 A caption that needs more
 than one line of such a
@@ -59,9 +59,9 @@ Numbers
    df  Value  Text
 ──────────────────
 a  12   1.5   a
-b   5  10[a]  .
+b   5  10[a]
 c   .    .    .
-d   .    .    b
+d             b
 ──────────────────
 a. Noted.
 )"},
@@ -113,7 +113,7 @@ Term              Coefficient Sig. Lower Upper
 ──────────────────────────────────────────────
 Threshold of low          1.5 .001   0.5   2.5
 all =        high         2.5 .010   1.5   3.5
-Infl=Low/                 3.5 .      2.5   4.5
+Infl=Low/                 3.5        2.5   4.5
 Type=Apartment
 ──────────────────────────────────────────────
 )"},
@@ -282,7 +282,7 @@ K  L   Text
 b  10  long
        words
 a  9   words
-b  10  .
+b  10
 ────────────
 )"},
         {{{{"Node", "Sign"}, 1, {{"\x1B", "+"}}}, {{"No rows", "N"}, 1, {}}, {{"", "N"}, 1, {{"0 to 9", "7"}}}}, 0, R"(
