@@ -105,7 +105,9 @@ export async function checkPhone(page) {
   const [width, hidden] = await page.evaluate(() => {
     const isBeyond = (frame) => {
       const figure = frame.querySelector("tbody tr:last-child > th:last-of-type + td:not(.t)");
-      return figure?.offsetParent && figure.getBoundingClientRect().left + 40 > frame.getBoundingClientRect().right;
+      if (!figure?.offsetParent) return false;
+      const { left, width } = figure.getBoundingClientRect();
+      return left + Math.min(width, 40) > frame.getBoundingClientRect().right + 1;
     };
     const frames = Array.from(document.querySelectorAll(".table .scroll")).filter(isBeyond);
     return [document.documentElement.scrollWidth, frames.map((frame) => frame.ariaLabel)];
