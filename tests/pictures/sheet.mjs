@@ -1,7 +1,7 @@
 // Puts pictures of two builds side by side, to be looked at:
 //   node sheet.mjs CHROMIUM BEFORE AFTER FOLDER EXAMPLE...
 // BEFORE and AFTER are programs. FOLDER gets NAME-VIEW.png for each example: every chart before and after, as the desk, the
-// phone, the dark and paper show it. BEFORE may be "-": then AFTER stands alone.
+// phone and the dark show it; and NAME-paper-N.pdf, the printed page of each. BEFORE may be "-": then AFTER stands alone.
 
 import { execFileSync } from "node:child_process";
 import { mkdirSync, mkdtempSync, rmSync, writeFileSync } from "node:fs";
@@ -18,7 +18,6 @@ const views = {
   desk: { viewport: { width: 1280, height: 900 } },
   phone: { viewport: { width: 360, height: 740 } },
   dark: { viewport: { width: 1280, height: 900 }, colorScheme: "dark" },
-  paper: { viewport: { width: 680, height: 900 } },
 };
 
 const work = mkdtempSync(join(tmpdir(), "sheet-"));
@@ -34,16 +33,22 @@ async function takeCharts(browser, path, view) {
   const context = await browser.newContext(views[view]);
   const page = await context.newPage();
   await page.goto(pathToFileURL(path).href);
-  if (view === "paper") await page.emulateMedia({ media: "print" });
   await page.waitForTimeout(1500);  // for builds that draw by script
   const taken = new Map();
   for (const figure of await page.$$("figure.chart")) {
-    const drawing = await figure.$(".drawing");
+    const drawing = await figure.$(".drawing svg:visible, .drawing canvas") ?? await figure.$(".drawing");
     const shot = await drawing.screenshot();
     taken.set(await figure.getAttribute("id"), `data:image/png;base64,${shot.toString("base64")}`);
   }
   await context.close();
   return taken;
+}
+
+async function print(browser, path, name) {
+  const page = await browser.newPage();
+  await page.goto(pathToFileURL(path).href);
+  await page.pdf({ path: join(folder, name), format: "A4", preferCSSPageSize: true });
+  await page.close();
 }
 
 const cell = (image) => `<td>${image ? `<img src="${image}">` : "none"}</td>`;
@@ -72,6 +77,7 @@ for (const example of examples) {
     for (const page of pages) columns.push(await takeCharts(browser, page, view));
     await writeSheet(browser, basename(example), view, columns);
   }
+  for (const [index, page] of pages.entries()) await print(browser, page, `${basename(example)}-paper-${index}.pdf`);
 }
 await browser.close();
 rmSync(work, { recursive: true });
