@@ -1,7 +1,5 @@
 #include "Check.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
 #include "Documents.h"
@@ -10,19 +8,11 @@
 #include "MissingItems.h"
 #include "OutputFile.h"
 #include "StandardError.h"
-#include "host/unicode/Excerpt.h"
 #include "report/text/VisibleText.h"
 
 namespace hierfit::program {
 
 namespace {
-
-std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths) {
-    if (!diagnostic.fPlace) return diagnostic.fText;
-    const document::Place& place = *diagnostic.fPlace;
-    return fmt::format("{}:{}:{}: {}", unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText),
-                       place.fLine, place.fColumn, diagnostic.fText);
-}
 
 std::vector<std::string> MakeRemarks(const ModelRun& run) {
     const document::Document& document = run.fResult.fDocument;

@@ -37,7 +37,7 @@ bool GoesToTerminal(const OutputOptions& output) {
 
 /// What readers see is restyled; a document that is saved keeps its words.
 std::string Render(document::Document& document, const OutputOptions& output, Format format) {
-    if (format != Format::Json) report::style::Apply(report::style::Style::Plain, document);
+    if (format != Format::Json) report::style::ApplyPlain(document);
     switch (format) {
         case Format::Text:
             return report::MakeTextReport(document, ChooseTextOptions(output, GoesToTerminal(output)));

@@ -31,17 +31,22 @@ void PrintMessages(const std::list<document::Item>& items) {
     }
 }
 
+std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths) {
+    if (!diagnostic.fPlace) return diagnostic.fText;
+    const document::Place& place = *diagnostic.fPlace;
+    return fmt::format("{}:{}:{}: {}", unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText),
+                       place.fLine, place.fColumn, diagnostic.fText);
+}
+
 void PrintDiagnostics(const document::Document& document, const std::vector<std::string>& paths, int leastLevel) {
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
         if (diagnostic.fLevel < leastLevel) continue;
-        if (!diagnostic.fPlace) {
-            PrintError(fmt::format("{}: {}", LevelWord(diagnostic.fLevel), diagnostic.fText));
-            continue;
+        const std::string text = DescribeDiagnostic(diagnostic, paths);
+        if (diagnostic.fPlace) {
+            fmt::print(stderr, "{}\n", report::MakeVisible(text));
+        } else {
+            PrintError(fmt::format("{}: {}", LevelWord(diagnostic.fLevel), text));
         }
-        const document::Place& place = *diagnostic.fPlace;
-        fmt::print(stderr, "{}:{}:{}: {}\n",
-                   unicode::Excerpt(paths[static_cast<std::size_t>(place.fSource)], kMostOfText), place.fLine,
-                   place.fColumn, report::MakeVisible(diagnostic.fText));
     }
 }
 

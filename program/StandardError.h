@@ -21,7 +21,10 @@ void PrintMessages(const std::list<document::Item>& items);
 inline constexpr int kInformation = 1;
 inline constexpr int kWarning = 2;
 
-/// Prints a run's diagnostics from a level on. A place begins with the path that the user gave.
+/// The text of a diagnostic, led by its place where it has one. The place begins with the path that the user gave.
+std::string DescribeDiagnostic(const document::Diagnostic& diagnostic, const std::vector<std::string>& paths);
+
+/// Prints a run's diagnostics from a level on.
 void PrintDiagnostics(const document::Document& document, const std::vector<std::string>& paths, int leastLevel);
 
 }  // namespace hierfit::program

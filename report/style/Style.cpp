@@ -117,7 +117,7 @@ struct ItemStyle {
 
 }  // namespace
 
-void Apply(Style, document::Document& document) {
+void ApplyPlain(document::Document& document) {
     for (document::Item& item : document.fItems) std::visit(ItemStyle(), item.fContent);
 }
 

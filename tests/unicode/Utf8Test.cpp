@@ -90,8 +90,6 @@ TEST(PropertiesTest, TellsWidthsAndDirections) {
     for (const auto& [code, width, isControl, direction] : cases) {
         const auto shown = testing::Message() << std::hex << static_cast<unsigned>(code);
         EXPECT_EQ(WidthOf(code), width) << shown;
-        EXPECT_EQ(IsZeroWidth(code), width == 0) << shown;
-        EXPECT_EQ(IsWide(code), width == 2) << shown;
         EXPECT_EQ(IsControl(code), isControl) << shown;
         EXPECT_EQ(DirectionOf(code), direction) << shown;
     }

@@ -16,7 +16,7 @@ class HFITEmmeansOutput {
   public:
     HFITEmmeansOutput(BpProcedure* procedure, KEST_DataSource* dataSource, HFITOutputStats* stats);
 
-    /// The whole stage; nothing when there are no blocks.
+    /// The whole stage; no output when there are no blocks.
     void Run();
 
     /// Tells which requests for means no block answers.

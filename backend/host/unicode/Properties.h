@@ -9,9 +9,6 @@ constexpr bool IsControl(char32_t code) { return code < 0x20 || (code >= 0x7F &&
 /// ones.
 int WidthOf(char32_t code);
 
-inline bool IsZeroWidth(char32_t code) { return WidthOf(code) == 0; }
-inline bool IsWide(char32_t code) { return WidthOf(code) == 2; }
-
 /// How a character is written. Neither: digits, punctuation, and all that takes the direction of what is around it.
 enum class Direction { Neither, LeftToRight, RightToLeft, RightToLeftNumber };
 

@@ -46,7 +46,6 @@ class PanelGrid {
     void Place(double top, double plotWidth, double plotHeight, const PanelRooms& rooms);
 
     Frame At(const document::PanelPlace& place) const;
-    bool IsFirstOfRow(const document::PanelPlace& place) const { return ColumnOf(place) == 0; }
     bool IsLastOfColumn(const document::PanelPlace& place) const;
 
     /// The panel at the left end of a panel's row, and the one below it that bears the axis: in a table the last of its
