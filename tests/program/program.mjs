@@ -140,8 +140,8 @@ for (const [title, isShown] of [["Fixed Effects", true], ["Fixed Coefficients", 
   check(`only: ${title}`, some.status === 0 && some.out.includes(title) === isShown, some.out + some.err);
 }
 writeFileSync("whole.json", run("report", "-f", "json", example).out);
-const charts = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
-check("only: charts", charts.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", charts.err);
+const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
+check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);
 
 // ---- output: whole or not at all
 
