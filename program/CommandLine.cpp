@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -69,6 +70,29 @@ void AddFormat(CLI::App& app, OutputOptions& output) {
                                              "text goes to a terminal and html elsewhere");
 }
 
+/// A number that stands in a text, or what it must be.
+template <typename Number>
+void AddNumber(CLI::App& app, const std::string& name, std::optional<Number> (*read)(std::string_view),
+               const std::function<void(Number)>& take, const std::string& expected, const std::string& help) {
+    app.add_option_function<std::string>(
+           name, [=](const std::string& text) { take(*read(text)); }, help)
+        ->check([=](const std::string& text) { return read(text) ? "" : text + " is no " + expected; })
+        ->option_text("N");
+}
+
+void AddStyle(CLI::App& app, OutputOptions& output) {
+    Choices<report::style::StyleName> choices;
+    for (const report::style::NamedStyle& style : report::style::Styles())
+        choices.emplace_back(style.fWord, style.fStyle);
+    AddChoice<std::optional<report::style::StyleName>, report::style::StyleName>(
+        app, "--style", output.fStyle, choices, "STYLE",
+        "How figures are written: plain (default), apa or ama; not\nfor json");
+    AddNumber<int>(
+        app, "--digits", &report::style::ReadDigits, [&output](int digits) { output.fDigits = digits; },
+        "number from 0 to 15",
+        "Places of estimates, errors, bounds and statistics, 0 to 15,\nin the place of those of the style");
+}
+
 /// Several such options add up.
 void AddSelection(CLI::App& app, std::vector<std::string>& names) {
     const auto add = [&names](const std::vector<std::string>& lists) {
@@ -85,17 +109,16 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
     AddFormat(app, output);
     AddSelection(app, output.fvOnly);
-    app.add_option_function<std::string>(
-           "--scale", [&output](const std::string& text) { output.fScale = *report::ReadScale(text); },
-           "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as they "
-           "are")
-        ->check([](const std::string& text) {
-            return report::ReadScale(text) ? "" : text + " is no number above 0 and up to 20";
-        })
-        ->option_text("N");
+    AddStyle(app, output);
+    AddNumber<double>(
+        app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
+        "number above 0 and up to 20",
+        "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as "
+        "they are");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
-    app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
+    app.add_flag_callback(
+        "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
     app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
         ->option_text("TEXT");
     app.add_option("--author", output.fAuthor, "Who stands below the title, and in the page's head")
@@ -142,6 +165,9 @@ std::optional<std::string> CheckOutput(OutputOptions& output) {
     }
     if (output.fFormat == Format::Json && !output.fvOnly.empty()) {
         return std::string("--only: json holds the whole document or none of it");
+    }
+    if (output.fFormat == Format::Json && (output.fStyle || output.fDigits)) {
+        return std::string("--style, --digits: json holds the document itself, without a style");
     }
     return {};
 }

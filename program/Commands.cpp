@@ -49,6 +49,7 @@ int Fail(const report::RenderError& error) {
 
 report::RenderSettings MakeSettings(const OutputOptions& output) {
     return {output.fvOnly,
+            {output.fStyle.value_or(report::style::StyleName::Plain), output.fDigits},
             {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor},
             ChooseTextOptions(output, GoesToTerminal(output)),
             output.fScale,

@@ -62,7 +62,7 @@ const knows = {
   "report/charts/raster": [],
   "report/formats": report("items", "style", "text", "json", "html", "charts", "charts/raster"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
-  "program": [...report("items", "formats", "text", "json", "charts"), ...host("session")],
+  "program": [...report("items", "formats", "style", "text", "json", "charts"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
