@@ -22,7 +22,7 @@ constexpr std::string_view kBayesian = "data-bayesian";
 constexpr std::string_view kWarnings = "data-warnings";
 
 constexpr std::pair<std::string_view, char> kEntities[] = {
-    {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#39;", '\''}};
+    {"&amp;", '&'}, {"&lt;", '<'}, {"&gt;", '>'}, {"&quot;", '"'}, {"&#39;", '\''}, {kAttributeLineBreak, '\n'}};
 
 void AppendName(std::string& out, std::string_view name) { out.append(" ").append(name).append("=\""); }
 
@@ -92,7 +92,7 @@ void AppendRowAttributes(std::string& out, const IndexedModel& model) {
     AppendUrlAttribute(out, kFolder, model.fFolder);
     AppendUrlAttribute(out, kReport, model.fReport);
     AppendName(out, kTarget);
-    AppendCharacters(out, model.fTarget);
+    AppendCharacters(out, model.fTarget, kAttributeLineBreak);
     out += '"';
     AppendNumber(out, kRecords, model.fRecords);
     AppendNumber(out, kAkaike, model.fAkaike);
