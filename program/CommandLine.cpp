@@ -76,6 +76,7 @@ void AddSelection(CLI::App& app, std::vector<std::string>& names) {
            "--only", add, "These items alone, by the names that list tells, or all of a\nkind: GLMMEmMeans")
         ->expected(1)
         ->take_all()
+        ->allow_extra_args(false)
         ->option_text("NAME,...");
 }
 

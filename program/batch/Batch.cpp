@@ -134,6 +134,9 @@ Outcome MakeReports(const std::vector<BatchModel>& models, const BatchSettings& 
 }  // namespace
 
 int Run(const BatchCommand& command) {
+    if (command.fvFolders.empty() && isatty(STDIN_FILENO) == 1) {
+        return Fail(kWrongUsage, "no folder is named; give them as arguments or list them on standard input");
+    }
     auto folders = command.fvFolders.empty() ? ReadFolderList() : command.fvFolders;
     if (const auto* error = std::get_if<FileError>(&folders)) return Fail(kUnreadable, error->fText);
     const auto prepared = MakeSettings(command);

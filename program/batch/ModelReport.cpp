@@ -32,8 +32,10 @@ BatchFailure DescribeFailure(const BatchModel& model, const ModelRun& run) {
     if (run.fResult.fOutcome == session::Outcome::NotSetUp) return {kMissingPart, diagnostics.front().fText};
     auto told = std::ranges::find_if(diagnostics, [](const auto& each) { return each.fLevel >= kError; });
     if (told == diagnostics.end()) told = diagnostics.begin();
-    const std::string text = DescribeDiagnostic(*told, run.fvPaths);
-    return {kUnreadable, told->fPlace ? FirstLine(text) : Behind(model, text)};
+    document::Diagnostic diagnostic = *told;
+    diagnostic.fText = FirstLine(diagnostic.fText);
+    std::string text = DescribeDiagnostic(diagnostic, run.fvPaths);
+    return {kUnreadable, diagnostic.fPlace ? std::move(text) : Behind(model, text)};
 }
 
 std::optional<BatchFailure> WriteModelPictures(const document::Document& document, const std::string& folder,

@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <utility>
 
@@ -38,7 +39,9 @@ void Progress::Tell(std::size_t model) {
     const auto* failure = std::get_if<BatchFailure>(&*fvResults[model]);
     if (!failure) return;
     Erase();
-    PrintError(failure->fReason);
+    std::string line = failure->fReason;
+    std::ranges::replace(line, '\n', ' ');
+    PrintError(line);
 }
 
 void Progress::Erase() {
