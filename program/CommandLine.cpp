@@ -4,6 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -67,6 +68,29 @@ void AddFormat(CLI::App& app, OutputOptions& output, const std::string& help) {
     AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat, choices, "FORMAT", help);
 }
 
+/// A number that stands in a text, or what it must be.
+template <typename Number>
+void AddNumber(CLI::App& app, const std::string& name, std::optional<Number> (*read)(std::string_view),
+               const std::function<void(Number)>& take, const std::string& expected, const std::string& help) {
+    app.add_option_function<std::string>(
+           name, [=](const std::string& text) { take(*read(text)); }, help)
+        ->check([=](const std::string& text) { return read(text) ? "" : text + " is no " + expected; })
+        ->option_text("N");
+}
+
+void AddStyle(CLI::App& app, OutputOptions& output) {
+    Choices<report::style::StyleName> choices;
+    for (const report::style::NamedStyle& style : report::style::Styles())
+        choices.emplace_back(style.fWord, style.fStyle);
+    AddChoice<std::optional<report::style::StyleName>, report::style::StyleName>(
+        app, "--style", output.fStyle, choices, "STYLE",
+        "How figures are written: plain (default), apa or ama; not\nfor json");
+    AddNumber<int>(
+        app, "--digits", &report::style::ReadDigits, [&output](int digits) { output.fDigits = digits; },
+        "number from 0 to 15",
+        "Places of estimates, errors, bounds and statistics, 0 to 15,\nin the place of those of the style");
+}
+
 /// Several such options add up.
 void AddSelection(CLI::App& app, std::vector<std::string>& names) {
     const auto add = [&names](const std::vector<std::string>& lists) {
@@ -83,14 +107,12 @@ void AddSelection(CLI::App& app, std::vector<std::string>& names) {
 /// What the report shows and how.
 void AddAppearance(CLI::App& app, OutputOptions& output) {
     AddSelection(app, output.fvOnly);
-    app.add_option_function<std::string>(
-           "--scale", [&output](const std::string& text) { output.fScale = *report::ReadScale(text); },
-           "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as they "
-           "are")
-        ->check([](const std::string& text) {
-            return report::ReadScale(text) ? "" : text + " is no number above 0 and up to 20";
-        })
-        ->option_text("N");
+    AddStyle(app, output);
+    AddNumber<double>(
+        app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
+        "number above 0 and up to 20",
+        "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as "
+        "they are");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
     app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
@@ -108,7 +130,8 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
               "html, text, json, or svg or png, which put each chart\n"
               "into the folder FILE; by default FILE's ending tells, else\n"
               "text goes to a terminal and html elsewhere");
-    app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
+    app.add_flag_callback(
+        "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
     AddAppearance(app, output);
 }
 
@@ -140,10 +163,13 @@ std::optional<std::string> SettleFormat(OutputOptions& output) {
     return "--output: " + output.fFile + ": no format has the ending " + ending + "; say which by --format";
 }
 
-/// A saved document is whole.
-std::optional<std::string> CheckSelection(const OutputOptions& output) {
+/// A saved document is whole, and in no style.
+std::optional<std::string> CheckJson(const OutputOptions& output) {
     if (output.fFormat == Format::Json && !output.fvOnly.empty()) {
         return std::string("--only: json holds the whole document or none of it");
+    }
+    if (output.fFormat == Format::Json && (output.fStyle || output.fDigits)) {
+        return std::string("--style, --digits: json holds the document itself, without a style");
     }
     return {};
 }
@@ -154,7 +180,7 @@ std::optional<std::string> CheckOutput(OutputOptions& output) {
     if (output.fFormat && report::IsPictures(*output.fFormat) && output.fFile == "-") {
         return "--format " + std::string(report::NameOf(*output.fFormat)) + ": --output must name a folder";
     }
-    return CheckSelection(output);
+    return CheckJson(output);
 }
 
 std::optional<std::string> CheckLanguage(const std::string& language) {
@@ -182,7 +208,7 @@ Command Finish(RenderCommand command) {
 
 Command Finish(BatchCommand command) {
     if (command.fOutput.fFile == "-") return Wrong("--output must name a folder");
-    if (const auto wrong = CheckSelection(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckJson(command.fOutput)) return Wrong(*wrong);
     if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
     return command;
 }

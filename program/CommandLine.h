@@ -7,6 +7,7 @@
 
 #include "host/session/Session.h"
 #include "report/formats/Format.h"
+#include "report/style/Figures.h"
 
 namespace hierfit::program {
 
@@ -20,11 +21,13 @@ struct OutputOptions {
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
     std::vector<std::string> fvOnly;  ///< names of the items that are written; all if empty
-    bool fIsStatic = false;           ///< HTML without the script
-    bool fHasChartValues = false;     ///< text with the values behind its charts
-    bool fHasPager = true;            ///< on a terminal, for text that is longer than the screen
-    double fScale = 2;                ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
-    std::string fTitle;               ///< in the place of the document's; none if empty
+    std::optional<report::style::StyleName> fStyle;
+    std::optional<int> fDigits;
+    bool fIsStatic = false;        ///< HTML without the script
+    bool fHasChartValues = false;  ///< text with the values behind its charts
+    bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
+    double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
+    std::string fTitle;            ///< in the place of the document's; none if empty
     std::string fAuthor;
 };
 

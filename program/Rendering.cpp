@@ -7,6 +7,7 @@ namespace hierfit::program {
 
 report::RenderSettings MakeRenderSettings(const OutputOptions& output, bool isTerminal) {
     return {output.fvOnly,
+            {output.fStyle.value_or(report::style::StyleName::Plain), output.fDigits},
             {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor},
             ChooseTextOptions(output, isTerminal),
             output.fScale,
