@@ -56,13 +56,22 @@ struct ListCommand {
     bool fIsJson = false;
 };
 
+/// `hierfit batch`: a report for each folder, and an index of them.
+struct BatchCommand {
+    std::vector<std::string> fvFolders;  ///< none: standard input lists them
+    session::Settings fSettings;
+    OutputOptions fOutput;   ///< `fFile` is the folder that the reports go to
+    int fJobs = 0;           ///< models at a time; 0: as many as the machine does at once
+    bool fIsForced = false;  ///< reports that are newer than their documents are made again
+};
+
 /// Nothing to run: what the user asked to see, or what is wrong with the command line.
 struct Explanation {
     std::string fText;
     bool fIsError;
 };
 
-using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, Explanation>;
+using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, BatchCommand, Explanation>;
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments);
 
