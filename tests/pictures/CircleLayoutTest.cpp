@@ -172,7 +172,8 @@ TEST(CircleLayout, LinksOfACrowdComeByTheirPaint) {
         picture.fvPanels[0].fvLinks.push_back({at % 3, (at + 1) % 3, at % 100 / 100.0, false, "x"});
     std::size_t runs = 0;
     report::charts::Paint last;
-    for (const Element* mark : test::MarksOf(LayOutContent(picture, kWidths[0]))) {
+    const Scene scene = LayOutContent(picture, kWidths[0]);
+    for (const Element* mark : test::MarksOf(scene)) {
         if (mark->fTip == "x" && mark->fvShapes.front().fPaint != last) ++runs;
         last = mark->fvShapes.front().fPaint;
     }
