@@ -78,9 +78,27 @@ async function copyTable(page, anchor) {
   return { status, ...await readClipboard(page) };
 }
 
+/** Rows behind the switch are printed if it is on, or the one for paper beside it. */
+async function checkPrinted(page) {
+  const [shown, printed] = [page.locator(".switch input").first(), page.locator(".switch .paper")];
+  const row = page.locator("#FixedCoefficients-1 tr.z");
+  const faults = [];
+  for (const [isShown, isPrinted] of [[false, true], [true, true], [true, false], [false, false]]) {
+    await shown.setChecked(isShown);
+    await printed.setChecked(isPrinted);
+    const onScreen = await row.isVisible();
+    await page.emulateMedia({ media: "print" });
+    const onPaper = await row.isVisible();
+    await page.emulateMedia({ media: null });
+    faults.push(...compare({ onScreen, onPaper }, { onScreen: isShown, onPaper: isShown || isPrinted }));
+  }
+  return faults;
+}
+
 async function checkReport(page) {
   const faults = compare(await copyTable(page, "FixedCoefficients-1"), coefficients);
-  await page.locator(".switch input").check();
+  faults.push(...await checkPrinted(page));
+  await page.locator(".switch input").first().check();
   faults.push(...compare(await copyTable(page, "FixedCoefficients-1"), unfolded));
   faults.push(...compare(await copyTable(page, "Classification-1"), { text: classification }));
   return faults;
