@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <string>
@@ -70,6 +71,7 @@ int Run(const ReportCommand& command) {
     auto& model = std::get<ModelRun>(run);
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     PrintRun(model);
+    malloc_trim(0);  // What was read is gone; its memory is not lost to what is rendered.
     return Write(model.fResult.fDocument, command.fOutput);
 }
 
