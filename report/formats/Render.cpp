@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "report/formats/Docx.h"
 #include "report/formats/Files.h"
 #include "report/html/HtmlReport.h"
 #include "report/items/Selection.h"
@@ -47,6 +48,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return MakeTextReport(document, settings.fText);
         case Format::Json:
             return WriteJson(document);
+        case Format::Docx:
+            return RenderDocx(document, settings);
         case Format::Svg:
         case Format::Png:
             return RenderOnly(document, format, settings);

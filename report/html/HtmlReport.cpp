@@ -1,6 +1,5 @@
 #include "report/html/HtmlReport.h"
 
-#include <algorithm>
 #include <variant>
 
 #include "report/html/Assets.h"

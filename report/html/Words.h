@@ -7,6 +7,8 @@
 /// The page's own words, all of them; what the document holds is in its own language.
 namespace hierfit::report::html::words {
 
+inline constexpr std::string_view kLanguage = "en";
+
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kDiagnostics = "Diagnostics";
