@@ -60,7 +60,9 @@ void AppendFiles(std::string& out, int number) {
 }  // namespace
 
 DrawnPicture Draw(const document::Chart& chart, std::string_view title, const DocxSettings& settings) {
-    const charts::Scene scene = charts::LayOut(chart.fPicture, WidthOf(Page::Upright) / kTwentiethsToAPixel);
+    document::Picture bare = chart.fPicture;
+    if (bare.fTitle == title) bare.fTitle.clear();
+    const charts::Scene scene = charts::LayOut(bare, WidthOf(Page::Upright) / kTwentiethsToAPixel);
     DrawnPicture picture{scene.fWidth, scene.fHeight, MakeSvgFile(scene, title, chart.fPicture.fSentence), {}};
     picture.fPng = MakePng(picture.fSvg, settings);
     return picture;

@@ -10,7 +10,7 @@
 
 namespace hierfit::report::docx {
 
-/// A chart, drawn for the width of a page.
+/// A chart, drawn for the width of a page. A title that its caption says is left out.
 struct DrawnPicture {
     double fWidth = 0;  ///< in pixels of 1/96 inch
     double fHeight = 0;

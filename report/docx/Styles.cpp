@@ -25,23 +25,25 @@ struct Style {
 
 // In a table the decimal sign is a point in every language, so its figures are English to the reader's program.
 constexpr Style kStyles[] = {
-    {styles::kTitle, "Title", "Normal", "Normal", "<w:keepNext/><w:spacing w:after=\"120\" w:line=\"240\"/>",
+    {styles::kTitle, "Title", "Normal", "Normal",
+     "<w:keepNext/><w:spacing w:after=\"120\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:b/><w:bCs/><w:sz w:val=\"36\"/><w:szCs w:val=\"36\"/>"},
     {styles::kSubtitle, "Subtitle", "Normal", "Normal", "<w:keepNext/>", "<w:sz w:val=\"24\"/><w:szCs w:val=\"24\"/>"},
     {styles::kAuthor, "Author", "Normal", "Normal", "", "<w:i/><w:iCs/>"},
     {styles::kMessage, "Message", "Normal", "", "<w:spacing w:before=\"120\" w:after=\"120\"/>", ""},
     {styles::kCaption, "caption", "Normal", "Normal",
-     "<w:keepLines/><w:spacing w:before=\"320\" w:after=\"100\" w:line=\"240\"/>",
+     "<w:keepLines/><w:spacing w:before=\"320\" w:after=\"100\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"20\"/><w:szCs w:val=\"20\"/>"},
     {styles::kContinued, "Caption Continued", styles::kCaption, "Normal", "<w:keepNext/>", ""},
-    {styles::kCellText, "Table Text", "Normal", "", "<w:spacing w:before=\"20\" w:after=\"20\" w:line=\"240\"/>",
+    {styles::kCellText, "Table Text", "Normal", "",
+     "<w:spacing w:before=\"20\" w:after=\"20\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/>"},
     {styles::kFigure, "Table Figure", styles::kCellText, "", "", "<w:lang w:val=\"en-US\"/>"},
     {styles::kColumnHeader, "Table Header", styles::kCellText, "", "<w:keepNext/><w:jc w:val=\"center\"/>", ""},
     {styles::kSpanner, "Table Spanner", styles::kColumnHeader, "",
      "<w:pBdr><w:bottom w:val=\"single\" w:sz=\"4\" w:space=\"1\" w:color=\"auto\"/></w:pBdr>", ""},
     {styles::kNote, "Table Note", "Normal", "",
-     "<w:keepLines/><w:spacing w:before=\"40\" w:after=\"0\" w:line=\"240\"/>",
+     "<w:keepLines/><w:spacing w:before=\"40\" w:after=\"0\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"16\"/><w:szCs w:val=\"16\"/>"},
     {styles::kPicture, "Picture", "Normal", styles::kCaption,
      "<w:keepNext/><w:spacing w:before=\"320\" w:after=\"0\"/>", ""},
@@ -64,7 +66,7 @@ void AppendHeading(std::string& out, int level) {
     const std::string number = std::to_string(level);
     const std::string size = std::to_string(level <= 3 ? kSizes[level - 1] : 21);
     const std::string paragraph =
-        "<w:keepNext/><w:keepLines/><w:spacing w:before=\"360\" w:after=\"120\" w:line=\"240\"/>"
+        "<w:keepNext/><w:keepLines/><w:spacing w:before=\"360\" w:after=\"120\" w:line=\"240\" w:lineRule=\"auto\"/>"
         "<w:outlineLvl w:val=\"" +
         std::to_string(level - 1) + "\"/>";
     const std::string run = "<w:b/><w:bCs/><w:sz w:val=\"" + size + "\"/><w:szCs w:val=\"" + size + "\"/>";

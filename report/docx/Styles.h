@@ -13,7 +13,7 @@ inline constexpr int kHeadings = 9;  ///< there is no deeper one
 inline constexpr double kTableSize = 12;
 
 /// Room at the left and the right of a table's cell, in twentieths of a point.
-inline constexpr int kCellMargin = 80;
+inline constexpr int kCellMargin = 65;
 
 /// Names of styles in markup.
 namespace styles {

@@ -9,14 +9,23 @@ namespace hierfit::report::docx {
 
 namespace {
 
-// Texts are measured in pixels, in a font whose letters are wider than those of the file's by a twentieth at least.
-constexpr double kTwentiethsToAPixel = 15 * 0.95;
+constexpr double kTwentiethsToAPixel = 15;
+
+// Texts are measured in a font that is wider than the file's. Of its letters some are so by a thirtieth, of its digits
+// all by an eighth.
+constexpr double kOfLetters = 0.96;
+constexpr double kOfDigits = 0.9;
 
 constexpr double kMostOfWord = 2400;
 constexpr double kMostOfLine = 5000;
 constexpr double kComfort = 1300;  // lines are not broken more than this asks for
 constexpr double kMostOfHeader = 1500;
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
+
+/// The width of one line.
+double MeasureLine(std::string_view words) {
+    return charts::TextWidth(words.substr(0, kMostMeasured), {kTableSize, false}) * kTwentiethsToAPixel * kOfLetters;
+}
 
 /// The longest word and the longest line.
 Room Measure(std::string_view words) {
@@ -42,8 +51,8 @@ void Room::Hold(const Room& other) {
     fFull = std::max(fFull, other.fFull);
 }
 
-double MeasureLine(std::string_view words) {
-    return charts::TextWidth(words.substr(0, kMostMeasured), {kTableSize, false}) * kTwentiethsToAPixel;
+double MeasureFigure(std::string_view words) {
+    return charts::TextWidth(words.substr(0, kMostMeasured), {kTableSize, false}) * kTwentiethsToAPixel * kOfDigits;
 }
 
 Room MeasureText(std::string_view words) {
@@ -52,10 +61,10 @@ Room MeasureText(std::string_view words) {
     return {std::max(std::min(room.fLeast, kMostOfWord), std::min(full, kComfort)), full};
 }
 
-Room MeasureHeader(std::string_view words) {
+Room MeasureHeader(std::string_view words, int columns) {
     const Room room = Measure(words);
     const double least = std::min(room.fLeast, kMostOfWord);
-    return {least, std::max(least, std::min(room.fFull, kMostOfHeader))};
+    return {least, std::max(least, std::min(room.fFull, kMostOfHeader * columns))};
 }
 
 void Spread(std::span<Room> columns, const Room& room) {

@@ -14,14 +14,14 @@ struct Room {
     void Hold(const Room& other);
 };
 
-/// The width of one line. It is not less than in the file's font, nor much more.
-double MeasureLine(std::string_view words);
+/// The width of a number's words, or of a part of them; that of other words may be more.
+double MeasureFigure(std::string_view words);
 
 /// Of a text that can be broken into lines. Words that are very long are to be broken, too.
 Room MeasureText(std::string_view words);
 
-/// Of a header over a column, which is broken rather than make its column wide.
-Room MeasureHeader(std::string_view words);
+/// Of a header over so many columns, which is broken rather than make its column wide.
+Room MeasureHeader(std::string_view words, int columns = 1);
 
 /// Makes columns together hold what stands over all of them.
 void Spread(std::span<Room> columns, const Room& room);

@@ -51,22 +51,26 @@ void DocxTable::AppendStart(std::string& out, const TablePart& part) const {
     out += "</w:tblGrid>\n";
 }
 
-bool DocxTable::HasNotes() const {
-    return !fGrid.fpTable->fvCaptions.empty() || !fGrid.fpTable->fvNotes.empty() || !fGrid.fvNotes.empty();
+std::size_t DocxTable::CountNotes() const {
+    return fGrid.fpTable->fvCaptions.size() + fGrid.fpTable->fvNotes.size() + fGrid.fvNotes.size();
 }
 
 void DocxTable::AppendBelow(std::string& out) const {
-    for (const document::Text& caption : fGrid.fpTable->fvCaptions) AppendParagraph(out, styles::kNote, caption.fWords);
-    for (const document::Text& note : fGrid.fpTable->fvNotes) AppendParagraph(out, styles::kNote, note.fWords);
+    std::size_t left = CountNotes();
+    const auto keep = [&left] { return --left > 0 ? kKeepNext : std::string_view(); };
+    for (const document::Text& caption : fGrid.fpTable->fvCaptions) {
+        AppendParagraph(out, styles::kNote, caption.fWords, keep());
+    }
+    for (const document::Text& note : fGrid.fpTable->fvNotes) AppendParagraph(out, styles::kNote, note.fWords, keep());
     for (const Note& note : fGrid.fvNotes) {
-        AppendParagraphStart(out, styles::kNote);
+        AppendParagraphStart(out, styles::kNote, keep());
         AppendRuns(out, note.fLetter, kNoteMark);
         AppendRuns(out, " ");
         AppendRuns(out, note.fpText->fWords);
         out += kParagraphEnd;
     }
     // Two tables need something between them, and the last one a paragraph behind it.
-    if (!HasNotes()) AppendParagraph(out, styles::kSectionEnd, {});
+    if (CountNotes() == 0) AppendParagraph(out, styles::kSectionEnd, {});
 }
 
 }  // namespace hierfit::report::docx

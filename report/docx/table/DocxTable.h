@@ -26,7 +26,7 @@ class DocxTable {
     void AppendParts(std::string& out, int number) const;
     void AppendStart(std::string& out, const TablePart& part) const;
     void AppendBelow(std::string& out) const;
-    bool HasNotes() const;
+    std::size_t CountNotes() const;
 
     Grid fGrid;
     TablePlan fPlan;

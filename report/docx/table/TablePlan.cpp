@@ -16,7 +16,7 @@ namespace {
 constexpr int kMostLevels = 20;
 constexpr Room kJoinedRoom{2400, 5000};
 constexpr double kMostOfFigure = 4000;  // what is wider is set as a text and broken
-constexpr double kSlack = 30;           // for what programs round
+constexpr double kSlack = 20;           // for what programs round
 constexpr double kMarkSize = 0.7;       // of a note's letter, to others
 constexpr std::size_t kLongText = 400;  // bytes: it may not fit a page
 constexpr std::size_t kShortLine = 20;  // bytes of a header's line at least
@@ -99,7 +99,7 @@ void TablePlan::MeasureCell(int column, const DataCell& cell) {
     Column& figures = fvColumns[static_cast<std::size_t>(column)];
     double marks = 0;
     for (const int note : cell.fvNotes) {
-        marks += MeasureLine(fGrid.fvNotes[static_cast<std::size_t>(note)].fLetter + ", ") * kMarkSize;
+        marks += MeasureFigure(fGrid.fvNotes[static_cast<std::size_t>(note)].fLetter + ", ") * kMarkSize;
     }
     Note(content.fWords);
     if (!figures.fIsFigures || !IsNumber(content)) {
@@ -109,8 +109,8 @@ void TablePlan::MeasureCell(int column, const DataCell& cell) {
     }
     const std::string_view words = content.fWords;
     const std::size_t ahead = IntegerPartOf(words);
-    figures.fAhead = std::max(figures.fAhead, MeasureLine(words.substr(0, ahead)));
-    figures.fBehind = std::max(figures.fBehind, MeasureLine(words.substr(ahead)) + marks);
+    figures.fAhead = std::max(figures.fAhead, MeasureFigure(words.substr(0, ahead)));
+    figures.fBehind = std::max(figures.fBehind, MeasureFigure(words.substr(ahead)) + marks);
 }
 
 void TablePlan::MeasureRowHeaders() {
@@ -135,7 +135,7 @@ void TablePlan::MeasureColumnHeaders() {
         if (!header.fpLabel) continue;
         std::size_t& length = longest[static_cast<std::size_t>(header.fLevel)];
         length = std::max(length, header.fpLabel->fWords.size());
-        Spread(Slice(fvRooms, header.fFirst, header.fSpan), MeasureHeader(header.fpLabel->fWords));
+        Spread(Slice(fvRooms, header.fFirst, header.fSpan), MeasureHeader(header.fpLabel->fWords, header.fSpan));
     }
     std::size_t lines = 0;
     for (const std::size_t length : longest) lines += 1 + length / kShortLine;
