@@ -28,6 +28,19 @@ std::string_view DocumentTitle(const document::Document& document) {
     return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
 }
 
+/// Room for the text, so that it need not move as it grows: tables are most of a large one. What is not used takes no
+/// memory.
+std::size_t RoomFor(const std::vector<items::Entry>& entries) {
+    constexpr std::size_t kPerItem = 10'000;
+    constexpr std::size_t kPerCell = 320;
+    std::size_t room = kPerItem * (entries.size() + 1);
+    for (const items::Entry& entry : entries) {
+        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
+        if (table) room += kPerCell * table->fvCells.size();
+    }
+    return room;
+}
+
 }  // namespace
 
 Body::Body(const DocxSettings& settings) : fSettings(settings) {
@@ -39,8 +52,10 @@ Body::Body(const DocxSettings& settings) : fSettings(settings) {
 }
 
 void Body::Write(const document::Document& document) {
+    const std::vector<items::Entry> entries = items::ListEntries(document);
+    fOut.reserve(RoomFor(entries));
     WriteTitle(document);
-    for (const items::Entry& entry : items::ListEntries(document)) WriteItem(entry);
+    for (const items::Entry& entry : entries) WriteItem(entry);
     if (!document.fvDiagnostics.empty()) WriteDiagnostics(document);
     fOut += std::exchange(fWaiting, {});
     AppendSection(fOut, fPage);

@@ -36,7 +36,7 @@ constexpr Style kStyles[] = {
      "<w:sz w:val=\"20\"/><w:szCs w:val=\"20\"/>"},
     {styles::kContinued, "Caption Continued", styles::kCaption, "Normal", "<w:keepNext/>", ""},
     {styles::kCellText, "Table Text", "Normal", "",
-     "<w:spacing w:before=\"20\" w:after=\"20\" w:line=\"240\" w:lineRule=\"auto\"/>",
+     "<w:spacing w:before=\"30\" w:after=\"30\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/>"},
     {styles::kFigure, "Table Figure", styles::kCellText, "", "", "<w:lang w:val=\"en-US\"/>"},
     {styles::kColumnHeader, "Table Header", styles::kCellText, "", "<w:keepNext/><w:jc w:val=\"center\"/>", ""},

@@ -18,8 +18,8 @@ constexpr double kOfDigits = 0.9;
 
 constexpr double kMostOfWord = 2400;
 constexpr double kMostOfLine = 5000;
-constexpr double kComfort = 1300;  // lines are not broken more than this asks for
-constexpr double kMostOfHeader = 1500;
+constexpr double kComfort = 1000;  // lines are not broken more than this asks for
+constexpr double kMostOfHeader = 1150;
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
 
 /// The width of one line.

@@ -12,6 +12,7 @@ namespace {
 
 // A table of so many rows is not parted where it fits the next page.
 constexpr int kMostTogether = 25;
+constexpr std::size_t kMostNotesTogether = 10;
 
 }  // namespace
 
@@ -56,8 +57,8 @@ std::size_t DocxTable::CountNotes() const {
 }
 
 void DocxTable::AppendBelow(std::string& out) const {
-    std::size_t left = CountNotes();
-    const auto keep = [&left] { return --left > 0 ? kKeepNext : std::string_view(); };
+    std::size_t left = CountNotes() <= kMostNotesTogether ? CountNotes() : 0;
+    const auto keep = [&left] { return left > 0 && --left > 0 ? kKeepNext : std::string_view(); };
     for (const document::Text& caption : fGrid.fpTable->fvCaptions) {
         AppendParagraph(out, styles::kNote, caption.fWords, keep());
     }

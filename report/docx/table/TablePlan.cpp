@@ -122,7 +122,9 @@ void TablePlan::MeasureRowHeaders() {
     }
     if (fAreLevelsJoined) return fvLevels.front().Hold(kJoinedRoom);
     for (const CornerCell& corner : fGrid.fvCorner) {
-        if (corner.fpName) Spread(Slice(fvLevels, corner.fLevel, corner.fLevels), MeasureHeader(corner.fpName->fWords));
+        if (corner.fpName)
+            Spread(Slice(fvLevels, corner.fLevel, corner.fLevels),
+                   MeasureHeader(corner.fpName->fWords, 2 * corner.fLevels));
     }
 }
 
@@ -175,15 +177,12 @@ int TablePlan::EndOfPart(int first, double room) const {
 TablePart TablePlan::MakePart(int first, int end) const {
     const std::span<const Room> columns =
         std::span(fvRooms).subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first));
-    std::vector<Room> rooms;
-    const double shrink = LevelsIn(fPage) / std::max(1.0, Sum(fvLevels).fLeast);
-    for (const Room& level : fvLevels) {
-        rooms.push_back({level.fLeast * shrink, shrink < 1 ? level.fLeast * shrink : level.fFull});
-    }
-    rooms.insert(rooms.end(), columns.begin(), columns.end());
-    const std::vector<int> widths = Allot(rooms, WidthOf(fPage));
-    const auto levels = widths.begin() + CountLevels();
-    return {first, end, {widths.begin(), levels}, {levels, widths.end()}};
+    const double width = WidthOf(fPage);
+    const double taken = std::min(width, Sum(columns).fLeast);
+    // Labels of rows get what they have a use for before headers of columns do.
+    TablePart part{first, end, Allot(fvLevels, std::max(LevelsIn(fPage), width - taken)), {}};
+    part.fvColumns = Allot(columns, width - part.Width());
+    return part;
 }
 
 int TablePlan::DecimalAt(int column, int width) const {
