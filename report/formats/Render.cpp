@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "report/formats/Files.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/html/HtmlReport.h"
 #include "report/items/Selection.h"
 #include "report/json/JsonDocument.h"
@@ -50,6 +51,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
         case Format::Svg:
         case Format::Png:
             return RenderOnly(document, format, settings);
+        case Format::Xlsx:
+            return RenderWorkbook(document, settings);
         case Format::Html:
             break;
     }

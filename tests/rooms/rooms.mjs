@@ -61,14 +61,15 @@ const knows = {
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
   "report/index": report("items", "markup", "html"),
-  "report/formats": report("items", "style", "text", "json", "html", "charts", "charts/raster"),
+  "report/xlsx": report("items", "layout", "text", "charts"),
+  "report/formats": report("items", "style", "text", "json", "html", "xlsx", "charts", "charts/raster"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
 // at all in those that other projects compile.
-const library = /^(expat|fmt\/|CLI\/|nlohmann\/|utf8proc|gtest\/|benchmark\/)/;
+const library = /^(expat|fmt\/|CLI\/|nlohmann\/|utf8proc|xlsxwriter|gtest\/|benchmark\/)/;
 const published = ["backend/host", "backend/host/document", "backend/host/session"];
 
 const root = process.argv[2];
