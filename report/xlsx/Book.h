@@ -25,7 +25,7 @@ struct Look {
     int fIndent = 0;
     bool fIsBold = false;
     bool fIsLink = false;
-    bool fIsTop = true;  ///< whether what is lower than its row stands at the row's top or at its bottom
+    bool fIsTop = false;  ///< whether what is lower than its row stands at the row's top or at its bottom
     bool fWraps = false;
     Rule fAbove = Rule::None;
     Rule fBelow = Rule::None;

@@ -72,8 +72,10 @@ class ContentsWriter {
         const items::Entry& item = *entry.fpEntry;
         const auto* message = std::get_if<document::Message>(&item.fpItem->fContent);
         const bool isHeading = std::holds_alternative<document::Heading>(item.fpItem->fContent);
-        const Look look{
-            .fIndent = std::min(item.fDepth, kMostIndent), .fIsBold = isHeading, .fIsLink = !entry.fSheet.empty()};
+        const Look look{.fIndent = std::min(item.fDepth, kMostIndent),
+                        .fIsBold = isHeading,
+                        .fIsLink = !entry.fSheet.empty(),
+                        .fIsTop = true};
         const std::string lead = message ? std::string(WordOf(message->fLevel)) + ": " : "";
         const std::string title = lead + std::string(items::TitleOf(*item.fpItem));
         SetHeight(title);
@@ -81,8 +83,8 @@ class ContentsWriter {
         if (!entry.fSheet.empty()) {
             fSheet.PutLink(fRow, kNameColumn, entry.fSheet, MakeCellText(item.fAnchor), fParts.fLooks.Of(look));
         }
-        fWriter.PutWords(fRow, kKindColumn, KindOf(*item.fpItem), {});
-        fWriter.PutWords(fRow++, kTitleColumn, title, {.fIsBold = isHeading, .fWraps = true});
+        fWriter.PutWords(fRow, kKindColumn, KindOf(*item.fpItem), {.fIsTop = true});
+        fWriter.PutWords(fRow++, kTitleColumn, title, {.fIsBold = isHeading, .fIsTop = true, .fWraps = true});
     }
 
     void SetHeight(const std::string& title) {
@@ -104,8 +106,8 @@ class ContentsWriter {
 
     void PutDiagnostic(std::string_view level, const std::string& text) {
         SetHeight(text);
-        fWriter.PutWords(fRow, kKindColumn, level, {});
-        fWriter.PutWords(fRow++, kTitleColumn, text, {.fWraps = true});
+        fWriter.PutWords(fRow, kKindColumn, level, {.fIsTop = true});
+        fWriter.PutWords(fRow++, kTitleColumn, text, {.fIsTop = true, .fWraps = true});
     }
 
     // " (model.statxml:41:7)"

@@ -8,14 +8,19 @@ int Looks::Of(const Look& look) {
     return found->second;
 }
 
-int Looks::OfNumber(int code, Rule below) {
-    std::vector<int>& looks = below == Rule::None ? fvNumbers : fvRuledNumbers;
+int Looks::OfNumber(int code, const Look& row) {
+    const std::size_t kind =
+        (row.fAbove == Rule::None ? 0U : 1U) + (row.fBelow == Rule::None ? 0U : 2U) + (row.fIsTop ? 4U : 0U);
     const auto index = static_cast<std::size_t>(code);
-    if (index >= looks.size()) looks.resize(index + 1, -1);
-    if (looks[index] < 0) {
-        looks[index] = Of({.fCode = fCodes.At(code), .fAlign = Align::Right, .fBelow = below});
+    if (index >= fNumbers[kind].size()) fNumbers[kind].resize(index + 1, -1);
+    int& number = fNumbers[kind][index];
+    if (number < 0) {
+        Look look = row;
+        look.fCode = fCodes.At(code);
+        look.fAlign = Align::Right;
+        number = Of(look);
     }
-    return looks[index];
+    return number;
 }
 
 }  // namespace hierfit::report::xlsx

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <map>
 #include <vector>
 
@@ -15,8 +16,8 @@ class Looks {
 
     int Of(const Look& look);
 
-    /// That of a figure: a number format by index, and the rule below it.
-    int OfNumber(int code, Rule below);
+    /// That of a figure: a number format by index, and the look of its row.
+    int OfNumber(int code, const Look& row);
 
     NumberCodes& GetCodes() { return fCodes; }
 
@@ -24,8 +25,7 @@ class Looks {
     Book& fBook;
     NumberCodes fCodes;
     std::map<Look, int> fLooks;
-    std::vector<int> fvNumbers;       ///< by number format; -1 where there is none yet
-    std::vector<int> fvRuledNumbers;  ///< the same with a rule below
+    std::array<std::vector<int>, 8> fNumbers;  ///< by look of the row, then number format; -1: none yet
 };
 
 }  // namespace hierfit::report::xlsx

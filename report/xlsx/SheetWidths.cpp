@@ -14,8 +14,9 @@ constexpr double kLeast = 8;        // of a column of data
 constexpr double kMostLabel = 48;   // of a level of row headers
 constexpr double kMostText = 60;    // of a column of texts
 constexpr double kMostHeader = 14;  // of a header that is not wrapped
+constexpr double kMostGroup = 28;   // nor one over several columns
 constexpr double kMostWord = 24;    // that a header does not part
-constexpr double kAir = 2;          // between a cell's words and the next cell's
+constexpr double kAir = 3;          // between a cell's words and the next cell's
 constexpr double kMostHeight = 409;
 constexpr std::size_t kMostMeasured = 8192;  // bytes of a text; by then a row is as high as can be
 
@@ -116,7 +117,7 @@ void SheetWidths::MeasureHeaders(const Grid& grid) {
     for (const bool isSingle : {true, false}) {
         for (const HeaderCell& header : grid.fvColumnHeaders) {
             if ((header.fSpan == 1) != isSingle || !header.fpLabel) continue;
-            const double most = isSingle ? kMostHeader : kMostLabel;
+            const double most = isSingle ? kMostHeader : kMostGroup;
             const double width = std::max(MeasureWord(header.fpLabel->fWords), std::min(MeasureLabel(header), most));
             const int first = grid.fRowLevels + header.fFirst;
             Widen(first, first + header.fSpan - 1, width + kAir);

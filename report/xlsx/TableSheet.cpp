@@ -19,6 +19,7 @@ constexpr double kMostParagraph = 110;
 constexpr double kEmptyColumn = 8.43;       // a column without a width of its own
 constexpr double kMostFrozen = 70;          // characters of row headers that stay in sight
 constexpr std::size_t kLargeTable = 10000;  // cells
+constexpr int kTextIndent = 1;              // keeps a column of texts apart from figures to its left
 constexpr int kTitleRow = 0;
 constexpr int kFirstHeaderRow = 1;
 
@@ -47,7 +48,11 @@ class TableWriter {
           fRoom(FindRoom(fWidths)),
           fHeaderRows(CountHeaderRows(grid)) {}
 
-    static int CountHeaderRows(const Grid& grid) { return std::max(grid.fColumnLevels, 1); }
+    static int CountHeaderRows(const Grid& grid) {
+        const bool hasNames =
+            std::ranges::any_of(grid.fvCorner, [](const CornerCell& corner) { return corner.fpName; });
+        return std::max(grid.fColumnLevels, hasNames ? 1 : 0);
+    }
 
     void Put(BookParts& parts, std::string_view title) {
         SetPage();
@@ -80,7 +85,7 @@ class TableWriter {
     static int RowOf(const HeaderCell& header) { return header.fLevel + header.fLevels - 1; }
 
     Look LookOfHeader(int level) const {
-        Look look{.fIsBold = true, .fIsTop = false, .fWraps = true};
+        Look look{.fIsBold = true, .fWraps = true};
         if (level == 0) look.fAbove = Rule::Thick;
         if (level == fHeaderRows - 1) look.fBelow = Rule::Thin;
         return look;
@@ -110,13 +115,13 @@ class TableWriter {
     void SetHeight(int level, const std::vector<const HeaderCell*>& headers) {
         double height = 0;
         for (const HeaderCell* header : headers) {
-            height = std::max(height, MeasureHeight(WordsOf(*header), WidthOf(*header) - 1));
+            height = std::max(height, MeasureHeight(WordsOf(*header), WidthOf(*header)));
         }
         if (level == fHeaderRows - 1) {
             for (const CornerCell& corner : fGrid.fvCorner) {
                 if (!corner.fpName) continue;
                 const double width = fWidths.Sum(corner.fLevel, corner.fLevel + corner.fLevels - 1);
-                height = std::max(height, MeasureHeight(corner.fpName->fWords, width - 1));
+                height = std::max(height, MeasureHeight(corner.fpName->fWords, width));
             }
         }
         if (height > 0) fWriter.GetSheet().SetHeight(kFirstHeaderRow + level, height);
@@ -160,6 +165,7 @@ class TableWriter {
         const std::string marks = SpellMarks(header.fvNotes, fGrid);
         if (header.fSpan == 1) {
             look.fAlign = fWidths.IsText(header.fFirst) ? Align::Left : Align::Right;
+            look.fIndent = fWidths.IsText(header.fFirst) ? kTextIndent : 0;
             if (header.fpLabel) return fWriter.PutText(row, column, *header.fpLabel, marks, look);
             return fWriter.PutBlanks(row, column, column, look);
         }
@@ -184,13 +190,15 @@ class TableWriter {
     using Cells = std::span<const DataCell>;
 
     void PutRow(int row, Headers headers, Cells cells, Looks& looks) {
-        const Rule below = row + 1 == fGrid.fRows ? Rule::Thick : Rule::None;
         const int sheetRow = kFirstHeaderRow + fHeaderRows + row;
         const double height = MeasureRow(headers, cells);
         if (height > 0) fWriter.GetSheet().SetHeight(sheetRow, height);
-        PutRowHeaders(sheetRow, headers, below);
+        const Look rowLook{.fIsTop = height > 0,
+                           .fAbove = row == 0 && fHeaderRows == 0 ? Rule::Thick : Rule::None,
+                           .fBelow = row + 1 == fGrid.fRows ? Rule::Thick : Rule::None};
+        PutRowHeaders(sheetRow, headers, rowLook);
         for (int column = 0; column < fGrid.fColumns; ++column) {
-            PutCell(sheetRow, fGrid.fRowLevels + column, cells[static_cast<std::size_t>(column)], below, looks);
+            PutCell(sheetRow, fGrid.fRowLevels + column, cells[static_cast<std::size_t>(column)], rowLook, looks);
         }
     }
 
@@ -199,27 +207,29 @@ class TableWriter {
         for (const HeaderCell& header : headers) {
             if (!header.fpLabel) continue;
             const double width = fWidths.Sum(header.fLevel, header.fLevel + header.fLevels - 1);
-            height = std::max(height, MeasureHeight(header.fpLabel->fWords, width - 1));
+            height = std::max(height, MeasureHeight(header.fpLabel->fWords, width));
         }
         for (int column = 0; column < fGrid.fColumns; ++column) {
             const document::Cell* cell = cells[static_cast<std::size_t>(column)].fpCell;
             if (!fWidths.IsText(column) || !cell) continue;
-            height = std::max(height, MeasureHeight(cell->fContent.fWords, fWidths.Of(fGrid.fRowLevels + column) - 1));
+            height = std::max(
+                height, MeasureHeight(cell->fContent.fWords, fWidths.Of(fGrid.fRowLevels + column) - kTextIndent));
         }
         return height;
     }
 
     // A header of several rows stands in the first of them.
-    void PutRowHeaders(int row, Headers headers, Rule below) {
+    void PutRowHeaders(int row, Headers headers, const Look& rowLook) {
         int next = 0;
         const auto putBlanks = [&](int end) {
-            if (below != Rule::None) fWriter.PutBlanks(row, next, end - 1, {.fBelow = below});
+            if (HasRule(rowLook)) fWriter.PutBlanks(row, next, end - 1, rowLook);
         };
         for (const HeaderCell& header : headers) {
             putBlanks(header.fLevel);
             next = header.fLevel;
             if (!header.fpLabel) continue;
-            const Look look{.fWraps = NeedsWrap(header), .fBelow = below};
+            Look look = rowLook;
+            look.fWraps = NeedsWrap(header);
             fWriter.PutText(row, header.fLevel, *header.fpLabel, SpellMarks(header.fvNotes, fGrid), look);
             ++next;
         }
@@ -227,24 +237,27 @@ class TableWriter {
     }
 
     bool NeedsWrap(const HeaderCell& header) const {
-        return header.fLevels == 1 && MeasureHeight(header.fpLabel->fWords, fWidths.Of(header.fLevel) - 1) > 0;
+        return header.fLevels == 1 && MeasureHeight(header.fpLabel->fWords, fWidths.Of(header.fLevel)) > 0;
     }
 
-    void PutCell(int row, int column, const DataCell& cell, Rule below, Looks& looks) {
+    void PutCell(int row, int column, const DataCell& cell, const Look& rowLook, Looks& looks) {
         const auto number = cell.fpCell ? NumberOf(cell.fpCell->fContent) : std::nullopt;
         if (number && std::isfinite(*number)) {
             const std::string marks = SpellMarks(cell.fvNotes, fGrid);
             const int code = looks.GetCodes().Find(*number, cell.fpCell->fContent.fWords, marks);
-            return fWriter.GetSheet().PutNumber(row, column, *number, looks.OfNumber(code, below));
+            return fWriter.GetSheet().PutNumber(row, column, *number, looks.OfNumber(code, rowLook));
         }
         if (cell.fpCell && !number) {
             const document::Text& text = cell.fpCell->fContent;
-            const bool wraps = MeasureHeight(text.fWords, fWidths.Of(column) - 1) > 0;
-            return fWriter.PutWords(row, column, text.fWords + SpellMarks(cell.fvNotes, fGrid),
-                                    {.fWraps = wraps, .fBelow = below});
+            Look look = rowLook;
+            look.fIndent = kTextIndent;
+            look.fWraps = MeasureHeight(text.fWords, fWidths.Of(column) - kTextIndent) > 0;
+            return fWriter.PutWords(row, column, text.fWords + SpellMarks(cell.fvNotes, fGrid), look);
         }
-        if (below != Rule::None) fWriter.PutBlanks(row, column, column, {.fBelow = below});
+        if (HasRule(rowLook)) fWriter.PutBlanks(row, column, column, rowLook);
     }
+
+    static bool HasRule(const Look& rowLook) { return rowLook.fAbove != Rule::None || rowLook.fBelow != Rule::None; }
 
     void PutBelow() {
         int row = fGrid.fRows > 0 ? kFirstHeaderRow + fHeaderRows + fGrid.fRows : kFirstHeaderRow;
