@@ -31,6 +31,20 @@ std::string MakeCellText(std::string_view words) {
     return text;
 }
 
+std::string EscapeCodes(std::string text) {
+    constexpr std::string_view kUnderscore = "_x005F";
+    constexpr std::size_t kLength = 7;
+    constexpr std::string_view kDigits = "0123456789abcdefABCDEF";
+    for (std::size_t at = text.find("_x"); at != std::string::npos; at = text.find("_x", at + 2)) {
+        const bool isCode = at + kLength <= text.size() && text[at + kLength - 1] == '_' &&
+                            text.find_first_not_of(kDigits, at + 2) == at + kLength - 1;
+        if (!isCode) continue;
+        text.insert(at, kUnderscore);
+        at += kUnderscore.size();
+    }
+    return text;
+}
+
 std::string SpellMark(const Note& note) {
     std::string mark;
     for (const char letter : note.fLetter) mark += kLetters[static_cast<std::size_t>(letter - 'a')];

@@ -12,6 +12,8 @@ namespace hierfit::report::xlsx {
 
 namespace {
 
+constexpr double kLargestNumber = 9.99999999999999e307;  // that a spreadsheet knows
+
 /// "B5"
 std::string NameCell(int row, int column) {
     std::string name;
@@ -29,11 +31,12 @@ std::optional<double> NumberOf(const document::Text& text) {
     const double number =
         source ? source->fNumber : std::get<double>(std::get<document::ValueSource>(text.fFrom).fValue);
     if (number == kSystemMissing) return std::numeric_limits<double>::quiet_NaN();
+    if (std::isfinite(number) && std::abs(number) > kLargestNumber) return {};
     return number == 0 ? 0 : number;  // without its sign
 }
 
 std::string SheetWriter::Fit(int row, int column, std::string_view words) {
-    std::string text = MakeCellText(words);
+    std::string text = EscapeCodes(MakeCellText(words));
     if (const std::size_t length = CutText(text)) {
         fParts.fvRemarks.push_back(fName + "!" + NameCell(row, column) + ": a text of " + std::to_string(length) +
                                    " characters is cut to " + std::to_string(kMostCharacters) +

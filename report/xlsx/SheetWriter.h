@@ -46,7 +46,8 @@ class SheetWriter {
     std::string fName;
 };
 
-/// The number that a text shows, if it shows one: not finite where it is missing.
+/// The number that a text shows, if it shows one: not finite where it is missing. Numbers that are too large for
+/// spreadsheets are texts.
 std::optional<double> NumberOf(const document::Text& text);
 
 }  // namespace hierfit::report::xlsx

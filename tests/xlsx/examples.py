@@ -92,7 +92,7 @@ def near(a, b):
 def text_of(cell):
     if isinstance(cell.value, (int, float)):
         return shown(cell.value, cell.number_format)
-    return cell.value or ""
+    return (cell.value or "").replace("\u2212", "-")
 
 
 def expect(place, what, expected, actual):
@@ -115,7 +115,7 @@ def judge_table(place, sheet, table, page, offices):
     expect(place, "shown", expected, [[text_of(cell) for cell in row] for row in data])
     for row, cells in enumerate(data) if offices else ():
         line = offices[top - 1 + row]
-        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float)) else cell.value or ""
+        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float)) else text_of(cell)
                   for cell in cells]
         expect(place, "shown by the office program", expected[row], actual)
     wanted = sorted(numbers(table))
@@ -168,7 +168,7 @@ def convert(files, work):
     """Opens all files with the office program and saves what it shows; whether there is one."""
     if not shutil.which("soffice"):
         return False
-    form = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,true,false,false,false,-1"
+    form = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false,true,false,false,-1"
     subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{work}/profile", "--convert-to", form,
                     "--outdir", str(work), *map(str, files)], check=True, capture_output=True, timeout=500)
     return True
@@ -181,17 +181,19 @@ def main():
         for folder in sorted(path for path in pathlib.Path(examples).iterdir() if path.is_dir()):
             for style in ("plain", "apa", "ama"):
                 file = work / f"{folder.name}_{style}.xlsx"
-                run("report", "--style", style, "-o", file, folder)
+                run("report", "--style", style, "--scale", 0.2, "-o", file, folder)
                 written[file] = (folder, style)
-        has_office = convert(written, work)
+        # The office program takes its time: one style each, in turns.
+        offered = [file for number, file in enumerate(written) if number % 4 == 0]
+        has_office = convert(offered, work)
         for file, (folder, style) in written.items():
             offices = read_csv(work, file.stem) if has_office else {}
-            if has_office:
+            if has_office and file in offered:
                 expect(folder.name, "sheets for the office program", True, len(offices) > 0)
             judge(folder, style, file, offices)
         file, (folder, _) = next(iter(written.items()))
-        later = run("report", "-f", "xlsx", "--style", "apa", folder, env={**os.environ, "TZ": "Asia/Tokyo"})
-        expect(folder.name, "same bytes", file.with_name(f"{folder.name}_apa.xlsx").read_bytes(), later)
+        later = run("report", "-f", "xlsx", "--style", "plain", "--scale", 0.2, folder, env={**os.environ, "TZ": "Asia/Tokyo"})
+        expect(folder.name, "same bytes", file.read_bytes(), later)
     print("\n".join(fault[:1500] for fault in faults[:40]))
     sys.exit(1 if faults else 0)
 
