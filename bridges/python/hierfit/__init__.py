@@ -1,0 +1,5 @@
+"""Reports of fitted models."""
+
+from .bridge.documents import documents
+
+__all__ = ["documents"]
