@@ -4,7 +4,6 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
-#include <charconv>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -12,23 +11,18 @@
 
 #include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "report/formats/RenderSettings.h"
+#include "report/items/Selection.h"
 
 namespace hierfit::program {
 
 namespace {
 
+namespace items = report::items;
 using session::Labels;
 
 template <typename Value>
 using Choices = std::vector<std::pair<std::string, Value>>;
-
-constexpr std::pair<std::string_view, Format> kEndings[] = {{".html", Format::Html},
-                                                            {".htm", Format::Html},
-                                                            {".txt", Format::Text},
-                                                            {".text", Format::Text},
-                                                            {".json", Format::Json}};
-
-constexpr double kLargestScale = 20;
 
 constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
 constexpr const char* kExitStatus =
@@ -66,31 +60,38 @@ void AddChoice(CLI::App& app, const std::string& name, Target& target, const Cho
     app.add_option_function<std::string>(name, take, help)->check(CLI::IsMember(words))->option_text(placeholder);
 }
 
-std::optional<double> ReadScale(const std::string& text) {
-    double scale = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scale);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size();
-    return isNumber && scale > 0 && scale <= kLargestScale ? std::optional(scale) : std::nullopt;
+void AddFormat(CLI::App& app, OutputOptions& output) {
+    Choices<Format> choices;
+    for (const report::FormatName& name : report::FormatNames()) choices.emplace_back(name.fName, name.fFormat);
+    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat, choices, "FORMAT",
+                                             "html, text, json, or svg or png, which put each chart\n"
+                                             "into the folder FILE; by default FILE's ending tells, else\n"
+                                             "text goes to a terminal and html elsewhere");
+}
+
+/// Several such options add up.
+void AddSelection(CLI::App& app, std::vector<std::string>& names) {
+    const auto add = [&names](const std::vector<std::string>& lists) {
+        for (const std::string& list : lists) std::ranges::move(items::SplitNames(list), std::back_inserter(names));
+    };
+    app.add_option_function<std::vector<std::string>>(
+           "--only", add, "These items alone, by the names that list tells, or all of a\nkind: GLMMEmMeans")
+        ->expected(1)
+        ->take_all()
+        ->option_text("NAME,...");
 }
 
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
-    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat,
-                                             {{"html", Format::Html},
-                                              {"text", Format::Text},
-                                              {"json", Format::Json},
-                                              {"svg", Format::Svg},
-                                              {"png", Format::Png}},
-                                             "FORMAT",
-                                             "html, text, json, or svg or png, which put each chart\n"
-                                             "into the folder FILE; by default FILE's ending tells, else\n"
-                                             "text goes to a terminal and html elsewhere");
+    AddFormat(app, output);
+    AddSelection(app, output.fvOnly);
     app.add_option_function<std::string>(
-           "--scale", [&output](const std::string& text) { output.fScale = *ReadScale(text); },
+           "--scale", [&output](const std::string& text) { output.fScale = *report::ReadScale(text); },
            "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as they "
            "are")
-        ->check(
-            [](const std::string& text) { return ReadScale(text) ? "" : text + " is no number above 0 and up to 20"; })
+        ->check([](const std::string& text) {
+            return report::ReadScale(text) ? "" : text + " is no number above 0 and up to 20";
+        })
         ->option_text("N");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
@@ -119,24 +120,29 @@ void AddSettings(CLI::App& app, session::Settings& settings) {
         ->option_text("DIR");
 }
 
-/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open. Pictures need a
-/// folder.
+/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open.
 std::optional<std::string> SettleFormat(OutputOptions& output) {
-    if (output.fFormat && IsPictures(*output.fFormat) && output.fFile == "-") {
-        return std::string("--format ") + (output.fFormat == Format::Svg ? "svg" : "png") +
-               ": --output must name a folder";
-    }
     if (output.fFormat || output.fFile == "-") return {};
     const std::size_t slash = output.fFile.find_last_of('/');
     const std::string name = slash == std::string::npos ? output.fFile : output.fFile.substr(slash + 1);
     const std::size_t dot = name.find_last_of('.');
     if (dot == std::string::npos || dot == 0) return {};
-    const auto* found = std::ranges::find(kEndings, name.substr(dot), &std::pair<std::string_view, Format>::first);
-    if (found == std::end(kEndings)) {
-        return "--output: " + output.fFile + ": no format has the ending " + name.substr(dot) +
-               "; say which by --format";
+    const std::string ending = name.substr(dot);
+    output.fFormat = report::FindFormatOfEnding(ending);
+    if (output.fFormat) return {};
+    return "--output: " + output.fFile + ": no format has the ending " + ending + "; say which by --format";
+}
+
+/// Pictures need a folder, and a saved document is whole.
+std::optional<std::string> CheckOutput(OutputOptions& output) {
+    if (auto wrong = SettleFormat(output)) return wrong;
+    if (!output.fFormat) return {};
+    if (report::IsPictures(*output.fFormat) && output.fFile == "-") {
+        return "--format " + std::string(report::NameOf(*output.fFormat)) + ": --output must name a folder";
     }
-    output.fFormat = found->second;
+    if (output.fFormat == Format::Json && !output.fvOnly.empty()) {
+        return std::string("--only: json holds the whole document or none of it");
+    }
     return {};
 }
 
@@ -153,13 +159,13 @@ Explanation Wrong(const std::string& what) {
 }
 
 Command Finish(ReportCommand command) {
-    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckOutput(command.fOutput)) return Wrong(*wrong);
     if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
     return command;
 }
 
 Command Finish(RenderCommand command) {
-    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckOutput(command.fOutput)) return Wrong(*wrong);
     return command;
 }
 

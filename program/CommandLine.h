@@ -6,14 +6,11 @@
 #include <vector>
 
 #include "host/session/Session.h"
+#include "report/formats/Format.h"
 
 namespace hierfit::program {
 
-/// The formats that the program writes.
-enum class Format { Html, Text, Json, Svg, Png };
-
-/// Whether a format holds the charts alone, each in a file of its own.
-constexpr bool IsPictures(Format format) { return format == Format::Svg || format == Format::Png; }
+using report::Format;
 
 enum class Color { Auto, Always, Never };
 
@@ -22,11 +19,12 @@ struct OutputOptions {
     std::string fFile = "-";        ///< "-" is standard output; a folder for pictures
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
-    bool fIsStatic = false;        ///< HTML without the script
-    bool fHasChartValues = false;  ///< text with the values behind its charts
-    bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
-    double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
-    std::string fTitle;            ///< in the place of the document's; none if empty
+    std::vector<std::string> fvOnly;  ///< names of the items that are written; all if empty
+    bool fIsStatic = false;           ///< HTML without the script
+    bool fHasChartValues = false;     ///< text with the values behind its charts
+    bool fHasPager = true;            ///< on a terminal, for text that is longer than the screen
+    double fScale = 2;                ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20
+    std::string fTitle;               ///< in the place of the document's; none if empty
     std::string fAuthor;
 };
 

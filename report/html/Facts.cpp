@@ -88,10 +88,10 @@ std::optional<double> CountPoints(const document::Chart& chart) {
 
 }  // namespace
 
-Facts FindFacts(const std::vector<Entry>& entries) {
+Facts FindFacts(const std::vector<items::Entry>& entries) {
     Facts facts;
     std::optional<double> classified;
-    for (const Entry& entry : entries) {
+    for (const items::Entry& entry : entries) {
         if (const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent)) {
             if (!facts.fRecords) facts.fRecords = CountPoints(*chart);
         }

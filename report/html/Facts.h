@@ -17,6 +17,6 @@ struct Facts {
 
 /// Reads the facts from the items of a page. Records are counted where the document counts them itself: in the points
 /// of the predicted by the observed values, else in a classification of a target that is no count of events.
-Facts FindFacts(const std::vector<Entry>& entries);
+Facts FindFacts(const std::vector<items::Entry>& entries);
 
 }  // namespace hierfit::report::html

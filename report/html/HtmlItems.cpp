@@ -19,7 +19,7 @@ class ItemWriter {
   public:
     explicit ItemWriter(std::string& out) : fOut(out) {}
 
-    void Append(const Entry& entry) {
+    void Append(const items::Entry& entry) {
         CloseSections(entry.fDepth);
         fpEntry = &entry;
         std::visit(*this, entry.fpItem->fContent);
@@ -34,17 +34,17 @@ class ItemWriter {
         fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<a class=\"skip\" href=\"#");
         fOut.append(kContentsAnchor).append("\">").append(words::kContents).append("</a>\n");
         fOut.append("<details open class=\"fold\"><summary><h").append(level).append(">");
-        AppendText(fOut, TitleOf(*fpEntry->fpItem));
+        AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
         fOut.append("</h").append(level).append("></summary>\n");
         ++fDepth;
     }
 
     void operator()(const document::Table& table) {
-        AppendTable(fOut, table, TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
+        AppendTable(fOut, table, items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
     }
 
     void operator()(const document::Chart& chart) {
-        AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1});
+        AppendChart(fOut, chart, {items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1});
         fTables += static_cast<int>(FindShownTables(chart.fPicture).size());
     }
 
@@ -58,7 +58,7 @@ class ItemWriter {
 
   private:
     std::string& fOut;
-    const Entry* fpEntry = nullptr;
+    const items::Entry* fpEntry = nullptr;
     int fDepth = 0;  ///< open sections
     int fTables = 0;
 };
@@ -84,9 +84,9 @@ void AppendDiagnostic(std::string& out, const document::Document& document, cons
 
 }  // namespace
 
-void AppendItems(std::string& out, const std::vector<Entry>& entries) {
+void AppendItems(std::string& out, const std::vector<items::Entry>& entries) {
     ItemWriter writer(out);
-    for (const Entry& entry : entries) writer.Append(entry);
+    for (const items::Entry& entry : entries) writer.Append(entry);
     writer.CloseSections(0);
 }
 

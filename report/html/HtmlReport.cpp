@@ -51,7 +51,7 @@ void AppendFooter(std::string& out, const document::Document& document) {
 }  // namespace
 
 std::string MakeHtmlReport(const document::Document& document, const HtmlSettings& settings) {
-    const std::vector<html::Entry> entries = html::ListEntries(document);
+    const std::vector<items::Entry> entries = items::ListEntries(document);
     const html::Facts facts = html::FindFacts(entries);
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
     out.append(LanguageTag(document.fLanguage)).append("\" data-running=\"");

@@ -14,7 +14,7 @@ constexpr std::size_t kMostOfTarget = 100;
 constexpr std::size_t kMostAlerts = 12;
 
 std::string_view TitleOf(const document::Document& document) {
-    return document.fTitle.empty() ? words::kUntitled : std::string_view(document.fTitle);
+    return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
 }
 
 // Nothing is fetched, and no script or style counts but our own.
@@ -99,14 +99,14 @@ class AlertList {
     std::size_t fCount = 0;
 };
 
-void AppendAlerts(std::string& out, const document::Document& document, const std::vector<Entry>& entries) {
+void AppendAlerts(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries) {
     AlertList alerts(out);
-    for (const Entry& entry : entries) {
+    for (const items::Entry& entry : entries) {
         const auto* message = std::get_if<document::Message>(&entry.fpItem->fContent);
-        if (message) alerts.Add(message->fLevel, html::TitleOf(*entry.fpItem), entry.fAnchor);
+        if (message) alerts.Add(message->fLevel, items::TitleOf(*entry.fpItem), entry.fAnchor);
     }
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? words::kUntitled : diagnostic.fText,
+        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? items::kUntitled : diagnostic.fText,
                    kDiagnosticsAnchor);
     }
     alerts.End();
@@ -140,7 +140,7 @@ void AppendHead(std::string& out, const document::Document& document, const Fact
     out += "</style>\n</head>\n";
 }
 
-void AppendHeader(std::string& out, const document::Document& document, const std::vector<Entry>& entries,
+void AppendHeader(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries,
                   const Facts& facts, const HtmlSettings& settings) {
     out.append("<a class=\"skip\" href=\"#main\">").append(words::kSkip).append("</a>\n<header>\n<h1>");
     AppendText(out, settings.fTitle.empty() ? TitleOf(document) : settings.fTitle);

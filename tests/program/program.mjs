@@ -107,6 +107,10 @@ const refused = [
     `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
+  ["a name that no item bears", ["report", "--only", "ModelSummary-1,FixedEfects", example], 1,
+    /^hierfit: no item is named FixedEfects; there are FixedEffects-1, [^\n]+ and 1 more\n$/],
+  ["a part of a document that is whole", ["report", "-f", "json", "--only", "FixedEffects", example], 1,
+    "hierfit: --only: json holds the whole document or none of it\nTry: hierfit --help\n"],
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
   ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
@@ -127,6 +131,17 @@ for (const args of [[], ["report"], ["report", "-f", "docx", example], ["report"
 for (const file of ["bad.json", "other.json"]) {
   checkRefusal(file, run("render", "-f", "text", file), 2, /^hierfit: (bad|other)\.json:.+\n$/);
 }
+
+// ---- some items of a report, from a model and from a saved document
+
+const some = report("--only", "FixedCoefficients,Covariance-Parameters-1", "--only", "FixedEffects-1", example);
+for (const [title, isShown] of [["Fixed Effects", true], ["Fixed Coefficients", true], ["Covariance Parameters", true],
+  ["Model Summary", false], ["Random Effect Block", false], ["Predicted by Observed", false]]) {
+  check(`only: ${title}`, some.status === 0 && some.out.includes(title) === isShown, some.out + some.err);
+}
+writeFileSync("whole.json", run("report", "-f", "json", example).out);
+const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
+check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);
 
 // ---- output: whole or not at all
 
