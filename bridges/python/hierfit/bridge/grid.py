@@ -104,8 +104,11 @@ def hypothesis(design: Design, effect: Effect) -> np.ndarray | None:
     l = np.zeros((len(index), design.size))
     if not numbers and not weights:
         return l
+    # A term that lacks one of the contrasted factors is the same at all its levels, so that its contrast is zero.
+    contrasted = {name for name, w in weights.items() if np.abs(w.sum(axis=1)).max() < 0.5}
     for other in design.terms:
-        if frozenset(f for f in other.factors if not design.factors[f].is_category) == numbers:
+        names = {design.factors[f].variable.field for f in other.factors}
+        if contrasted <= names and frozenset(f for f in other.factors if not design.factors[f].is_category) == numbers:
             l[:, other.columns] = design.rows_of(other, pieces, len(index))  # type: ignore[arg-type]
     return l
 

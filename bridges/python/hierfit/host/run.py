@@ -138,8 +138,6 @@ def documents_in(source: Any) -> tuple[Path, Path] | None:
     """The paths of a folder's documents, or of a pair; None for anything else."""
     if isinstance(source, (str, os.PathLike)):
         folder = Path(source)
-        if not folder.is_dir():
-            raise FileNotFoundError(f"There is no folder {folder}.")
         return folder / "model.pmml", folder / "model.statxml"
     if isinstance(source, (tuple, list)) and len(source) == 2 and all(isinstance(x, (str, os.PathLike)) for x in source):
         return Path(source[0]), Path(source[1])
