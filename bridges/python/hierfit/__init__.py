@@ -19,5 +19,20 @@ from .host.run import Diagnostic, Run, read, report, run
 
 __version__ = "0.1.0"
 
-__all__ = ["Chart", "Diagnostic", "DocumentError", "HierfitError", "Item", "Items", "Outcome", "Run", "Table", "documents", "map",
-           "read", "report", "run", "version"]
+__all__ = [
+    "Chart",
+    "Diagnostic",
+    "DocumentError",
+    "HierfitError",
+    "Item",
+    "Items",
+    "Outcome",
+    "Run",
+    "Table",
+    "documents",
+    "map",
+    "read",
+    "report",
+    "run",
+    "version",
+]

@@ -20,5 +20,6 @@ def need(module: str, what: str) -> ModuleType:
         return importlib.import_module(module)
     except ImportError as error:
         package = _INSTALL.get(module.partition(".")[0], module)
-        raise ImportError(f"{what} takes the package {package}, which cannot be imported ({error}): "
-                          f"pip install {package}") from error
+        raise ImportError(
+            f"{what} takes the package {package}, which cannot be imported ({error}): " f"pip install {package}"
+        ) from error

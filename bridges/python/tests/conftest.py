@@ -21,10 +21,19 @@ def data() -> pd.DataFrame:
     """Records of a factor g, a factor h, a factor s of 20 groups, a number x, and targets of all kinds."""
     generator = np.random.default_rng(7)
     n = 240
-    data = pd.DataFrame({"x": generator.normal(2, 1, n), "g": generator.choice(list("abc"), n),
-                         "h": generator.choice(["u", "v"], n), "s": np.repeat(np.arange(20), n // 20)})
+    data = pd.DataFrame(
+        {
+            "x": generator.normal(2, 1, n),
+            "g": generator.choice(list("abc"), n),
+            "h": generator.choice(["u", "v"], n),
+            "s": np.repeat(np.arange(20), n // 20),
+        }
+    )
     data["in"] = np.tile(np.repeat(["p", "q", "r"], 4), 20)
-    effect = generator.normal(0, 1, 20)[data.s] + generator.normal(0, 0.8, 60)[data.s * 3 + data["in"].map({"p": 0, "q": 1, "r": 2})]
+    effect = (
+        generator.normal(0, 1, 20)[data.s]
+        + generator.normal(0, 0.8, 60)[data.s * 3 + data["in"].map({"p": 0, "q": 1, "r": 2})]
+    )
     signal = 0.4 * data.x + data.g.map({"a": 0, "b": 0.5, "c": -0.3}) + effect
     data["y"] = signal + generator.normal(0, 1, n)
     data["two"] = (signal + generator.logistic(0, 1, n) > 1).astype(int)
@@ -44,7 +53,9 @@ def check(folder: Path) -> list[str]:
     said = []
     for name in ("model.pmml", "model.statxml"):
         grammar = REPOSITORY / "docs" / f"{name}.rng"
-        done = subprocess.run(["xmllint", "--noout", "--relaxng", grammar, folder / name], capture_output=True, text=True)
+        done = subprocess.run(
+            ["xmllint", "--noout", "--relaxng", grammar, folder / name], capture_output=True, text=True
+        )
         said += [line for line in done.stderr.splitlines() if not line.endswith("validates")]
     done = subprocess.run([os.environ["HIERFIT"], "check", "--strict", folder], capture_output=True, text=True)
     return said + (done.stdout + done.stderr).splitlines() if done.returncode or said else []
@@ -67,7 +78,7 @@ def chain(tmp_path):
 
 def same(actual, expected, tolerance: float = 1e-10) -> None:
     """Each figure within a relative tolerance; missing where it is missing or infinite."""
-    actual, expected = np.asarray(actual, dtype=float).ravel(), np.asarray(expected, dtype=float).ravel()
+    actual, expected = (np.asarray(actual, dtype=float).ravel(), np.asarray(expected, dtype=float).ravel())
     expected = np.where(np.isinf(expected), np.nan, expected)
     np.testing.assert_allclose(actual, expected, rtol=tolerance, atol=0, equal_nan=True)
 

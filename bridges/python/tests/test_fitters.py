@@ -31,8 +31,9 @@ FITS = {
     "Logit": lambda d: smf.logit("two ~ g + x", d).fit(disp=0),
     "Poisson": lambda d: smf.poisson("count ~ g + x", d).fit(disp=0),
     "NegativeBinomial": lambda d: smf.negativebinomial("count ~ g + x", d).fit(disp=0),
-    "GEE": lambda d: smf.gee("count ~ g + x", "s", d, family=families.Poisson(),
-                             cov_struct=sm.cov_struct.Exchangeable()).fit(),
+    "GEE": lambda d: smf.gee(
+        "count ~ g + x", "s", d, family=families.Poisson(), cov_struct=sm.cov_struct.Exchangeable()
+    ).fit(),
     "GEE normal": lambda d: smf.gee("y ~ g", "s", d, cov_struct=sm.cov_struct.Autoregressive()).fit(),
     "MixedLM": lambda d: smf.mixedlm("y ~ g + x", d, groups="s", re_formula="~x").fit(),
     "MixedLM ML": lambda d: smf.mixedlm("y ~ g * h", d, groups="s").fit(reml=False),
@@ -108,7 +109,9 @@ def test_categories_have_sets_of_their_own_and_joint_tests(data, chain):
     # A Wald test and a likelihood ratio say about the same.
     assert effects["F"]["g"] * 4 == pytest.approx(2 * (fit.llf - without.llf), rel=0.1)
     counts = tables["Classification-1"]
-    predicted = fit.predict().values.argmax(axis=1) if hasattr(fit.predict(), "values") else fit.predict().argmax(axis=1)
+    predicted = (
+        fit.predict().values.argmax(axis=1) if hasattr(fit.predict(), "values") else fit.predict().argmax(axis=1)
+    )
     cells = pd.crosstab(data.kind - 1, predicted)
     numbers = counts.to_numpy(dtype=float)
     assert all(value in numbers for value in cells.to_numpy().ravel())

@@ -25,8 +25,11 @@ def adjust_p(p: np.ndarray, adjust: str) -> np.ndarray:
     order = [i for i in np.argsort(p, kind="stable") if not np.isnan(p[i])]
     left = len(order) - np.arange(len(order))
     with np.errstate(divide="ignore"):
-        single = (np.minimum(1, left * p[order]) if adjust == "bonferroni-sequential"
-                  else -np.expm1(left * np.log1p(-p[order])))
+        single = (
+            np.minimum(1, left * p[order])
+            if adjust == "bonferroni-sequential"
+            else -np.expm1(left * np.log1p(-p[order]))
+        )
     out = p.copy()
     out[order] = np.maximum.accumulate(single) if order else []
     return out

@@ -13,9 +13,16 @@ from .model import Parameter, Residual
 from .variables import describe
 
 
-def parameter(pattern: str, label: str, estimate: float, se: float, level: float, scale: str = "log",
-              arguments: tuple[str, ...] = ()) -> Parameter:
-    """Limits are set on the log scale for variances, on Fisher's for correlations ("fisher"), or as they are ("none")."""
+def parameter(
+    pattern: str,
+    label: str,
+    estimate: float,
+    se: float,
+    level: float,
+    scale: str = "log",
+    arguments: tuple[str, ...] = (),
+) -> Parameter:
+    """Limits stand on the log scale for variances, on Fisher's for correlations ("fisher"), or as they are ("none")."""
     from scipy import stats
 
     out = Parameter(pattern, label, float(estimate), arguments=arguments)
@@ -44,14 +51,28 @@ def fixed_scale() -> Residual:
     return Residual("VC", [Parameter("Variance ", "Residual", 1.0)], is_fixed=True)
 
 
-def block_parameters(matrix: np.ndarray, errors: np.ndarray, structure: str, rows: Sequence[Row], level: float) -> list[Parameter]:
+def block_parameters(
+    matrix: np.ndarray, errors: np.ndarray, structure: str, rows: Sequence[Row], level: float
+) -> list[Parameter]:
     """The parameters of a block from its matrix and the errors of the matrix's entries."""
     if structure != "UNSTRUCTURED":
-        return [parameter("VarOfEffect", f"Var({row.label})", matrix[i, i], errors[i, i], level, arguments=(str(i),))
-                for i, row in enumerate(rows)]
-    return [parameter("UN (^1,^2)", f"UN ({i + 1},{j + 1})", matrix[i, j], errors[i, j], level, "log" if i == j else "none",
-                      (str(i + 1), str(j + 1)))
-            for i in range(len(matrix)) for j in range(i + 1)]
+        return [
+            parameter("VarOfEffect", f"Var({row.label})", matrix[i, i], errors[i, i], level, arguments=(str(i),))
+            for i, row in enumerate(rows)
+        ]
+    return [
+        parameter(
+            "UN (^1,^2)",
+            f"UN ({i + 1},{j + 1})",
+            matrix[i, j],
+            errors[i, j],
+            level,
+            "log" if i == j else "none",
+            (str(i + 1), str(j + 1)),
+        )
+        for i in range(len(matrix))
+        for j in range(i + 1)
+    ]
 
 
 _LEVEL = re.compile(r"(.*)\[(?:T\.)?(.*)\]", re.DOTALL)

@@ -16,7 +16,7 @@ from .xml import Node, flag_text, node
 
 @dataclass(slots=True)
 class Row:
-    """One coefficient of the full design; `column` is its place among the estimated ones, None where it is redundant."""
+    """One coefficient of the full design; `column` is its place among the estimated ones, None if redundant."""
 
     label: str
     effect: int = -1
@@ -116,7 +116,9 @@ class Design:
 def design_of_formula(info: Any, frame: Any, has_thresholds: bool) -> Design:
     """From patsy's description of a design and the records that were used."""
     codes = list(info.factor_infos)
-    alone = frozenset(variable.field for variable in map(describe, (f.name() for f in codes)) if variable.code == variable.field)
+    alone = frozenset(
+        variable.field for variable in map(describe, (f.name() for f in codes)) if variable.code == variable.field
+    )
     factors = [_factor_of(f, info.factor_infos[f], frame, alone) for f in codes]
     place = {f: i for i, f in enumerate(codes)}
     terms: list[Term] = []
@@ -128,10 +130,14 @@ def design_of_formula(info: Any, frame: Any, has_thresholds: bool) -> Design:
             continue
         parts = []
         for sub in info.term_codings[term]:
-            parts.append(Part([place[f] for f in sub.factors],
-                              {place[f]: np.asarray(c.matrix) for f, c in sub.contrast_matrices.items()},
-                              {place[f]: list(c.column_suffixes) for f, c in sub.contrast_matrices.items()},
-                              sub.num_columns))
+            parts.append(
+                Part(
+                    [place[f] for f in sub.factors],
+                    {place[f]: np.asarray(c.matrix) for f, c in sub.contrast_matrices.items()},
+                    {place[f]: list(c.column_suffixes) for f, c in sub.contrast_matrices.items()},
+                    sub.num_columns,
+                )
+            )
         terms.append(Term(term.name(), [place[f] for f in term.factors], parts, where.start, where.stop - where.start))
     design = Design(factors, terms, len(info.column_names), intercept is not None or has_thresholds, intercept)
     _check_fields(design)
@@ -175,10 +181,15 @@ def _check_fields(design: Design) -> None:
         name = factor.variable.field
         before = kinds.setdefault(name, factor)
         if before.is_category != factor.is_category:
-            raise ValueError(f"{name} stands in the model both as a factor ({(factor if factor.is_category else before).variable.code}) "
-                             "and as a number; give one of them a column of its own.")
+            code = (factor if factor.is_category else before).variable.code
+            raise ValueError(
+                f"{name} stands in the model both as a factor ({code}) and as a number; give one of them a column of "
+                "its own."
+            )
         if before.levels != factor.levels:
-            raise ValueError(f"{name} stands in the model with two sets of levels ({before.variable.code}, {factor.variable.code}).")
+            raise ValueError(
+                f"{name} stands in the model with two sets of levels ({before.variable.code}, {factor.variable.code})."
+            )
     for term in design.terms:
         names = [design.factors[f].variable.field for f in term.factors if design.factors[f].is_category]
         if len(set(names)) < len(names):
@@ -198,7 +209,9 @@ def design_of_columns(names: Sequence[str], values: np.ndarray, constant: int | 
         def evaluate(at: Mapping[str, np.ndarray], name: str = name) -> np.ndarray:
             return _as_columns(at[name])
 
-        factors.append(Factor(Variable(name, name, 1, (name,)), None, 1, [name], values[:, [column]], (name,), evaluate))
+        factors.append(
+            Factor(Variable(name, name, 1, (name,)), None, 1, [name], values[:, [column]], (name,), evaluate)
+        )
         terms.append(Term(name, [place], [Part([place], {}, {}, 1)], column, 1))
     design = Design(factors, terms, len(names), constant is not None or has_thresholds, constant)
     return _described(design, list(names))
@@ -260,6 +273,7 @@ def _choices_of(design: Design, part: Part, f: int, nests: bool) -> _Choices:
     factor = design.factors[f]
     name = factor.variable.field
     if not factor.is_category:
+
         def add_covariate(row: Row, choice: int) -> None:
             label = factor.names[choice]
             row.covariates[label] = row.covariates.get(label, 0) + (factor.variable.power if factor.width == 1 else 1)
@@ -317,16 +331,24 @@ def effect_node(fields: Sequence[str], levels: Sequence[int] | None = None) -> N
     def values(of: Sequence[Any]) -> Node:
         return node("ListValue", None, [node("Value", {"value": value}) for value in of])
 
-    return node("StructuredValue", None,
-                node("Attribute", {"name": "Fields"}, values(fields)),
-                node("Attribute", {"name": "NestingLevels"}, values(levels or [0] * len(fields))))
+    return node(
+        "StructuredValue",
+        None,
+        node("Attribute", {"name": "Fields"}, values(fields)),
+        node("Attribute", {"name": "NestingLevels"}, values(levels or [0] * len(fields))),
+    )
 
 
 def parameter_node(row: Row) -> Node:
     return node(
-        "RegressionParameter", {"isIntercept": flag_text(row.is_intercept), "name": row.label},
+        "RegressionParameter",
+        {"isIntercept": flag_text(row.is_intercept), "name": row.label},
         [node("Covariate", {"field": name, "power": power}) for name, power in row.covariates.items()],
-        [node("Factor", {"field": name, "value": level, "nest": flag_text(nests)}) for name, level, nests in row.factors])
+        [
+            node("Factor", {"field": name, "value": level, "nest": flag_text(nests)})
+            for name, level, nests in row.factors
+        ],
+    )
 
 
 # Checks of a design against the fit
@@ -341,15 +363,19 @@ def check_design(design: Design, given: np.ndarray) -> None:
             pieces[f] = factor.values
             continue
         if (factor.values < 0).any():
-            raise ValueError(f"{factor.variable.code} has values in the data that were no levels when the model was fitted; "
-                             "fit the model again.")
+            raise ValueError(
+                f"{factor.variable.code} has values in the data that were no levels when the model was fitted; "
+                "fit the model again."
+            )
         pieces[f] = np.eye(factor.width)[factor.values]
     made = design.matrix(pieces, n)
     scale = np.maximum(1, np.abs(given).max(initial=0, axis=0))
     wrong = np.flatnonzero((np.abs(made - given) > 1e-8 * scale).any(axis=0))
     if wrong.size:
-        raise ValueError(f"The data of this fit are not what they were when it was made: the columns of "
-                         f"{_term_of_column(design, int(wrong[0]))} differ. Fit the model again.")
+        raise ValueError(
+            f"The data of this fit are not what they were when it was made: the columns of "
+            f"{_term_of_column(design, int(wrong[0]))} differ. Fit the model again."
+        )
     _check_levels(design)
     _check_rank(design, given)
 
@@ -365,8 +391,10 @@ def _check_levels(design: Design) -> None:
         counts = np.bincount(factor.values, minlength=factor.width)
         if (counts == 0).any():
             empty = (factor.levels or [])[int(np.argmin(counts))]
-            raise ValueError(f"No record has the level {empty} of {factor.variable.field}, so its coefficient cannot be "
-                             f"estimated; drop the level (remove_unused_categories() of pandas) and fit the model again.")
+            raise ValueError(
+                f"No record has the level {empty} of {factor.variable.field}, so its coefficient cannot be "
+                f"estimated; drop the level (remove_unused_categories() of pandas) and fit the model again."
+            )
 
 
 def _check_rank(design: Design, given: np.ndarray) -> None:
@@ -379,9 +407,11 @@ def _check_rank(design: Design, given: np.ndarray) -> None:
     diagonal = np.abs(np.diag(qr(scaled, mode="r")[0]))
     dependent = np.flatnonzero(diagonal < 1e-9)
     last = int(dependent[0]) if dependent.size else len(diagonal) - (given.shape[1] <= len(diagonal))
-    raise ValueError(f"The term {_term_of_column(design, last)} cannot be estimated: one of its columns is made up of the "
-                     "others, as when no record has some combination of levels or two predictors say the same. Leave the term "
-                     "out, or join levels, and fit the model again.")
+    raise ValueError(
+        f"The term {_term_of_column(design, last)} cannot be estimated: one of its columns is made up of the "
+        "others, as when no record has some combination of levels or two predictors say the same. Leave the term "
+        "out, or join levels, and fit the model again."
+    )
 
 
 def fields_of_design(design: Design) -> dict[str, Field]:

@@ -79,7 +79,9 @@ def field_of_column(name: str, column: Any, as_categories: bool) -> Field:
         return Field(name, np.asarray(column, dtype=float))
     if hasattr(dtype, "categories"):
         categories = list(dtype.categories)
-        return Field(name, np.asarray(column.cat.codes, dtype=int), texts_of_levels(name, categories), bool(dtype.ordered))
+        return Field(
+            name, np.asarray(column.cat.codes, dtype=int), texts_of_levels(name, categories), bool(dtype.ordered)
+        )
     values = [None if _is_missing(value) else value for value in column]
     present = {value for value in values if value is not None}
     try:
@@ -90,7 +92,11 @@ def field_of_column(name: str, column: Any, as_categories: bool) -> Field:
 
 
 def _is_missing(value: Any) -> bool:
-    return value is None or (isinstance(value, (float, np.floating)) and math.isnan(value)) or str(value) in ("<NA>", "NaT")
+    return (
+        value is None
+        or (isinstance(value, (float, np.floating)) and math.isnan(value))
+        or str(value) in ("<NA>", "NaT")
+    )
 
 
 def levels_are_numbers(levels: Sequence[str]) -> bool:
@@ -148,13 +154,24 @@ def _field_node(of: Field, labels: Labels) -> Node:
 def pmml_document(fields: Mapping[str, Field], target: str, is_regression: bool, labels: Labels) -> Node:
     variables = [target, *(name for name, of in fields.items() if of.is_variable and name != target)]
     return node(
-        "PMML", {"version": "4.4", "xmlns": "http://www.dmg.org/PMML-4_4"},
+        "PMML",
+        {"version": "4.4", "xmlns": "http://www.dmg.org/PMML-4_4"},
         node("Header"),
         node("DataDictionary", {"numberOfFields": len(fields)}, [_field_node(of, labels) for of in fields.values()]),
-        node("GeneralRegressionModel",
-             {"functionName": "regression" if is_regression else "classification",
-              "modelType": "generalizedLinear", "algorithmName": "GLMM"},
-             node("MiningSchema", None, [
-                 node("MiningField", {"name": name, "usageType": "target" if name == target else "active"})
-                 for name in variables])),
+        node(
+            "GeneralRegressionModel",
+            {
+                "functionName": "regression" if is_regression else "classification",
+                "modelType": "generalizedLinear",
+                "algorithmName": "GLMM",
+            },
+            node(
+                "MiningSchema",
+                None,
+                [
+                    node("MiningField", {"name": name, "usageType": "target" if name == target else "active"})
+                    for name in variables
+                ],
+            ),
+        ),
     )

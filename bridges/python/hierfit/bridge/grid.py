@@ -1,7 +1,7 @@
 """Linear functions of the coefficients: means over the reference grid, and the tests of effects.
 
-In the grid factors have all their levels, with equal weights where they are averaged over, and continuous columns of the
-data stand at their means or where they are put.
+In the grid factors have all their levels, with equal weights where they are averaged over, and continuous columns of
+the data stand at their means or where they are put.
 """
 
 from __future__ import annotations
@@ -77,14 +77,15 @@ def _wald_of_design(l: np.ndarray, fitted: Fitted) -> Test:
 
 
 def hypothesis(design: Design, effect: Effect) -> np.ndarray | None:
-    """The rows of the test of type III: for each column of the effect's continuous part, the contrasts between levels of the
-    effect's factors, averaged over those of the others. A factor that is coded by all its levels, since the smaller effect
-    is not in the model, is no contrast but each of its levels."""
+    """The rows of the test of type III: for each column of the effect's continuous part, the contrasts between levels
+    of the effect's factors, averaged over those of the others. A factor that is coded by all its levels, since the
+    smaller effect is not in the model, is no contrast but each of its levels."""
     term = effect.term
     numbers = frozenset(f for f in term.factors if not design.factors[f].is_category)
     if len(term.parts) > 1:
         inside = set(term.factors)
-        if any(other is not term and inside < set(other.factors) for other in design.terms):
+        wider = (set(other.factors) - inside for other in design.terms if inside < set(other.factors))
+        if any(all(design.factors[f].is_category for f in more) for more in wider):
             return None
         return np.eye(design.size)[term.columns]
     part = term.parts[0]
@@ -97,10 +98,14 @@ def hypothesis(design: Design, effect: Effect) -> np.ndarray | None:
     choices = list(itertools.product(*(range(len(w)) for w in weights.values()), *map(range, continuous)))
     index = np.array(choices, dtype=int).reshape(len(choices), -1)
     picked = {name: w[index[:, k]] for k, (name, w) in enumerate(weights.items())}
-    units = {f: np.eye(design.factors[f].width)[index[:, len(weights) + k]]
-             for k, f in enumerate(f for f in part.factors if f in numbers)}
-    pieces = {f: _weights_of(factor, picked, len(index)) if factor.is_category else units.get(f)
-              for f, factor in enumerate(design.factors)}
+    units = {
+        f: np.eye(design.factors[f].width)[index[:, len(weights) + k]]
+        for k, f in enumerate(f for f in part.factors if f in numbers)
+    }
+    pieces = {
+        f: _weights_of(factor, picked, len(index)) if factor.is_category else units.get(f)
+        for f, factor in enumerate(design.factors)
+    }
     l = np.zeros((len(index), design.size))
     if not numbers and not weights:
         return l
@@ -124,8 +129,8 @@ def _weights_of(factor: Factor, picked: Mapping[str, np.ndarray], n: int) -> np.
 
 @dataclass(slots=True)
 class Means:
-    """Means of the combinations of some fields' values, the first field's the slowest. `values` has per field its texts in
-    order, `index` per mean the place among them."""
+    """Means of the combinations of some fields' values, the first field's the slowest. `values` has per field its
+    texts in order, `index` per mean the place among them."""
 
     fields: list[str]
     values: list[list[str]]
@@ -155,8 +160,10 @@ class Grid:
     def __init__(self, fitted: Fitted, at: Mapping[str, Sequence[float]]) -> None:
         self.fitted = fitted
         self.design = fitted.design
-        self.at = {name: np.asarray(at[name], dtype=float) if name in at else np.array([self._mean_of(name)])
-                   for name in self.design.raw_numbers()}
+        self.at = {
+            name: np.asarray(at[name], dtype=float) if name in at else np.array([self._mean_of(name)])
+            for name in self.design.raw_numbers()
+        }
 
     def _mean_of(self, name: str) -> float:
         if self.fitted.frame is not None and name in self.fitted.frame:
@@ -171,15 +178,21 @@ class Grid:
         """Combinations by coefficients, on the scale of the link."""
         n = len(index)
         place = {name: k for k, name in enumerate(points)}
-        picked = {name: point.levels[index[:, place[name]]] for name, point in points.items() if point.levels is not None}
-        given = {name: point.numbers[index[:, place[name]]] for name, point in points.items() if point.numbers is not None}
+        picked = {
+            name: point.levels[index[:, place[name]]] for name, point in points.items() if point.levels is not None
+        }
+        given = {
+            name: point.numbers[index[:, place[name]]] for name, point in points.items() if point.numbers is not None
+        }
         others = [name for name in self.at if name not in given]
         total = np.zeros((n, self.design.size))
         combinations = list(itertools.product(*(self.at[name] for name in others)))
         for values in combinations:
             numbers = {**given, **{name: np.full(n, value) for name, value in zip(others, values)}}
-            pieces = {f: _weights_of(factor, picked, n) if factor.is_category else self._columns_of(factor, numbers, n)
-                      for f, factor in enumerate(self.design.factors)}
+            pieces = {
+                f: _weights_of(factor, picked, n) if factor.is_category else self._columns_of(factor, numbers, n)
+                for f, factor in enumerate(self.design.factors)
+            }
             total += self.design.matrix(pieces, n)
         return total / len(combinations)
 
@@ -199,8 +212,16 @@ class Grid:
         reach = stats.t.ppf(0.5 + level / 2, self.fitted.df) * spread
         mean, slope = self.fitted.inverse_link(eta)
         ends = np.array([self.fitted.inverse_link(eta - reach)[0], self.fitted.inverse_link(eta + reach)[0]])
-        return Means(list(points), [point.texts for point in points.values()], index, mean, np.abs(slope) * spread,
-                     ends.min(axis=0), ends.max(axis=0), slope[:, None] * l)
+        return Means(
+            list(points),
+            [point.texts for point in points.values()],
+            index,
+            mean,
+            np.abs(slope) * spread,
+            ends.min(axis=0),
+            ends.max(axis=0),
+            slope[:, None] * l,
+        )
 
     def held(self, asked: Sequence[str]) -> list[tuple[str, float]]:
         """Continuous fields at one value that were not asked for, by the names that the documents have for them."""

@@ -11,7 +11,7 @@ from .fields import field_of_column, is_categorical
 from .grid import Grid, Means, Point, Test, wald
 from .model import Fitted
 from .requests import Options, Request
-from .xml import (Node, coordinates, f_test, message, node, number_text, real_array, segment, statistic, text_array)
+from .xml import Node, coordinates, f_test, message, node, number_text, real_array, segment, statistic, text_array
 
 MOST_VALUES = 10
 MOST_TOP_EFFECTS = 10
@@ -29,27 +29,37 @@ class MeansWriter:
         numbers = self.fitted.design.raw_numbers()
         for name in self.options.at:
             if name not in numbers:
-                raise ValueError(f"at names {name}, which is no continuous predictor of the model. "
-                                 f"It has: {', '.join(numbers) or 'none'}.")
+                raise ValueError(
+                    f"at names {name}, which is no continuous predictor of the model. "
+                    f"It has: {', '.join(numbers) or 'none'}."
+                )
 
     def grand_mean(self) -> list[Node]:
         means = Grid(self.fitted, self.options.at).means({"": Point([""], np.zeros((1, 0)))}, self.options.level)
-        figures = {"grandMean": means.mean, "grandMeanStdErr": means.se, "grandMeanCILower": means.lower,
-                   "grandMeanCIUpper": means.upper}
+        figures = {
+            "grandMean": means.mean,
+            "grandMeanStdErr": means.se,
+            "grandMeanCILower": means.lower,
+            "grandMeanCIUpper": means.upper,
+        }
         return [statistic(name, values[0]) for name, values in figures.items()]
 
     def top(self, tests: Sequence[Test]) -> list[Node]:
         """Means of the effects of factors that are significant, the strongest first."""
         design = self.fitted.design
-        chosen = [i for i, effect in enumerate(design.effects)
-                  if not effect.is_numeric and len(effect.fields) <= 2 and tests[i].p < 1 - self.options.level]
+        chosen = [
+            i
+            for i, effect in enumerate(design.effects)
+            if not effect.is_numeric and len(effect.fields) <= 2 and tests[i].p < 1 - self.options.level
+        ]
         chosen.sort(key=lambda i: tests[i].p)
         grid = Grid(self.fitted, self.options.at)
         blocks = []
         for i in chosen[:MOST_TOP_EFFECTS]:
             points = {name: self._level_point(grid, name) for name in design.effects[i].fields}
-            blocks.append(node("DataGroup", {"description": "Emmeans"},
-                               _estimates(grid.means(points, self.options.level))))
+            blocks.append(
+                node("DataGroup", {"description": "Emmeans"}, _estimates(grid.means(points, self.options.level)))
+            )
         return blocks
 
     def _level_point(self, grid: Grid, name: str) -> Point:
@@ -66,25 +76,34 @@ class MeansWriter:
                 values = self._values_at(name)
                 points[name] = Point([number_text(value) for value in values], None, values)
         means = grid.means(points, self.options.level)
-        held = [node("PrintableList", {"pattern": name}, node("PrintableList", {"pattern": number_text(value)}))
-                for name, value in grid.held(request.fields)]
+        held = [
+            node("PrintableList", {"pattern": name}, node("PrintableList", {"pattern": number_text(value)}))
+            for name, value in grid.held(request.fields)
+        ]
         parts: list[Node] = []
         if request.contrast != "none":
             if len(points[request.compare].texts) > 1:
                 parts = self._contrasts(means, request)
             else:
                 parts = [message("kGLMM_C19_1", request.compare)]
-        return node("DataGroup", {"description": "customEmmeans"}, statistic("EMMEANSIndex", index),
-                    node("Label", None, node("PrintableList", {"pattern": "fixedAt"}, held)) if held else None,
-                    _estimates(means), parts)
+        return node(
+            "DataGroup",
+            {"description": "customEmmeans"},
+            statistic("EMMEANSIndex", index),
+            node("Label", None, node("PrintableList", {"pattern": "fixedAt"}, held)) if held else None,
+            _estimates(means),
+            parts,
+        )
 
     def _values_at(self, name: str) -> np.ndarray:
         if name in self.options.at:
             return np.array(self.options.at[name])
         values = np.unique(self._column(name))
         if len(values) > MOST_VALUES:
-            raise ValueError(f"The predictor {name} is continuous with {len(values)} values; say at which its means stand: "
-                             f"at={{{name!r}: [...]}}.")
+            raise ValueError(
+                f"The predictor {name} is continuous with {len(values)} values; say at which its means stand: "
+                f"at={{{name!r}: [...]}}."
+            )
         return values
 
     def _column(self, name: str) -> np.ndarray:
@@ -103,8 +122,18 @@ class MeansWriter:
         weights, first, second = _pairs(request, levels)
         groups = _groups(means, at)
         others = [k for k in range(len(means.fields)) if k != at]
-        columns: dict[str, list[float]] = {name: [] for name in (
-            "contrastEstimate", "stdErr", "tTest", "df", "adjustedSig", "confIntervalLower", "confIntervalUpper")}
+        columns: dict[str, list[float]] = {
+            name: []
+            for name in (
+                "contrastEstimate",
+                "stdErr",
+                "tTest",
+                "df",
+                "adjustedSig",
+                "confIntervalLower",
+                "confIntervalUpper",
+            )
+        }
         texts: list[list[str]] = [[] for _ in others]
         overall = []
         df = self.fitted.df
@@ -116,7 +145,15 @@ class MeansWriter:
                 t = np.where(se > 0, estimate / se, np.nan)
             p = 2 * stats.t.sf(np.abs(t), df)
             reach = stats.t.isf(step_levels(p, self.options.adjust, 1 - self.options.level) / 2, df) * se
-            figures = (estimate, se, t, np.full(len(t), df), adjust_p(p, self.options.adjust), estimate - reach, estimate + reach)
+            figures = (
+                estimate,
+                se,
+                t,
+                np.full(len(t), df),
+                adjust_p(p, self.options.adjust),
+                estimate - reach,
+                estimate + reach,
+            )
             for column, values in zip(columns.values(), figures):
                 column.extend(values)
             where = [(means.fields[k], means.values[k][means.index[members[0], k]]) for k in others]
@@ -127,21 +164,32 @@ class MeansWriter:
         fields = [_field_column(means.fields[k], column) for k, column in zip(others, texts)]
         fields += [_field_column(request.compare, list(side) * len(groups)) for side in (first, second)]
         table = node(
-            "MultivariateData", {"description": "contrasts"},
+            "MultivariateData",
+            {"description": "contrasts"},
             statistic("adjustedSigLevel", round(1 - self.options.level, 12)),
-            node("CoordinatesGroup", {"description": f"{request.contrast}Contrast"}, fields), _figures(columns))
+            node("CoordinatesGroup", {"description": f"{request.contrast}Contrast"}, fields),
+            _figures(columns),
+        )
         return [table, *overall]
 
     def _overall(self, number: int, l: np.ndarray, estimate: np.ndarray, where: list[tuple[str, str]]) -> Node:
         test = _joint(l, estimate, self.fitted)
-        return node("ModelTestStats", {"testID": number}, segment(where) if where else None,
-                    f_test(test.f, test.df1, test.df2, test.p))
+        return node(
+            "ModelTestStats",
+            {"testID": number},
+            segment(where) if where else None,
+            f_test(test.f, test.df1, test.df2, test.p),
+        )
 
 
 def _joint(l: np.ndarray, estimate: np.ndarray, fitted: Fitted) -> Test:
     """The test that all contrasts are zero; those that the others make up do not count."""
     spread = l @ fitted.covariance @ l.T
-    return wald(np.eye(len(estimate)), estimate, spread, fitted.df) if _is_regular(spread) else _of_basis(l, estimate, spread, fitted.df)
+    return (
+        wald(np.eye(len(estimate)), estimate, spread, fitted.df)
+        if _is_regular(spread)
+        else _of_basis(l, estimate, spread, fitted.df)
+    )
 
 
 def _is_regular(spread: np.ndarray) -> bool:
@@ -177,10 +225,16 @@ def _pairs(request: Request, levels: list[str]) -> tuple[np.ndarray, list[str], 
     else:
         reference = levels[-1] if request.reference is None else request.reference
         if reference not in levels:
-            raise ValueError(f"The reference {reference} is not a level of {request.compare}. Levels are: {', '.join(levels)}.")
+            raise ValueError(
+                f"The reference {reference} is not a level of {request.compare}. Levels are: {', '.join(levels)}."
+            )
         at = levels.index(reference)
         pairs = [(i, at) for i in range(n) if i != at]
-    return (np.array([unit[i] - unit[j] for i, j in pairs]), [levels[i] for i, _ in pairs], [levels[j] for _, j in pairs])
+    return (
+        np.array([unit[i] - unit[j] for i, j in pairs]),
+        [levels[i] for i, _ in pairs],
+        [levels[j] for _, j in pairs],
+    )
 
 
 # Columns
@@ -195,10 +249,14 @@ def _figures(columns: dict[str, Sequence[float]]) -> list[Node]:
 
 
 def _estimates(means: Means) -> Node:
-    return node("MultivariateData", {"description": "estimates"},
-                node("CoordinatesGroup", None, [_field_column(name, means.texts(k)) for k, name in enumerate(means.fields)]),
-                _figures({"mean": means.mean, "stdErr": means.se, "confIntervalLower": means.lower,
-                          "confIntervalUpper": means.upper}))
+    return node(
+        "MultivariateData",
+        {"description": "estimates"},
+        node("CoordinatesGroup", None, [_field_column(name, means.texts(k)) for k, name in enumerate(means.fields)]),
+        _figures(
+            {"mean": means.mean, "stdErr": means.se, "confIntervalLower": means.lower, "confIntervalUpper": means.upper}
+        ),
+    )
 
 
 def check_requests(requests: Sequence[Request], fitted: Fitted) -> None:

@@ -36,8 +36,8 @@ class Distribution:
 
 @dataclass(slots=True)
 class Target:
-    """`of` is the field of the target: numbers, categories, or events where there are `trials`. `event` is the index of the
-    category whose probability a binomial fit models."""
+    """`of` is the field of the target: numbers, categories, or events where there are `trials`. `event` is the index
+    of the category whose probability a binomial fit models."""
 
     of: Field
     trials: Field | None = None
@@ -126,8 +126,8 @@ class Criteria:
 
 @dataclass(slots=True)
 class Fitted:
-    """A fit. `beta` and `covariance` go over the design's columns; of a nominal target over those of all categories, one
-    category after the other. `inverse_link` gives the mean and its derivative."""
+    """A fit. `beta` and `covariance` go over the design's columns; of a nominal target over those of all categories,
+    one category after the other. `inverse_link` gives the mean and its derivative."""
 
     distribution: Distribution
     target: Target

@@ -74,7 +74,9 @@ def requests_of(means: Any, contrasts: Any, reference: Any, known: Sequence[str]
         fields, compare = _parse(block, known)
         if chosen is not None and kind != "simple":
             chosen = None
-        out.append(Request(fields, compare if kind != "none" else "", kind, None if chosen is None else level_text(chosen)))
+        out.append(
+            Request(fields, compare if kind != "none" else "", kind, None if chosen is None else level_text(chosen))
+        )
     return out
 
 
@@ -103,8 +105,10 @@ def _parse(block: Any, known: Sequence[str]) -> tuple[list[str], str]:
     fields = list(dict.fromkeys([*outer, *inner[1:], *inner[:1]] if outer else inner))
     unknown = [name for name in fields if name not in known]
     if unknown or not inner:
-        raise ValueError(f"means names {', '.join(unknown) or 'nothing'}, which the model does not have. "
-                         f"It has: {', '.join(known)}.")
+        raise ValueError(
+            f"means names {', '.join(unknown) or 'nothing'}, which the model does not have. "
+            f"It has: {', '.join(known)}."
+        )
     return fields, inner[0]
 
 
@@ -124,9 +128,12 @@ def request_node(request: Request, effect: Node) -> Node:
         return node("Attribute", {"name": name, "value": value})
 
     return node(
-        "StructuredValue", None,
+        "StructuredValue",
+        None,
         node("Attribute", {"name": "Factors"}, effect),
-        attribute("EstimateMeans", "true"), attribute("CompareFactor", request.compare),
+        attribute("EstimateMeans", "true"),
+        attribute("CompareFactor", request.compare),
         attribute("ContrastType", CONTRASTS[request.contrast]),
         attribute("ReferenceType", "Last" if request.reference is None else "Value"),
-        attribute("ReferenceValue", request.reference or ""))
+        attribute("ReferenceValue", request.reference or ""),
+    )

@@ -62,10 +62,16 @@ def first_subject_node(fitted: Fitted, subjects: Subjects) -> Node | None:
     same = [i for i, key in enumerate(keys) if key == keys[0]]
     values = [(name, text or "") for name, text in zip(subjects.shown, keys[0])]
     return node(
-        "StructuredData", {"description": "firstSubjectRecordsForDataStructure"},
+        "StructuredData",
+        {"description": "firstSubjectRecordsForDataStructure"},
         node("Counts", {"totalFreq": len(same)}),
-        node("SegmentData", None, segment(values),
-             node("MultivariateData", None, _target_records(fitted.target, same[:MOST_RECORDS]))))
+        node(
+            "SegmentData",
+            None,
+            segment(values),
+            node("MultivariateData", None, _target_records(fitted.target, same[:MOST_RECORDS])),
+        ),
+    )
 
 
 def _target_records(target: Target, shown: list[int]) -> Node:
@@ -75,5 +81,9 @@ def _target_records(target: Target, shown: list[int]) -> Node:
         texts = of.texts()
         return coordinates(text_array(texts[i] for i in shown), "fields", field=of.name)
 
-    return node("CoordinatesGroup", {"description": "target"}, column(target.of),
-                column(target.trials) if target.trials is not None else None)
+    return node(
+        "CoordinatesGroup",
+        {"description": "target"},
+        column(target.of),
+        column(target.trials) if target.trials is not None else None,
+    )

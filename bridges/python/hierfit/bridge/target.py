@@ -16,8 +16,14 @@ def distribution_node(target: Target, distribution: Distribution) -> Node | None
         return None
     y = target.of.values if target.of.levels is None else target.of.values + 1.0
     mean = float(np.mean(y))
-    figures = {"mean": mean, "stdDeviation": float(np.std(y, ddof=1)) if len(y) > 1 else np.nan, "shape": np.nan,
-               "rate": np.nan, "r": np.nan, "p": np.nan}
+    figures = {
+        "mean": mean,
+        "stdDeviation": float(np.std(y, ddof=1)) if len(y) > 1 else np.nan,
+        "shape": np.nan,
+        "rate": np.nan,
+        "r": np.nan,
+        "p": np.nan,
+    }
     if distribution.kind == "GAMMA":
         figures["shape"] = _gamma_shape(y)
         figures["rate"] = figures["shape"] / mean
@@ -28,9 +34,14 @@ def distribution_node(target: Target, distribution: Distribution) -> Node | None
         figures["r"] = _negbin_size(y)
         figures["p"] = figures["r"] / (figures["r"] + mean)
     bars, heights = _bars(y, distribution.kind in ("NEGBIN", "POISSON", "ORDINAL", "NOMINAL"))
-    return node("UnivariateData", {"description": "TargetDistribution"}, node("Counts", {"totalFreq": len(y)}),
-                [statistic(name, value) for name, value in figures.items()],
-                coordinates(real_array(bars), "observed"), coordinates(real_array(heights), "frequency"))
+    return node(
+        "UnivariateData",
+        {"description": "TargetDistribution"},
+        node("Counts", {"totalFreq": len(y)}),
+        [statistic(name, value) for name, value in figures.items()],
+        coordinates(real_array(bars), "observed"),
+        coordinates(real_array(heights), "frequency"),
+    )
 
 
 def _gamma_shape(y: np.ndarray) -> float:
@@ -81,9 +92,14 @@ def predicted_node(target: Target, predicted: np.ndarray | None) -> Node | None:
     x, y, n = observed[known], predicted[known], np.ones(int(known.sum()), dtype=int)
     if len(x) > MOST_POINTS:
         x, y, n = _grid_points(x, y)
-    return node("BivariateData", {"description": "observedByPredicted"}, node("Counts", {"totalFreq": int(known.sum())}),
-                coordinates(real_array(x), "observed"), coordinates(real_array(y), "statistic", statistic="predicted"),
-                coordinates(real_array(n), "frequency"))
+    return node(
+        "BivariateData",
+        {"description": "observedByPredicted"},
+        node("Counts", {"totalFreq": int(known.sum())}),
+        coordinates(real_array(x), "observed"),
+        coordinates(real_array(y), "statistic", statistic="predicted"),
+        coordinates(real_array(n), "frequency"),
+    )
 
 
 def _grid_points(x: np.ndarray, y: np.ndarray) -> tuple[np.ndarray, np.ndarray, np.ndarray]:
@@ -104,8 +120,15 @@ def classification_of(target: Target, predicted: np.ndarray) -> tuple[np.ndarray
     if target.trials is not None:
         events, trials = target.of.values, target.trials.values
         hit = predicted > 0.5
-        return np.array([[np.sum((trials - events)[~hit]), np.sum((trials - events)[hit])],
-                         [np.sum(events[~hit]), np.sum(events[hit])]]), None
+        return (
+            np.array(
+                [
+                    [np.sum((trials - events)[~hit]), np.sum((trials - events)[hit])],
+                    [np.sum(events[~hit]), np.sum(events[hit])],
+                ]
+            ),
+            None,
+        )
     levels = target.of.levels or []
     if predicted.ndim == 2:
         known = np.isfinite(predicted).all(axis=1)
@@ -119,6 +142,13 @@ def classification_of(target: Target, predicted: np.ndarray) -> tuple[np.ndarray
 
 
 def classification_node(counts: np.ndarray, labels: list[str] | None) -> Node:
-    names = None if labels is None else node("MatrixLabels", None, node("RowColLabels", None, [
-        node("Label", {"label": label}) for label in labels]))
-    return node("Matrix", {"description": "classificationTable", "nbRows": len(counts)}, names, real_array(counts.ravel()))
+    names = (
+        None
+        if labels is None
+        else node(
+            "MatrixLabels", None, node("RowColLabels", None, [node("Label", {"label": label}) for label in labels])
+        )
+    )
+    return node(
+        "Matrix", {"description": "classificationTable", "nbRows": len(counts)}, names, real_array(counts.ravel())
+    )

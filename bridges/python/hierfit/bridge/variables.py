@@ -8,7 +8,7 @@ from dataclasses import dataclass
 
 @dataclass(frozen=True, slots=True)
 class Variable:
-    """A variable of a formula: its code, the field that stands for it, the power of a covariate, and the names in it."""
+    """A variable of a formula: its code, the field that stands for it, a covariate's power, and the names in it."""
 
     code: str
     field: str

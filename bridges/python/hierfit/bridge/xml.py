@@ -14,8 +14,9 @@ from typing import Any, Union
 Child = Union["Node", str, None, Iterable[Any]]
 
 _CONTROL = re.compile("[\x00-\x08\x0b\x0c\x0e-\x1f\ud800-\udfff\ufffe\uffff]")
-_ESCAPES = str.maketrans({"&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;", "\n": "&#10;", "\r": "&#13;",
-                          "\t": "&#9;"})
+_ESCAPES = str.maketrans(
+    {"&": "&amp;", "<": "&lt;", ">": "&gt;", '"': "&quot;", "\n": "&#10;", "\r": "&#13;", "\t": "&#9;"}
+)
 _TO_QUOTE = re.compile(r'[\s"]')
 
 
@@ -30,8 +31,11 @@ class Node:
 
 def node(tag: str, attributes: dict[str, Any] | None = None, *children: Child) -> Node:
     """An element. Attributes that are None and children that are None are left out; iterables are taken apart."""
-    given = {key: value if isinstance(value, str) else str(value)
-             for key, value in (attributes or {}).items() if value is not None}
+    given = {
+        key: value if isinstance(value, str) else str(value)
+        for key, value in (attributes or {}).items()
+        if value is not None
+    }
     flat: list[Node | str] = []
     _flatten(children, flat)
     return Node(tag, given, flat)
@@ -108,8 +112,10 @@ def token_text(text: str | None) -> str:
         return "__MISSING__"
     if text == "" or text == "__MISSING__" or _TO_QUOTE.search(text):
         if text.endswith("\\") or '\\"' in text:
-            raise ValueError(f"The value {text!r} cannot be written: it has blanks or quotes, and a backslash before a "
-                             "quote or at its end; rename it.")
+            raise ValueError(
+                f"The value {text!r} cannot be written: it has blanks or quotes, and a backslash before a "
+                "quote or at its end; rename it."
+            )
         return '"' + text.replace('"', '\\"') + '"'
     return text
 
@@ -137,13 +143,15 @@ def value_list(values: Iterable[str]) -> Node:
 
 
 def segment(values: Iterable[tuple[str, str]]) -> Node:
-    return node("SegmentInfo", None,
-                (node("FieldInfo", {"fieldName": name, "fieldValue": value}) for name, value in values))
+    return node(
+        "SegmentInfo", None, (node("FieldInfo", {"fieldName": name, "fieldValue": value}) for name, value in values)
+    )
 
 
 def f_test(f: Any, df1: Any, df2: Any, p: Any) -> Node:
-    return node("FTest", {"fStatistic": number_text(f), "df1": number_text(df1), "df2": number_text(df2),
-                          "sig": number_text(p)})
+    return node(
+        "FTest", {"fStatistic": number_text(f), "df1": number_text(df1), "df2": number_text(df2), "sig": number_text(p)}
+    )
 
 
 def message(key: str, *values: str) -> Node:

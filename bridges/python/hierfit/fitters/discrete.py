@@ -9,8 +9,18 @@ import numpy as np
 from ..bridge.covariance import fixed_scale
 from ..bridge.fields import level_text
 from ..bridge.model import Coefficients, Distribution, Fitted
-from .source import (assemble, category_target, coefficients_of, covariance_of, criteria_of, fit_messages, inference_df,
-                     plain_target, source_of, two_valued_target)
+from .source import (
+    assemble,
+    category_target,
+    coefficients_of,
+    covariance_of,
+    criteria_of,
+    fit_messages,
+    inference_df,
+    plain_target,
+    source_of,
+    two_valued_target,
+)
 
 
 def _logistic(eta: np.ndarray) -> tuple[np.ndarray, np.ndarray]:
@@ -29,15 +39,25 @@ def fitted_logit(fit: Any, level: float) -> Fitted:
     source = source_of(fit.model)
     values = np.unique(np.asarray(fit.model.endog, dtype=float))
     if not np.isin(values, (0, 1)).all():
-        raise ValueError("The target of Logit holds other values than 0 and 1; shares have no place in the documents, fit events "
-                         "and failures with GLM.")
+        raise ValueError(
+            "The target of Logit holds other values than 0 and 1; shares have no place in the documents, fit events "
+            "and failures with GLM."
+        )
     n = source.design.size
     coefficients = coefficients_of(fit, slice(n), inference_df(fit))
     return assemble(
-        source, Distribution("BINOMIAL", "LOGIT"), two_valued_target(source), beta=np.asarray(fit.params, dtype=float),
-        covariance=covariance_of(fit, n), coefficients=coefficients, residual=fixed_scale(),
-        criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n), predicted=np.asarray(fit.predict(), dtype=float),
-        messages=fit_messages(fit, coefficients.se), inverse_link=_logistic)
+        source,
+        Distribution("BINOMIAL", "LOGIT"),
+        two_valued_target(source),
+        beta=np.asarray(fit.params, dtype=float),
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients,
+        residual=fixed_scale(),
+        criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n),
+        predicted=np.asarray(fit.predict(), dtype=float),
+        messages=fit_messages(fit, coefficients.se),
+        inverse_link=_logistic,
+    )
 
 
 def fitted_count(fit: Any, level: float) -> Fitted:
@@ -62,11 +82,20 @@ def fitted_count(fit: Any, level: float) -> Fitted:
             offset = offset + np.asarray(given, dtype=float)
     told += ["an offset"] if np.any(offset != 0) else []
     return assemble(
-        source, Distribution("NEGBIN" if is_negbin else "POISSON", "LOG"), plain_target(source),
-        beta=np.asarray(fit.params, dtype=float)[:n], covariance=covariance_of(fit, n), coefficients=coefficients,
-        residual=fixed_scale(), criteria=criteria, predicted=np.asarray(fit.predict(), dtype=float),
-        messages=fit_messages(fit, np.asarray(fit.bse, dtype=float)), told=told, offset=float(offset.mean()),
-        inverse_link=_exponential)
+        source,
+        Distribution("NEGBIN" if is_negbin else "POISSON", "LOG"),
+        plain_target(source),
+        beta=np.asarray(fit.params, dtype=float)[:n],
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients,
+        residual=fixed_scale(),
+        criteria=criteria,
+        predicted=np.asarray(fit.predict(), dtype=float),
+        messages=fit_messages(fit, np.asarray(fit.bse, dtype=float)),
+        told=told,
+        offset=float(offset.mean()),
+        inverse_link=_exponential,
+    )
 
 
 def fitted_multinomial(fit: Any, level: float) -> Fitted:
@@ -82,13 +111,22 @@ def fitted_multinomial(fit: Any, level: float) -> Fitted:
 
     params, se, stat, p = columns("params"), columns("bse"), columns("tvalues"), columns("pvalues")
     df = inference_df(fit)
-    categories = [(levels[k + 1], Coefficients(params[:, k], se[:, k], stat[:, k], p[:, k], df))
-                  for k in range(params.shape[1])]
+    categories = [
+        (levels[k + 1], Coefficients(params[:, k], se[:, k], stat[:, k], p[:, k], df)) for k in range(params.shape[1])
+    ]
     return assemble(
-        source, Distribution("NOMINAL", "LOGIT"), target, beta=params.T.ravel(),
-        covariance=np.asarray(fit.cov_params(), dtype=float), coefficients=categories[0][1], categories=categories,
-        residual=fixed_scale(), criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n),
-        predicted=np.asarray(fit.predict(), dtype=float), messages=fit_messages(fit, se))
+        source,
+        Distribution("NOMINAL", "LOGIT"),
+        target,
+        beta=params.T.ravel(),
+        covariance=np.asarray(fit.cov_params(), dtype=float),
+        coefficients=categories[0][1],
+        categories=categories,
+        residual=fixed_scale(),
+        criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n),
+        predicted=np.asarray(fit.predict(), dtype=float),
+        messages=fit_messages(fit, se),
+    )
 
 
 def _category(name: Any) -> str:

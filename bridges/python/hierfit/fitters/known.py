@@ -35,8 +35,10 @@ def fitted_of(fit: Any, level: float) -> Fitted:
     if known is None or known[0] != model:
         names = ", ".join(model for model, _ in KNOWN.values())
         hint = " Fit the model first." if hasattr(fit, "fit") and not hasattr(fit, "params") else ""
-        raise TypeError(f"A fit of class {type(fit).__name__} ({model if model != 'NoneType' else 'no model'}) is not known.{hint} "
-                        f"Known are results of statsmodels' {names}.")
+        raise TypeError(
+            f"A fit of class {type(fit).__name__} ({model if model != 'NoneType' else 'no model'}) is not known.{hint} "
+            f"Known are results of statsmodels' {names}."
+        )
     need("scipy", "A fit of statsmodels")
     if getattr(fit, "constraints", None) is not None:
         raise ValueError("Constraints on coefficients have no place in the documents; fit the model without them.")

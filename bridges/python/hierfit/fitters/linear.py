@@ -9,13 +9,30 @@ import numpy as np
 from ..bridge.covariance import fixed_scale, parameter, scale_of_residual
 from ..bridge.fields import Field
 from ..bridge.model import Criteria, Distribution, Fitted, Residual, Subject, Target
-from .source import (Source, assemble, binomial_target, coefficients_of, covariance_of, criteria_of, fit_messages, group_field,
-                     inference_df, plain_target, source_of)
+from .source import (
+    Source,
+    assemble,
+    binomial_target,
+    coefficients_of,
+    covariance_of,
+    criteria_of,
+    fit_messages,
+    group_field,
+    inference_df,
+    plain_target,
+    source_of,
+)
 
 NORMAL = Distribution("NORMAL", "IDENTITY", None, True)
 
-FAMILIES = {"Gaussian": "NORMAL", "Binomial": "BINOMIAL", "Poisson": "POISSON", "Gamma": "GAMMA", "InverseGaussian": "IGAUSS",
-            "NegativeBinomial": "NEGBIN"}
+FAMILIES = {
+    "Gaussian": "NORMAL",
+    "Binomial": "BINOMIAL",
+    "Poisson": "POISSON",
+    "Gamma": "GAMMA",
+    "InverseGaussian": "IGAUSS",
+    "NegativeBinomial": "NEGBIN",
+}
 FIXED_SCALES = ("BINOMIAL", "POISSON", "NEGBIN")
 
 
@@ -23,9 +40,16 @@ def fitted_ols(fit: Any, level: float) -> Fitted:
     source = source_of(fit.model)
     n = source.design.size
     return assemble(
-        source, NORMAL, plain_target(source), beta=np.asarray(fit.params, dtype=float), covariance=covariance_of(fit, n),
-        coefficients=coefficients_of(fit, slice(n), inference_df(fit)), residual=scale_of_residual(fit.scale, np.nan, level),
-        criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n), predicted=np.asarray(fit.fittedvalues, dtype=float))
+        source,
+        NORMAL,
+        plain_target(source),
+        beta=np.asarray(fit.params, dtype=float),
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients_of(fit, slice(n), inference_df(fit)),
+        residual=scale_of_residual(fit.scale, np.nan, level),
+        criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n),
+        predicted=np.asarray(fit.fittedvalues, dtype=float),
+    )
 
 
 def fitted_glm(fit: Any, level: float) -> Fitted:
@@ -39,15 +63,27 @@ def fitted_glm(fit: Any, level: float) -> Fitted:
     coefficients = coefficients_of(fit, slice(n), inference_df(fit))
     offset, has_offset = _offset(fit.model)
     return assemble(
-        source, distribution, target, beta=np.asarray(fit.params, dtype=float), covariance=covariance_of(fit, n),
-        coefficients=coefficients, residual=residual, criteria=criteria, predicted=np.asarray(fit.fittedvalues, dtype=float),
-        messages=fit_messages(fit, coefficients.se), told=[*(["an offset"] if has_offset else []), *told], offset=offset,
-        inverse_link=_inverse_link(fit.model.family.link))
+        source,
+        distribution,
+        target,
+        beta=np.asarray(fit.params, dtype=float),
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients,
+        residual=residual,
+        criteria=criteria,
+        predicted=np.asarray(fit.fittedvalues, dtype=float),
+        messages=fit_messages(fit, coefficients.se),
+        told=[*(["an offset"] if has_offset else []), *told],
+        offset=offset,
+        inverse_link=_inverse_link(fit.model.family.link),
+    )
 
 
 def _offset(model: Any) -> tuple[float, bool]:
     """The mean offset, exposures included, and whether there is one."""
-    values = np.asarray(getattr(model, "_offset_exposure", None) if getattr(model, "_offset_exposure", None) is not None else 0.0)
+    values = np.asarray(
+        getattr(model, "_offset_exposure", None) if getattr(model, "_offset_exposure", None) is not None else 0.0
+    )
     return float(np.mean(values)), bool(np.any(values != 0))
 
 
@@ -72,7 +108,9 @@ def _family(fit: Any, source: Source) -> tuple[Distribution, Target, list[str]]:
         target = plain_target(source)
     told = ["weights"] if weights is not None and not are_trials else []
     if target.trials is None and kind == "BINOMIAL" and target.event == 0:
-        told.append(f"the modelled level, {(target.of.levels or [])[0]} of {target.name}, since statsmodels takes the first one,")
+        told.append(
+            f"the modelled level, {(target.of.levels or [])[0]} of {target.name}, statsmodels' choice of the first one,"
+        )
     return Distribution(kind, link, power, has_scale), target, told
 
 
@@ -93,10 +131,19 @@ def _link(link: Any, kind: str) -> tuple[str, float | None]:
         named = {1.0: ("IDENTITY", None), 0.0: ("LOG", None)}
         return named.get(float(link.power), ("POWER", float(link.power)))
     name = type(link).__name__.lower()
-    known = {"log": "LOG", "logit": "LOGIT", "probit": "PROBIT", "cloglog": "CLOGLOG", "loglog": "NLOGLOG", "logc": "LOGC"}
+    known = {
+        "log": "LOG",
+        "logit": "LOGIT",
+        "probit": "PROBIT",
+        "cloglog": "CLOGLOG",
+        "loglog": "NLOGLOG",
+        "logc": "LOGC",
+    }
     if name not in known:
-        raise ValueError(f"The link {type(link).__name__} has no name in the documents for the distribution {kind}. Known are: "
-                         "identity, log, logit, probit, cloglog, loglog, and powers.")
+        raise ValueError(
+            f"The link {type(link).__name__} has no name in the documents for the distribution {kind}. Known are: "
+            "identity, log, logit, probit, cloglog, loglog, and powers."
+        )
     return known[name], None
 
 
@@ -114,10 +161,20 @@ def fitted_gee(fit: Any, level: float) -> Fitted:
     coefficients = coefficients_of(fit, slice(n), inference_df(fit))
     offset, has_offset = _offset(fit.model)
     out = assemble(
-        source, distribution, target, beta=np.asarray(fit.params, dtype=float), covariance=covariance_of(fit, n),
-        coefficients=coefficients, residual=residual, criteria=Criteria(), predicted=np.asarray(fit.fittedvalues, dtype=float),
-        messages=fit_messages(fit, coefficients.se), told=[*(["an offset"] if has_offset else []), *told, *unnamed],
-        offset=offset, inverse_link=_inverse_link(fit.model.family.link))
+        source,
+        distribution,
+        target,
+        beta=np.asarray(fit.params, dtype=float),
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients,
+        residual=residual,
+        criteria=Criteria(),
+        predicted=np.asarray(fit.fittedvalues, dtype=float),
+        messages=fit_messages(fit, coefficients.se),
+        told=[*(["an offset"] if has_offset else []), *told, *unnamed],
+        offset=offset,
+        inverse_link=_inverse_link(fit.model.family.link),
+    )
     add_group(out, groups)
     if distribution.kind == "NEGBIN":
         out.criteria.dispersion = float(fit.model.family.alpha)
@@ -130,22 +187,30 @@ def add_group(fitted: Fitted, groups: Field) -> None:
     if before is None:
         fitted.fields[groups.name] = groups
     elif before.levels is None:
-        raise ValueError(f"{groups.name} is a continuous predictor and tells groups apart as well; give one of them a column of "
-                         "its own.")
+        raise ValueError(
+            f"{groups.name} is a continuous predictor and tells groups apart as well; give one of them a column of "
+            "its own."
+        )
 
 
-def _working_correlation(fit: Any, distribution: Distribution, subject: Subject, level: float) -> tuple[Residual, list[str]]:
+def _working_correlation(
+    fit: Any, distribution: Distribution, subject: Subject, level: float
+) -> tuple[Residual, list[str]]:
     structure = fit.model.cov_struct
     name = type(structure).__name__
     scale = float(fit.scale)
     if name == "Exchangeable":
         rho = float(structure.dep_params)
-        parameters = [parameter("CS diagonal offset", "CS diagonal offset", scale * (1 - rho), np.nan, level),
-                      parameter("CS covariance", "CS covariance", scale * rho, np.nan, level, "none")]
+        parameters = [
+            parameter("CS diagonal offset", "CS diagonal offset", scale * (1 - rho), np.nan, level),
+            parameter("CS covariance", "CS covariance", scale * rho, np.nan, level, "none"),
+        ]
         return Residual("CS", parameters, subject=subject), []
     if name == "Autoregressive":
-        parameters = [parameter("AR1 diagonal", "AR1 diagonal", scale, np.nan, level),
-                      parameter("AR1 rho", "AR1 rho", float(structure.dep_params), np.nan, level, "fisher")]
+        parameters = [
+            parameter("AR1 diagonal", "AR1 diagonal", scale, np.nan, level),
+            parameter("AR1 rho", "AR1 rho", float(structure.dep_params), np.nan, level, "fisher"),
+        ]
         return Residual("AR1", parameters, subject=subject), []
     residual = scale_of_residual(scale, np.nan, level) if distribution.has_scale else fixed_scale()
     residual.subject = subject

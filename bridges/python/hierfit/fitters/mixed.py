@@ -31,9 +31,17 @@ def fitted_mixed(fit: Any, level: float) -> Fitted:
     coefficients = Coefficients(figures("fe_params"), figures("bse_fe"), figures("tvalues"), figures("pvalues"), np.inf)
     errors, residual_error = _errors(fit)
     out = assemble(
-        source, NORMAL, plain_target(source), beta=figures("fe_params"), covariance=covariance_of(fit, n),
-        coefficients=coefficients, residual=scale_of_residual(fit.scale, residual_error, level), criteria=_criteria(fit),
-        predicted=_predicted(fit), messages=[*_singular(fit), *fit_messages(fit, coefficients.se)])
+        source,
+        NORMAL,
+        plain_target(source),
+        beta=figures("fe_params"),
+        covariance=covariance_of(fit, n),
+        coefficients=coefficients,
+        residual=scale_of_residual(fit.scale, residual_error, level),
+        criteria=_criteria(fit),
+        predicted=_predicted(fit),
+        messages=[*_singular(fit), *fit_messages(fit, coefficients.se)],
+    )
     _add_blocks(out, fit, source, errors, level)
     return out
 
@@ -59,7 +67,11 @@ def _singular(fit: Any) -> list[tuple[str, ...]]:
     if len(variances) and (variances < NO_VARIANCE).all():
         return [("kGLMM_C8",)]
     roots = np.linalg.eigvalsh(_matrix(fit) / fit.scale) if fit.k_re else np.zeros(0)
-    return [("kGLMM_C10",)] if (np.concatenate((roots, np.asarray(fit.vcomp, dtype=float) / fit.scale)) < SINGULAR).any() else []
+    return (
+        [("kGLMM_C10",)]
+        if (np.concatenate((roots, np.asarray(fit.vcomp, dtype=float) / fit.scale)) < SINGULAR).any()
+        else []
+    )
 
 
 def _matrix(fit: Any) -> np.ndarray:
@@ -72,10 +84,11 @@ def _matrix(fit: Any) -> np.ndarray:
 def _errors(fit: Any) -> tuple[np.ndarray, float]:
     """Errors of the covariance parameters, and of the residual variance.
 
-    The fit's own errors belong to the parameters divided by the residual variance, over which its likelihood is profiled. With
-    s(t) the residual variance that belongs to ratios t, and V their covariance, the parameter s t has the variance
-    s^2 V + 2 s t g'V + t^2 Var(s), where g is the slope of s and Var(s) = g'Vg + 2 s^2 / m, m the records or, with a
-    restricted likelihood, these less the coefficients."""
+    The fit's own errors belong to the parameters divided by the residual variance, over which its likelihood is
+    profiled. With s(t) the residual variance that belongs to ratios t, and V their covariance, the parameter s t has
+    the variance s^2 V + 2 s t g'V + t^2 Var(s), where g is the slope of s and Var(s) = g'Vg + 2 s^2 / m, m the
+    records or, with a restricted likelihood, these less the coefficients.
+    """
     n = fit.k_fe
     ratios = np.asarray(fit.params, dtype=float)[n:]
     covariance = np.asarray(fit.cov_params(), dtype=float)[n:, n:]
@@ -105,9 +118,9 @@ def _scale_at(fit: Any, ratios: np.ndarray) -> float:
     k = fit.k_re
     matrix = np.zeros((k, k))
     lower = np.tril_indices(k)
-    matrix[lower] = ratios[:fit.k_re2]
+    matrix[lower] = ratios[: fit.k_re2]
     matrix = matrix + np.tril(matrix, -1).T
-    return float(fit.model.get_scale(np.asarray(fit.fe_params, dtype=float), matrix, ratios[fit.k_re2:]))
+    return float(fit.model.get_scale(np.asarray(fit.fe_params, dtype=float), matrix, ratios[fit.k_re2 :]))
 
 
 # Blocks
@@ -116,8 +129,14 @@ def _scale_at(fit: Any, ratios: np.ndarray) -> float:
 def _add_blocks(out: Fitted, fit: Any, source: Source, errors: np.ndarray, level: float) -> None:
     model = fit.model
     names = [str(name) for name in model.data.exog_re_names] if fit.k_re else []
-    named = next((name for name in names if source.frame is not None and name in source.frame
-                  and name not in _slopes(model, names)), None)
+    named = next(
+        (
+            name
+            for name in names
+            if source.frame is not None and name in source.frame and name not in _slopes(model, names)
+        ),
+        None,
+    )
     groups = group_field(source, named, model.groups)
     group = Subject([groups.name], [0]) if len(groups.levels or []) > 1 else Subject([], [])
     if group.fields:
@@ -126,8 +145,10 @@ def _add_blocks(out: Fitted, fit: Any, source: Source, errors: np.ndarray, level
         out.blocks.append(_group_block(out, fit, source, names, group, errors, level))
     for k, name in enumerate(model.exog_vc.names):
         out.blocks.append(_component_block(out, fit, source, k, str(name), group, errors[fit.k_re2 + k], level))
-    counts = {id(block): len(set(zip(*(out.fields[f].texts() for f in block.subject.fields)))) if block.subject.fields else 0
-              for block in out.blocks}
+    counts = {
+        id(block): len(set(zip(*(out.fields[f].texts() for f in block.subject.fields)))) if block.subject.fields else 0
+        for block in out.blocks
+    }
     out.blocks.sort(key=lambda block: counts[id(block)])
 
 
@@ -137,8 +158,9 @@ def _slopes(model: Any, names: Sequence[str]) -> list[str]:
     return [name for k, name in enumerate(names) if np.ptp(columns[:, k]) > 0]
 
 
-def _group_block(out: Fitted, fit: Any, source: Source, names: list[str], group: Subject, errors: np.ndarray,
-                 level: float) -> Block:
+def _group_block(
+    out: Fitted, fit: Any, source: Source, names: list[str], group: Subject, errors: np.ndarray, level: float
+) -> Block:
     columns = np.asarray(fit.model.exog_re, dtype=float)
     _add_fields(out, source, names, columns)
     constant = {name for k, name in enumerate(names) if np.all(columns[:, k] == 1)}
@@ -146,11 +168,12 @@ def _group_block(out: Fitted, fit: Any, source: Source, names: list[str], group:
     matrix = _matrix(fit)
     spread = np.full_like(matrix, np.nan)
     lower = np.tril_indices(len(matrix))
-    spread[lower] = errors[:fit.k_re2]
+    spread[lower] = errors[: fit.k_re2]
     pattern = getattr(fit, "freepat", None)
     off_diagonal = ~np.eye(len(matrix), dtype=bool)
-    is_diagonal = (pattern is not None and not np.asarray(pattern.cov_re)[off_diagonal].any()
-                   and not matrix[off_diagonal].any())
+    is_diagonal = (
+        pattern is not None and not np.asarray(pattern.cov_re)[off_diagonal].any() and not matrix[off_diagonal].any()
+    )
     structure = "VC" if len(rows) == 1 else "DIAG" if is_diagonal else "UNSTRUCTURED"
     return Block(group, rows, structure, matrix, block_parameters(matrix, spread, structure, rows, level))
 
@@ -173,23 +196,30 @@ def _add_fields(out: Fitted, source: Source, names: Sequence[str], columns: np.n
         elif "[" not in name:
             out.fields[field] = Field(field, columns[:, k])
         else:
-            raise ValueError(f"The random effects of {name} stand on no column of the data; give the factor a column of its own.")
+            raise ValueError(
+                f"The random effects of {name} stand on no column of the data; give the factor a column of its own."
+            )
 
 
 _COMPONENT = re.compile(r"(.*)\[.*\]", re.DOTALL)
 
 
-def _component_block(out: Fitted, fit: Any, source: Source, k: int, name: str, group: Subject, error: float,
-                     level: float) -> Block:
+def _component_block(
+    out: Fitted, fit: Any, source: Source, k: int, name: str, group: Subject, error: float, level: float
+) -> Block:
     """A variance component: effects of a factor within the groups, whose own subjects they make; or of a covariate."""
     columns = {str(column) for names in fit.model.exog_vc.colnames[k] for column in names}
     subject, row = group, Row("Intercept", is_intercept=True)
     if columns != {"Intercept"}:
         terms = {tuple(_COMPONENT.sub(r"\1", piece) for piece in column.split(":")) for column in columns}
         if len(terms) != 1 or "Intercept" in next(iter(terms)):
-            raise ValueError(f"The variance component {name} has columns of several kinds ({', '.join(sorted(columns)[:4])}); "
-                             "write its formula as '0 + C(factor)' or '0 + covariate'.")
-        bracketed = {piece for column in columns for piece in map(str, column.split(":")) if _COMPONENT.fullmatch(piece)}
+            raise ValueError(
+                f"The variance component {name} has columns of several kinds ({', '.join(sorted(columns)[:4])}); "
+                "write its formula as '0 + C(factor)' or '0 + covariate'."
+            )
+        bracketed = {
+            piece for column in columns for piece in map(str, column.split(":")) if _COMPONENT.fullmatch(piece)
+        }
         factors = {_COMPONENT.sub(r"\1", piece) for piece in bracketed}
         codes = next(iter(terms))
         inner = [describe(code).field for code in codes if code in factors]
@@ -203,11 +233,15 @@ def _component_block(out: Fitted, fit: Any, source: Source, k: int, name: str, g
     return Block(subject, [row], "VC", matrix, block_parameters(matrix, np.array([[error]]), "VC", [row], level))
 
 
-def _add_component_fields(out: Fitted, source: Source, factors: Sequence[str], slopes: Sequence[str], name: str) -> None:
+def _add_component_fields(
+    out: Fitted, source: Source, factors: Sequence[str], slopes: Sequence[str], name: str
+) -> None:
     for field in [*factors, *slopes]:
         if field in out.fields and (out.fields[field].levels is None) == (field in slopes):
             continue
         if field in out.fields or source.frame is None or field not in source.frame:
-            raise ValueError(f"The variance component {name} stands on {field}, which is no column of the data of this kind; "
-                             "give it a column of its own.")
+            raise ValueError(
+                f"The variance component {name} stands on {field}, which is no column of the data of this kind; "
+                "give it a column of its own."
+            )
         out.fields[field] = field_of_column(field, source.frame[field], field in factors)

@@ -41,18 +41,22 @@ def source_of(model: Any, has_thresholds: bool = False) -> Source:
     if left_out is not None and len(left_out):
         frame = frame.iloc[np.setdiff1d(np.arange(len(frame)), left_out)]
     if len(frame) != len(model.endog):
-        raise ValueError(f"The fit used {len(model.endog)} records of {len(frame)}, and does not say which; leave out records with "
-                         "missing values before fitting.")
+        raise ValueError(
+            f"The fit used {len(model.endog)} records of {len(frame)}, and does not say which; leave out records with "
+            "missing values before fitting."
+        )
     design = design_of_formula(info, frame, has_thresholds)
-    check_design(design, np.asarray(model.exog, dtype=float)[:, :design.size])
+    check_design(design, np.asarray(model.exog, dtype=float)[:, : design.size])
     return Source(model, frame, design)
 
 
 def _source_of_columns(model: Any, has_thresholds: bool) -> Source:
     exog = getattr(model.data, "orig_exog", None)
     if not hasattr(exog, "columns"):
-        raise ValueError("The model was made of arrays without names, so its terms cannot be told; use a formula, or a data "
-                         "frame for exog.")
+        raise ValueError(
+            "The model was made of arrays without names, so its terms cannot be told; use a formula, or a data "
+            "frame for exog."
+        )
     values = np.asarray(model.exog, dtype=float)
     names = [str(name) for name in exog.columns]
     design = design_of_columns(names, values, getattr(model.data, "const_idx", None), has_thresholds)
@@ -90,8 +94,10 @@ def category_target(source: Source, values: np.ndarray, categories: list[Any], i
     levels = texts_of_levels(name, categories)
     counts = np.bincount(values, minlength=len(levels))
     if (counts == 0).any():
-        raise ValueError(f"No record has the level {levels[int(np.argmin(counts))]} of the target {name}; drop the level "
-                         "(remove_unused_categories() of pandas) and fit the model again.")
+        raise ValueError(
+            f"No record has the level {levels[int(np.argmin(counts))]} of the target {name}; drop the level "
+            "(remove_unused_categories() of pandas) and fit the model again."
+        )
     return Target(Field(name, values.astype(int), levels, is_ordered))
 
 
@@ -117,25 +123,43 @@ def binomial_target(source: Source, weights: np.ndarray | None) -> tuple[Target,
             tree = parse(name)
             import ast
 
-            parts = ([plain_name(tree.left), plain_name(tree.right)]
-                     if isinstance(tree, ast.BinOp) and isinstance(tree.op, ast.Div) else [None, None])
-            return Target(Field(parts[0] or name, np.round(events)), Field(parts[1] or "trials", weights.astype(float))), True
-    raise ValueError(f"The target {name} holds shares of trials whose numbers are not known; give events and failures, as in "
-                     "'events + failures ~ x', or the trials as var_weights.")
+            parts = (
+                [plain_name(tree.left), plain_name(tree.right)]
+                if isinstance(tree, ast.BinOp) and isinstance(tree.op, ast.Div)
+                else [None, None]
+            )
+            return (
+                Target(Field(parts[0] or name, np.round(events)), Field(parts[1] or "trials", weights.astype(float))),
+                True,
+            )
+    raise ValueError(
+        f"The target {name} holds shares of trials whose numbers are not known; give events and failures, as in "
+        "'events + failures ~ x', or the trials as var_weights."
+    )
 
 
 def _two_columns(source: Source, given: np.ndarray) -> Target:
     """Events and failures; or one text or truth value of two levels, whose first one is the event."""
     left = _left_side(source.model)
-    names = [str(name) for name in source.model.endog_names] if not isinstance(source.model.endog_names, str) else ["events", "failures"]
+    names = (
+        [str(name) for name in source.model.endog_names]
+        if not isinstance(source.model.endog_names, str)
+        else ["events", "failures"]
+    )
     if len(left) == 1:
         code = left[0].name()
         levels = [name.removeprefix(code + "[").removesuffix("]").removeprefix("T.") for name in names]
         column = describe(code).field
         if source.frame is not None and column in source.frame:
             known = field_of_column(column, source.frame[column], True).levels or []
-            levels = next(([text for text in known if text in levels] for _ in [0]
-                           if len([text for text in known if text in levels]) == 2), levels)
+            levels = next(
+                (
+                    [text for text in known if text in levels]
+                    for _ in [0]
+                    if len([text for text in known if text in levels]) == 2
+                ),
+                levels,
+            )
         return Target(Field(column, np.argmax(given, axis=1), levels), event=0)
     events, trials = given[:, 0].astype(float), given.sum(axis=1).astype(float)
     fields = [describe(factor.name()).field for factor in left] or names
@@ -209,7 +233,9 @@ def assemble(source: Source, distribution: Distribution, target: Target, **parts
         if name in fields:
             raise ValueError(f"{name} is the target and a predictor as well; give one of them a column of its own.")
         fields[name] = of
-    return Fitted(distribution=distribution, target=target, design=source.design, fields=fields, frame=source.frame, **parts)
+    return Fitted(
+        distribution=distribution, target=target, design=source.design, fields=fields, frame=source.frame, **parts
+    )
 
 
 def group_field(source: Source, name: str | None, groups: np.ndarray) -> Field:
@@ -220,7 +246,9 @@ def group_field(source: Source, name: str | None, groups: np.ndarray) -> Field:
     found = name if source.frame is not None and name in source.frame else None
     if found is None and source.frame is not None:
         found = next((str(column) for column in source.frame.columns if _same(source.frame[column], groups)), None)
-    column = pandas.Series(source.frame[found].to_numpy() if found is not None and _same(source.frame[found], groups) else groups)
+    column = pandas.Series(
+        source.frame[found].to_numpy() if found is not None and _same(source.frame[found], groups) else groups
+    )
     field = field_of_column(str(found or name or "Group"), column, True)
     if (field.values < 0).any():
         raise ValueError(f"The groups {field.name} have missing values; leave these records out before fitting.")

@@ -11,7 +11,7 @@ _PATH = re.compile(r"([^\s:]+(?:/[^\s:]+)*): (.*)", re.DOTALL)
 def split_place(text: str) -> tuple[str | None, str]:
     """Line and column, "41:7", before a text, and the text."""
     found = re.match(r"([0-9]+:[0-9]+): ", text)
-    return (found[1], text[found.end():]) if found else (None, text)
+    return (found[1], text[found.end() :]) if found else (None, text)
 
 
 class HierfitError(RuntimeError):
@@ -19,11 +19,18 @@ class HierfitError(RuntimeError):
 
 
 class DocumentError(HierfitError, ValueError):
-    """A document that cannot be read: its file, the line and column from 1, and the path of the element, each None where it
-    is not known; `reason` is what was expected."""
+    """A document that cannot be read: its file, the line and column from 1, and the path of the element, each None
+    where it is not known; `reason` is what was expected."""
 
-    def __init__(self, text: str, file: str | None = None, line: int | None = None, column: int | None = None,
-                 path: str | None = None, reason: str | None = None) -> None:
+    def __init__(
+        self,
+        text: str,
+        file: str | None = None,
+        line: int | None = None,
+        column: int | None = None,
+        path: str | None = None,
+        reason: str | None = None,
+    ) -> None:
         super().__init__(text)
         self.file, self.line, self.column, self.path = file, line, column, path
         self.reason = reason or text

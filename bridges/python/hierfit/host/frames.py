@@ -52,8 +52,8 @@ def _value(content: dict[str, Any]) -> Any:
 
 
 def frame_of(table: dict[str, Any]) -> Any:
-    """A pandas.DataFrame. Dimensions that nest, and groups of categories, make a MultiIndex; `attrs` has the table's title,
-    captions and notes."""
+    """A pandas.DataFrame. Dimensions that nest, and groups of categories, make a MultiIndex; `attrs` has the table's
+    title, captions and notes."""
     pandas = need("pandas", "A table as a data frame")
     dimensions = table["dimensions"]
     axes = [Axis(dimension) for dimension in dimensions]
@@ -74,19 +74,26 @@ def frame_of(table: dict[str, Any]) -> Any:
         heads.setdefault(column, tuple(label for i in columns for label in axes[i].labels(at[i])))
         cells.setdefault(row, {})[column] = _value(cell["content"])
     row_order, column_order = sorted(labels), sorted(heads)
-    data = {place: _column([cells[row].get(column, math.nan) for row in row_order], pandas)
-            for place, column in enumerate(column_order)}
+    data = {
+        place: _column([cells[row].get(column, math.nan) for row in row_order], pandas)
+        for place, column in enumerate(column_order)
+    }
     frame = pandas.DataFrame(data, index=_index([labels[row] for row in row_order], _names(axes, rows), pandas))
     frame.columns = _index([heads[column] for column in column_order], _names(axes, columns), pandas)
-    frame.attrs.update(title=table["title"]["text"], captions=[text["text"] for text in table["captions"]],
-                       notes=[text["text"] for text in table["notes"]])
+    frame.attrs.update(
+        title=table["title"]["text"],
+        captions=[text["text"] for text in table["captions"]],
+        notes=[text["text"] for text in table["notes"]],
+    )
     return frame
 
 
 def _column(values: list[Any], pandas: Any) -> Any:
     if all(isinstance(value, float) for value in values):
         return pandas.array(values, dtype="float64")
-    return pandas.array([None if isinstance(value, float) and math.isnan(value) else value for value in values], dtype="object")
+    return pandas.array(
+        [None if isinstance(value, float) and math.isnan(value) else value for value in values], dtype="object"
+    )
 
 
 def _names(axes: Sequence[Axis], chosen: Sequence[int]) -> list[str | None]:

@@ -63,7 +63,9 @@ def _kind_name(item: dict[str, Any]) -> str:
     return name if name[0].isalpha() else f"{_KINDS[kind]}-{name}"
 
 
-def named_items(items: list[dict[str, Any]], counts: dict[str, int] | None = None) -> Iterator[tuple[str, dict[str, Any]]]:
+def named_items(
+    items: list[dict[str, Any]], counts: dict[str, int] | None = None
+) -> Iterator[tuple[str, dict[str, Any]]]:
     """All items with the names that `hierfit list` tells, in order."""
     counts = {} if counts is None else counts
     for item in items:
@@ -93,8 +95,8 @@ class Item:
 
     def _repr_html_(self) -> str:
         page = self._run.render("html", only=self.name, static=True).decode()
-        inner = page[page.index("<main"):page.index("</main>")]
-        inner = inner[inner.index(">") + 1:]
+        inner = page[page.index("<main") : page.index("</main>")]
+        inner = inner[inner.index(">") + 1 :]
         diagnostics = inner.find('<section class="diagnostics"')
         return _for_notebook(inner if diagnostics < 0 else inner[:diagnostics])
 
@@ -118,7 +120,7 @@ class Chart(Item):
 
     def _repr_html_(self) -> str:
         svg = self.svg()
-        return svg[svg.index("<svg"):]
+        return svg[svg.index("<svg") :]
 
     def _repr_svg_(self) -> str:
         return self._repr_html_()

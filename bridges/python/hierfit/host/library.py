@@ -37,8 +37,8 @@ _FUNCTIONS: dict[str, tuple[Any, list[Any]]] = {
 
 
 def candidates() -> Iterator[str]:
-    """Where the library may be: the variable HIERFIT_LIBRARY alone where it is set; else beside the prefix that this package
-    is installed in, Python's own prefix, and the loader's path."""
+    """Where the library may be: the variable HIERFIT_LIBRARY alone where it is set; else beside the prefix that this
+    package is installed in, Python's own prefix, and the loader's path."""
     given = os.environ.get("HIERFIT_LIBRARY")
     if given:
         yield given
@@ -61,7 +61,9 @@ def _open() -> ctypes.CDLL:
             return library
         except (OSError, AttributeError) as error:
             reasons.append(str(error))
-    raise HierfitError(f"The library {NAME} is not found ({'; '.join(reasons)}). Say where it is by the variable HIERFIT_LIBRARY.")
+    raise HierfitError(
+        f"The library {NAME} is not found ({'; '.join(reasons)}). Say where it is by the variable HIERFIT_LIBRARY."
+    )
 
 
 _lock = threading.Lock()
@@ -133,8 +135,11 @@ def diagnostics(run: int) -> Iterator[tuple[int, str, str | None]]:
     level, text, place = c_int(), c_char_p(), c_char_p()
     for number in range(lib.hf_diagnostic_count(run)):
         if lib.hf_diagnostic(run, number, byref(level), byref(text), byref(place)) == OK:
-            yield (level.value, (text.value or b"").decode("utf-8", "replace"),
-                   None if place.value is None else place.value.decode("utf-8", "replace"))
+            yield (
+                level.value,
+                (text.value or b"").decode("utf-8", "replace"),
+                None if place.value is None else place.value.decode("utf-8", "replace"),
+            )
 
 
 def error(run: int) -> str | None:

@@ -48,17 +48,22 @@ Files = list[tuple[str, bytes]]  # names below the model's report, "" for the re
 Result = tuple[Files, str | None]  # or why there are none
 
 
-def map_models(models: Iterable[Any], out: str | os.PathLike[str], client: Any = None, format: str = "html", force: bool = False,
-               **settings: Any) -> Outcome:
+def map_models(
+    models: Iterable[Any],
+    out: str | os.PathLike[str],
+    client: Any = None,
+    format: str = "html",
+    force: bool = False,
+    **settings: Any,
+) -> Outcome:
     """Writes a report for each model, and index.html, into the folder `out`.
 
-    `models` are folders with model.pmml and model.statxml, or pairs of paths. Reports bear their folder's last name; those
-    that are newer than their documents are kept unless `force`. With a `client`, a distributed.Client, documents go to the
-    workers and reports come back, so workers need no folder in common with this process; a worker that dies has its models
-    run again by others. Without one they run in threads here. A model that fails is in the outcome's `failures`, and a
-    warning tells.
-    The index is written by the program, found by the variable HIERFIT, beside the library, or on the path. `settings` are the
-    program's options for runs and formats.
+    `models` are folders with model.pmml and model.statxml, or pairs of paths. Reports bear their folder's last name;
+    those that are newer than their documents are kept unless `force`. With a `client`, a distributed.Client,
+    documents go to the workers and reports come back, so workers need no folder in common with this process; a worker
+    that dies has its models run again by others. Without one they run in threads here. A model that fails is in the
+    outcome's `failures`, and a warning tells. The index is written by the program, found by the variable HIERFIT,
+    beside the library, or on the path. `settings` are the program's options for runs and formats.
     """
     folder = Path(out)
     folder.mkdir(parents=True, exist_ok=True)
@@ -84,7 +89,9 @@ def map_models(models: Iterable[Any], out: str | os.PathLike[str], client: Any =
             outcome.failures[str(model.folder)] = " ".join(reason.split())
     if outcome.failures:
         told = "; ".join(f"{name}: {reason}" for name, reason in list(outcome.failures.items())[:10])
-        warnings.warn(f"{len(outcome.failures)} of {len(listed)} models have no report: {told}", UserWarning, stacklevel=2)
+        warnings.warn(
+            f"{len(outcome.failures)} of {len(listed)} models have no report: {told}", UserWarning, stacklevel=2
+        )
     outcome.index = _write_index(listed, folder, format, settings)
     return outcome
 
@@ -100,7 +107,9 @@ def _list_models(given: Iterable[Any], out: Path, ending: str) -> list[Model]:
         if paths is None:
             raise TypeError(f"A model is a folder or a pair of paths; not {source!r}.")
         pairs[os.path.abspath(paths[0]), os.path.abspath(paths[1])] = paths
-    folders = sorted(((_folder_of(*paths, out), *paths) for paths in pairs.values()), key=lambda model: os.fsencode(model[0]))
+    folders = sorted(
+        ((_folder_of(*paths, out), *paths) for paths in pairs.values()), key=lambda model: os.fsencode(model[0])
+    )
     taken, numbers, models = {INDEX}, {}, []
     for folder, pmml, statxml in folders:
         base = os.path.basename(os.path.abspath(folder)) or "root"
@@ -184,7 +193,7 @@ def render_model(pmml: bytes, statxml: bytes, names: tuple[str, str], form: str,
 
 def _read(model: Model) -> tuple[bytes, bytes, tuple[str, str]] | str:
     try:
-        return model.pmml.read_bytes(), model.statxml.read_bytes(), (str(model.pmml), str(model.statxml))
+        return (model.pmml.read_bytes(), model.statxml.read_bytes(), (str(model.pmml), str(model.statxml)))
     except OSError as error:
         return f"{error.filename}: {error.strerror}"
 
@@ -211,7 +220,9 @@ def _in_threads(models: list[Model], form: str, settings: dict[str, Any]) -> Ite
                 future.cancel()
 
 
-def _over_cluster(client: Any, models: list[Model], form: str, settings: dict[str, Any]) -> Iterator[tuple[Model, Result]]:
+def _over_cluster(
+    client: Any, models: list[Model], form: str, settings: dict[str, Any]
+) -> Iterator[tuple[Model, Result]]:
     distributed = need("distributed", "A cluster")
     rest = iter(models)
     under_way: dict[Any, Model] = {}
@@ -266,8 +277,11 @@ def _write_index(models: list[Model], out: Path, form: str, settings: dict[str, 
     if program is None:
         reason = "the program hierfit is not found; say where it is by the variable HIERFIT"
     else:
-        options = [f"--{name}" if value is True else f"--{name}={value}" for name, value in settings.items()
-                   if value is not None and value is not False]
+        options = [
+            f"--{name}" if value is True else f"--{name}={value}"
+            for name, value in settings.items()
+            if value is not None and value is not False
+        ]
         folders = "".join(f"{os.path.abspath(model.folder)}\n" for model in models)
         status, said = run_program(program, ["batch", "-o", str(out), "-f", form, *options], folders)
         if status in (0, 2) and (out / INDEX).is_file():
@@ -275,4 +289,3 @@ def _write_index(models: list[Model], out: Path, form: str, settings: dict[str, 
         reason = said or f"the program ended with status {status}"
     warnings.warn(f"{INDEX} was not written: {reason}", UserWarning, stacklevel=3)
     return None
-

@@ -26,8 +26,9 @@ def find_program() -> str | None:
 def run_program(program: str, arguments: Sequence[str], given: str) -> tuple[int, str]:
     """Exit status, and what was said on standard error."""
     try:
-        done = subprocess.run([program, *arguments], input=given.encode("utf-8", "surrogateescape"), capture_output=True,
-                              check=False)
+        done = subprocess.run(
+            [program, *arguments], input=given.encode("utf-8", "surrogateescape"), capture_output=True, check=False
+        )
     except OSError as error:
         return 4, str(error)
     return done.returncode, done.stderr.decode("utf-8", "replace").strip()

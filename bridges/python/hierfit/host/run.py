@@ -26,7 +26,8 @@ RUN_SETTINGS = ("lang", "variables", "values", "templates")
 
 @dataclass(frozen=True, slots=True)
 class Diagnostic:
-    """Something that the run noticed: `level` is "information", "warning" or "error", `place` document, line and column."""
+    """Something that the run noticed: `level` is "information", "warning" or "error", `place` document, line and
+    column."""
 
     level: str
     text: str
@@ -37,8 +38,8 @@ class Diagnostic:
 
 
 class Run:
-    """What a run issued. `tables` and `charts` are by name, and `run[name]` is any item; it may be used by several threads,
-    which take turns."""
+    """What a run issued. `tables` and `charts` are by name, and `run[name]` is any item; it may be used by several
+    threads, which take turns."""
 
     def __init__(self, handle: int, outcome: int) -> None:
         self._handle = handle
@@ -50,8 +51,10 @@ class Run:
     @cached_property
     def diagnostics(self) -> list[Diagnostic]:
         with self._turn:
-            return [Diagnostic(LEVELS.get(level, str(level)), text, place)
-                    for level, text, place in library.diagnostics(self._handle)]
+            return [
+                Diagnostic(LEVELS.get(level, str(level)), text, place)
+                for level, text, place in library.diagnostics(self._handle)
+            ]
 
     @cached_property
     def document(self) -> dict[str, Any]:
@@ -61,8 +64,12 @@ class Run:
     @cached_property
     def items(self) -> Items[Item]:
         kinds = {"table": Table, "chart": Chart}
-        return Items({name: kinds.get(content["kind"], Item)(self, name, content)
-                      for name, content in named_items(self.document["items"])})
+        return Items(
+            {
+                name: kinds.get(content["kind"], Item)(self, name, content)
+                for name, content in named_items(self.document["items"])
+            }
+        )
 
     @cached_property
     def tables(self) -> Items[Table]:
@@ -82,8 +89,8 @@ class Run:
         return "\n".join(item._repr_html_() for item in self.items.values() if isinstance(item, (Table, Chart)))
 
     def render(self, form: str, **settings: Any) -> bytes:
-        """The report in a format of the program. `settings` are its long options for a format, such as title, author, static,
-        charts, scale, only; "svg" and "png" hold the one chart that `only` names."""
+        """The report in a format of the program. `settings` are its long options for a format, such as title, author,
+        static, charts, scale, only; "svg" and "png" hold the one chart that `only` names."""
         with self._turn:
             code, content = library.render(self._handle, form, settings)
             if code == library.OK:
@@ -94,8 +101,8 @@ class Run:
         raise DocumentError(reason) if code == library.UNREADABLE else HierfitError(reason)
 
     def save(self, path: str | os.PathLike[str], format: str | None = None, **settings: Any) -> Path:
-        """Writes the report; the path's ending says the format unless `format` does. The file appears whole or not at all. For
-        "svg" and "png" the path is a folder, which has a file for each chart."""
+        """Writes the report; the path's ending says the format unless `format` does. The file appears whole or not at
+        all. For "svg" and "png" the path is a folder, which has a file for each chart."""
         target = Path(path)
         form = format or format_of(target)
         if form not in PICTURES:
@@ -139,13 +146,18 @@ def documents_in(source: Any) -> tuple[Path, Path] | None:
     if isinstance(source, (str, os.PathLike)):
         folder = Path(source)
         return folder / "model.pmml", folder / "model.statxml"
-    if isinstance(source, (tuple, list)) and len(source) == 2 and all(isinstance(x, (str, os.PathLike)) for x in source):
+    if (
+        isinstance(source, (tuple, list))
+        and len(source) == 2
+        and all(isinstance(x, (str, os.PathLike)) for x in source)
+    ):
         return Path(source[0]), Path(source[1])
     return None
 
 
 def run_documents(pmml: bytes, statxml: bytes, names: tuple[str, str], **settings: Any) -> Run:
-    """Runs two documents. DocumentError for one that cannot be read; HierfitError for an installation that lacks a part."""
+    """Runs two documents. DocumentError for one that cannot be read; HierfitError for an installation that lacks a
+    part."""
     short = {"pmml": os.path.basename(names[0]), "statxml": os.path.basename(names[1])}
     made = Run(*library.start(pmml, statxml, {**settings, **short}))
     _check(made, {short["pmml"]: names[0], short["statxml"]: names[1]})
@@ -165,7 +177,8 @@ def _check(made: Run, names: dict[str, str]) -> None:
 def run(source: Any, statxml: str | os.PathLike[str] | None = None, **options: Any) -> Run:
     """A run of a folder with model.pmml and model.statxml, of a pair of paths, or of a fit, without files.
 
-    `options` are the program's for a run (lang, variables, values, templates) and, for a fit, those of hierfit.documents().
+    `options` are the program's for a run (lang, variables, values, templates) and, for a fit, those of
+    hierfit.documents().
     """
     settings = {name: options.pop(name) for name in RUN_SETTINGS if name in options}
     paths = documents_in(source if statxml is None else (source, statxml))
@@ -177,14 +190,25 @@ def run(source: Any, statxml: str | os.PathLike[str] | None = None, **options: A
     return run_documents(paths[0].read_bytes(), paths[1].read_bytes(), (str(paths[0]), str(paths[1])), **settings)
 
 
-def report(source: Any, path: str | os.PathLike[str], *, format: str | None = None, title: str | None = None,
-           author: str | None = None, static: bool | None = None, charts: bool | None = None, scale: float | None = None,
-           only: str | Sequence[str] | None = None, **options: Any) -> Path:
+def report(
+    source: Any,
+    path: str | os.PathLike[str],
+    *,
+    format: str | None = None,
+    title: str | None = None,
+    author: str | None = None,
+    static: bool | None = None,
+    charts: bool | None = None,
+    scale: float | None = None,
+    only: str | Sequence[str] | None = None,
+    **options: Any,
+) -> Path:
     """Writes the report of what run() takes; returns its path, whose ending says the format."""
     if format is None and not Path(path).suffix:
         raise ValueError(f"The ending of {path} says no format; name one by format=.")
-    return run(source, **options).save(path, format, title=title, author=author, static=static, charts=charts, scale=scale,
-                                       only=only)
+    return run(source, **options).save(
+        path, format, title=title, author=author, static=static, charts=charts, scale=scale, only=only
+    )
 
 
 def read(path: str | os.PathLike[str]) -> Run:
