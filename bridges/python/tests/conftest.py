@@ -34,7 +34,8 @@ def data() -> pd.DataFrame:
         generator.normal(0, 1, 20)[data.s]
         + generator.normal(0, 0.8, 60)[data.s * 3 + data["in"].map({"p": 0, "q": 1, "r": 2})]
     )
-    signal = 0.4 * data.x + data.g.map({"a": 0, "b": 0.5, "c": -0.3}) + effect
+    slope = 0.4 + generator.normal(0, 0.5, 20)[data.s]
+    signal = slope * data.x + data.g.map({"a": 0, "b": 0.5, "c": -0.3}) + effect
     data["y"] = signal + generator.normal(0, 1, n)
     data["two"] = (signal + generator.logistic(0, 1, n) > 1).astype(int)
     data["word"] = data.two.map({0: "no", 1: "yes"})

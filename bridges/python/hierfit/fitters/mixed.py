@@ -129,14 +129,7 @@ def _scale_at(fit: Any, ratios: np.ndarray) -> float:
 def _add_blocks(out: Fitted, fit: Any, source: Source, errors: np.ndarray, level: float) -> None:
     model = fit.model
     names = [str(name) for name in model.data.exog_re_names] if fit.k_re else []
-    named = next(
-        (
-            name
-            for name in names
-            if source.frame is not None and name in source.frame and name not in _slopes(model, names)
-        ),
-        None,
-    )
+    named = next((name for name in names if name not in _slopes(model, names) and name != "Intercept"), None)
     groups = group_field(source, named, model.groups)
     group = Subject([groups.name], [0]) if len(groups.levels or []) > 1 else Subject([], [])
     if group.fields:

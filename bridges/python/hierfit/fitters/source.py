@@ -257,4 +257,4 @@ def group_field(source: Source, name: str | None, groups: np.ndarray) -> Field:
 
 def _same(column: Any, groups: np.ndarray) -> bool:
     values = column.to_numpy()
-    return len(values) == len(groups) and bool(np.all([level_text(a) == level_text(b) for a, b in zip(values, groups)]))
+    return len(values) == len(groups) and all(level_text(a) == level_text(b) for a, b in zip(values, groups))

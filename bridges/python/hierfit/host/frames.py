@@ -44,11 +44,22 @@ class Axis:
 
 
 def _value(content: dict[str, Any]) -> Any:
-    """A figure at full precision, else the words."""
+    """A figure, or a value of the data that is a number and has no label, at full precision; else the words."""
     source = content["from"]
     if "number" in source:
         return math.nan if source["number"] is None else float(source["number"])
+    value = source.get("value")
+    if isinstance(value, (int, float)) and _is_number(content["text"]):
+        return float(value)
     return content["text"]
+
+
+def _is_number(text: str) -> bool:
+    try:
+        float(text.replace("\N{MINUS SIGN}", "-"))
+    except ValueError:
+        return False
+    return True
 
 
 def frame_of(table: dict[str, Any]) -> Any:
