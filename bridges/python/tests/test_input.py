@@ -38,8 +38,18 @@ except ImportError as error:
 
 @pytest.mark.parametrize(
     "value, text",
-    [(0.1, "0.1"), (3.0, "3"), (-2, "-2"), (1 / 3, "0.3333333333333333"), (5e-324, "5e-324"), (1e22, "1e+22"),
-     (np.nan, ""), (np.inf, ""), (None, ""), (np.float64(0.05), "0.05")],
+    [
+        (0.1, "0.1"),
+        (3.0, "3"),
+        (-2, "-2"),
+        (1 / 3, "0.3333333333333333"),
+        (5e-324, "5e-324"),
+        (1e22, "1e+22"),
+        (np.nan, ""),
+        (np.inf, ""),
+        (None, ""),
+        (np.float64(0.05), "0.05"),
+    ],
 )
 def test_numbers_read_back_as_they_are(value, text):
     assert number_text(value) == text
@@ -47,10 +57,18 @@ def test_numbers_read_back_as_they_are(value, text):
 
 
 def test_texts_are_fit_for_xml():
-    made = document_text(node("a", {"b": 'x & "<y>"\n\x01\ud800', "c": None}, node("d", None, "1 < 2"), [[node("e")], None]))
-    assert made.splitlines()[1:] == ['<a b="x &amp; &quot;&lt;y&gt;&quot;&#10;  ">', "  <d>1 &lt; 2</d>", "  <e/>", "</a>"]
+    made = document_text(
+        node("a", {"b": 'x & "<y>"\n\x01\ud800', "c": None}, node("d", None, "1 < 2"), [[node("e")], None])
+    )
+    assert made.splitlines()[1:] == [
+        '<a b="x &amp; &quot;&lt;y&gt;&quot;&#10;  ">',
+        "  <d>1 &lt; 2</d>",
+        "  <e/>",
+        "</a>",
+    ]
     assert text_array(["a", "b c", 'd"e', "", None, "__MISSING__"]).children == [
-        'a "b c" "d\\"e" "" __MISSING__ "__MISSING__"']
+        'a "b c" "d\\"e" "" __MISSING__ "__MISSING__"'
+    ]
     assert real_array([1.5, np.nan, np.inf]).children == ["1.5 __MISSING__ __MISSING__"]
     with pytest.raises(ValueError, match="backslash"):
         text_array(["a b\\"])
@@ -69,8 +87,13 @@ def test_odd_names_and_levels_come_through(chain):
     data = pd.DataFrame({name: generator.choice(levels, 90), "my x": generator.normal(size=90)})
     data["the y"] = generator.normal(size=90)
     fit = smf.ols(f"Q('the y') ~ Q('{name}') * Q('my x')", data).fit()
-    tables = chain(fit, means=[name], contrasts="pairwise", labels={"the y": "Yield & <more>"},
-                   value_labels={name: {"x y": "both"}})
+    tables = chain(
+        fit,
+        means=[name],
+        contrasts="pairwise",
+        labels={"the y": "Yield & <more>"},
+        value_labels={name: {"x y": "both"}},
+    )
     same(estimated(tables["FixedCoefficients-1"])["Coefficient"].sort_values(), np.sort(fit.params))
     assert set(tables["Estimates-1"].index) == {"both", 'é"t', "<&>"}
     assert "Yield & <more>" in str(tables["ModelSummary-1"]["Value"].to_list())
@@ -119,9 +142,16 @@ REFUSED = {
     "target on both sides": (ols("y ~ y"), "y is the target and a predictor", None),
     "levels read alike": (ols("y ~ m"), "Two levels of m read alike", "alike"),
     "shares": (lambda d: smf.glm("p ~ x", d, family=sm.families.Binomial()).fit(), "events and failures", "share"),
-    "tweedie": (lambda d: smf.glm("size ~ x", d, family=sm.families.Tweedie(var_power=1.5)).fit(), "family Tweedie", None),
-    "cauchy": (lambda d: smf.glm("two ~ x", d, family=sm.families.Binomial(sm.families.links.cauchy())).fit(),
-               "link cauchy.*Known are", None),
+    "tweedie": (
+        lambda d: smf.glm("size ~ x", d, family=sm.families.Tweedie(var_power=1.5)).fit(),
+        "family Tweedie",
+        None,
+    ),
+    "cauchy": (
+        lambda d: smf.glm("two ~ x", d, family=sm.families.Binomial(sm.families.links.cauchy())).fit(),
+        "link cauchy.*Known are",
+        None,
+    ),
     "arrays": (lambda d: sm.OLS(d.y.to_numpy(), d[["x"]].to_numpy()).fit(), "use a formula, or a data frame", None),
     "constrained": (lambda d: smf.glm("y ~ x + n", d).fit_constrained("x = n"), "Constraints on coefficients", None),
     "removed": (lambda d: removed(smf.ols("y ~ g", d).fit()), "does not hold its data", None),

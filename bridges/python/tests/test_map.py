@@ -133,6 +133,8 @@ def test_a_worker_that_dies_loses_nothing(tmp_path, cluster, monkeypatch):
     monkeypatch.setattr(many, "_write", write_and_kill)
     outcome = hierfit.map(folders, out, client=cluster)
     assert not outcome.failures and len(outcome.written) == 40
-    assert len({path.name for path in outcome.written}) == 40 and all(path.stat().st_size > 1000 for path in outcome.written)
+    assert len({path.name for path in outcome.written}) == 40 and all(
+        path.stat().st_size > 1000 for path in outcome.written
+    )
     cluster.wait_for_workers(2, timeout=30)
     assert victim not in cluster.run(os.getpid).values()

@@ -66,7 +66,9 @@ def errors_by_hessian(fit):
 
 
 @pytest.mark.parametrize("reml", [True, False])
-@pytest.mark.parametrize("options", [dict(re_formula="~x"), dict(), dict(vc_formula={"in": '0 + C(Q("in"))'}, re_formula="1")])
+@pytest.mark.parametrize(
+    "options", [dict(re_formula="~x"), dict(), dict(vc_formula={"in": '0 + C(Q("in"))'}, re_formula="1")]
+)
 def test_errors_are_those_of_the_likelihood(options, reml, data, chain):
     fit = mixed("y ~ g + x", data, reml, groups="s", **options)
     tables = chain(fit)
@@ -107,8 +109,13 @@ BLOCKS = [
 
 @pytest.mark.parametrize("options, subjects, structure, common", BLOCKS)
 def test_blocks_have_their_subjects(options, subjects, structure, common, data, chain):
-    fit = mixed("y ~ g", data, groups=options["groups"], re_formula=options.get("re_formula"),
-                vc_formula=options.get("vc_formula"))
+    fit = mixed(
+        "y ~ g",
+        data,
+        groups=options["groups"],
+        re_formula=options.get("re_formula"),
+        vc_formula=options.get("vc_formula"),
+    )
     _, text = texts(fit)
     specs = re.findall(r'<Attribute name="SubjectSpec">(.*?)</StructuredValue>', text, re.DOTALL)
     found = []

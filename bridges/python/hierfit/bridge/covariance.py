@@ -56,8 +56,18 @@ def block_parameters(
 ) -> list[Parameter]:
     """The parameters of a block from its matrix and the errors of the matrix's entries."""
     if structure != "UNSTRUCTURED":
+        # Variances have their effect's name, or that of their row where an effect has several.
+        effects = [(*row.covariates, *(name for name, _, _ in row.factors)) for row in rows]
+        by_effect = len(set(effects)) == len(effects)
         return [
-            parameter("VarOfEffect", f"Var({row.label})", matrix[i, i], errors[i, i], level, arguments=(str(i),))
+            parameter(
+                "VarOfEffect" if by_effect else "Var(^1)",
+                f"Var({row.label})",
+                matrix[i, i],
+                errors[i, i],
+                level,
+                arguments=(str(i) if by_effect else row.label,),
+            )
             for i, row in enumerate(rows)
         ]
     return [

@@ -73,7 +73,6 @@ class Effect:
     fields: list[str]
     levels: list[int]
     is_numeric: bool
-    is_coded: bool
     term: Term
 
 
@@ -234,8 +233,7 @@ def _described(design: Design, names: list[str]) -> Design:
             fields += of
             levels += [level] * len(of)
         factors = [design.factors[f] for f in term.factors]
-        coded_parts = len(term.parts) > 1 or any(_columns_of_levels(c) is None for c in term.parts[0].codings.values())
-        design.effects.append(Effect(fields, levels, any(not f.is_category for f in factors), coded_parts, term))
+        design.effects.append(Effect(fields, levels, any(not f.is_category for f in factors), term))
         if len(term.parts) > 1:
             design.rows += [Row(names[c], index, covariates={names[c]: 1}, column=c) for c in term.columns]
         else:

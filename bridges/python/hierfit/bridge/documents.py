@@ -48,7 +48,8 @@ def documents_of(
     )
     fitted = fitted_of(fit, options.level)
     predictors = [name for effect in fitted.design.effects for name in effect.fields]
-    known = list(dict.fromkeys([*predictors, *fitted.design.raw_numbers()]))
+    target = [fitted.target.name] if fitted.distribution.has_categories else []
+    known = list(dict.fromkeys([*predictors, *fitted.design.raw_numbers(), *target]))
     requests = requests_of(means, contrasts, reference, known)
     check_requests(requests, fitted)
     results = results_document(fitted, requests, options)

@@ -139,7 +139,8 @@ class Means:
     se: np.ndarray
     lower: np.ndarray
     upper: np.ndarray
-    gradient: np.ndarray  # means by coefficients, on the scale of the target
+    gradient: np.ndarray  # means by parameters, on the scale of the target
+    covariance: np.ndarray  # of the parameters
 
     def texts(self, k: int) -> list[str]:
         return [self.values[k][i] for i in self.index[:, k]]
@@ -152,6 +153,11 @@ class Point:
     texts: list[str]
     levels: np.ndarray | None = None
     numbers: np.ndarray | None = None
+
+
+def _product(sizes: Sequence[int]) -> np.ndarray:
+    """All combinations of places, the last one's the fastest."""
+    return np.array(list(itertools.product(*map(range, sizes))), dtype=int).reshape(-1, len(sizes))
 
 
 class Grid:
@@ -204,8 +210,7 @@ class Grid:
     def means(self, points: Mapping[str, Point], level: float) -> Means:
         from scipy import stats
 
-        sizes = [len(point.texts) for point in points.values()]
-        index = np.array(list(itertools.product(*map(range, sizes))), dtype=int).reshape(-1, len(sizes))
+        index = _product([len(point.texts) for point in points.values()])
         l = self.linear(points, index)
         eta = l @ self.fitted.beta + self.fitted.offset
         spread = np.sqrt(np.einsum("ij,jk,ik->i", l, self.fitted.covariance, l))
@@ -221,7 +226,38 @@ class Grid:
             ends.min(axis=0),
             ends.max(axis=0),
             slope[:, None] * l,
+            self.fitted.covariance,
         )
+
+    def probabilities(self, points: Mapping[str, Point], level: float) -> Means:
+        """Means of a target of several categories, which is one of the points: probabilities, averaged as such over the
+        rest of the grid."""
+        from scipy import stats
+
+        fitted, target = self.fitted, self.fitted.target.name
+        asked = {name: point for name, point in points.items() if name != target}
+        rest = {name: Point([""] * len(values), None, values) for name, values in self.at.items() if name not in asked}
+        for factor in self.design.factors:
+            name = factor.variable.field
+            if factor.is_category and name not in asked:
+                rest[name] = Point(factor.levels or [], np.eye(factor.width))
+        sizes = [len(point.texts) for point in (*asked.values(), *rest.values())]
+        l = self.linear({**asked, **rest}, _product(sizes))
+        combinations = int(np.prod(sizes[: len(asked)], dtype=int))
+        given, slopes = fitted.probabilities(l)  # type: ignore[misc]
+        given = given.reshape(combinations, -1, given.shape[1]).mean(axis=1)
+        slopes = slopes.reshape(combinations, -1, *slopes.shape[1:]).mean(axis=1)
+        index = _product([len(point.texts) for point in points.values()])
+        row = np.zeros(len(index), dtype=int)
+        for k, (name, point) in enumerate(points.items()):
+            row = row if name == target else row * len(point.texts) + index[:, k]
+        category = index[:, list(points).index(target)]
+        mean, gradient = given[row, category], slopes[row, category]
+        se = np.sqrt(np.einsum("ij,jk,ik->i", gradient, fitted.probability_covariance, gradient))
+        reach = stats.t.ppf(0.5 + level / 2, fitted.df) * se
+        texts = [point.texts for point in points.values()]
+        covariance = fitted.probability_covariance
+        return Means(list(points), texts, index, mean, se, mean - reach, mean + reach, gradient, covariance)
 
     def held(self, asked: Sequence[str]) -> list[tuple[str, float]]:
         """Continuous fields at one value that were not asked for, by the names that the documents have for them."""

@@ -70,12 +70,15 @@ class MeansWriter:
         grid = Grid(self.fitted, self.options.at)
         points = {}
         for name in request.fields:
-            if grid.levels_of(name) is not None:
+            if name == self.fitted.target.name:
+                points[name] = Point(self.fitted.target.of.levels or [])
+            elif grid.levels_of(name) is not None:
                 points[name] = self._level_point(grid, name)
             else:
                 values = self._values_at(name)
                 points[name] = Point([number_text(value) for value in values], None, values)
-        means = grid.means(points, self.options.level)
+        of_categories = self.fitted.distribution.has_categories
+        means = (grid.probabilities if of_categories else grid.means)(points, self.options.level)
         held = [
             node("PrintableList", {"pattern": name}, node("PrintableList", {"pattern": number_text(value)}))
             for name, value in grid.held(request.fields)
@@ -140,7 +143,7 @@ class MeansWriter:
         for number, members in enumerate(groups):
             l = weights @ means.gradient[members]
             estimate = weights @ means.mean[members]
-            se = np.sqrt(np.maximum(0, np.einsum("ij,jk,ik->i", l, self.fitted.covariance, l)))
+            se = np.sqrt(np.maximum(0, np.einsum("ij,jk,ik->i", l, means.covariance, l)))
             with np.errstate(divide="ignore", invalid="ignore"):
                 t = np.where(se > 0, estimate / se, np.nan)
             p = 2 * stats.t.sf(np.abs(t), df)
@@ -159,8 +162,7 @@ class MeansWriter:
             where = [(means.fields[k], means.values[k][means.index[members[0], k]]) for k in others]
             for column_texts, (_, text) in zip(texts, where):
                 column_texts.extend([text] * len(t))
-            # Of the contrasts that are shown: their differences from zero, jointly, where the means differ linearly.
-            overall.append(self._overall(number, l, estimate, where))
+            overall.append(self._overall(number, l, estimate, means.covariance, where))
         fields = [_field_column(means.fields[k], column) for k, column in zip(others, texts)]
         fields += [_field_column(request.compare, list(side) * len(groups)) for side in (first, second)]
         table = node(
@@ -172,8 +174,10 @@ class MeansWriter:
         )
         return [table, *overall]
 
-    def _overall(self, number: int, l: np.ndarray, estimate: np.ndarray, where: list[tuple[str, str]]) -> Node:
-        test = _joint(l, estimate, self.fitted)
+    def _overall(
+        self, number: int, l: np.ndarray, estimate: np.ndarray, covariance: np.ndarray, where: list[tuple[str, str]]
+    ) -> Node:
+        test = _joint(l, estimate, covariance, self.fitted.df)
         return node(
             "ModelTestStats",
             {"testID": number},
@@ -182,27 +186,11 @@ class MeansWriter:
         )
 
 
-def _joint(l: np.ndarray, estimate: np.ndarray, fitted: Fitted) -> Test:
+def _joint(l: np.ndarray, estimate: np.ndarray, covariance: np.ndarray, df: float) -> Test:
     """The test that all contrasts are zero; those that the others make up do not count."""
-    spread = l @ fitted.covariance @ l.T
-    return (
-        wald(np.eye(len(estimate)), estimate, spread, fitted.df)
-        if _is_regular(spread)
-        else _of_basis(l, estimate, spread, fitted.df)
-    )
-
-
-def _is_regular(spread: np.ndarray) -> bool:
-    if not np.isfinite(spread).all():
-        return False
-    scale = np.sqrt(np.diag(spread))
-    return bool((scale > 0).all()) and np.linalg.matrix_rank(spread / np.outer(scale, scale), tol=1e-9) == len(spread)
-
-
-def _of_basis(l: np.ndarray, estimate: np.ndarray, spread: np.ndarray, df: float) -> Test:
     u, d, _ = np.linalg.svd(l, full_matrices=False)
     kept = u[:, d > 1e-9 * d.max(initial=0)].T
-    return wald(np.eye(len(kept)), kept @ estimate, kept @ spread @ kept.T, df) if len(kept) else Test()
+    return wald(np.eye(len(kept)), kept @ estimate, kept @ l @ covariance @ l.T @ kept.T, df) if len(kept) else Test()
 
 
 def _groups(means: Means, at: int) -> list[np.ndarray]:
@@ -260,11 +248,24 @@ def _estimates(means: Means) -> Node:
 
 
 def check_requests(requests: Sequence[Request], fitted: Fitted) -> None:
-    """Fields that a request names and the model knows only within an expression become fields of their own."""
-    if requests and fitted.distribution.has_categories:
-        raise ValueError("Means of a target of several categories have no place in the documents.")
+    """Fields that a request names and the model knows only within an expression become fields of their own. A target of
+    several categories has no mean: it is one of a request's fields, and their probabilities are the means."""
+    target = fitted.target.name
     for request in requests:
         for name in request.fields:
             if name not in fitted.fields:
                 column = fitted.frame[name]
                 fitted.fields[name] = field_of_column(name, column, is_categorical(column))
+        if not fitted.distribution.has_categories:
+            continue
+        first = next((name for name in request.fields if name != target), "A")
+        if target not in request.fields:
+            raise ValueError(
+                "A target of several categories has the probabilities of its categories for means; name it in means, "
+                f"such as '{first} | {target}'."
+            )
+        if request.compare == target:
+            raise ValueError(
+                f"Contrasts of {target} would compare its own categories; name a factor first, such as "
+                f"'{first} | {target}'."
+            )

@@ -127,7 +127,9 @@ class Criteria:
 @dataclass(slots=True)
 class Fitted:
     """A fit. `beta` and `covariance` go over the design's columns; of a nominal target over those of all categories,
-    one category after the other. `inverse_link` gives the mean and its derivative."""
+    one category after the other. `inverse_link` gives the mean and its derivative; for a target of several categories
+    `probabilities` gives, for rows of the design, theirs, and their gradients over the parameters that
+    `probability_covariance` belongs to."""
 
     distribution: Distribution
     target: Target
@@ -146,6 +148,8 @@ class Fitted:
     messages: list[tuple[str, ...]] = field(default_factory=list)
     told: list[str] = field(default_factory=list)
     offset: float = 0.0
+    probabilities: Callable[[np.ndarray], tuple[np.ndarray, np.ndarray]] | None = None
+    probability_covariance: np.ndarray = field(default_factory=lambda: np.zeros((0, 0)))
     inverse_link: Callable[[np.ndarray], tuple[np.ndarray, np.ndarray]] = lambda eta: (eta, np.ones_like(eta))
 
     @property

@@ -65,7 +65,7 @@ def _settings(fitted: Fitted, requests: Sequence[Request], options: Options, sub
         _setting("LinkFunctionType", distribution.link),
         _setting("LinkFunctionParam", number_text(distribution.power)),
         _setting("Intercept", flag_text(fitted.design.has_intercept)),
-        _setting("ResidualCovarianceType", residual.structure),
+        _setting("ResidualCovarianceType", residual.structure) if residual.structure else None,
         _setting("ResidualCovarianceTBand", ""),
         _setting("ResidualSubjectSpec", None, subject),
         _setting("ResidualGroupSpec", None, value_list([])),
@@ -131,16 +131,11 @@ def _diagnostics(
         counts, labels = classification_of(fitted.target, fitted.predicted)
         table = classification_node(counts, labels)
         accuracy = float(np.trace(counts) / counts.sum()) if counts.sum() else np.nan
-    grand: list[Node] = []
-    top: list[Node] = []
-    blocks: list[Node] = []
-    if not fitted.distribution.has_categories:
-        writer = MeansWriter(fitted, options)
-        top = writer.top(tests)
-        blocks = [writer.block(request, index) for index, request in enumerate(requests)]
-        grand = writer.grand_mean() if requests else []
-    elif options.at:
-        raise ValueError("at places means, and means of a target of several categories have no place in the documents.")
+    writer = MeansWriter(fitted, options)
+    has_mean = not fitted.distribution.has_categories
+    top = writer.top(tests) if has_mean else []
+    blocks = [writer.block(request, index) for index, request in enumerate(requests)]
+    grand = writer.grand_mean() if requests and has_mean else []
     return node(
         "ModelDiagnostics",
         None,

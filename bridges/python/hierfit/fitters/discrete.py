@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+from functools import partial
 from typing import Any
 
 import numpy as np
@@ -120,6 +121,8 @@ def fitted_multinomial(fit: Any, level: float) -> Fitted:
         target,
         beta=params.T.ravel(),
         covariance=np.asarray(fit.cov_params(), dtype=float),
+        probabilities=partial(_softmax, params),
+        probability_covariance=np.asarray(fit.cov_params(), dtype=float),
         coefficients=categories[0][1],
         categories=categories,
         residual=fixed_scale(),
@@ -127,6 +130,16 @@ def fitted_multinomial(fit: Any, level: float) -> Fitted:
         predicted=np.asarray(fit.predict(), dtype=float),
         messages=fit_messages(fit, se),
     )
+
+
+def _softmax(params: np.ndarray, l: np.ndarray) -> tuple[np.ndarray, np.ndarray]:
+    """Probabilities of all categories at rows of the design, and their gradients over the coefficients of each category
+    but the first, one category after the other."""
+    eta = np.column_stack((np.zeros(len(l)), l @ params))
+    weights = np.exp(eta - eta.max(axis=1, keepdims=True))
+    p = weights / weights.sum(axis=1, keepdims=True)
+    slopes = p[:, :, None] * (np.eye(p.shape[1])[None, :, 1:] - p[:, None, 1:])  # by category, over the predictors
+    return p, np.einsum("nkj,np->nkjp", slopes, l).reshape(len(l), p.shape[1], -1)
 
 
 def _category(name: Any) -> str:

@@ -214,4 +214,6 @@ def _working_correlation(
         return Residual("AR1", parameters, subject=subject), []
     residual = scale_of_residual(scale, np.nan, level) if distribution.has_scale else fixed_scale()
     residual.subject = subject
+    if name != "Independence":
+        residual.structure = ""
     return residual, [] if name == "Independence" else [f"a working correlation of class {name}"]

@@ -11,7 +11,7 @@ import numpy as np
 from ..bridge.covariance import block_parameters, block_row, scale_of_residual
 from ..bridge.design import Row
 from ..bridge.fields import Field, field_of_column, is_categorical
-from ..bridge.model import Block, Coefficients, Criteria, Distribution, Fitted, Subject
+from ..bridge.model import Block, Coefficients, Criteria, Fitted, Subject
 from ..bridge.variables import describe
 from .linear import NORMAL, add_group
 from .source import Source, assemble, covariance_of, criteria_of, fit_messages, group_field, plain_target, source_of

@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+from functools import partial
 from typing import Any
 
 import numpy as np
@@ -35,7 +36,10 @@ def fitted_ordered(fit: Any, level: float) -> Fitted:
     target = category_target(source, np.asarray(model.endog, dtype=int), list(model.labels), is_ordered=True)
     df = inference_df(fit)
     coefficients = coefficients_of(fit, slice(n), df)
-    told = ["an offset"] if getattr(model, "offset", None) is not None and np.any(np.asarray(model.offset) != 0) else []
+    given = getattr(model, "offset", None)
+    offsets = np.asarray(0.0 if given is None else given, dtype=float)
+    offset = float(offsets.mean())
+    told = ["an offset"] if np.any(offsets != 0) else []
     return assemble(
         source,
         Distribution("ORDINAL", link),
@@ -44,6 +48,8 @@ def fitted_ordered(fit: Any, level: float) -> Fitted:
         covariance=covariance_of(fit, n),
         coefficients=coefficients,
         thresholds=Thresholds((target.of.levels or [])[:-1], _thresholds(fit, n, df)),
+        probabilities=partial(_probabilities, fit, offset),
+        probability_covariance=np.asarray(fit.cov_params(), dtype=float),
         residual=fixed_scale(),
         criteria=criteria_of(fit.llf, fit.aic, fit.bic, source.n),
         predicted=np.asarray(fit.predict(), dtype=float),
@@ -52,17 +58,39 @@ def fitted_ordered(fit: Any, level: float) -> Fitted:
     )
 
 
+def _threshold_slopes(params: np.ndarray) -> np.ndarray:
+    """Of the thresholds over the fit's parameters, which are the first one and the logs of the steps to the next."""
+    return np.tril(np.tile(np.concatenate(([1.0], np.exp(params[1:]))), (len(params), 1)))
+
+
+def _thresholds_of(fit: Any) -> np.ndarray:
+    return np.asarray(fit.model.transform_threshold_params(np.asarray(fit.params, dtype=float)))[1:-1]
+
+
 def _thresholds(fit: Any, n: int, df: float) -> Coefficients:
-    """The fit's parameters are the first threshold and the logs of the steps to the next ones; errors by the delta
-    method."""
+    """Errors by the delta method."""
     from scipy import stats
 
-    params = np.asarray(fit.params, dtype=float)[n:]
+    gradient = _threshold_slopes(np.asarray(fit.params, dtype=float)[n:])
     covariance = np.asarray(fit.cov_params(), dtype=float)[n:, n:]
-    estimate = np.asarray(fit.model.transform_threshold_params(np.asarray(fit.params, dtype=float)))[1:-1]
-    slopes = np.concatenate(([1.0], np.exp(params[1:])))
-    gradient = np.tril(np.tile(slopes, (len(params), 1)))
+    estimate = _thresholds_of(fit)
     with np.errstate(invalid="ignore"):
         se = np.sqrt(np.einsum("ij,jk,ik->i", gradient, covariance, gradient))
     stat = estimate / se
     return Coefficients(estimate, se, stat, 2 * stats.t.sf(np.abs(stat), df), df)
+
+
+def _probabilities(fit: Any, offset: float, l: np.ndarray) -> tuple[np.ndarray, np.ndarray]:
+    """Of the categories at rows of the design, and their gradients over all parameters of the fit."""
+    params = np.asarray(fit.params, dtype=float)
+    n = l.shape[1]
+    z = _thresholds_of(fit)[None, :] - (l @ params[:n] + offset)[:, None]
+    below, density = fit.model.cdf(z), fit.model.pdf(z)
+    # Gradients of what lies below each threshold: over the coefficients, then over the thresholds' parameters.
+    of_coefficients = -density[:, :, None] * l[:, None, :]
+    of_thresholds = density[:, :, None] * _threshold_slopes(params[n:])[None]
+    slopes = np.concatenate((of_coefficients, of_thresholds), axis=2)
+    ends = np.zeros((len(l), 1))
+    p = np.diff(np.concatenate((ends, below, ends + 1), axis=1), axis=1)
+    flat = np.zeros((len(l), 1, slopes.shape[2]))
+    return p, np.diff(np.concatenate((flat, slopes, flat), axis=1), axis=1)

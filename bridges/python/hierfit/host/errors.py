@@ -8,12 +8,6 @@ _PLACE = re.compile(r"(.*):([0-9]+):([0-9]+)", re.DOTALL)
 _PATH = re.compile(r"([^\s:]+(?:/[^\s:]+)*): (.*)", re.DOTALL)
 
 
-def split_place(text: str) -> tuple[str | None, str]:
-    """Line and column, "41:7", before a text, and the text."""
-    found = re.match(r"([0-9]+:[0-9]+): ", text)
-    return (found[1], text[found.end() :]) if found else (None, text)
-
-
 class HierfitError(RuntimeError):
     """The report could not be made; the installation lacks a part, say."""
 
@@ -47,3 +41,14 @@ def document_error(text: str, place: str | None, names: dict[str, str]) -> Docum
     path, reason = (parts[1], parts[2]) if parts and file is not None else (None, text)
     where = f"{file}:{line}:{column}: " if file is not None else ""
     return DocumentError(where + text, file, line, column, path, reason)
+
+
+def saved_error(text: str, file: str) -> DocumentError:
+    """Of a saved run: "41:7: reason" with line and column, or "/items/3: reason" with the path in it."""
+    place = re.match(r"([0-9]+):([0-9]+): ", text)
+    if place:
+        reason = text[place.end() :]
+        return DocumentError(f"{file}:{text}", file, int(place[1]), int(place[2]), None, reason)
+    path, _, reason = text.partition(": ")
+    inside = path.startswith("/") and bool(reason)
+    return DocumentError(f"{file}: {text}", file, None, None, path if inside else None, reason if inside else text)

@@ -5,6 +5,7 @@ from __future__ import annotations
 import ctypes
 import os
 import sys
+import sysconfig
 import threading
 from collections.abc import Iterator, Mapping
 from contextlib import contextmanager
@@ -43,10 +44,12 @@ def candidates() -> Iterator[str]:
     if given:
         yield given
         return
+    folders = ["lib", "lib64", os.path.join("lib", sysconfig.get_config_var("MULTIARCH") or "")]
     for prefix in [*Path(__file__).resolve().parents, Path(sys.prefix)]:
-        path = prefix / "lib" / NAME
-        if path.is_file():
-            yield str(path)
+        for folder in folders:
+            path = prefix / folder / NAME
+            if path.is_file():
+                yield str(path)
     yield NAME
 
 

@@ -16,10 +16,11 @@ def find_program() -> str | None:
     given = os.environ.get("HIERFIT")
     if given:
         return given
-    for library in candidates():
-        program = Path(library).parent.parent / "bin" / "hierfit"
-        if os.path.isabs(library) and os.access(program, os.X_OK):
-            return str(program)
+    for library in filter(os.path.isabs, candidates()):
+        for prefix in list(Path(library).parents)[1:3]:
+            program = prefix / "bin" / "hierfit"
+            if os.access(program, os.X_OK):
+                return str(program)
     return shutil.which("hierfit")
 
 

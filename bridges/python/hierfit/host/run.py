@@ -15,7 +15,7 @@ from typing import Any
 from ..bridge.documents import documents_of
 from ..bridge.xml import write_whole
 from . import library
-from .errors import DocumentError, HierfitError, document_error, split_place
+from .errors import DocumentError, HierfitError, document_error, saved_error
 from .items import Chart, Item, Items, Table, named_items
 
 LEVELS = {1: "information", 2: "warning", 3: "error"}
@@ -215,9 +215,7 @@ def read(path: str | os.PathLike[str]) -> Run:
     """A run that was saved as JSON."""
     made = Run(*library.start_from_json(Path(path).read_bytes()))
     if made.outcome == library.UNREADABLE:
-        reason = library.error(made._handle) or "it is no saved run"
-        place, text = split_place(reason)
-        raise document_error(text, f"{path}:{place}" if place else None, {})
+        raise saved_error(library.error(made._handle) or "it is no saved run", str(path))
     if made.outcome != library.OK:
         raise HierfitError(library.error(made._handle) or f"{path} could not be read")
     return made
