@@ -26,13 +26,12 @@ class Labels:
 @dataclass(slots=True)
 class Field:
     """One field. `values` has one entry a record: indexes into `levels` where there are any (-1 is missing), else
-    numbers. `is_variable` is false for fields that are in the data alone."""
+    numbers."""
 
     name: str
     values: np.ndarray
     levels: list[str] | None = None
     is_ordered: bool = False
-    is_variable: bool = True
 
     def texts(self) -> list[str | None]:
         if self.levels is None:
@@ -152,7 +151,7 @@ def _field_node(of: Field, labels: Labels) -> Node:
 
 
 def pmml_document(fields: Mapping[str, Field], target: str, is_regression: bool, labels: Labels) -> Node:
-    variables = [target, *(name for name, of in fields.items() if of.is_variable and name != target)]
+    variables = [target, *(name for name in fields if name != target)]
     return node(
         "PMML",
         {"version": "4.4", "xmlns": "http://www.dmg.org/PMML-4_4"},

@@ -57,7 +57,7 @@ def fitted_glm(fit: Any, level: float) -> Fitted:
     distribution, target, told = _family(fit, source)
     n = source.design.size
     residual = scale_of_residual(fit.scale, np.nan, level) if distribution.has_scale else fixed_scale()
-    criteria = criteria_of(fit.llf, fit.aic, fit.bic_llf, source.n)
+    criteria = criteria_of(fit.llf, fit.aic, fit.bic_llf, int(fit.nobs))
     if distribution.kind == "NEGBIN":
         criteria.dispersion = float(fit.model.family.alpha)
     coefficients = coefficients_of(fit, slice(n), inference_df(fit))
@@ -115,10 +115,10 @@ def _family(fit: Any, source: Source) -> tuple[Distribution, Target, list[str]]:
 
 
 def _weights(model: Any) -> np.ndarray | None:
-    """Weights other than 1."""
+    """Weights other than 1. A GLM keeps its working weights under the name that GEE has for those given."""
     product = np.ones(len(model.endog))
-    for name in ("freq_weights", "var_weights", "weights"):
-        given = getattr(model, name, None) if name != "weights" or not hasattr(model, "var_weights") else None
+    for name in ("weights",) if type(model).__name__ == "GEE" else ("freq_weights", "var_weights"):
+        given = getattr(model, name, None)
         if given is not None:
             product = product * np.asarray(given, dtype=float)
     return product if np.any(product != 1) else None
