@@ -26,7 +26,8 @@ int CodeOf(RenderFault fault) {
 /// A document may be rendered many times, so all that changes it, changes a copy.
 std::variant<std::string, RenderError> RenderCopy(const document::Document& document, Format format,
                                                   const report::RenderSettings& settings) {
-    if (format == Format::Json && settings.fvOnly.empty()) return report::Render(document, format, settings);
+    if (format == Format::Json && settings.fvOnly.empty() && !settings.fStyle.IsOwn())
+        return report::Render(document, format, settings);
     document::Document copy = document;
     if (auto error = report::Prepare(copy, format, settings)) return *std::move(error);
     return report::Render(copy, format, settings);

@@ -65,6 +65,26 @@ std::optional<std::string> SetScale(hf_settings& settings, const std::string& va
     return {};
 }
 
+std::optional<std::string> SetStyle(hf_settings& settings, const std::string& value) {
+    std::string words;
+    for (const report::style::NamedStyle& style : report::style::Styles()) {
+        if (style.fWord == value) {
+            settings.fRender.fStyle.fStyle = style.fStyle;
+            return {};
+        }
+        words.append(words.empty() ? "one of " : ", ").append(style.fWord);
+    }
+    return words;
+}
+
+/// "" takes them back.
+std::optional<std::string> SetDigits(hf_settings& settings, const std::string& value) {
+    const std::optional<int> digits = report::style::ReadDigits(value);
+    if (!digits && !value.empty()) return "a number from 0 to 15";
+    settings.fRender.fStyle.fDigits = digits;
+    return {};
+}
+
 std::optional<std::string> Take(std::string& target, const std::string& value) {
     target = value;
     return {};
@@ -92,6 +112,8 @@ constexpr Key kKeys[] = {
                   const std::string& value) { return Choose(all.fRender.fText.fHasChartValues, kTruths, value); }},
     {"color",
      [](hf_settings& all, const std::string& value) { return Choose(all.fRender.fText.fColor, kColors, value); }},
+    {"style", SetStyle},
+    {"digits", SetDigits},
     {"scale", SetScale},
     {"only",
      [](hf_settings& all, const std::string& value) -> std::optional<std::string> {

@@ -8,9 +8,9 @@
 #include "OutputFile.h"
 #include "Pager.h"
 #include "PictureFiles.h"
+#include "Rendering.h"
 #include "StandardError.h"
 #include "Terminal.h"
-#include "host/session/Paths.h"
 #include "report/charts/Pictures.h"
 #include "report/formats/PictureFormat.h"
 #include "report/formats/Render.h"
@@ -35,25 +35,7 @@ bool GoesToTerminal(const OutputOptions& output) {
     return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
 }
 
-int Fail(const report::RenderError& error) {
-    switch (error.fFault) {
-        case report::RenderFault::Usage:
-            return Fail(kWrongUsage, error.fText);
-        case report::RenderFault::Missing:
-            return Fail(kMissingPart, error.fText);
-        case report::RenderFault::Unmakeable:
-            break;
-    }
-    return Fail(kUnwritable, error.fText);
-}
-
-report::RenderSettings MakeSettings(const OutputOptions& output) {
-    return {output.fvOnly,
-            {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor},
-            ChooseTextOptions(output, GoesToTerminal(output)),
-            output.fScale,
-            session::FindPaths().fModuleFolder};
-}
+int Fail(const report::RenderError& error) { return Fail(StatusOf(error.fFault), error.fText); }
 
 int WriteCharts(const document::Document& document, const report::PictureFormat& format, const std::string& folder) {
     int status = kWritten;
@@ -73,7 +55,7 @@ bool IsShownByPager(std::string_view text, const OutputOptions& output, Format f
 
 int Write(document::Document& document, const OutputOptions& output) {
     const Format format = ChooseFormat(output, GoesToTerminal(output));
-    const report::RenderSettings settings = MakeSettings(output);
+    const report::RenderSettings settings = MakeRenderSettings(output, GoesToTerminal(output));
     if (const auto error = report::Prepare(document, format, settings)) return Fail(*error);
     if (report::IsPictures(format)) {
         const auto made = report::MakePictureFormat(format, settings);

@@ -31,4 +31,9 @@ std::optional<Format> FindFormat(std::string_view name) { return Find(kNames, na
 
 std::optional<Format> FindFormatOfEnding(std::string_view ending) { return Find(kEndings, ending); }
 
+std::string_view EndingOf(Format format) {
+    const auto* const found = std::ranges::find(kEndings, format, &FormatName::fFormat);
+    return found == std::end(kEndings) ? std::string_view() : found->fName;
+}
+
 }  // namespace hierfit::report

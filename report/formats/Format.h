@@ -27,4 +27,7 @@ std::optional<Format> FindFormat(std::string_view name);
 /// The format of files with an ending such as ".html". Pictures have none: they are many.
 std::optional<Format> FindFormatOfEnding(std::string_view ending);
 
+/// The ending of a format's files, such as ".html"; empty for pictures.
+std::string_view EndingOf(Format format);
+
 }  // namespace hierfit::report

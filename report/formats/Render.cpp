@@ -31,13 +31,16 @@ std::variant<std::string, RenderError> RenderPicture(const document::Document& d
 
 std::optional<RenderError> Prepare(document::Document& document, Format format, const RenderSettings& settings) {
     if (format == Format::Json) {
-        if (settings.fvOnly.empty()) return {};
-        return RenderError{RenderFault::Usage, "json holds the whole document or none of it"};
+        if (!settings.fvOnly.empty()) {
+            return RenderError{RenderFault::Usage, "json holds the whole document or none of it"};
+        }
+        if (!settings.fStyle.IsOwn()) return {};
+        return RenderError{RenderFault::Usage, "json holds the document itself, without a style"};
     }
     if (const auto unknown = items::Select(document, settings.fvOnly)) {
         return RenderError{RenderFault::Usage, items::Describe(*unknown)};
     }
-    style::ApplyPlain(document);
+    style::Apply(document, settings.fStyle);
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "report/html/HtmlSettings.h"
+#include "report/style/Figures.h"
 #include "report/text/TextReport.h"
 
 namespace hierfit::report {
@@ -13,6 +14,7 @@ namespace hierfit::report {
 /// How a document is rendered. Each format takes what it knows.
 struct RenderSettings {
     std::vector<std::string> fvOnly;  ///< the items that are shown, as `items::Select` takes them; all if empty
+    style::FigureStyle fStyle;
     HtmlSettings fHtml;
     TextOptions fText;
     double fScale = 2;          ///< pixels of a PNG to a pixel of its picture, as `ReadScale` takes it

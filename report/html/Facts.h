@@ -8,11 +8,13 @@
 
 namespace hierfit::report::html {
 
-/// What a page says of its model at the beginning, as far as the document tells it.
+/// What tells a model from others at a glance, as far as the document has it.
 struct Facts {
     std::string fTarget;  ///< the target, or its events; empty where no model summary names one
     std::string fTrials;  ///< what the events are counted out of; mostly empty
     std::optional<double> fRecords;
+    std::optional<double> fAkaike;  ///< information criteria, where the model summary has them
+    std::optional<double> fBayesian;
 };
 
 /// Reads the facts from the items of a page. Records are counted where the document counts them itself: in the points

@@ -56,6 +56,8 @@ std::string MakeHtmlReport(const document::Document& document, const HtmlSetting
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
     out.append(LanguageTag(document.fLanguage)).append("\" data-running=\"");
     AppendCharacters(out, html::RunningTitle(document, facts, settings));
+    out += "\" data-producer=\"";
+    AppendCharacters(out, document.fProducer);
     out += "\">\n";
     html::AppendHead(out, document, facts, settings);
     AppendBodyTag(out, settings.fScripts);

@@ -111,6 +111,10 @@ const refused = [
     /^hierfit: no item is named FixedEfects; there are FixedEffects-1, [^\n]+ and 1 more\n$/],
   ["a part of a document that is whole", ["report", "-f", "json", "--only", "FixedEffects", example], 1,
     "hierfit: --only: json holds the whole document or none of it\nTry: hierfit --help\n"],
+  ["a style of what is saved", ["report", "-f", "json", "--style", "plain", example], 1,
+    "hierfit: --style, --digits: json holds the document itself, without a style\nTry: hierfit --help\n"],
+  ...["16", "-1", "two"].map((digits) => [`${digits} digits`, ["report", "--digits", digits, example], 1,
+    `hierfit: --digits: ${digits} is no number from 0 to 15\nTry: hierfit --help\n`]),
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
   ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
@@ -139,6 +143,8 @@ for (const [title, isShown] of [["Fixed Effects", true], ["Fixed Coefficients", 
   ["Model Summary", false], ["Random Effect Block", false], ["Predicted by Observed", false]]) {
   check(`only: ${title}`, some.status === 0 && some.out.includes(title) === isShown, some.out + some.err);
 }
+const short = report("--style", "apa", "--digits", "1", "--only", "FixedCoefficients-1", example);
+check("a style", /Days +10\.5 +1\.5 +6\.8 +< \.001 +7\.2 +13\.7/.test(short.out), short.out + short.err);
 writeFileSync("whole.json", run("report", "-f", "json", example).out);
 const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
 check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);
