@@ -5,6 +5,7 @@ import pickle
 import re
 import shutil
 import subprocess
+import sys
 import threading
 import xml.dom.minidom
 
@@ -216,3 +217,12 @@ def test_the_library_is_looked_for_where_it_may_be(monkeypatch):
     assert os.path.realpath(given) in map(os.path.realpath, library.candidates())
     assert re.fullmatch(r"[0-9]+\.[0-9]+\.[0-9]+", hierfit.version())
     assert np.all([hierfit.__version__ == hierfit.version()])
+
+
+@pytest.mark.parametrize("script", sorted(path.name for path in (REPOSITORY / "examples" / "gallery").glob("*.py")))
+def test_the_gallery_s_scripts_write_their_reports(script, tmp_path):
+    path = REPOSITORY / "examples" / "gallery" / script
+    assert sum(1 for line in path.read_text().splitlines() if line) < 15
+    subprocess.run([sys.executable, "-W", "error::UserWarning", path, tmp_path], check=True)
+    page = (tmp_path / f"{path.stem}.html").read_text()
+    assert page.count("<table") > 4 and 'class="alerts"' not in page
