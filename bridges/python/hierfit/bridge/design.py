@@ -199,7 +199,8 @@ def design_of_columns(names: Sequence[str], values: np.ndarray, constant: int | 
     """From a data frame's columns, each of them a covariate."""
     if len(set(names)) < len(names):
         raise ValueError("Two columns of the model's data have one name; rename one of them.")
-    factors, terms = [], []
+    factors: list[Factor] = []
+    terms: list[Term] = []
     for column, name in enumerate(names):
         if column == constant:
             continue

@@ -48,6 +48,14 @@ def level_text(value: Any) -> str:
     return str(value)
 
 
+def level_of_name(name: Any) -> str:
+    """The level that a fit's name for it stands for: 1 for "1.0"."""
+    try:
+        return level_text(float(name)) or str(name)
+    except ValueError:
+        return str(name)
+
+
 def texts_of_levels(name: str, categories: Iterable[Any]) -> list[str]:
     texts = [level_text(category) for category in categories]
     if len(set(texts)) != len(texts):

@@ -2,7 +2,7 @@
 
 from __future__ import annotations
 
-from collections.abc import Sequence
+from collections.abc import Mapping, Sequence
 
 import numpy as np
 
@@ -164,7 +164,7 @@ class MeansWriter:
                 column_texts.extend([text] * len(t))
             overall.append(self._overall(number, l, estimate, means.covariance, where))
         fields = [_field_column(means.fields[k], column) for k, column in zip(others, texts)]
-        fields += [_field_column(request.compare, list(side) * len(groups)) for side in (first, second)]
+        fields += [_field_column(request.compare, side * len(groups)) for side in (first, second)]
         table = node(
             "MultivariateData",
             {"description": "contrasts"},
@@ -202,7 +202,7 @@ def _groups(means: Means, at: int) -> list[np.ndarray]:
     return [np.array(members) for members in groups.values()]
 
 
-def _pairs(request: Request, levels: list[str]) -> tuple[np.ndarray, list[str], list[str | None]]:
+def _pairs(request: Request, levels: list[str]) -> tuple[np.ndarray, list[str | None], list[str | None]]:
     """Contrasts by levels, and the two sides of each."""
     n = len(levels)
     unit = np.eye(n)
@@ -232,7 +232,7 @@ def _field_column(name: str, texts: Sequence[str | None]) -> Node:
     return coordinates(text_array(texts), "fields", field=name)
 
 
-def _figures(columns: dict[str, Sequence[float]]) -> list[Node]:
+def _figures(columns: Mapping[str, Sequence[float] | np.ndarray]) -> list[Node]:
     return [coordinates(real_array(values), "statistic", statistic=name) for name, values in columns.items()]
 
 

@@ -105,7 +105,7 @@ class Block:
     @property
     def effects(self) -> list[list[str]]:
         found = ([*row.covariates, *(name for name, _, _ in row.factors)] for row in self.rows if not row.is_intercept)
-        return [list(fields) for fields in dict.fromkeys(map(tuple, found))]
+        return [list(fields) for fields in dict.fromkeys(tuple(fields) for fields in found)]
 
 
 @dataclass(slots=True)

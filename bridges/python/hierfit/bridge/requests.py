@@ -91,12 +91,13 @@ def _one_each(given: Any, n: int, what: str) -> list[Any]:
 
 def _parse(block: Any, known: Sequence[str]) -> tuple[list[str], str]:
     """The fields of a block and the factor that is compared: the first one before the bar."""
+    outer: list[str] = []
     if isinstance(block, (tuple, list)):
-        inner, outer = [str(name) for name in block], []
+        inner = [str(name) for name in block]
     elif isinstance(block, str):
         text = block.strip().removeprefix("~").strip()
         if text in known:
-            inner, outer = [text], []
+            inner = [text]
         else:
             left, bar, right = text.partition("|")
             inner, outer = _names(left, known), _names(right, known) if bar else []

@@ -299,7 +299,7 @@ def _coefficient(row: Row, figures: Coefficients, fitted: Fitted, options: Optio
     else:
         estimate, se = float(figures.estimate[at]), float(figures.se[at])
         half = float(stats.t.ppf(0.5 + options.level / 2, figures.df)) * se
-        exponentiated = (np.nan,) * 3
+        exponentiated: tuple[float, ...] = (np.nan,) * 3
         if fitted.distribution.is_exponentiated:
             with np.errstate(over="ignore"):
                 exponentiated = tuple(float(x) for x in np.exp([estimate, estimate - half, estimate + half]))

@@ -77,7 +77,8 @@ def _negbin_size(y: np.ndarray) -> float:
 
 def _bars(y: np.ndarray, is_discrete: bool) -> tuple[np.ndarray, np.ndarray]:
     if is_discrete:
-        return np.unique(y, return_counts=True)
+        values, counts = np.unique(y, return_counts=True)
+        return values, counts
     heights, edges = np.histogram(y, bins="sturges")
     return (edges[:-1] + edges[1:]) / 2, heights
 

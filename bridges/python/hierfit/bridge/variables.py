@@ -67,3 +67,13 @@ def describe(code: str, alone: frozenset[str] = frozenset()) -> Variable:
             if name in alone and isinstance(power, int) and 2 <= power <= 9:
                 return Variable(code, str(name), power, names)
     return Variable(code, " ".join(code.split()), 1, names)
+
+
+def operands(code: str, operator: type[ast.operator]) -> tuple[str | None, str | None]:
+    """The columns on both sides of an operator, as in a / b or I(a / b); None for what is no column."""
+    tree = parse(code)
+    if isinstance(tree, ast.Call) and isinstance(tree.func, ast.Name) and tree.func.id == "I" and len(tree.args) == 1:
+        tree = tree.args[0]
+    if not (isinstance(tree, ast.BinOp) and isinstance(tree.op, operator)):
+        return None, None
+    return plain_name(tree.left), plain_name(tree.right)

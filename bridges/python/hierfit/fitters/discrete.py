@@ -8,7 +8,7 @@ from typing import Any
 import numpy as np
 
 from ..bridge.covariance import fixed_scale
-from ..bridge.fields import level_text
+from ..bridge.fields import level_of_name
 from ..bridge.model import Coefficients, Distribution, Fitted
 from .source import (
     assemble,
@@ -103,7 +103,7 @@ def fitted_multinomial(fit: Any, level: float) -> Fitted:
     """A set of coefficients for each category but the first."""
     model = fit.model
     source = source_of(model)
-    names = [_category(model._ynames_map[k]) for k in sorted(model._ynames_map)]
+    names = [level_of_name(model._ynames_map[k]) for k in sorted(model._ynames_map)]
     target = category_target(source, np.argmax(np.asarray(model.wendog), axis=1), names)
     levels = target.of.levels or []
 
@@ -140,11 +140,3 @@ def _softmax(params: np.ndarray, l: np.ndarray) -> tuple[np.ndarray, np.ndarray]
     p = weights / weights.sum(axis=1, keepdims=True)
     slopes = p[:, :, None] * (np.eye(p.shape[1])[None, :, 1:] - p[:, None, 1:])  # by category, over the predictors
     return p, np.einsum("nkj,np->nkjp", slopes, l).reshape(len(l), p.shape[1], -1)
-
-
-def _category(name: Any) -> str:
-    """1 for "1.0", as the data have it."""
-    try:
-        return level_text(float(name)) or str(name)
-    except (TypeError, ValueError):
-        return str(name)

@@ -2,15 +2,16 @@
 
 from __future__ import annotations
 
+import ast
 from dataclasses import dataclass
 from typing import Any
 
 import numpy as np
 
 from ..bridge.design import Design, check_design, design_of_columns, design_of_formula, fields_of_design
-from ..bridge.fields import Field, field_of_column, level_text, texts_of_levels
+from ..bridge.fields import Field, field_of_column, level_of_name, level_text, texts_of_levels
 from ..bridge.model import Coefficients, Criteria, Distribution, Fitted, Target
-from ..bridge.variables import describe, parse, plain_name
+from ..bridge.variables import describe, operands
 
 
 @dataclass(slots=True)
@@ -52,7 +53,7 @@ def source_of(model: Any, has_thresholds: bool = False) -> Source:
 
 def _source_of_columns(model: Any, has_thresholds: bool) -> Source:
     exog = getattr(model.data, "orig_exog", None)
-    if not hasattr(exog, "columns"):
+    if exog is None or not hasattr(exog, "columns"):
         raise ValueError(
             "The model was made of arrays without names, so its terms cannot be told; use a formula, or a data "
             "frame for exog."
@@ -120,18 +121,9 @@ def binomial_target(source: Source, weights: np.ndarray | None) -> tuple[Target,
     if weights is not None:
         events = values * weights
         if np.abs(events - np.round(events)).max() < 1e-6:
-            tree = parse(name)
-            import ast
-
-            parts = (
-                [plain_name(tree.left), plain_name(tree.right)]
-                if isinstance(tree, ast.BinOp) and isinstance(tree.op, ast.Div)
-                else [None, None]
-            )
-            return (
-                Target(Field(parts[0] or name, np.round(events)), Field(parts[1] or "trials", weights.astype(float))),
-                True,
-            )
+            numerator, denominator = operands(name, ast.Div)
+            trials = Field(denominator or "trials", weights.astype(float))
+            return Target(Field(numerator or name, np.round(events)), trials), True
     raise ValueError(
         f"The target {name} holds shares of trials whose numbers are not known; give events and failures, as in "
         "'events + failures ~ x', or the trials as var_weights."
@@ -141,40 +133,17 @@ def binomial_target(source: Source, weights: np.ndarray | None) -> tuple[Target,
 def _two_columns(source: Source, given: np.ndarray) -> Target:
     """Events and failures; or one text or truth value of two levels, whose first one is the event."""
     left = _left_side(source.model)
-    names = (
-        [str(name) for name in source.model.endog_names]
-        if not isinstance(source.model.endog_names, str)
-        else ["events", "failures"]
-    )
+    names = source.model.endog_names
+    names = ["events", "failures"] if isinstance(names, str) else [str(name) for name in names]
     if len(left) == 1:
         code = left[0].name()
-        levels = [name.removeprefix(code + "[").removesuffix("]").removeprefix("T.") for name in names]
-        column = describe(code).field
-        if source.frame is not None and column in source.frame:
-            known = field_of_column(column, source.frame[column], True).levels or []
-            levels = next(
-                (
-                    [text for text in known if text in levels]
-                    for _ in [0]
-                    if len([text for text in known if text in levels]) == 2
-                ),
-                levels,
-            )
-        return Target(Field(column, np.argmax(given, axis=1), levels), event=0)
+        levels = [level_of_name(name.removeprefix(code + "[").removesuffix("]").removeprefix("T.")) for name in names]
+        return Target(Field(describe(code).field, np.argmax(given, axis=1), levels), event=0)
     events, trials = given[:, 0].astype(float), given.sum(axis=1).astype(float)
     fields = [describe(factor.name()).field for factor in left] or names
-    return Target(Field(fields[0], events), Field(_name_of_trials(fields), trials))
-
-
-def _name_of_trials(fields: list[str]) -> str:
-    """n for events + I(n - events)."""
-    import ast
-
-    tree = parse(fields[1])
-    inner = tree.args[0] if isinstance(tree, ast.Call) and len(tree.args) == 1 else tree
-    if isinstance(inner, ast.BinOp) and isinstance(inner.op, ast.Sub) and plain_name(inner.right) == fields[0]:
-        return plain_name(inner.left) or f"{fields[0]} + {fields[1]}"
-    return f"{fields[0]} + {fields[1]}"
+    whole, part = operands(fields[1], ast.Sub)  # n for events + I(n - events)
+    name = whole if whole is not None and part == fields[0] else f"{fields[0]} + {fields[1]}"
+    return Target(Field(fields[0], events), Field(name, trials))
 
 
 # What all fits have
@@ -239,16 +208,13 @@ def assemble(source: Source, distribution: Distribution, target: Target, **parts
 
 
 def group_field(source: Source, name: str | None, groups: np.ndarray) -> Field:
-    """The field of the groups: by name, or the column of the data that holds the same values."""
+    """The field of the groups: the column of the data that holds the same values, first that of the name."""
     import pandas
 
-    groups = np.asarray(groups)
-    found = name if source.frame is not None and name in source.frame else None
-    if found is None and source.frame is not None:
-        found = next((str(column) for column in source.frame.columns if _same(source.frame[column], groups)), None)
-    column = pandas.Series(
-        source.frame[found].to_numpy() if found is not None and _same(source.frame[found], groups) else groups
-    )
+    frame = source.frame
+    columns = [] if frame is None else [name, *frame.columns] if name in frame else list(frame.columns)
+    found = next((column for column in columns if _same(frame[column], groups)), None)
+    column = pandas.Series(groups) if found is None else frame[found]
     field = field_of_column(str(found or name or "Group"), column, True)
     if (field.values < 0).any():
         raise ValueError(f"The groups {field.name} have missing values; leave these records out before fitting.")

@@ -7,7 +7,6 @@ import warnings
 from collections.abc import Iterable, Iterator
 from concurrent.futures import FIRST_COMPLETED, ThreadPoolExecutor, wait
 from dataclasses import dataclass, field
-from functools import partial
 from html.parser import HTMLParser
 from pathlib import Path
 from typing import Any
@@ -77,8 +76,8 @@ def map_models(
             outcome.skipped.append(folder / model.report)
         else:
             to_do.append(model)
-    work = _in_threads if client is None else partial(_over_cluster, client)
-    for model, (files, reason) in work(to_do, format, settings):
+    results = _in_threads(to_do, format, settings) if client is None else _over_cluster(client, to_do, format, settings)
+    for model, (files, reason) in results:
         if reason is None:
             try:
                 _write(folder / model.report, files)
@@ -110,7 +109,9 @@ def _list_models(given: Iterable[Any], out: Path, ending: str) -> list[Model]:
     folders = sorted(
         ((_folder_of(*paths, out), *paths) for paths in pairs.values()), key=lambda model: os.fsencode(model[0])
     )
-    taken, numbers, models = {INDEX}, {}, []
+    taken = {INDEX}
+    numbers: dict[str, int] = {}
+    models: list[Model] = []
     for folder, pmml, statxml in folders:
         base = os.path.basename(os.path.abspath(folder)) or "root"
         name = base + ending
