@@ -199,3 +199,11 @@ def test_means_that_cannot_be_asked_are_refused_by_name(data, tmp_path):
         ):
             hierfit.documents(fit, tmp_path, **options)
     assert not list(tmp_path.iterdir())
+
+
+@pytest.mark.parametrize("formula", ["y ~ g + I(x * (g == 'a'))", "y ~ C(kind) + np.log(kind + x ** 2)"])
+def test_numbers_that_are_made_of_factors_have_no_means(formula, data, chain):
+    fit = smf.ols(formula, data).fit()
+    same(chain(fit)["FixedCoefficients-1"]["t"].dropna().iloc[-1], fit.tvalues.iloc[-1])
+    with pytest.raises(ValueError, match="is a number that is made of a factor"):
+        hierfit.run(fit, means=fit.model.data.design_info.term_names[1].removeprefix("C(").removesuffix(")"))

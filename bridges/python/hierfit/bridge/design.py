@@ -29,7 +29,7 @@ class Row:
 @dataclass(slots=True)
 class Factor:
     """One variable of the formula. Categories have `levels`; numbers have `width` columns, which `evaluate` gives for
-    the values of the data's columns that the variable is made of."""
+    the values of the data's columns that the variable is made of. A number that is made of factors `is_mixed`."""
 
     variable: Variable
     levels: list[str] | None
@@ -39,6 +39,7 @@ class Factor:
     raw: tuple[str, ...] = ()
     evaluate: Callable[[Mapping[str, np.ndarray]], np.ndarray] | None = None
     is_ordered: bool = False
+    is_mixed: bool = False
 
     @property
     def is_category(self) -> bool:
@@ -159,9 +160,11 @@ def _factor_of(code: Any, info: Any, frame: Any, alone: frozenset[str]) -> Facto
     def evaluate(at: Mapping[str, np.ndarray]) -> np.ndarray:
         return _as_columns(code.eval(state, at))
 
-    known = all(name in raw or name not in frame for name in variable.names) and bool(raw)
+    mixed = any(name in frame and name not in raw for name in variable.names)
     names = [variable.field] if width == 1 else [f"{code.name()}[{j}]" for j in range(width)]
-    return Factor(variable, None, width, names, columns, raw if known else (), evaluate if known else None)
+    if mixed or not raw:
+        return Factor(variable, None, width, names, columns, is_mixed=mixed)
+    return Factor(variable, None, width, names, columns, raw, evaluate)
 
 
 def _as_columns(values: Any) -> np.ndarray:
@@ -189,6 +192,9 @@ def _check_fields(design: Design) -> None:
             raise ValueError(
                 f"{name} stands in the model with two sets of levels ({before.variable.code}, {factor.variable.code})."
             )
+    categories = {factor.variable.field for factor in design.factors if factor.is_category}
+    for factor in design.factors:
+        factor.is_mixed = factor.is_mixed or bool(categories & set(factor.raw))
     for term in design.terms:
         names = [design.factors[f].variable.field for f in term.factors if design.factors[f].is_category]
         if len(set(names)) < len(names):

@@ -47,6 +47,8 @@ class MeansWriter:
     def top(self, tests: Sequence[Test]) -> list[Node]:
         """Means of the effects of factors that are significant, the strongest first."""
         design = self.fitted.design
+        if self._mixed() is not None:
+            return []
         chosen = [
             i
             for i, effect in enumerate(design.effects)
@@ -62,11 +64,21 @@ class MeansWriter:
             )
         return blocks
 
+    def _mixed(self) -> str | None:
+        """A number that is made of factors, and so has no value where these are averaged over."""
+        return next((factor.variable.code for factor in self.fitted.design.factors if factor.is_mixed), None)
+
     def _level_point(self, grid: Grid, name: str) -> Point:
         levels = grid.levels_of(name) or []
         return Point(levels, np.eye(len(levels)))
 
     def block(self, request: Request, index: int) -> Node:
+        mixed = self._mixed()
+        if mixed is not None:
+            raise ValueError(
+                f"The term {mixed} is a number that is made of a factor, so means over the factor have no value of it; "
+                "write it as a product, such as x:C(g), or leave the means out."
+            )
         grid = Grid(self.fitted, self.options.at)
         points = {}
         for name in request.fields:
