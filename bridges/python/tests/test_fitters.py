@@ -22,6 +22,7 @@ FITS = {
     "binomial": lambda d: smf.glm("two ~ g + x", d, family=families.Binomial()).fit(),
     "text": lambda d: smf.glm("word ~ g + x", d, family=families.Binomial(families.links.probit())).fit(),
     "trials": lambda d: smf.glm("events + I(n - events) ~ g + x", d, family=families.Binomial()).fit(),
+    "trials that predict": lambda d: smf.glm("events + I(n - events) ~ n", d, family=families.Binomial()).fit(),
     "shares": lambda d: smf.glm("I(events / n) ~ g", d, family=families.Binomial(), var_weights=d.n).fit(),
     "poisson": lambda d: smf.glm("count ~ g * h", d, family=families.Poisson()).fit(),
     "quasi": lambda d: smf.glm("count ~ g", d, family=families.Poisson()).fit(scale="X2"),

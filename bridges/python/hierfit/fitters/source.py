@@ -199,6 +199,8 @@ def assemble(source: Source, distribution: Distribution, target: Target, **parts
     if target.trials is not None:
         fields[target.trials.name] = target.trials
     for name, of in fields_of_design(source.design).items():
+        if target.trials is not None and name == target.trials.name and of.levels is None:
+            continue
         if name in fields:
             raise ValueError(f"{name} is the target and a predictor as well; give one of them a column of its own.")
         fields[name] = of
