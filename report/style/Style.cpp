@@ -1,6 +1,7 @@
 #include "report/style/Style.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -65,7 +66,7 @@ void Restyle(Text& text) {
     }
 }
 
-void RestyleAll(std::vector<Text>& texts) {
+void RestyleAll(std::span<Text> texts) {
     for (Text& text : texts) Restyle(text);
 }
 

@@ -49,7 +49,7 @@ document::Picture MakeMeans(const std::string& label, int count) {
                                  value - 1,
                                  value + 1,
                                  false,
-                                 label + "\nMean = " + std::to_string(value)});
+                                 label + "\nMean: " + std::to_string(value)});
     }
     picture.fContent = std::move(means);
     return picture;
@@ -73,6 +73,7 @@ document::Document MakeCharts() {
     std::list<Item> items{{MakeChart("Means", MakeMeans("Means of dose", 8))},
                           {MakeChart("Few means", MakeMeans("Few", 1))},
                           {MakeChart("Points", MakePoints(10'000))},
+                          {MakeChart("Crowd", MakeMeans(std::string(100, 'x'), 1'500))},
                           {MakeChart("Hebrew", MakeMeans("\u05E9\u05DC\u05D5\u05DD (1)", 4))}};
     return MakeDocument("Charts", std::move(items));
 }
