@@ -129,6 +129,14 @@ def test_blocks_have_their_subjects(options, subjects, structure, common, data, 
     assert len([name for name in tables if name.startswith("RandomEffects")]) == len(subjects)
 
 
+def test_levels_of_components_may_hold_anything(data):
+    data = data.assign(inner=data["in"].map({"p": "a:b", "q": "c [d]", "r": 'e"f'}))
+    fit = mixed("y ~ g", data, groups="s", re_formula="1", vc_formula={"v": "0 + C(inner)", "w": "0 + C(inner):x"})
+    pmml, text = texts(fit)
+    assert text.count('<Value value="inner"/>') == 2 and '<Value value="c [d]"/>' in pmml
+    assert '<Covariate field="x" power="1"/>' in text
+
+
 def test_a_block_without_covariances_is_diagonal(data, chain):
     free = MixedLMParams.from_components(np.ones(3), np.eye(2))
     fit = mixed("y ~ g", data, groups="s", re_formula="~x", fit=dict(free=free, method="bfgs"))

@@ -63,15 +63,13 @@ def _predicted(fit: Any) -> np.ndarray | None:
 
 
 def _singular(fit: Any) -> list[tuple[str, ...]]:
-    variances = np.concatenate((np.diag(_matrix(fit)), np.asarray(fit.vcomp, dtype=float))) / fit.scale
+    """Variances of zero, or a matrix some combination of whose effects has none."""
+    matrix, components = _matrix(fit) / fit.scale, np.asarray(fit.vcomp, dtype=float) / fit.scale
+    variances = np.concatenate((np.diag(matrix), components))
     if len(variances) and (variances < NO_VARIANCE).all():
         return [("kGLMM_C8",)]
-    roots = np.linalg.eigvalsh(_matrix(fit) / fit.scale) if fit.k_re else np.zeros(0)
-    return (
-        [("kGLMM_C10",)]
-        if (np.concatenate((roots, np.asarray(fit.vcomp, dtype=float) / fit.scale)) < SINGULAR).any()
-        else []
-    )
+    roots = np.linalg.eigvalsh(matrix) if len(matrix) else np.zeros(0)
+    return [("kGLMM_C10",)] if (np.concatenate((roots, components)) < SINGULAR).any() else []
 
 
 def _matrix(fit: Any) -> np.ndarray:
@@ -157,7 +155,7 @@ def _group_block(
     columns = np.asarray(fit.model.exog_re, dtype=float)
     _add_fields(out, source, names, columns)
     constant = {name for k, name in enumerate(names) if np.all(columns[:, k] == 1)}
-    rows = [_row(name, name in constant, out) for name in names]
+    rows = [block_row(name, name, name in constant, out.fields) for name in names]
     matrix = _matrix(fit)
     spread = np.full_like(matrix, np.nan)
     lower = np.tril_indices(len(matrix))
@@ -169,10 +167,6 @@ def _group_block(
     )
     structure = "VC" if len(rows) == 1 else "DIAG" if is_diagonal else "UNSTRUCTURED"
     return Block(group, rows, structure, matrix, block_parameters(matrix, spread, structure, rows, level))
-
-
-def _row(name: str, is_constant: bool, out: Fitted) -> Row:
-    return block_row(name, name, is_constant, out.fields)
 
 
 def _add_fields(out: Fitted, source: Source, names: Sequence[str], columns: np.ndarray) -> None:
@@ -194,7 +188,8 @@ def _add_fields(out: Fitted, source: Source, names: Sequence[str], columns: np.n
             )
 
 
-_COMPONENT = re.compile(r"(.*)\[.*\]", re.DOTALL)
+_COMPONENT = re.compile(r"(.*?)\[.*\]", re.DOTALL)
+_COLON = re.compile(r":(?![^\[]*\])")  # not within a level
 
 
 def _component_block(
@@ -204,16 +199,14 @@ def _component_block(
     columns = {str(column) for names in fit.model.exog_vc.colnames[k] for column in names}
     subject, row = group, Row("Intercept", is_intercept=True)
     if columns != {"Intercept"}:
-        terms = {tuple(_COMPONENT.sub(r"\1", piece) for piece in column.split(":")) for column in columns}
+        pieces = [_COLON.split(column) for column in sorted(columns)]
+        terms = {tuple(_COMPONENT.sub(r"\1", piece) for piece in column) for column in pieces}
         if len(terms) != 1 or "Intercept" in next(iter(terms)):
             raise ValueError(
                 f"The variance component {name} has columns of several kinds ({', '.join(sorted(columns)[:4])}); "
                 "write its formula as '0 + C(factor)' or '0 + covariate'."
             )
-        bracketed = {
-            piece for column in columns for piece in map(str, column.split(":")) if _COMPONENT.fullmatch(piece)
-        }
-        factors = {_COMPONENT.sub(r"\1", piece) for piece in bracketed}
+        factors = {found[1] for column in pieces for piece in column if (found := _COMPONENT.fullmatch(piece))}
         codes = next(iter(terms))
         inner = [describe(code).field for code in codes if code in factors]
         slopes = [describe(code).field for code in codes if code not in factors]
