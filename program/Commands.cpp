@@ -9,12 +9,12 @@
 #include "OutputFile.h"
 #include "Pager.h"
 #include "PictureFiles.h"
+#include "Rendering.h"
 #include "StandardError.h"
 #include "Terminal.h"
-#include "report/html/HtmlReport.h"
-#include "report/json/JsonDocument.h"
-#include "report/style/Style.h"
-#include "report/text/TextReport.h"
+#include "report/charts/Pictures.h"
+#include "report/formats/PictureFormat.h"
+#include "report/formats/Render.h"
 
 namespace hierfit::program {
 
@@ -36,29 +36,11 @@ bool GoesToTerminal(const OutputOptions& output) {
     return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
 }
 
-/// What readers see is restyled; a document that is saved keeps its words.
-std::string Render(document::Document& document, const OutputOptions& output, Format format) {
-    if (format != Format::Json) report::style::ApplyPlain(document);
-    switch (format) {
-        case Format::Text:
-            return report::MakeTextReport(document, ChooseTextOptions(output, GoesToTerminal(output)));
-        case Format::Json:
-            return report::WriteJson(document);
-        case Format::Html:
-        case Format::Svg:
-        case Format::Png:
-            break;
-    }
-    return report::MakeHtmlReport(
-        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
-}
+int Fail(const report::RenderError& error) { return Fail(StatusOf(error.fFault), error.fText); }
 
-int WriteCharts(const document::Document& document, const OutputOptions& output) {
-    const auto format = output.fFormat == Format::Png ? MakePngFormat(output.fScale) : MakeSvgFormat();
-    if (const auto* error = std::get_if<FileError>(&format)) return Fail(kMissingPart, error->fText);
+int WriteCharts(const document::Document& document, const report::PictureFormat& format, const std::string& folder) {
     int status = kWritten;
-    for (const FileError& error :
-         WritePictures(report::MakePictures(document), std::get<PictureFormat>(format), output.fFile)) {
+    for (const FileError& error : WritePictures(report::MakePictures(document), format, folder)) {
         status = Fail(kUnwritable, error.fText);
     }
     return status;
@@ -74,8 +56,16 @@ bool IsShownByPager(std::string_view text, const OutputOptions& output, Format f
 
 int Write(document::Document& document, const OutputOptions& output) {
     const Format format = ChooseFormat(output, GoesToTerminal(output));
-    if (IsPictures(format)) return WriteCharts(document, output);
-    const std::string text = Render(document, output, format);
+    const report::RenderSettings settings = MakeRenderSettings(output, GoesToTerminal(output));
+    if (const auto error = report::Prepare(document, format, settings)) return Fail(*error);
+    if (report::IsPictures(format)) {
+        const auto made = report::MakePictureFormat(format, settings);
+        if (const auto* error = std::get_if<report::RenderError>(&made)) return Fail(*error);
+        return WriteCharts(document, std::get<report::PictureFormat>(made), output.fFile);
+    }
+    const auto rendered = report::Render(document, format, settings);
+    if (const auto* error = std::get_if<report::RenderError>(&rendered)) return Fail(*error);
+    const std::string& text = std::get<std::string>(rendered);
     if (IsShownByPager(text, output, format)) return kWritten;
     return Conclude(WriteOutput(output.fFile, text));
 }

@@ -6,36 +6,12 @@
 
 #include "OutputFile.h"
 #include "StandardError.h"
-#include "host/session/Paths.h"
 #include "host/unicode/Excerpt.h"
-#include "report/charts/raster/Raster.h"
 
 namespace hierfit::program {
 
-namespace {
-
-constexpr const char* kRasterModule = "libhierfit_raster.so";
-
-}  // namespace
-
-std::variant<PictureFormat, FileError> MakeSvgFormat() {
-    return PictureFormat{"svg", [](const std::string& svg) { return std::optional(svg); }};
-}
-
-std::variant<PictureFormat, FileError> MakePngFormat(double scale) {
-    const std::filesystem::path module =
-        std::filesystem::path(session::FindPaths().fModule).replace_filename(kRasterModule);
-    auto raster = report::charts::Raster::Load(module.string());
-    if (const auto* reason = std::get_if<std::string>(&raster)) {
-        return FileError{std::string("png takes ") + kRasterModule + ": " + *reason};
-    }
-    return PictureFormat{"png", [raster = std::get<report::charts::Raster>(raster), scale](const std::string& svg) {
-                             return raster.MakePng(svg, scale);
-                         }};
-}
-
-std::vector<FileError> WritePictures(const std::vector<report::PictureFile>& pictures, const PictureFormat& format,
-                                     const std::string& folder) {
+std::vector<FileError> WritePictures(const std::vector<report::PictureFile>& pictures,
+                                     const report::PictureFormat& format, const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) return {{unicode::Excerpt(folder, kMostOfText) + ": " + error.message()}};

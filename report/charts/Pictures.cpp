@@ -4,18 +4,18 @@
 
 #include "report/charts/layout/LayOut.h"
 #include "report/charts/svg/Svg.h"
-#include "report/html/Contents.h"
+#include "report/items/Entries.h"
 
 namespace hierfit::report {
 
 std::vector<PictureFile> MakePictures(const document::Document& document) {
     std::vector<PictureFile> pictures;
-    for (html::Entry& entry : html::ListEntries(document)) {
+    for (items::Entry& entry : items::ListEntries(document)) {
         const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent);
         if (!chart) continue;
         const charts::Scene scene = charts::LayOut(chart->fPicture, charts::kDeskWidth);
         pictures.push_back(
-            {std::move(entry.fAnchor), MakeSvgFile(scene, html::TitleOf(*entry.fpItem), chart->fPicture.fSentence)});
+            {std::move(entry.fAnchor), MakeSvgFile(scene, items::TitleOf(*entry.fpItem), chart->fPicture.fSentence)});
     }
     return pictures;
 }

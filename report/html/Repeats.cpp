@@ -55,16 +55,16 @@ std::size_t HashOf(const Table& table) {
     return hash.Get();
 }
 
-const Table* TableIn(const Entry& entry) {
+const Table* TableIn(const items::Entry& entry) {
     const auto* table = std::get_if<Table>(&entry.fpItem->fContent);
     return table && table->fvCells.size() >= kFewestCells ? table : nullptr;
 }
 
 /// For each entry its nearest heading.
-std::vector<const Entry*> FindHeadings(const std::vector<Entry>& entries) {
-    std::vector<const Entry*> headings;
-    std::vector<const Entry*> open;
-    for (const Entry& entry : entries) {
+std::vector<const items::Entry*> FindHeadings(const std::vector<items::Entry>& entries) {
+    std::vector<const items::Entry*> headings;
+    std::vector<const items::Entry*> open;
+    for (const items::Entry& entry : entries) {
         open.resize(static_cast<std::size_t>(entry.fDepth));
         headings.push_back(open.empty() ? nullptr : open.back());
         if (std::holds_alternative<document::Heading>(entry.fpItem->fContent)) open.push_back(&entry);
@@ -74,10 +74,10 @@ std::vector<const Entry*> FindHeadings(const std::vector<Entry>& entries) {
 
 }  // namespace
 
-std::vector<Repeat> FindRepeats(const std::vector<Entry>& entries) {
-    const std::vector<const Entry*> headings = FindHeadings(entries);
+std::vector<Repeat> FindRepeats(const std::vector<items::Entry>& entries) {
+    const std::vector<const items::Entry*> headings = FindHeadings(entries);
     std::unordered_map<std::size_t, int> counts;
-    for (const Entry& entry : entries) {
+    for (const items::Entry& entry : entries) {
         if (const Table* table = TableIn(entry)) ++counts[RoughHashOf(*table)];
     }
     std::unordered_map<std::size_t, Repeat> firsts;

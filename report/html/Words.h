@@ -9,7 +9,6 @@ namespace hierfit::report::html::words {
 
 inline constexpr std::string_view kLanguage = "en";
 
-inline constexpr std::string_view kUntitled = "Untitled";
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kDiagnostics = "Diagnostics";

@@ -25,15 +25,15 @@ Table MakeMeans(int rows, const std::string& last = "1.5") {
 Item Under(const std::string& heading, std::list<Item> items) { return {Heading{MakeText(heading), std::move(items)}}; }
 
 /// "second under first", ... for what repeats what.
-std::string DescribeRepeats(std::list<Item> items) {
-    const document::Document document{"hierfit 0.1.0", "en", "Report", {}, std::move(items), {}};
-    const std::vector<Entry> entries = ListEntries(document);
+std::string DescribeRepeats(std::list<Item> content) {
+    const document::Document document{"hierfit 0.1.0", "en", "Report", {}, std::move(content), {}};
+    const std::vector<items::Entry> entries = items::ListEntries(document);
     const std::vector<Repeat> repeats = FindRepeats(entries);
     std::string lines;
     for (std::size_t at = 0; at < entries.size(); ++at) {
         if (!repeats[at].fpFirst) continue;
         lines += entries[at].fAnchor + " = " + repeats[at].fpFirst->fAnchor + " in ";
-        lines += repeats[at].fpHeading ? TitleOf(*repeats[at].fpHeading->fpItem) : "nothing";
+        lines += repeats[at].fpHeading ? items::TitleOf(*repeats[at].fpHeading->fpItem) : "nothing";
         lines += "; ";
     }
     return lines;

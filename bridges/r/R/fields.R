@@ -37,9 +37,17 @@ number_format <- function(x) {
   sprintf("F%d.%d", min(40L, width), decimals)
 }
 
+# Readers of labelled data leave a column's print format in an attribute "format.WHENCE".
+given_format <- function(x) {
+  every <- attributes(x)
+  for (given in every[grepl("^format\\.", names(every))]) {
+    if (is.character(given) && grepl("^F[0-9]+(\\.[0-9]+)?$", given[1L])) return(given[1L])
+  }
+}
+
 print_format <- function(x, levels = NULL) {
-  given <- attr(x, "format.spss", exact = TRUE)
-  if (is.character(given) && grepl("^F[0-9]+(\\.[0-9]+)?$", given[1L])) return(given[1L])
+  given <- given_format(x)
+  if (!is.null(given)) return(given)
   if (is.null(levels)) return(number_format(as.numeric(x)))
   if (levels_are_numbers(levels)) return(number_format(as.numeric(levels)))
   sprintf("A%d", min(32767L, max(1L, nchar(levels, type = "bytes"))))

@@ -21,7 +21,7 @@ dressed <- function(data, example) {
     if (grepl("<DataField", line)) field <- attribute(line, "name")
     if (!exists("field", inherits = FALSE) || is.null(data[[field]])) next
     if (grepl("<DataField", line)) attr(data[[field]], "label") <- attribute(line, "displayName")
-    if (grepl("<Extension", line)) attr(data[[field]], "format.spss") <- attribute(line, "value")
+    if (grepl("<Extension", line)) attr(data[[field]], "format.source") <- attribute(line, "value")
     label <- if (grepl("<Value", line)) attribute(line, "displayValue")
     if (!is.null(label)) {
       attr(data[[field]], "labels") <- c(
@@ -38,7 +38,7 @@ coded <- function(data, ...) {
     x <- data[[name]]
     levels <- if (is.factor(x)) levels(x) else sort(unique(x))
     x <- factor(as.character(x), levels = as.character(levels))
-    contrasts(x) <- contr.SAS(nlevels(x))
+    contrasts(x) <- contr.treatment(nlevels(x), base = nlevels(x))
     data[[name]] <- x
   }
   data

@@ -19,7 +19,7 @@ test_that("coefficients keep their places under every coding", {
   data <- warpbreaks
   codings <- list(
     lm(breaks ~ wool * tension, data), lm(breaks ~ 0 + tension + wool:tension, data),
-    lm(breaks ~ wool * tension, data, contrasts = list(wool = "contr.SAS", tension = "contr.sum")),
+    lm(breaks ~ wool * tension, data, contrasts = list(wool = contr.treatment(2, base = 2), tension = "contr.sum")),
     lm(breaks ~ tension * wool, data, contrasts = list(tension = "contr.poly"))
   )
   for (fit in codings) {
