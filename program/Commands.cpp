@@ -6,15 +6,13 @@
 #include <string>
 
 #include "Documents.h"
-#include "OutputFile.h"
 #include "Pager.h"
-#include "PictureFiles.h"
 #include "Rendering.h"
+#include "ReportFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
-#include "report/charts/Pictures.h"
-#include "report/formats/PictureFormat.h"
 #include "report/formats/Render.h"
+#include "report/text/TextReport.h"
 
 namespace hierfit::program {
 
@@ -36,38 +34,33 @@ bool GoesToTerminal(const OutputOptions& output) {
     return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
 }
 
-int Fail(const report::RenderError& error) { return Fail(StatusOf(error.fFault), error.fText); }
-
-int WriteCharts(const document::Document& document, const report::PictureFormat& format, const std::string& folder) {
+/// Says what went wrong, but for a closed pipe, which ends silently.
+int Conclude(const std::vector<WriteFailure>& failures) {
     int status = kWritten;
-    for (const FileError& error : WritePictures(report::MakePictures(document), format, folder)) {
-        status = Fail(kUnwritable, error.fText);
+    for (const WriteFailure& failure : failures) {
+        status = failure.fStatus == kClosedPipe ? kClosedPipe : Fail(failure.fStatus, failure.fText);
     }
     return status;
 }
 
 /// Text that is too long for the terminal goes through a pager, if there is one that can be started.
-bool IsShownByPager(std::string_view text, const OutputOptions& output, Format format) {
-    if (format != Format::Text || !output.fHasPager || !GoesToTerminal(output)) return false;
+bool IsShownByPager(const document::Document& document, const OutputOptions& output,
+                    const report::RenderSettings& settings) {
+    if (!output.fHasPager) return false;
+    const std::string text = report::MakeTextReport(document, settings.fText);
     if (!IsLongerThanScreen(text)) return false;
     const std::optional<std::string> pager = FindPager();
     return pager && ShowWithPager(*pager, text);
 }
 
 int Write(document::Document& document, const OutputOptions& output) {
-    const Format format = ChooseFormat(output, GoesToTerminal(output));
-    const report::RenderSettings settings = MakeRenderSettings(output, GoesToTerminal(output));
-    if (const auto error = report::Prepare(document, format, settings)) return Fail(*error);
-    if (report::IsPictures(format)) {
-        const auto made = report::MakePictureFormat(format, settings);
-        if (const auto* error = std::get_if<report::RenderError>(&made)) return Fail(*error);
-        return WriteCharts(document, std::get<report::PictureFormat>(made), output.fFile);
-    }
-    const auto rendered = report::Render(document, format, settings);
-    if (const auto* error = std::get_if<report::RenderError>(&rendered)) return Fail(*error);
-    const std::string& text = std::get<std::string>(rendered);
-    if (IsShownByPager(text, output, format)) return kWritten;
-    return Conclude(WriteOutput(output.fFile, text));
+    const bool isTerminal = GoesToTerminal(output);
+    const Format format = ChooseFormat(output, isTerminal);
+    const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
+    if (const auto error = report::Prepare(document, format, settings))
+        return Fail(StatusOf(error->fFault), error->fText);
+    if (isTerminal && format == Format::Text && IsShownByPager(document, output, settings)) return kWritten;
+    return Conclude(WriteReport(document, format, settings, output.fFile));
 }
 
 }  // namespace

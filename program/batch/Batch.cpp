@@ -22,6 +22,7 @@
 #include "program/batch/ModelReport.h"
 #include "program/batch/Models.h"
 #include "program/batch/Progress.h"
+#include "report/formats/Files.h"
 #include "report/index/IndexPage.h"
 
 namespace hierfit::program {
@@ -41,16 +42,9 @@ std::optional<FileError> PrepareFolder(const std::string& directory) {
 }
 
 std::variant<BatchSettings, report::RenderError> MakeSettings(const BatchCommand& command) {
-    BatchSettings settings{command.fOutput.fFile,
-                           command.fOutput.fFormat.value_or(Format::Html),
-                           command.fSettings,
-                           MakeRenderSettings(command.fOutput, false),
-                           {}};
-    if (report::IsPictures(settings.fFormat)) {
-        auto made = report::MakePictureFormat(settings.fFormat, settings.fRender);
-        if (auto* error = std::get_if<report::RenderError>(&made)) return std::move(*error);
-        settings.fPictures = std::get<report::PictureFormat>(std::move(made));
-    }
+    BatchSettings settings{command.fOutput.fFile, command.fOutput.fFormat.value_or(Format::Html), command.fSettings,
+                           MakeRenderSettings(command.fOutput, false)};
+    if (auto error = report::FindMissing(settings.fFormat, settings.fRender)) return *std::move(error);
     return settings;
 }
 
@@ -62,7 +56,7 @@ struct Task {
 /// What is to be done. Models whose reports are there already have their results at once.
 std::vector<Task> ListTasks(const std::vector<BatchModel>& models, const BatchSettings& settings, bool isForced,
                             Progress& progress) {
-    const EarlierReports earlier(settings.fDirectory, settings.fPictures.has_value());
+    const EarlierReports earlier(settings.fDirectory, report::IsPictures(settings.fFormat));
     std::vector<Task> tasks;
     for (std::size_t model = 0; model < models.size(); ++model) {
         const Work work = isForced ? Work::Report : earlier.WorkFor(models[model]);

@@ -8,10 +8,8 @@
 
 #include "host/unicode/Excerpt.h"
 #include "program/Documents.h"
-#include "program/OutputFile.h"
-#include "program/PictureFiles.h"
+#include "program/ReportFiles.h"
 #include "program/StandardError.h"
-#include "report/charts/Pictures.h"
 #include "report/formats/Render.h"
 
 namespace hierfit::program {
@@ -38,31 +36,20 @@ BatchFailure DescribeFailure(const BatchModel& model, const ModelRun& run) {
     return {kUnreadable, diagnostic.fPlace ? std::move(text) : Behind(model, text)};
 }
 
-std::optional<BatchFailure> WriteModelPictures(const document::Document& document, const std::string& folder,
-                                               const BatchSettings& settings) {
-    const std::vector<FileError> errors = WritePictures(report::MakePictures(document), *settings.fPictures, folder);
-    if (errors.empty()) return {};
-    return BatchFailure{kUnwritable, errors.front().fText};
-}
-
 BatchFailure DescribeFailure(const BatchModel& model, const report::RenderError& error) {
     // What was asked for is right for other models.
     const bool isModel = error.fFault == report::RenderFault::Usage;
     return {isModel ? kUnreadable : kUnwritable, Behind(model, error.fText)};
 }
 
-std::optional<BatchFailure> WriteReport(const BatchModel& model, document::Document& document,
-                                        const BatchSettings& settings) {
+std::optional<BatchFailure> WriteModel(const BatchModel& model, document::Document& document,
+                                       const BatchSettings& settings) {
     const std::string path = (std::filesystem::path(settings.fDirectory) / model.fReport).string();
     if (const auto error = report::Prepare(document, settings.fFormat, settings.fRender)) {
         return DescribeFailure(model, *error);
     }
-    if (settings.fPictures) return WriteModelPictures(document, path, settings);
-    const auto rendered = report::Render(document, settings.fFormat, settings.fRender);
-    if (const auto* error = std::get_if<report::RenderError>(&rendered)) return DescribeFailure(model, *error);
-    if (const auto error = WriteOutput(path, std::get<std::string>(rendered))) {
-        return BatchFailure{kUnwritable, error->fText};
-    }
+    const std::vector<WriteFailure> failures = WriteReport(document, settings.fFormat, settings.fRender, path);
+    if (!failures.empty()) return BatchFailure{failures.front().fStatus, failures.front().fText};
     return {};
 }
 
@@ -76,7 +63,7 @@ BatchResult Make(const BatchModel& model, Work work, const BatchSettings& settin
     report::IndexedModel indexed{model.fPath, model.fFolder, model.fReport, {}, {}, {}, {}, 0};
     report::Describe(indexed, document);
     if (work == Work::Report) {
-        if (auto failure = WriteReport(model, document, settings)) return *std::move(failure);
+        if (auto failure = WriteModel(model, document, settings)) return *std::move(failure);
     }
     return indexed;
 }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <variant>
 
@@ -8,7 +7,7 @@
 #include "program/ExitStatus.h"
 #include "program/batch/EarlierReports.h"
 #include "program/batch/Models.h"
-#include "report/formats/PictureFormat.h"
+#include "report/formats/Format.h"
 #include "report/formats/RenderSettings.h"
 #include "report/index/IndexedModel.h"
 
@@ -20,7 +19,6 @@ struct BatchSettings {
     report::Format fFormat;
     session::Settings fSession;
     report::RenderSettings fRender;
-    std::optional<report::PictureFormat> fPictures;  ///< for formats of pictures
 };
 
 /// Why a model has no report, in one line.

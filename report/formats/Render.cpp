@@ -2,8 +2,7 @@
 
 #include <utility>
 
-#include "report/charts/Pictures.h"
-#include "report/formats/PictureFormat.h"
+#include "report/formats/Files.h"
 #include "report/html/HtmlReport.h"
 #include "report/items/Selection.h"
 #include "report/json/JsonDocument.h"
@@ -13,18 +12,15 @@ namespace hierfit::report {
 
 namespace {
 
-std::variant<std::string, RenderError> RenderPicture(const document::Document& document, Format format,
-                                                     const RenderSettings& settings) {
-    const std::string name(NameOf(format));
-    const std::vector<PictureFile> pictures = MakePictures(document);
-    if (pictures.size() != 1) {
-        return RenderError{RenderFault::Usage,
-                           name + " holds one chart, and " + std::to_string(pictures.size()) + " are chosen"};
-    }
-    auto made = MakePictureFormat(format, settings);
-    if (auto* error = std::get_if<RenderError>(&made)) return std::move(*error);
-    if (auto picture = std::get<PictureFormat>(made).fMake(pictures.front().fSvg)) return *std::move(picture);
-    return RenderError{RenderFault::Unmakeable, "the picture is too large for " + name};
+/// Of a format of many files, the one that there must be.
+std::variant<std::string, RenderError> RenderOnly(const document::Document& document, Format format,
+                                                  const RenderSettings& settings) {
+    const auto listed = ListFiles(document, format, settings);
+    if (const auto* error = std::get_if<RenderError>(&listed)) return *error;
+    const auto& files = std::get<std::vector<FileMaker>>(listed);
+    if (files.size() == 1) return files.front().fMake();
+    return RenderError{RenderFault::Usage, std::string(NameOf(format)) + " holds one chart, and " +
+                                               std::to_string(files.size()) + " are chosen"};
 }
 
 }  // namespace
@@ -53,7 +49,7 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return WriteJson(document);
         case Format::Svg:
         case Format::Png:
-            return RenderPicture(document, format, settings);
+            return RenderOnly(document, format, settings);
         case Format::Html:
             break;
     }

@@ -5,6 +5,7 @@
 
 #include "report/html/Facts.h"
 #include "report/html/Words.h"
+#include "report/items/Entries.h"
 
 namespace hierfit::report {
 

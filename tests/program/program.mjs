@@ -143,6 +143,8 @@ for (const [title, isShown] of [["Fixed Effects", true], ["Fixed Coefficients", 
   ["Model Summary", false], ["Random Effect Block", false], ["Predicted by Observed", false]]) {
   check(`only: ${title}`, some.status === 0 && some.out.includes(title) === isShown, some.out + some.err);
 }
+const pair = report("--only", "FixedEffects", join(example, "model.pmml"), join(example, "model.statxml"));
+check("only, ahead of a pair", pair.status === 0 && pair.out.includes("Fixed Effects"), pair.out + pair.err);
 const short = report("--style", "apa", "--digits", "1", "--only", "FixedCoefficients-1", example);
 check("a style", /Days +10\.5 +1\.5 +6\.8 +< \.001 +7\.2 +13\.7/.test(short.out), short.out + short.err);
 writeFileSync("whole.json", run("report", "-f", "json", example).out);

@@ -60,10 +60,10 @@ const knows = {
   "report/charts/layout/levels": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
-  "report/index": report("items", "markup", "html"),
+  "report/index": report("markup", "html"),
   "report/formats": report("items", "style", "text", "json", "html", "charts", "charts/raster"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
-  "program": [...report("items", "index", "formats", "style", "text", "json", "charts"), ...host("session")],
+  "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
