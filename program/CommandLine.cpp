@@ -174,10 +174,10 @@ std::optional<std::string> CheckJson(const OutputOptions& output) {
     return {};
 }
 
-/// Pictures need a folder.
+/// Many files need a folder.
 std::optional<std::string> CheckOutput(OutputOptions& output) {
     if (auto wrong = SettleFormat(output)) return wrong;
-    if (output.fFormat && report::IsPictures(*output.fFormat) && output.fFile == "-") {
+    if (output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder && output.fFile == "-") {
         return "--format " + std::string(report::NameOf(*output.fFormat)) + ": --output must name a folder";
     }
     return CheckJson(output);

@@ -11,6 +11,7 @@ report::RenderSettings MakeRenderSettings(const OutputOptions& output, bool isTe
             {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor},
             ChooseTextOptions(output, isTerminal),
             output.fScale,
+            {},
             session::FindPaths().fModuleFolder};
 }
 

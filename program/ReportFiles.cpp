@@ -46,17 +46,39 @@ std::vector<WriteFailure> WriteFolder(const document::Document& document, Format
     return WriteFiles(std::get<std::vector<FileMaker>>(files), folder);
 }
 
-}  // namespace
-
-std::vector<WriteFailure> WriteReport(const document::Document& document, Format format,
-                                      const report::RenderSettings& settings, const std::string& path) {
-    if (report::IsPictures(format)) return WriteFolder(document, format, settings, path);
+std::vector<WriteFailure> WriteFile(const document::Document& document, Format format,
+                                    const report::RenderSettings& settings, const std::string& path) {
     const auto rendered = report::Render(document, format, settings);
     if (const auto* error = std::get_if<RenderError>(&rendered)) return {MakeFailure(*error)};
     if (const auto error = WriteOutput(path, std::get<std::string>(rendered))) {
         return {{error->fIsClosedPipe ? kClosedPipe : kUnwritable, error->fText}};
     }
     return {};
+}
+
+/// The charts come first, so that none is missing where there is a file.
+std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document, Format format,
+                                             report::RenderSettings settings, const std::filesystem::path& path) {
+    settings.fChartFolder = path.stem().string() + "-charts";
+    const std::string folder = (path.parent_path() / settings.fChartFolder).string();
+    std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder);
+    for (WriteFailure& failure : WriteFile(document, format, settings, path.string())) {
+        failures.push_back(std::move(failure));
+    }
+    return failures;
+}
+
+}  // namespace
+
+std::vector<WriteFailure> WriteReport(const document::Document& document, Format format,
+                                      const report::RenderSettings& settings, const std::string& path) {
+    const report::Extent extent = report::ExtentOf(format);
+    if (extent == report::Extent::Folder) return WriteFolder(document, format, settings, path);
+    const bool hasPlace = path != "-";
+    if (extent == report::Extent::FileAndCharts && hasPlace) {
+        return WriteFileAndCharts(document, format, settings, path);
+    }
+    return WriteFile(document, format, settings, path);
 }
 
 }  // namespace hierfit::program

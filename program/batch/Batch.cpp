@@ -56,7 +56,7 @@ struct Task {
 /// What is to be done. Models whose reports are there already have their results at once.
 std::vector<Task> ListTasks(const std::vector<BatchModel>& models, const BatchSettings& settings, bool isForced,
                             Progress& progress) {
-    const EarlierReports earlier(settings.fDirectory, report::IsPictures(settings.fFormat));
+    const EarlierReports earlier(settings.fDirectory, report::ExtentOf(settings.fFormat) == report::Extent::Folder);
     std::vector<Task> tasks;
     for (std::size_t model = 0; model < models.size(); ++model) {
         const Work work = isForced ? Work::Report : earlier.WorkFor(models[model]);

@@ -9,25 +9,32 @@ namespace hierfit::report {
 /// What a document can be rendered as.
 enum class Format { Html, Text, Json, Svg, Png };
 
-/// Whether a format holds the charts alone, each in a file of its own.
-constexpr bool IsPictures(Format format) { return format == Format::Svg || format == Format::Png; }
+/// What a format writes.
+enum class Extent {
+    File,
+    FileAndCharts,  ///< a file, and where its place is known, a folder of charts beside it
+    Folder,         ///< many files, each in a name of its own
+};
 
 struct FormatName {
     std::string_view fName;
     Format fFormat;
+    Extent fExtent;
 };
 
 /// The formats by name.
 std::span<const FormatName> FormatNames();
 
+Extent ExtentOf(Format format);
+
 std::string_view NameOf(Format format);
 
 std::optional<Format> FindFormat(std::string_view name);
 
-/// The format of files with an ending such as ".html". Pictures have none: they are many.
+/// The format of files with an ending such as ".html". A folder has none.
 std::optional<Format> FindFormatOfEnding(std::string_view ending);
 
-/// The ending of a format's files, such as ".html"; empty for pictures.
+/// The ending of a format's files, such as ".html"; empty for a folder.
 std::string_view EndingOf(Format format);
 
 }  // namespace hierfit::report

@@ -25,8 +25,8 @@ Table MakeMeans(int rows, const std::string& last = "1.5") {
 Item Under(const std::string& heading, std::list<Item> items) { return {Heading{MakeText(heading), std::move(items)}}; }
 
 /// "second under first", ... for what repeats what.
-std::string DescribeRepeats(std::list<Item> content) {
-    const document::Document document{"hierfit 0.1.0", "en", "Report", {}, std::move(content), {}};
+std::string DescribeRepeats(std::list<Item> items) {
+    const document::Document document{"hierfit 0.1.0", "en", "Report", {}, std::move(items), {}};
     const std::vector<items::Entry> entries = items::ListEntries(document);
     const std::vector<Repeat> repeats = FindRepeats(entries);
     std::string lines;

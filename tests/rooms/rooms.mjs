@@ -60,7 +60,7 @@ const knows = {
   "report/charts/layout/levels": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
-  "report/index": report("markup", "html"),
+  "report/index": report("items", "markup", "html"),
   "report/formats": report("items", "style", "text", "json", "html", "charts", "charts/raster"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
