@@ -22,7 +22,8 @@
 #' @param level The confidence level.
 #' @param df Denominator degrees of freedom: `"kenward-roger"` or `"satterthwaite"` for a fit of
 #'   `lmer`, or `"residual"`, which is records less coefficients, for any fit. The default is
-#'   Kenward-Roger for `lmer` and what the fitter has for others.
+#'   Kenward-Roger for `lmer` (Satterthwaite where it was not fitted by REML) and what the fitter has
+#'   for others.
 #' @param at A named list of values at which continuous predictors are fixed.
 #' @return The folder, invisibly.
 #' @examples
@@ -62,12 +63,21 @@ make_options <- function(adjust, level, df, at) {
 
 # Method of degrees of freedom that this fit has.
 settle_df <- function(fit, options) {
-  if (inherits(fit, "lmerMod")) return(if (is.null(options$df)) "kenward-roger" else options$df)
+  if (inherits(fit, "lmerMod")) return(settle_lmer_df(fit, options$df))
   if (identical(options$df, "residual")) return("residual")
   if (!is.null(options$df)) message("A fit of class ", class(fit)[1L],
     " has no degrees of freedom by the method ",
     options$df, "; those that the fitter has are used.")
   "fitter"
+}
+
+# Kenward and Roger's covariance is one of restricted likelihood.
+settle_lmer_df <- function(fit, df) {
+  restricted <- lme4::isREML(fit)
+  if (is.null(df)) return(if (restricted) "kenward-roger" else "satterthwaite")
+  if (df == "kenward-roger" && !restricted) stop("The method kenward-roger needs a fit by REML; ",
+    "fit with REML = TRUE, or take df = \"satterthwaite\".", call. = FALSE)
+  df
 }
 
 complete_options <- function(fit, info, options) {
@@ -99,7 +109,7 @@ build_model <- function(fit, requests, options) {
   target <- target_of(fit, info, distribution)
   design <- design_of(info)
   info$fields_by_name <- model_fields(info, target)
-  lapply(requests, check_request, predictors = predictors_of(design))
+  lapply(requests, check_request, predictors_of(design), target$name, has_categories(distribution))
   random <- hf_random(fit, info, options)
   part <- list(
     info = info, target = target, design = design, distribution = distribution, options = options,
@@ -160,8 +170,7 @@ described <- function(name, x, info, categorical) {
 }
 
 all_random_fields <- function(info, grouping = FALSE) {
-  groups <- unique(unlist(lapply(names(info$random),
-    function(name) subject_of(name, list())$fields)))
+  groups <- unique(unlist(lapply(names(info$random), group_fields, names(info$frame))))
   if (grouping) return(c(groups, info$grouping))
   unique(c(groups, info$grouping, setdiff(names(info$frame), variable_names(info$terms))))
 }

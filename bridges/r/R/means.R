@@ -82,21 +82,33 @@ wrapped_factor <- function(field, info) {
   }, NA))
 }
 
-check_request <- function(request, predictors) {
-  unknown <- setdiff(request$fields, predictors)
+has_categories <- function(distribution) distribution$distribution %in% c("ORDINAL", "NOMINAL")
+
+# A target of several categories has no mean; the probabilities of its categories are the means of a
+# block with the target as one of its factors.
+check_request <- function(request, predictors, target, of_categories) {
+  unknown <- setdiff(request$fields, c(predictors, if (of_categories) target))
   if (length(unknown)) stop("`means` names ", paste(unknown, collapse = ", "),
     ", which the model does not have. ",
     "It has: ", paste(predictors, collapse = ", "), ".", call. = FALSE)
+  if (!of_categories) return()
+  if (!(target %in% request$fields)) stop("A target of several categories has the probabilities of ",
+    "its categories for means; name it in `means`, such as ~ ", request$fields[1L], " | ", target, ".",
+    call. = FALSE)
+  if (identical(request$compare, target)) stop("Contrasts of ", target, " would compare its own ",
+    "categories; name a factor first, such as ~ ", c(setdiff(request$fields, target), "A")[1L], " | ",
+    target, ".", call. = FALSE)
 }
 
 # A maker of reference grids, which makes each but once.
-grid_maker <- function(fit, options) {
+grid_maker <- function(fit, options, of_categories) {
   made <- list()
+  arguments <- c(list(fit), options$grid_arguments)
+  if (of_categories) arguments <- hf_category_grid(fit)
   function(at) {
     key <- paste0("at ", paste(names(at), at, collapse = ";"))
     if (is.null(made[[key]])) {
-      arguments <- c(list(fit), options$grid_arguments, if (length(at)) list(at = at))
-      made[[key]] <<- reference_grid(arguments)
+      made[[key]] <<- reference_grid(c(arguments, if (length(at)) list(at = at)))
     }
     made[[key]]
   }
@@ -317,7 +329,7 @@ most_top_effects <- 10L
 
 top_nodes <- function(design, tests, make_grid, options) {
   if (nrow(tests) == 0L) return(NULL)
-  plain <- vapply(design$effects, function(e) !e$numeric && !e$coded && length(e$fields) <= 2L, NA)
+  plain <- vapply(design$effects, function(e) !e$numeric && length(e$fields) <= 2L, NA)
   chosen <- which(plain & !is.na(tests$p) & tests$p < 1 - options$level)
   chosen <- utils::head(chosen[order(tests$p[chosen])], most_top_effects)
   lapply(chosen, function(i) {
