@@ -70,6 +70,7 @@ lme_block <- function(part, name, sigma, covariance, info, options) {
 # (1 + r) / (1 - r) for each correlation; for compound symmetry of (r + 1 / (q - 1)) / (1 - r).
 # Without a covariance where the function does not give the fit's own matrix.
 lme_matrix <- function(part, matrix, covariance, name, structure) {
+  if (is.null(covariance)) return(list(covariance = NULL))
   q <- nrow(matrix)
   pars <- pars_of(covariance)
   at <- which(sub("[0-9]*$", "", names(pars)) == sub("[0-9]*$", "", paste0("reStruct.", name)))
@@ -83,7 +84,7 @@ lme_matrix <- function(part, matrix, covariance, name, structure) {
     r[upper.tri(r)] <- t(r)[upper.tri(r)]
     r * tcrossprod(sd)
   }
-  known <- !is.null(covariance) && length(at) == length(stats::coef(part)) &&
+  known <- length(at) == length(stats::coef(part)) &&
     isTRUE(all.equal(of(pars), without_names(matrix), tolerance = 1e-4, check.attributes = FALSE))
   list(of = of, covariance = if (known) covariance)
 }

@@ -11,7 +11,8 @@
 #' @param folder The folder, which is made where it does not exist.
 #' @param means A formula, or a list of them, each for one block of estimated means: `~ A`, `~ A:B`,
 #'   or `~ A | B`, which compares the levels of A within those of B. A continuous predictor stands
-#'   at the values that `at` gives, else at its own values where they are ten or fewer.
+#'   at the values that `at` gives, else at its own values where they are ten or fewer. A target of
+#'   several categories has probabilities for means, and stands in the formula itself: `~ target | A`.
 #' @param contrasts `"pairwise"`, `"deviation"` (from the mean of all levels), `"simple"` (from
 #'   `reference`) or `"none"`; one value, or one for each block.
 #' @param reference The level that simple contrasts compare with, the last one if it is missing; one

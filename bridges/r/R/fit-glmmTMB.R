@@ -30,7 +30,7 @@ hf_distribution.glmmTMB <- function(fit) {
 
 #' @export
 hf_coefficients.glmmTMB <- function(fit, info, design, options) {
-  table <- summary(fit)$coefficients$cond
+  table <- suppressWarnings(summary(fit))$coefficients$cond
   replace_df(from_summary(design, info$beta, table, Inf, 3L, 4L), options)
 }
 
@@ -159,7 +159,8 @@ hf_residual.glmmTMB <- function(fit, info, options) {
   at <- grep("^(d|disp)~", rownames(covariance))
   estimate <- stats::sigma(fit)^2
   se <- if (length(at) == 1L) estimate * sqrt(covariance[at, at]) else NA_real_
-  list(type = "ID", parameters = list(variance_parameter(estimate, se, options)))
+  list(type = "ID", parameters = list(variance_parameter(estimate, se, options)),
+    free = length(fit$fit$par[names(fit$fit$par) == "betad"]))
 }
 
 #' @export

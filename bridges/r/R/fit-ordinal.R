@@ -43,7 +43,7 @@ hf_distribution.clm <- function(fit) clm_distribution(fit)
 hf_distribution.clmm <- function(fit) clm_distribution(fit)
 
 clm_coefficients <- function(fit, info, design, options) {
-  table <- stats::coef(summary(fit))
+  table <- suppressWarnings(stats::coef(summary(fit)))
   n <- length(info$alpha)
   if (!identical(fit$threshold, "flexible")) {
     stop("Thresholds that are ", fit$threshold,
@@ -196,7 +196,8 @@ hf_messages.clm <- function(fit, random) {
 
 #' @export
 hf_messages.clmm <- function(fit, random) {
-  failed <- isTRUE(fit$optRes$convergence != 0) || !all(is.finite(stats::coef(summary(fit))[, 2L]))
+  failed <- isTRUE(fit$optRes$convergence != 0) || 
+    !all(is.finite(suppressWarnings(stats::coef(summary(fit)))[, 2L]))
   c(singular_messages(random, hf_distribution(fit)), if (failed) list(caution("kGLMM_C18")))
 }
 

@@ -194,7 +194,10 @@ means_nodes <- function(fit, part) {
     part$options, of_categories)
   list(
     grand = if (asked && !of_categories) grand_mean_nodes(make_grid, part$options),
-    top = if (!of_categories) top_nodes(part$design, part$tests$effects, make_grid, part$options),
+    top = if (!of_categories) tryCatch(
+      top_nodes(part$design, part$tests$effects, make_grid, part$options), error = function(e) {
+        message("The chart of the significant effects' means is left out: ", conditionMessage(e))
+      }),
     blocks = without_names(Map(request_node, part$requests, seq_along(part$requests) - 1L,
       MoreArgs = list(make_grid = make_grid, info = part$info, options = part$options)))
   )

@@ -146,10 +146,12 @@ joint_grid <- function(fit, ...) {
 }
 
 reference_grid <- function(arguments) {
-  # A column that lost its coding in a copy of the data has the fit's own in the grid. Nothing here
-  # stands on the guess that emmeans makes of a transformation in the response.
+  # A column that lost its coding in a copy of the data has the fit's own in the grid; so has a factor
+  # whose name has blanks. Nothing here stands on the guess that emmeans makes of a transformation in
+  # the response.
+  expected <- paste("contrasts dropped", "contrasts? will be ignored", "is not a factor",
+    "unevaluated constants in the response", sep = "|")
   quietly <- function(w) {
-    expected <- "contrasts dropped|unevaluated constants in the response"
     if (grepl(expected, conditionMessage(w))) invokeRestart("muffleWarning")
   }
   make <- function() suppressMessages(do.call(emmeans::ref_grid, arguments))

@@ -63,3 +63,51 @@ test_that("means that cannot be asked are refused by name", {
   expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
   expect_error(written(fit, means = "wool"), "formulas")
 })
+
+test_that("probabilities are the means of a target of several categories", {
+  skip_if_not_installed("ordinal")
+  skip_if_not_installed("nnet")
+  fits <- list(
+    quote(ordinal::clm(o ~ a + x, data = three)), quote(ordinal::clmm(o ~ a + x + (1 | c), data = three)),
+    quote(nnet::multinom(o ~ a + x, three, trace = FALSE))
+  )
+  for (call in fits) {
+    fit <- fitted_case(call)
+    tables <- suppressMessages(chain(fit, means = list(~ o | a, ~ a | o), contrasts = c("none", "simple"),
+      reference = list(NULL, "1")))
+    emm <- suppressMessages(emmeans::emmeans(fit, ~ o | a, mode = "prob"))
+    expected <- as.data.frame(summary(emm))
+    got <- tables[["Estimates-1"]]
+    expect_identical(got[[2]], as.character(expected$o))
+    expect_figures(got[c("Mean", "Std. Error")], expected[c("prob", "SE")])
+    contrasts <- as.data.frame(emmeans::contrast(emm, "trt.vs.ctrl", ref = 1, by = "o", adjust = "none"))
+    got <- tables[["Contrasts-1"]]
+    expect_figures(got[["Contrast Estimate"]], contrasts$estimate)
+    expect_figures(got[["Adj. Sig."]], contrasts$p.value)
+    expect_error(suppressMessages(written(fit, means = ~a)), "such as ~ a \\| o")
+    expect_error(suppressMessages(written(fit, means = ~ o | a, contrasts = "pairwise")), "such as ~ a \\| o")
+  }
+})
+
+test_that("a factor of any coding has its means in the chart of significant effects", {
+  fit <- glm(cbind(ncases, ncontrols) ~ agegp, binomial, esoph)
+  expected <- as.data.frame(summary(emmeans::emmeans(fit, ~agegp), type = "response"))
+  expect_figures(array_behind(written(fit), "description=\"Emmeans\".*?statistic=\"mean\""), expected$prob)
+})
+
+test_that("what emmeans cannot take is an error that says so", {
+  data <- warpbreaks
+  fit <- lm(breaks ~ wool * tension, data)
+  assign("vanished", data)
+  fit$call$data <- as.name("vanished")
+  environment(fit$terms) <- emptyenv()
+  expect_error(suppressMessages(written(fit, means = ~wool)), "emmeans cannot take this fit")
+})
+
+test_that("degrees of freedom of a fit of lmer follow its likelihood", {
+  skip_if_not_installed("lmerTest")
+  fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), lme4::sleepstudy, REML = FALSE)
+  expected <- coef(summary(lmerTest::as_lmerModLmerTest(fit), ddf = "Satterthwaite"))
+  expect_figures(estimated(chain(fit)[["FixedCoefficients-1"]])[["Sig."]], expected[, 5])
+  expect_error(written(fit, df = "kenward-roger"), "REML = TRUE")
+})
