@@ -20,7 +20,9 @@ nlme_frame <- function(fit, terms, grouping) {
   needs("nlme", "A fit of nlme")
   data <- nlme_data(fit, stats::formula(fit))
   frame <- stats::model.frame(terms, data, na.action = stats::na.pass)
-  wanted <- unique(c(grouping, all.vars(terms)))
+  repeated <- nlme_repeated(fit)
+  variance <- if (!is.null(fit$modelStruct$varStruct)) all.vars(stats::formula(fit$modelStruct$varStruct))
+  wanted <- unique(c(grouping, repeated, variance, all.vars(terms)))
   complete <- stats::complete.cases(as.data.frame(data)[intersect(wanted, names(data))])
   if (sum(complete) != fit$dims$N) complete <- rep(TRUE, nrow(data))
   if (sum(complete) != fit$dims$N) stop("The data of this fit of nlme have changed since it was ",
@@ -28,7 +30,15 @@ nlme_frame <- function(fit, terms, grouping) {
   frame <- without_empty_levels(frame[complete, , drop = FALSE])
   for (name in setdiff(grouping, names(frame))) frame[[name]] <- data[[name]][complete]
   list(frame = frame, terms = terms, contrasts = fit$contrasts, data = data, records = fit$dims$N,
-    grouping = grouping)
+    grouping = grouping, repeated = repeated)
+}
+
+# The covariate of the correlation, where it is a field.
+nlme_repeated <- function(fit) {
+  correlation <- fit$modelStruct$corStruct
+  if (is.null(correlation)) return(NULL)
+  covariate <- nlme::getCovariateFormula(correlation)
+  if (is.name(covariate[[2L]])) as.character(covariate[[2L]])
 }
 
 without_empty_levels <- function(frame) {
