@@ -2,6 +2,7 @@
 #
 #   make report   build, and write the report of an example
 #   make test     build, and run every test
+#   make gallery  build, run the scripts of examples/gallery, and write a page of their reports
 #   make build    build the release: build/release/bin/hierfit
 #   make bench    build, and measure
 #   make fuzz     build with Clang, and feed changed inputs for a while; fuzz/README.md
@@ -12,11 +13,14 @@ EXAMPLE ?= bacteria
 SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report test build bench fuzz format clean
+.PHONY: report gallery test build bench fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
 	@echo "The report lies in $(CURDIR)/report.html"
+
+gallery: build
+	@scripts/gallery build/release build/gallery
 
 build: setup-build
 	@scripts/build release $(JOBS) -D HIERFIT_TESTS=OFF -D HIERFIT_BENCH=OFF

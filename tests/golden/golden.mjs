@@ -58,7 +58,7 @@ function judgePictures(name, example, saved) {
   for (const picture of pictures[name]) judge(`${name}-${picture}.svg`, readFileSync(join(work, `${picture}.svg`), "utf8"));
 }
 
-for (const name of readdirSync(examples, { withFileTypes: true }).filter((e) => e.isDirectory()).map((e) => e.name)) {
+for (const name of readdirSync(examples).filter((entry) => existsSync(join(examples, entry, "model.pmml")))) {
   if (chosen.length > 0 && !chosen.includes(name)) continue;
   const saved = run(["report", "-f", "json", join(examples, name)]);
   for (const [format, ending] of Object.entries(endings)) {

@@ -261,8 +261,15 @@ contrasts_node <- function(contrasts, request, options) {
   )
 }
 
-# The test that all contrasts of a group are zero.
-overall_nodes <- function(contrasts) {
+# The test that all contrasts of a group are zero. Groups are told apart by levels of factors.
+overall_nodes <- function(contrasts, info) {
+  continuous <- Filter(function(name) is.null(info$fields_by_name[[name]]$field$levels),
+    contrasts$others)
+  if (length(continuous)) {
+    message("The overall tests of contrasts at values of ", continuous[1L], " are left out: the ",
+      "documents hold them for levels of factors alone.")
+    return(NULL)
+  }
   table <- exact_joint_test(contrasts$object, by = if (length(contrasts$others)) contrasts$others)
   order <- if (length(contrasts$others)) row_order(table, contrasts$others) else 1L
   levels <- level_texts(table[order, , drop = FALSE], contrasts$others)
@@ -320,7 +327,7 @@ request_node <- function(request, index, make_grid, info, options) {
     "DataGroup", c(description = "customEmmeans"), statistic_node("EMMEANSIndex", index),
     fixed_node(grid, request, info), estimates_node(means),
     if (!is.null(contrasts)) list(contrasts_node(contrasts, request, options),
-      overall_nodes(contrasts)), refused
+      overall_nodes(contrasts, info)), refused
   )
 }
 

@@ -111,3 +111,18 @@ test_that("degrees of freedom of a fit of lmer follow its likelihood", {
   expect_figures(estimated(chain(fit)[["FixedCoefficients-1"]])[["Sig."]], expected[, 5])
   expect_error(written(fit, df = "kenward-roger"), "REML = TRUE")
 })
+
+test_that("contrasts stand at values of a continuous predictor, and between them", {
+  fit <- lm(Reaction ~ Days * late, case_data$sleep)
+  expect_message(tables <- chain(fit, means = list(~ late | Days, ~ Days | late), contrasts = "pairwise",
+    at = list(Days = c(2, 7))), "overall tests.*Days")
+  grid <- suppressMessages(emmeans::emmeans(fit, ~ late * Days, at = list(Days = c(2, 7))))
+  for (i in 1:2) {
+    by <- c("Days", "late")[i]
+    expected <- as.data.frame(emmeans::contrast(grid, "pairwise", by = by, adjust = "none"))
+    got <- tables[[paste0("Contrasts-", i)]]
+    expect_figures(got[["Contrast Estimate"]], expected$estimate)
+    expect_figures(got[["Adj. Sig."]], expected$p.value)
+  }
+  expect_identical(sum(grepl("^OverallTestResults", names(tables))), 1L)
+})
