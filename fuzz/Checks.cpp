@@ -23,7 +23,7 @@ struct Renderings {
 
 std::string DrawPictures(const document::Document& document) {
     std::string pictures;
-    for (const report::PictureFile& picture : report::MakePictures(document)) pictures += picture.fSvg;
+    for (const auto& chart : report::ListCharts(document)) pictures += report::MakePicture(chart);
     return pictures;
 }
 

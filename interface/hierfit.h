@@ -11,10 +11,10 @@
  *     hf_run_free(run);
  *     hf_settings_free(settings);
  *
- * Texts are UTF-8. Those that a function returns end in a zero byte and belong to the object that they were asked of; they
- * stay until the next call on it. A run or a settings object may be used by one thread at a time, different ones by
- * different threads. No function reads or writes a file of the caller's, prints, or ends the process; language catalogues,
- * chart templates and modules are found from where this library lies.
+ * Texts are UTF-8. Those that a function returns end in a zero byte and belong to the object that they were asked of;
+ * they stay until the next call on it. A run or a settings object may be used by one thread at a time, different ones
+ * by different threads. No function reads or writes a file of the caller's, prints, or ends the process; language
+ * catalogues, chart templates and modules are found from where this library lies.
  */
 #ifndef HIERFIT_H
 #define HIERFIT_H
@@ -50,11 +50,12 @@ HF_API const char* hf_version(void);
 HF_API hf_settings* hf_settings_new(void);
 
 /* Sets one of the program's long options, written without its dashes. Those for a run: "lang", "variables", "values",
- * "templates"; for a format: "title", "author", "static", "charts", "color", "scale", "only". Options without a value, such
- * as "static", take "true" or "false". "only" takes names with commas between them and replaces what was set before; ""
- * chooses everything. Two keys have no option: "pmml" and "statxml" name the documents in diagnostics and in what is
- * rendered ("model.pmml" and "model.statxml" if they are not set).
- * HF_OK or HF_USAGE, after which hf_settings_error says why; the setting stays as it was. */
+ * "templates"; for a format: "title", "author", "static", "charts", "color", "scale", "only",
+ * "style", "digits". Options without a value,
+ * such as "static", take "true" or "false". "only" takes names with commas between them and replaces what was set
+ * before; "" chooses everything. Two keys have no option: "pmml" and "statxml" name the documents in diagnostics and in
+ * what is rendered ("model.pmml" and "model.statxml" if they are not set). HF_OK or HF_USAGE, after which
+ * hf_settings_error says why; the setting stays as it was. */
 HF_API int hf_settings_set(hf_settings* settings, const char* key, const char* value);
 
 /* Why the last hf_settings_set failed; NULL when it did not. */
@@ -62,11 +63,11 @@ HF_API const char* hf_settings_error(const hf_settings* settings);
 
 HF_API void hf_settings_free(hf_settings* settings);
 
-/* Runs the procedure on a PMML document of `pmml_size` bytes and a StatXML document of `statxml_size` bytes. `settings` may
- * be NULL. Gives what hf_outcome gives, and a run whatever it came to, unless memory is too short even for that: then
- * HF_UNWRITABLE, and `*run` is NULL. */
-HF_API int hf_run(const char* pmml, size_t pmml_size, const char* statxml, size_t statxml_size, const hf_settings* settings,
-                  hf_run_t** run);
+/* Runs the procedure on a PMML document of `pmml_size` bytes and a StatXML document of `statxml_size` bytes. `settings`
+ * may be NULL. Gives what hf_outcome gives, and a run whatever it came to, unless memory is too short even for that:
+ * then HF_UNWRITABLE, and `*run` is NULL. */
+HF_API int hf_run(const char* pmml, size_t pmml_size, const char* statxml, size_t statxml_size,
+                  const hf_settings* settings, hf_run_t** run);
 
 /* A run from a document that was saved as "json". */
 HF_API int hf_read_json(const char* text, size_t size, hf_run_t** run);
@@ -77,17 +78,17 @@ HF_API int hf_outcome(const hf_run_t* run);
 /* What the run noticed on its way, the reason of a failure among it. */
 HF_API size_t hf_diagnostic_count(const hf_run_t* run);
 
-/* `level`: 1 information, 2 warning, 3 error. `place`: "model.statxml:41:7", document, line and column from 1; NULL where
- * none is known. HF_OK, or HF_USAGE when there is no diagnostic of this number, counted from 0. */
-HF_API int hf_diagnostic(const hf_run_t* run, size_t number, int* level, const char** text, const char** place);
+/* `level`: 1 information, 2 warning, 3 error. `place`: "model.statxml:41:7", document, line and column from 1; NULL
+ * where none is known. HF_OK, or HF_USAGE when there is no diagnostic of this number, counted from 0. */
+HF_API int hf_diagnostic(hf_run_t* run, size_t number, int* level, const char** text, const char** place);
 
-/* Why the last hf_run, hf_read_json or hf_render of this run failed, in one line; NULL when it did not. */
+/* Why the run, or the last hf_render of it, failed, in one line; NULL when it did not. */
 HF_API const char* hf_error(const hf_run_t* run);
 
-/* The report in a format of the program: "html", "text", "json", "svg", "png". The last two hold one chart: "only" must name
- * exactly one. `settings` may be NULL. `*bytes` is the caller's, to be freed by hf_free; after its `*size` bytes stands a zero
- * byte more. On failure `*bytes` is NULL and hf_error says why. HF_OK, HF_USAGE for an unknown format or name,
- * HF_UNREADABLE for a run that issued nothing, HF_UNWRITABLE, HF_MISSING. */
+/* The report in a format of the program: "html", "text", "json", "svg", "png". The last two hold one chart: "only" must
+ * name exactly one. `settings` may be NULL. `*bytes` is the caller's, to be freed by hf_free; after its `*size` bytes
+ * stands a zero byte more. On failure `*bytes` is NULL and hf_error says why. HF_OK, HF_USAGE for an unknown format or
+ * name, HF_UNREADABLE for a run that issued nothing, HF_UNWRITABLE, HF_MISSING. */
 HF_API int hf_render(hf_run_t* run, const char* format, const hf_settings* settings, char** bytes, size_t* size);
 
 HF_API void hf_free(char* bytes);

@@ -4,7 +4,7 @@
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
 #include <algorithm>
-#include <charconv>
+#include <functional>
 #include <iterator>
 #include <memory>
 #include <string_view>
@@ -12,23 +12,18 @@
 
 #include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "report/formats/RenderSettings.h"
+#include "report/items/Selection.h"
 
 namespace hierfit::program {
 
 namespace {
 
+namespace items = report::items;
 using session::Labels;
 
 template <typename Value>
 using Choices = std::vector<std::pair<std::string, Value>>;
-
-constexpr std::pair<std::string_view, Format> kEndings[] = {{".html", Format::Html},
-                                                            {".htm", Format::Html},
-                                                            {".txt", Format::Text},
-                                                            {".text", Format::Text},
-                                                            {".json", Format::Json}};
-
-constexpr double kLargestScale = 20;
 
 constexpr const char* kAbout = "Tables of generalized linear mixed models, from a PMML and a StatXML document.";
 constexpr const char* kExitStatus =
@@ -42,7 +37,8 @@ constexpr const char* kExamples =
     "  hierfit report -f svg -o charts/ FOLDER               each chart as a picture\n"
     "  hierfit report -f json FOLDER | jq .items             the document for a program\n"
     "  hierfit check FOLDER                                  what its documents lack\n"
-    "  hierfit list FOLDER                                   its tables and charts by name\n";
+    "  hierfit list FOLDER                                   its tables and charts by name\n"
+    "  hierfit batch -o reports/ -f html models/*            a page for each model, and an index\n";
 
 /// Help with usage lines in the words of the project.
 class HelpFormatter : public CLI::Formatter {
@@ -66,35 +62,59 @@ void AddChoice(CLI::App& app, const std::string& name, Target& target, const Cho
     app.add_option_function<std::string>(name, take, help)->check(CLI::IsMember(words))->option_text(placeholder);
 }
 
-std::optional<double> ReadScale(const std::string& text) {
-    double scale = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), scale);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size();
-    return isNumber && scale > 0 && scale <= kLargestScale ? std::optional(scale) : std::nullopt;
+void AddFormat(CLI::App& app, OutputOptions& output, const std::string& help) {
+    Choices<Format> choices;
+    for (const report::FormatName& name : report::FormatNames()) choices.emplace_back(name.fName, name.fFormat);
+    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat, choices, "FORMAT", help);
 }
 
-void AddOutputOptions(CLI::App& app, OutputOptions& output) {
-    app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
-    AddChoice<std::optional<Format>, Format>(app, "-f,--format", output.fFormat,
-                                             {{"html", Format::Html},
-                                              {"text", Format::Text},
-                                              {"json", Format::Json},
-                                              {"svg", Format::Svg},
-                                              {"png", Format::Png}},
-                                             "FORMAT",
-                                             "html, text, json, or svg or png, which put each chart\n"
-                                             "into the folder FILE; by default FILE's ending tells, else\n"
-                                             "text goes to a terminal and html elsewhere");
+/// A number that stands in a text, or what it must be.
+template <typename Number>
+void AddNumber(CLI::App& app, const std::string& name, std::optional<Number> (*read)(std::string_view),
+               const std::function<void(Number)>& take, const std::string& expected, const std::string& help) {
     app.add_option_function<std::string>(
-           "--scale", [&output](const std::string& text) { output.fScale = *ReadScale(text); },
-           "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as they "
-           "are")
-        ->check(
-            [](const std::string& text) { return ReadScale(text) ? "" : text + " is no number above 0 and up to 20"; })
+           name, [=](const std::string& text) { take(*read(text)); }, help)
+        ->check([=](const std::string& text) { return read(text) ? "" : text + " is no " + expected; })
         ->option_text("N");
+}
+
+void AddStyle(CLI::App& app, OutputOptions& output) {
+    Choices<report::style::StyleName> choices;
+    for (const report::style::NamedStyle& style : report::style::Styles())
+        choices.emplace_back(style.fWord, style.fStyle);
+    AddChoice<std::optional<report::style::StyleName>, report::style::StyleName>(
+        app, "--style", output.fStyle, choices, "STYLE",
+        "How figures are written: plain (default), apa or ama; not\nfor json");
+    AddNumber<int>(
+        app, "--digits", &report::style::ReadDigits, [&output](int digits) { output.fDigits = digits; },
+        "number from 0 to 15",
+        "Places of estimates, errors, bounds and statistics, 0 to 15,\nin the place of those of the style");
+}
+
+/// Several such options add up.
+void AddSelection(CLI::App& app, std::vector<std::string>& names) {
+    const auto add = [&names](const std::vector<std::string>& lists) {
+        for (const std::string& list : lists) std::ranges::move(items::SplitNames(list), std::back_inserter(names));
+    };
+    app.add_option_function<std::vector<std::string>>(
+           "--only", add, "These items alone, by the names that list tells, or all of a\nkind: GLMMEmMeans")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false)
+        ->option_text("NAME,...");
+}
+
+/// What the report shows and how.
+void AddAppearance(CLI::App& app, OutputOptions& output) {
+    AddSelection(app, output.fvOnly);
+    AddStyle(app, output);
+    AddNumber<double>(
+        app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
+        "number above 0 and up to 20",
+        "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as "
+        "they are");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
-    app.add_flag("!--no-pager", output.fHasPager, "No pager for text that is longer than the terminal");
     app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
         ->option_text("TEXT");
     app.add_option("--author", output.fAuthor, "Who stands below the title, and in the page's head")
@@ -102,6 +122,17 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
                             "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
+}
+
+void AddOutputOptions(CLI::App& app, OutputOptions& output) {
+    app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
+    AddFormat(app, output,
+              "html, text, json, or svg or png, which put each chart\n"
+              "into the folder FILE; by default FILE's ending tells, else\n"
+              "text goes to a terminal and html elsewhere");
+    app.add_flag_callback(
+        "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
+    AddAppearance(app, output);
 }
 
 void AddSettings(CLI::App& app, session::Settings& settings) {
@@ -119,25 +150,37 @@ void AddSettings(CLI::App& app, session::Settings& settings) {
         ->option_text("DIR");
 }
 
-/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open. Pictures need a
-/// folder.
+/// The format by the file's ending; an unknown ending is wrong usage, none leaves it open.
 std::optional<std::string> SettleFormat(OutputOptions& output) {
-    if (output.fFormat && IsPictures(*output.fFormat) && output.fFile == "-") {
-        return std::string("--format ") + (output.fFormat == Format::Svg ? "svg" : "png") +
-               ": --output must name a folder";
-    }
     if (output.fFormat || output.fFile == "-") return {};
     const std::size_t slash = output.fFile.find_last_of('/');
     const std::string name = slash == std::string::npos ? output.fFile : output.fFile.substr(slash + 1);
     const std::size_t dot = name.find_last_of('.');
     if (dot == std::string::npos || dot == 0) return {};
-    const auto* found = std::ranges::find(kEndings, name.substr(dot), &std::pair<std::string_view, Format>::first);
-    if (found == std::end(kEndings)) {
-        return "--output: " + output.fFile + ": no format has the ending " + name.substr(dot) +
-               "; say which by --format";
+    const std::string ending = name.substr(dot);
+    output.fFormat = report::FindFormatOfEnding(ending);
+    if (output.fFormat) return {};
+    return "--output: " + output.fFile + ": no format has the ending " + ending + "; say which by --format";
+}
+
+/// A saved document is whole, and in no style.
+std::optional<std::string> CheckJson(const OutputOptions& output) {
+    if (output.fFormat == Format::Json && !output.fvOnly.empty()) {
+        return std::string("--only: json holds the whole document or none of it");
     }
-    output.fFormat = found->second;
+    if (output.fFormat == Format::Json && (output.fStyle || output.fDigits)) {
+        return std::string("--style, --digits: json holds the document itself, without a style");
+    }
     return {};
+}
+
+/// Many files need a folder.
+std::optional<std::string> CheckOutput(OutputOptions& output) {
+    if (auto wrong = SettleFormat(output)) return wrong;
+    if (output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder && output.fFile == "-") {
+        return "--format " + std::string(report::NameOf(*output.fFormat)) + ": --output must name a folder";
+    }
+    return CheckJson(output);
 }
 
 std::optional<std::string> CheckLanguage(const std::string& language) {
@@ -153,18 +196,25 @@ Explanation Wrong(const std::string& what) {
 }
 
 Command Finish(ReportCommand command) {
-    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckOutput(command.fOutput)) return Wrong(*wrong);
     if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
     return command;
 }
 
 Command Finish(RenderCommand command) {
-    if (const auto wrong = SettleFormat(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckOutput(command.fOutput)) return Wrong(*wrong);
     return command;
 }
 
-Command ParseWith(CLI::App& app, int argumentCount, const char* const* arguments, const CLI::App* report,
-                  ReportCommand& reportCommand, RenderCommand& renderCommand) {
+Command Finish(BatchCommand command) {
+    if (command.fOutput.fFile == "-") return Wrong("--output must name a folder");
+    if (const auto wrong = CheckJson(command.fOutput)) return Wrong(*wrong);
+    if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
+    return command;
+}
+
+/// What there is to say instead of running a command; nothing when there is one to run.
+std::optional<Explanation> ParseWith(CLI::App& app, int argumentCount, const char* const* arguments) {
     try {
         app.parse(argumentCount, arguments);
     } catch (const CLI::CallForHelp&) {
@@ -174,7 +224,34 @@ Command ParseWith(CLI::App& app, int argumentCount, const char* const* arguments
     } catch (const CLI::ParseError& error) {
         return Wrong(error.what());
     }
-    return report->parsed() ? Finish(std::move(reportCommand)) : Finish(std::move(renderCommand));
+    return {};
+}
+
+CLI::App* AddBatch(CLI::App& app, BatchCommand& batch) {
+    constexpr int kMostJobs = 1024;
+    CLI::App* command = app.add_subcommand("batch", "Write the reports of many models, and an index of them");
+    command
+        ->add_option("folders", batch.fvFolders, "As for report; without any, standard input lists them,\none a line")
+        ->option_text("FOLDER ...");
+    command->add_option("-o,--output", batch.fOutput.fFile, "The folder of the reports, which is made if need be")
+        ->required()
+        ->option_text("DIR");
+    AddFormat(*command, batch.fOutput,
+              "html (default), text, json, or svg or png, which make a\nfolder of charts for each model");
+    command->add_option("--jobs", batch.fJobs, "Models at a time; as many as the machine does at once by\ndefault")
+        ->check(CLI::Range(1, kMostJobs))
+        ->option_text("N");
+    command->add_flag("--force", batch.fIsForced, "Reports that are newer than their documents are made again");
+    AddSettings(*command, batch.fSettings);
+    AddAppearance(*command, batch.fOutput);
+    command->formatter(std::make_shared<HelpFormatter>(
+        "hierfit batch [OPTIONS] -o DIR -f FORMAT FOLDER...\n       hierfit batch [OPTIONS] -o DIR -f FORMAT < LIST"));
+    command->footer(
+        "A report is named by its folder's last name, with -2, -3, ... where several have it, and is\n"
+        "left alone while it is newer than the documents. DIR/index.html lists all of them.\n"
+        "Exit status: 0 all is there, 1 wrong usage, 2 a model has no report, 3 an output could not be\n"
+        "written, 4 a part of the program is missing.");
+    return command;
 }
 
 /// The commands that look at a model and write no report. Their options stand in `check` and `list`; the one that was
@@ -219,7 +296,7 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     app.set_help_flag("-h,--help", "Print this help");
     app.footer(std::string(kExamples) + "\n" + kExitStatus);
     app.require_subcommand(1);
-    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render|check|list [OPTIONS] ..."));
+    app.formatter(std::make_shared<HelpFormatter>("hierfit report|render|check|list|batch [OPTIONS] ..."));
 
     ReportCommand reportCommand;
     CLI::App* report = app.add_subcommand("report", "Read a model's two documents and write the report");
@@ -247,8 +324,13 @@ Command ParseCommandLine(int argumentCount, const char* const* arguments) {
     ListCommand listCommand;
     std::optional<Command> inspection;
     AddInspections(app, checkCommand, listCommand, inspection);
-    Command command = ParseWith(app, argumentCount, arguments, report, reportCommand, renderCommand);
-    return inspection && !std::holds_alternative<Explanation>(command) ? *inspection : command;
+    BatchCommand batchCommand;
+    const CLI::App* batch = AddBatch(app, batchCommand);
+
+    if (auto explanation = ParseWith(app, argumentCount, arguments)) return *std::move(explanation);
+    if (inspection) return *std::move(inspection);
+    if (batch->parsed()) return Finish(std::move(batchCommand));
+    return report->parsed() ? Finish(std::move(reportCommand)) : Finish(std::move(renderCommand));
 }
 
 }  // namespace hierfit::program

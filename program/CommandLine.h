@@ -6,14 +6,12 @@
 #include <vector>
 
 #include "host/session/Session.h"
+#include "report/formats/Format.h"
+#include "report/style/Figures.h"
 
 namespace hierfit::program {
 
-/// The formats that the program writes.
-enum class Format { Html, Text, Json, Svg, Png };
-
-/// Whether a format holds the charts alone, each in a file of its own.
-constexpr bool IsPictures(Format format) { return format == Format::Svg || format == Format::Png; }
+using report::Format;
 
 enum class Color { Auto, Always, Never };
 
@@ -22,6 +20,9 @@ struct OutputOptions {
     std::string fFile = "-";        ///< "-" is standard output; a folder for pictures
     std::optional<Format> fFormat;  ///< none: by the file's ending, else by where it goes
     Color fColor = Color::Auto;
+    std::vector<std::string> fvOnly;  ///< names of the items that are written; all if empty
+    std::optional<report::style::StyleName> fStyle;
+    std::optional<int> fDigits;
     bool fIsStatic = false;        ///< HTML without the script
     bool fHasChartValues = false;  ///< text with the values behind its charts
     bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
@@ -55,13 +56,22 @@ struct ListCommand {
     bool fIsJson = false;
 };
 
+/// `hierfit batch`: a report for each folder, and an index of them.
+struct BatchCommand {
+    std::vector<std::string> fvFolders;  ///< none: standard input lists them
+    session::Settings fSettings;
+    OutputOptions fOutput;   ///< `fFile` is the folder that the reports go to
+    int fJobs = 0;           ///< models at a time; 0: as many as the machine does at once
+    bool fIsForced = false;  ///< reports that are newer than their documents are made again
+};
+
 /// Nothing to run: what the user asked to see, or what is wrong with the command line.
 struct Explanation {
     std::string fText;
     bool fIsError;
 };
 
-using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, Explanation>;
+using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, BatchCommand, Explanation>;
 
 Command ParseCommandLine(int argumentCount, const char* const* arguments);
 

@@ -1,18 +1,17 @@
 #include "Commands.h"
 
+#include <malloc.h>
 #include <unistd.h>
 
 #include <string>
 
 #include "Documents.h"
-#include "OutputFile.h"
 #include "Pager.h"
-#include "PictureFiles.h"
+#include "Rendering.h"
+#include "ReportFiles.h"
 #include "StandardError.h"
 #include "Terminal.h"
-#include "report/html/HtmlReport.h"
-#include "report/json/JsonDocument.h"
-#include "report/style/Style.h"
+#include "report/formats/Render.h"
 #include "report/text/TextReport.h"
 
 namespace hierfit::program {
@@ -35,48 +34,33 @@ bool GoesToTerminal(const OutputOptions& output) {
     return output.fFile == kStandardOutput && isatty(STDOUT_FILENO) == 1;
 }
 
-/// What readers see is restyled; a document that is saved keeps its words.
-std::string Render(document::Document& document, const OutputOptions& output, Format format) {
-    if (format != Format::Json) report::style::ApplyPlain(document);
-    switch (format) {
-        case Format::Text:
-            return report::MakeTextReport(document, ChooseTextOptions(output, GoesToTerminal(output)));
-        case Format::Json:
-            return report::WriteJson(document);
-        case Format::Html:
-        case Format::Svg:
-        case Format::Png:
-            break;
-    }
-    return report::MakeHtmlReport(
-        document, {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor});
-}
-
-int WriteCharts(const document::Document& document, const OutputOptions& output) {
-    const auto format = output.fFormat == Format::Png ? MakePngFormat(output.fScale) : MakeSvgFormat();
-    if (const auto* error = std::get_if<FileError>(&format)) return Fail(kMissingPart, error->fText);
+/// Says what went wrong, but for a closed pipe, which ends silently.
+int Conclude(const std::vector<WriteFailure>& failures) {
     int status = kWritten;
-    for (const FileError& error :
-         WritePictures(report::MakePictures(document), std::get<PictureFormat>(format), output.fFile)) {
-        status = Fail(kUnwritable, error.fText);
+    for (const WriteFailure& failure : failures) {
+        status = failure.fStatus == kClosedPipe ? kClosedPipe : Fail(failure.fStatus, failure.fText);
     }
     return status;
 }
 
 /// Text that is too long for the terminal goes through a pager, if there is one that can be started.
-bool IsShownByPager(std::string_view text, const OutputOptions& output, Format format) {
-    if (format != Format::Text || !output.fHasPager || !GoesToTerminal(output)) return false;
+bool IsShownByPager(const document::Document& document, const OutputOptions& output,
+                    const report::RenderSettings& settings) {
+    if (!output.fHasPager) return false;
+    const std::string text = report::MakeTextReport(document, settings.fText);
     if (!IsLongerThanScreen(text)) return false;
     const std::optional<std::string> pager = FindPager();
     return pager && ShowWithPager(*pager, text);
 }
 
 int Write(document::Document& document, const OutputOptions& output) {
-    const Format format = ChooseFormat(output, GoesToTerminal(output));
-    if (IsPictures(format)) return WriteCharts(document, output);
-    const std::string text = Render(document, output, format);
-    if (IsShownByPager(text, output, format)) return kWritten;
-    return Conclude(WriteOutput(output.fFile, text));
+    const bool isTerminal = GoesToTerminal(output);
+    const Format format = ChooseFormat(output, isTerminal);
+    const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
+    if (const auto error = report::Prepare(document, format, settings))
+        return Fail(StatusOf(error->fFault), error->fText);
+    if (isTerminal && format == Format::Text && IsShownByPager(document, output, settings)) return kWritten;
+    return Conclude(WriteReport(document, format, settings, output.fFile));
 }
 
 }  // namespace
@@ -87,6 +71,7 @@ int Run(const ReportCommand& command) {
     auto& model = std::get<ModelRun>(run);
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     PrintRun(model);
+    malloc_trim(0);  // What was read is gone; its memory is not lost to what is rendered.
     return Write(model.fResult.fDocument, command.fOutput);
 }
 

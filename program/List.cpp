@@ -6,7 +6,7 @@
 #include "ExitStatus.h"
 #include "OutputFile.h"
 #include "StandardError.h"
-#include "report/html/Contents.h"
+#include "report/items/Entries.h"
 #include "report/json/JsonOutput.h"
 #include "report/text/VisibleText.h"
 
@@ -14,7 +14,7 @@ namespace hierfit::program {
 
 namespace {
 
-using report::html::Entry;
+using report::items::Entry;
 
 const char* KindOf(const document::Item& item) {
     static constexpr const char* kKinds[] = {"heading", "table", "chart", "message"};
@@ -23,7 +23,7 @@ const char* KindOf(const document::Item& item) {
 
 /// A title on one line.
 std::string MakeTitle(const Entry& entry) {
-    std::string title(report::html::TitleOf(*entry.fpItem));
+    std::string title(report::items::TitleOf(*entry.fpItem));
     std::ranges::replace(title, '\n', ' ');
     return title;
 }
@@ -50,7 +50,7 @@ std::string MakeJson(const std::vector<Entry>& entries) {
         out.Key("kind");
         out.String(KindOf(*entry.fpItem));
         out.Key("title");
-        out.String(report::html::TitleOf(*entry.fpItem));
+        out.String(report::items::TitleOf(*entry.fpItem));
         out.Key("heading");
         headings.empty() ? out.Null() : out.String(headings.back()->fAnchor);
         out.EndObject();
@@ -65,7 +65,7 @@ bool IsSaved(const std::vector<std::string>& documents) {
 }
 
 int ListItems(const document::Document& document, bool isJson) {
-    const std::vector<Entry> entries = report::html::ListEntries(document);
+    const std::vector<Entry> entries = report::items::ListEntries(document);
     return Conclude(WriteOutput("-", isJson ? MakeJson(entries) : MakeText(entries)));
 }
 

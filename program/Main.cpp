@@ -6,6 +6,7 @@
 #include "Check.h"
 #include "Commands.h"
 #include "List.h"
+#include "batch/Batch.h"
 
 namespace hierfit::program {
 
@@ -19,6 +20,7 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
     if (const auto* render = std::get_if<RenderCommand>(&command)) return Run(*render);
     if (const auto* check = std::get_if<CheckCommand>(&command)) return Run(*check);
     if (const auto* list = std::get_if<ListCommand>(&command)) return Run(*list);
+    if (const auto* batch = std::get_if<BatchCommand>(&command)) return Run(*batch);
     const Explanation& explanation = std::get<Explanation>(command);
     Print(explanation.fIsError ? stderr : stdout, explanation.fText);
     return explanation.fIsError ? kWrongUsage : kWritten;

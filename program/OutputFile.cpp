@@ -31,13 +31,18 @@ bool WriteDirectly(const std::string& path, std::string_view text) {
     return file.IsOpen() && WriteAll(file.Get(), text) && file.Close();
 }
 
-/// Access rights of the file to come: those of the one it replaces, else what the system gives to new files.
-mode_t ChooseMode(const struct stat* present) {
-    if (present) return present->st_mode & 07777;
+mode_t ReadMask() {
     const mode_t mask = umask(0);
     umask(mask);
-    return 0666 & ~mask;
+    return mask;
 }
+
+/// What the system gives to new files. It is asked before there are threads, since the mask is all threads' own and to
+/// read it is to change it.
+const mode_t kNewFile = 0666 & ~ReadMask();
+
+/// Access rights of the file to come: those of the one it replaces, else those of new files.
+mode_t ChooseMode(const struct stat* present) { return present ? present->st_mode & 07777 : kNewFile; }
 
 bool WriteBeside(const std::string& path, std::string_view text, const struct stat* present) {
     std::string temporary = path + ".XXXXXX";

@@ -138,11 +138,17 @@
 
   const unname = (element) => give(element, { role: null, "aria-label": null });
 
-  // Without this script a mark's name is its title.
-  const labelMarks = (drawing) => all("svg title", drawing).forEach((title) => {
-    give(title.parentElement, { role: "img", "aria-label": title.textContent });
-    title.remove();
-  });
+  // Without this script a mark's name is its title. Of very many marks a title is what the dots of their group stand for.
+  const labelMarks = (drawing) => {
+    for (const title of all("svg title", drawing)) {
+      const mark = title.parentElement;
+      const form = mark.parentElement.firstChild;
+      const parts = title.textContent.split("\n");
+      const name = form.localName === "desc" ? form.textContent.replace(/\u2026$/gm, () => parts.shift()) : title.textContent;
+      give(mark, { role: "img", "aria-label": name });
+    }
+    for (const part of all("svg :is(title, desc)", drawing)) part.remove();
+  };
 
   // The layout for a phone has the marks of the other one, in the same order, and takes names and keys from them.
   const nameMarks = (drawing) => {
@@ -199,7 +205,9 @@
     lit = [];
   };
 
-  const keysOf = ({ dataset }) => (dataset.k ?? dataset.e ?? "").split(" ").filter(Boolean);
+  // What all of very many marks have is their group's.
+  const keysOf = (element) => [element, element.parentElement.closest("[data-k]")]
+    .flatMap((one) => (one?.dataset.k ?? one?.dataset.e ?? "").split(" ")).filter(Boolean);
 
   // An entry lights what it explains; a mark what it is tied to, but not all that a legend takes for the same.
   const light = (element) => {

@@ -15,7 +15,7 @@ namespace {
 namespace charts = hierfit::report::charts;
 namespace document = hierfit::document;
 
-enum class Kind : unsigned char { Points, Means, Contrasts };
+enum class Kind : unsigned char { Points, Means, Contrasts, Links };
 
 std::string Figure(double number) { return fmt::format("{:.2f}", number); }
 
@@ -62,7 +62,28 @@ document::Picture MakeLevels(std::int64_t count, bool isContrast) {
     return picture;
 }
 
+/// Levels on a circle, of which each is compared with each, until there are as many comparisons.
+document::Picture MakeLinks(std::int64_t count) {
+    document::CirclePicture circle;
+    circle.fEmphasis = {"Significant", "Not Significant", true};
+    document::CirclePanel& panel = circle.fvPanels.emplace_back();
+    for (int to = 0; static_cast<std::int64_t>(panel.fvLinks.size()) < count; ++to) {
+        const std::string name = "level " + std::to_string(to);
+        panel.fvNodes.push_back({name, "Subject: " + name + "\nEstimated Mean: " + Figure(to)});
+        for (int from = 0; from < to && static_cast<std::int64_t>(panel.fvLinks.size()) < count; ++from) {
+            const double p = 0.001 * ((from * 37 + to) % 1000);
+            const std::string tip = "level " + std::to_string(from) + " - " + name + "\nAdj. Sig.: " + Figure(p);
+            panel.fvLinks.push_back({from, to, 1 - p, from % 3 == 0, tip});
+        }
+    }
+    document::Picture picture;
+    picture.fTitle = "Comparisons";
+    picture.fContent = std::move(circle);
+    return picture;
+}
+
 document::Picture MakePicture(Kind kind, std::int64_t count) {
+    if (kind == Kind::Links) return MakeLinks(count);
     return kind == Kind::Points ? MakePoints(count) : MakeLevels(count, kind == Kind::Contrasts);
 }
 
@@ -91,9 +112,11 @@ void Range(benchmark::internal::Benchmark* measure) {
 BENCHMARK_CAPTURE(Scene, Points, Kind::Points)->Apply(Range);
 BENCHMARK_CAPTURE(Scene, Means, Kind::Means)->Apply(Range);
 BENCHMARK_CAPTURE(Scene, Contrasts, Kind::Contrasts)->Apply(Range);
+BENCHMARK_CAPTURE(Scene, Links, Kind::Links)->Apply(Range);
 BENCHMARK_CAPTURE(Svg, Points, Kind::Points)->Apply(Range);
 BENCHMARK_CAPTURE(Svg, Means, Kind::Means)->Apply(Range);
 BENCHMARK_CAPTURE(Svg, Contrasts, Kind::Contrasts)->Apply(Range);
+BENCHMARK_CAPTURE(Svg, Links, Kind::Links)->Apply(Range);
 
 }  // namespace
 

@@ -14,6 +14,8 @@ namespace bench {
 
 namespace {
 
+constexpr double kKilobytes = 1024;  // of a megabyte
+
 /// Standard output and error of the program lead nowhere.
 class NoOutput {
   public:
@@ -47,7 +49,7 @@ std::vector<char*> MakeArguments(const std::vector<std::string>& command) {
 
 }  // namespace
 
-Times RunProcess(const std::vector<std::string>& command) {
+Usage RunProcess(const std::vector<std::string>& command) {
     const NoOutput output;
     const std::vector<char*> arguments = MakeArguments(command);
     const auto start = std::chrono::steady_clock::now();
@@ -61,7 +63,8 @@ Times RunProcess(const std::vector<std::string>& command) {
         throw std::runtime_error(command.front() + " failed");
     }
     const std::chrono::duration<double, std::milli> wall = std::chrono::steady_clock::now() - start;
-    return {wall.count(), ToMilliseconds(usage.ru_utime) + ToMilliseconds(usage.ru_stime)};
+    return {wall.count(), ToMilliseconds(usage.ru_utime) + ToMilliseconds(usage.ru_stime),
+            static_cast<double>(usage.ru_maxrss) / kKilobytes};
 }
 
 }  // namespace bench

@@ -5,14 +5,15 @@
 
 namespace bench {
 
-/// What one run of a program took, in milliseconds.
-struct Times {
-    double fWall;       ///< from before the start until after the exit
-    double fProcessor;  ///< in user and system mode together
+/// What one run of a program took.
+struct Usage {
+    double fWall;       ///< milliseconds from before the start until after the exit
+    double fProcessor;  ///< milliseconds in user and system mode together
+    double fMemory;     ///< the most that was resident, in MB
 };
 
 /// Runs a program, found as the shell finds it, with its output thrown away. Throws std::runtime_error when it cannot
 /// be started or does not exit with 0.
-Times RunProcess(const std::vector<std::string>& command);
+Usage RunProcess(const std::vector<std::string>& command);
 
 }  // namespace bench

@@ -2,8 +2,8 @@
 //
 //     bench_run [ROUNDS] -- COMMAND... [-- COMMAND...]...
 //
-// Prints a line for each command, in milliseconds: median and quartiles of the time on the wall, median of the
-// processor's time, and both medians as multiples of the first command's.
+// Prints a line for each command: in milliseconds the median and quartiles of the time on the wall and the median of
+// the processor's time, both medians as multiples of the first command's, and the memory of the largest run in MB.
 
 #include <fmt/core.h>
 
@@ -22,6 +22,7 @@ struct Program {
     std::vector<std::string> fvCommand;
     std::vector<double> fvWall;
     std::vector<double> fvProcessor;
+    double fMemory = 0;
 
     std::string Describe() const {
         std::string words;
@@ -59,9 +60,10 @@ void RunRounds(Task& task) {
         bench::RunProcess(program.fvCommand);  // the files are in memory from here on
     for (int round = 0; round < task.fRounds; ++round) {
         for (Program& program : task.fvPrograms) {
-            const bench::Times times = bench::RunProcess(program.fvCommand);
-            program.fvWall.push_back(times.fWall);
-            program.fvProcessor.push_back(times.fProcessor);
+            const bench::Usage usage = bench::RunProcess(program.fvCommand);
+            program.fvWall.push_back(usage.fWall);
+            program.fvProcessor.push_back(usage.fProcessor);
+            program.fMemory = std::max(program.fMemory, usage.fMemory);
         }
     }
 }
@@ -72,16 +74,17 @@ double Quantile(const std::vector<double>& sorted, double share) {
 }
 
 void Print(Task& task) {
-    fmt::print("{:>8} {:>8} {:>8} {:>8}  {:>6} {:>6}\n", "wall", "25%", "75%", "cpu", "wall", "cpu");
+    fmt::print("{:>8} {:>8} {:>8} {:>8}  {:>6} {:>6} {:>7}\n", "wall", "25%", "75%", "cpu", "wall", "cpu", "MB");
     for (Program& program : task.fvPrograms) {
         std::sort(program.fvWall.begin(), program.fvWall.end());
         std::sort(program.fvProcessor.begin(), program.fvProcessor.end());
         const Program& unit = task.fvPrograms.front();
         const double wall = Quantile(program.fvWall, 0.5);
         const double processor = Quantile(program.fvProcessor, 0.5);
-        fmt::print("{:8.3f} {:8.3f} {:8.3f} {:8.3f}  x{:5.2f} x{:5.2f}  {}\n", wall, Quantile(program.fvWall, 0.25),
-                   Quantile(program.fvWall, 0.75), processor, wall / Quantile(unit.fvWall, 0.5),
-                   processor / Quantile(unit.fvProcessor, 0.5), program.Describe());
+        fmt::print("{:8.3f} {:8.3f} {:8.3f} {:8.3f}  x{:5.2f} x{:5.2f} {:7.1f}  {}\n", wall,
+                   Quantile(program.fvWall, 0.25), Quantile(program.fvWall, 0.75), processor,
+                   wall / Quantile(unit.fvWall, 0.5), processor / Quantile(unit.fvProcessor, 0.5), program.fMemory,
+                   program.Describe());
     }
 }
 

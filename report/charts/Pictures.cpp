@@ -4,20 +4,20 @@
 
 #include "report/charts/layout/LayOut.h"
 #include "report/charts/svg/Svg.h"
-#include "report/html/Contents.h"
 
 namespace hierfit::report {
 
-std::vector<PictureFile> MakePictures(const document::Document& document) {
-    std::vector<PictureFile> pictures;
-    for (html::Entry& entry : html::ListEntries(document)) {
-        const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent);
-        if (!chart) continue;
-        const charts::Scene scene = charts::LayOut(chart->fPicture, charts::kDeskWidth);
-        pictures.push_back(
-            {std::move(entry.fAnchor), MakeSvgFile(scene, html::TitleOf(*entry.fpItem), chart->fPicture.fSentence)});
-    }
-    return pictures;
+std::vector<items::Entry> ListCharts(const document::Document& document) {
+    std::vector<items::Entry> charts = items::ListEntries(document);
+    std::erase_if(charts, [](const items::Entry& entry) {
+        return !std::holds_alternative<document::Chart>(entry.fpItem->fContent);
+    });
+    return charts;
+}
+
+std::string MakePicture(const items::Entry& chart) {
+    const document::Picture& picture = std::get<document::Chart>(chart.fpItem->fContent).fPicture;
+    return MakeSvgFile(charts::LayOut(picture, charts::kDeskWidth), items::TitleOf(*chart.fpItem), picture.fSentence);
 }
 
 }  // namespace hierfit::report

@@ -4,16 +4,14 @@
 #include <vector>
 
 #include "host/document/Document.h"
+#include "report/items/Entries.h"
 
 namespace hierfit::report {
 
-/// A chart as an SVG file that stands by itself.
-struct PictureFile {
-    std::string fName;  ///< the chart's anchor in a page, such as "GLMMEmMeans-1"
-    std::string fSvg;
-};
+/// The charts among the items of a document.
+std::vector<items::Entry> ListCharts(const document::Document& document);
 
-/// All charts of a document in their order, laid out for a desk.
-std::vector<PictureFile> MakePictures(const document::Document& document);
+/// A chart as an SVG file that stands by itself, laid out for a desk.
+std::string MakePicture(const items::Entry& chart);
 
 }  // namespace hierfit::report

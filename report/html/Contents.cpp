@@ -1,35 +1,13 @@
 #include "report/html/Contents.h"
 
-#include "report/html/Anchors.h"
 #include "report/html/Words.h"
 #include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
 
+using items::Entry;
+
 namespace {
-
-class Lister {
-  public:
-    explicit Lister(std::vector<Entry>& entries) : fEntries(entries) {}
-
-    void Add(const std::list<document::Item>& items, int depth) {
-        for (const document::Item& item : items) {
-            fEntries.push_back({&item, depth, fAnchors.Name(item)});
-            if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) Add(heading->fItems, depth + 1);
-        }
-    }
-
-  private:
-    std::vector<Entry>& fEntries;
-    Anchors fAnchors;
-};
-
-struct Title {
-    std::string_view operator()(const document::Heading& heading) const { return heading.fTitle.fWords; }
-    std::string_view operator()(const document::Table& table) const { return table.fTitle.fWords; }
-    std::string_view operator()(const document::Chart& chart) const { return chart.fDescription; }
-    std::string_view operator()(const document::Message& message) const { return message.fText.fWords; }
-};
 
 void AppendLink(std::string& out, std::string_view anchor, std::string_view before, std::string_view title,
                 std::string_view after = {}) {
@@ -50,7 +28,7 @@ void AppendEntry(std::string& out, const Entry& entry) {
     }
     // Tables and their charts have the same titles.
     const bool isChart = std::holds_alternative<document::Chart>(entry.fpItem->fContent);
-    AppendLink(out, entry.fAnchor, level, TitleOf(*entry.fpItem), isChart ? words::kIsChart : "");
+    AppendLink(out, entry.fAnchor, level, items::TitleOf(*entry.fpItem), isChart ? words::kIsChart : "");
 }
 
 // From an entry to one at another depth; an entry goes at most one deeper than the one before.
@@ -64,17 +42,6 @@ void AppendStep(std::string& out, int from, int to) {
 }
 
 }  // namespace
-
-std::vector<Entry> ListEntries(const document::Document& document) {
-    std::vector<Entry> entries;
-    Lister(entries).Add(document.fItems, 0);
-    return entries;
-}
-
-std::string_view TitleOf(const document::Item& item) {
-    const std::string_view title = std::visit(Title{}, item.fContent);
-    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? words::kUntitled : title;
-}
 
 void AppendContents(std::string& out, const std::vector<Entry>& entries, bool hasDiagnostics) {
     if (entries.empty() && !hasDiagnostics) return;

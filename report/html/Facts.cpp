@@ -5,6 +5,8 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "host/SystemMissing.h"
+
 namespace hierfit::report::html {
 
 namespace {
@@ -16,6 +18,8 @@ using Ids = std::unordered_set<int>;
 
 constexpr std::string_view kSummary = "ModelSummary";
 constexpr std::string_view kTarget = "Target";
+constexpr std::string_view kAkaike = "Akaike Corrected";
+constexpr std::string_view kBayesian = "Bayesian";
 constexpr std::string_view kClassification = "Classification";
 constexpr std::string_view kCount = "E60868";
 constexpr std::string_view kScatter = "GLMMPredictedByObserved";
@@ -51,7 +55,18 @@ std::vector<const document::Cell*> FindCells(const Table& table, std::string_vie
     return cells;
 }
 
-void SetTarget(Facts& facts, const Table& summary) {
+/// The one number under a label.
+std::optional<double> FindNumber(const Table& table, std::string_view label) {
+    const std::vector<const document::Cell*> cells = FindCells(table, label);
+    const auto* number =
+        cells.size() == 1 ? std::get_if<document::NumberSource>(&cells.front()->fContent.fFrom) : nullptr;
+    if (!number || !std::isfinite(number->fNumber) || number->fNumber == kSystemMissing) return {};
+    return number->fNumber;
+}
+
+void ReadSummary(Facts& facts, const Table& summary) {
+    facts.fAkaike = FindNumber(summary, kAkaike);
+    facts.fBayesian = FindNumber(summary, kBayesian);
     const std::vector<const document::Cell*> cells = FindCells(summary, kTarget);
     if (cells.empty() || cells.size() > 2) return;
     facts.fTarget = cells.front()->fContent.fWords;
@@ -88,16 +103,16 @@ std::optional<double> CountPoints(const document::Chart& chart) {
 
 }  // namespace
 
-Facts FindFacts(const std::vector<Entry>& entries) {
+Facts FindFacts(const std::vector<items::Entry>& entries) {
     Facts facts;
     std::optional<double> classified;
-    for (const Entry& entry : entries) {
+    for (const items::Entry& entry : entries) {
         if (const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent)) {
             if (!facts.fRecords) facts.fRecords = CountPoints(*chart);
         }
         const auto* table = std::get_if<Table>(&entry.fpItem->fContent);
         if (!table) continue;
-        if (facts.fTarget.empty() && IsString(table->fSubtype, kSummary)) SetTarget(facts, *table);
+        if (facts.fTarget.empty() && IsString(table->fSubtype, kSummary)) ReadSummary(facts, *table);
         if (!classified && IsString(table->fSubtype, kClassification)) classified = CountClassified(*table);
     }
     if (!facts.fRecords && !facts.fTarget.empty() && facts.fTrials.empty()) facts.fRecords = classified;

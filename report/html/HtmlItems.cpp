@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "report/html/ChartFigure.h"
+#include "report/html/Repeats.h"
 #include "report/html/Words.h"
 #include "report/html/table/HtmlTable.h"
 #include "report/layout/ShownTable.h"
@@ -19,9 +20,10 @@ class ItemWriter {
   public:
     explicit ItemWriter(std::string& out) : fOut(out) {}
 
-    void Append(const Entry& entry) {
+    void Append(const items::Entry& entry, const Repeat& repeat) {
         CloseSections(entry.fDepth);
         fpEntry = &entry;
+        fRepeat = repeat;
         std::visit(*this, entry.fpItem->fContent);
     }
 
@@ -34,17 +36,19 @@ class ItemWriter {
         fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<a class=\"skip\" href=\"#");
         fOut.append(kContentsAnchor).append("\">").append(words::kContents).append("</a>\n");
         fOut.append("<details open class=\"fold\"><summary><h").append(level).append(">");
-        AppendText(fOut, TitleOf(*fpEntry->fpItem));
+        AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
         fOut.append("</h").append(level).append("></summary>\n");
         ++fDepth;
     }
 
     void operator()(const document::Table& table) {
-        AppendTable(fOut, table, TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
+        if (fRepeat.fpFirst) BeginRepeat();
+        AppendTable(fOut, table, items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
+        if (fRepeat.fpFirst) fOut += "</details>\n";
     }
 
     void operator()(const document::Chart& chart) {
-        AppendChart(fOut, chart, {TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1});
+        AppendChart(fOut, chart, {items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fTables + 1});
         fTables += static_cast<int>(FindShownTables(chart.fPicture).size());
     }
 
@@ -57,8 +61,18 @@ class ItemWriter {
     }
 
   private:
+    /// Says where the table stood, and folds it.
+    void BeginRepeat() {
+        fOut += "<p class=\"repeat\">";
+        AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
+        fOut.append(words::kSameTable).append("<a href=\"#").append(fRepeat.fpFirst->fAnchor).append("\">");
+        AppendText(fOut, items::TitleOf(*(fRepeat.fpHeading ? fRepeat.fpHeading : fRepeat.fpFirst)->fpItem));
+        fOut.append("</a>.</p>\n<details class=\"repeat\"><summary>").append(words::kShowHere).append("</summary>\n");
+    }
+
     std::string& fOut;
-    const Entry* fpEntry = nullptr;
+    const items::Entry* fpEntry = nullptr;
+    Repeat fRepeat;
     int fDepth = 0;  ///< open sections
     int fTables = 0;
 };
@@ -84,9 +98,10 @@ void AppendDiagnostic(std::string& out, const document::Document& document, cons
 
 }  // namespace
 
-void AppendItems(std::string& out, const std::vector<Entry>& entries) {
+void AppendItems(std::string& out, const std::vector<items::Entry>& entries) {
     ItemWriter writer(out);
-    for (const Entry& entry : entries) writer.Append(entry);
+    const std::vector<Repeat> repeats = FindRepeats(entries);
+    for (std::size_t at = 0; at < entries.size(); ++at) writer.Append(entries[at], repeats[at]);
     writer.CloseSections(0);
 }
 

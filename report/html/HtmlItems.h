@@ -8,7 +8,7 @@
 namespace hierfit::report::html {
 
 /// Appends the items of a page, headings as nested sections.
-void AppendItems(std::string& out, const std::vector<Entry>& entries);
+void AppendItems(std::string& out, const std::vector<items::Entry>& entries);
 
 /// Appends the section of what the host noticed; nothing if there is none.
 void AppendDiagnostics(std::string& out, const document::Document& document);

@@ -1,6 +1,7 @@
 #include "report/html/HtmlReport.h"
 
 #include <algorithm>
+#include <variant>
 
 #include "report/html/Assets.h"
 #include "report/html/Contents.h"
@@ -48,14 +49,30 @@ void AppendFooter(std::string& out, const document::Document& document) {
     out += "</footer>\n";
 }
 
+/// Room for the page, so that it need not move as it grows: tables are most of a large one. What is not used takes no
+/// memory.
+std::size_t RoomFor(const std::vector<items::Entry>& entries) {
+    constexpr std::size_t kPerItem = 40'000;
+    constexpr std::size_t kPerCell = 128;
+    std::size_t room = kPerItem * (entries.size() + 10);
+    for (const items::Entry& entry : entries) {
+        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
+        if (table) room += kPerCell * table->fvCells.size();
+    }
+    return room;
+}
+
 }  // namespace
 
 std::string MakeHtmlReport(const document::Document& document, const HtmlSettings& settings) {
-    const std::vector<html::Entry> entries = html::ListEntries(document);
+    const std::vector<items::Entry> entries = items::ListEntries(document);
     const html::Facts facts = html::FindFacts(entries);
-    std::string out = "<!DOCTYPE html>\n<html lang=\"";
-    out.append(LanguageTag(document.fLanguage)).append("\" data-running=\"");
+    std::string out;
+    out.reserve(RoomFor(entries));
+    out.append("<!DOCTYPE html>\n<html lang=\"").append(LanguageTag(document.fLanguage)).append("\" data-running=\"");
     AppendCharacters(out, html::RunningTitle(document, facts, settings));
+    out += "\" data-producer=\"";
+    AppendCharacters(out, document.fProducer);
     out += "\">\n";
     html::AppendHead(out, document, facts, settings);
     AppendBodyTag(out, settings.fScripts);

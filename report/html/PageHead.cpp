@@ -2,7 +2,7 @@
 
 #include "host/document/NumberFormat.h"
 #include "host/unicode/Excerpt.h"
-#include "report/html/Assets.h"
+#include "report/html/HeadElement.h"
 #include "report/html/Words.h"
 #include "report/markup/Escape.h"
 
@@ -14,48 +14,19 @@ constexpr std::size_t kMostOfTarget = 100;
 constexpr std::size_t kMostAlerts = 12;
 
 std::string_view TitleOf(const document::Document& document) {
-    return document.fTitle.empty() ? words::kUntitled : std::string_view(document.fTitle);
-}
-
-// Nothing is fetched, and no script or style counts but our own.
-void AppendPolicy(std::string& out, Scripts scripts) {
-    out += "<meta http-equiv=\"Content-Security-Policy\" content=\"default-src 'none'; style-src '";
-    out += StyleSheet().fHash;
-    if (scripts == Scripts::Yes) out.append("'; script-src '").append(Script().fHash);
-    out += "'; img-src data:; base-uri 'none'; form-action 'none'\">\n";
-}
-
-void AppendMeta(std::string& out, std::string_view name, std::string_view content) {
-    out.append("<meta name=\"").append(name).append("\" content=\"");
-    AppendCharacters(out, content);
-    out += "\">\n";
+    return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
 }
 
 // What tells this page from others comes first, since a browser shows no more of a title than its beginning.
-void AppendTitle(std::string& out, const document::Document& document, const Facts& facts,
-                 const HtmlSettings& settings) {
+std::string MakeTitle(const document::Document& document, const Facts& facts, const HtmlSettings& settings) {
     std::vector<std::string> parts;
     if (!settings.fTitle.empty()) parts.push_back(settings.fTitle);
     if (!facts.fTarget.empty()) parts.push_back(unicode::Excerpt(facts.fTarget, kMostOfTarget));
     parts.emplace_back(TitleOf(document));
     if (parts.size() == 1) parts.insert(parts.end(), document.fvSources.begin(), document.fvSources.end());
-    out += "<title>";
-    for (const std::string& part : parts) {
-        if (&part != &parts.front()) out += " – ";
-        AppendCharacters(out, part);
-    }
-    out += "</title>\n";
-}
-
-void AppendFact(std::string& out, std::string_view name, const std::vector<std::string>& values) {
-    if (values.empty()) return;
-    out.append("<div><dt>").append(name).append("</dt>");
-    for (const std::string& value : values) {
-        out += "<dd>";
-        AppendText(out, value);
-        out += "</dd>";
-    }
-    out += "</div>\n";
+    std::string title;
+    for (const std::string& part : parts) title += (&part == &parts.front() ? "" : " – ") + part;
+    return title;
 }
 
 void AppendFacts(std::string& out, const document::Document& document, const Facts& facts) {
@@ -99,14 +70,14 @@ class AlertList {
     std::size_t fCount = 0;
 };
 
-void AppendAlerts(std::string& out, const document::Document& document, const std::vector<Entry>& entries) {
+void AppendAlerts(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries) {
     AlertList alerts(out);
-    for (const Entry& entry : entries) {
+    for (const items::Entry& entry : entries) {
         const auto* message = std::get_if<document::Message>(&entry.fpItem->fContent);
-        if (message) alerts.Add(message->fLevel, html::TitleOf(*entry.fpItem), entry.fAnchor);
+        if (message) alerts.Add(message->fLevel, items::TitleOf(*entry.fpItem), entry.fAnchor);
     }
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? words::kUntitled : diagnostic.fText,
+        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? items::kUntitled : diagnostic.fText,
                    kDiagnosticsAnchor);
     }
     alerts.End();
@@ -128,19 +99,10 @@ void AppendByline(std::string& out, const document::Document& document, const Ht
 
 void AppendHead(std::string& out, const document::Document& document, const Facts& facts,
                 const HtmlSettings& settings) {
-    out += "<head>\n<meta charset=\"utf-8\">\n";
-    AppendPolicy(out, settings.fScripts);
-    out += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
-    out += "<meta name=\"color-scheme\" content=\"light dark\">\n";
-    AppendMeta(out, "generator", document.fProducer);
-    if (!settings.fAuthor.empty()) AppendMeta(out, "author", settings.fAuthor);
-    AppendTitle(out, document, facts, settings);
-    out += "<link rel=\"icon\" href=\"data:,\">\n<style>";
-    out += StyleSheet().fText;
-    out += "</style>\n</head>\n";
+    AppendHeadElement(out, MakeTitle(document, facts, settings), document.fProducer, settings);
 }
 
-void AppendHeader(std::string& out, const document::Document& document, const std::vector<Entry>& entries,
+void AppendHeader(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries,
                   const Facts& facts, const HtmlSettings& settings) {
     out.append("<a class=\"skip\" href=\"#main\">").append(words::kSkip).append("</a>\n<header>\n<h1>");
     AppendText(out, settings.fTitle.empty() ? TitleOf(document) : settings.fTitle);

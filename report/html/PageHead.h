@@ -13,7 +13,7 @@ namespace hierfit::report::html {
 void AppendHead(std::string& out, const document::Document& document, const Facts& facts, const HtmlSettings& settings);
 
 /// Appends what the reader sees first: the title, what the report is about, and links to what went wrong.
-void AppendHeader(std::string& out, const document::Document& document, const std::vector<Entry>& entries,
+void AppendHeader(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries,
                   const Facts& facts, const HtmlSettings& settings);
 
 /// What stands in the margin of every printed page.

@@ -9,7 +9,6 @@ namespace hierfit::report::html::words {
 
 inline constexpr std::string_view kLanguage = "en";
 
-inline constexpr std::string_view kUntitled = "Untitled";
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kDiagnostics = "Diagnostics";
@@ -22,6 +21,9 @@ inline constexpr std::string_view kTable = "table";
 inline constexpr std::string_view kSmall = "Figures that would show as zero are given with three significant digits.";
 inline constexpr std::string_view kReferences = "Reference levels, whose coefficients are zero: ";
 inline constexpr std::string_view kShowRedundant = "Show redundant coefficients";
+inline constexpr std::string_view kOnPaper = "Print them";
+inline constexpr std::string_view kSameTable = ": the same table as in ";
+inline constexpr std::string_view kShowHere = "Show it here";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 
 inline constexpr std::string_view kIsChart = " (chart)";

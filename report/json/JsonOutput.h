@@ -37,6 +37,9 @@ class JsonOutput {
     /// A value that is JSON already.
     void Verbatim(std::string_view json);
 
+    /// Makes room for so many bytes more, so that what is there need not move again and again.
+    void MakeRoom(std::size_t bytes) { fOut.reserve(fOut.size() + bytes); }
+
     /// What was put together, with a line feed at its end.
     std::string Take();
 

@@ -77,6 +77,8 @@ static void Write(JsonOutput& out, const Cell& cell) {
 }
 
 void WriteMembers(JsonOutput& out, const Table& table) {
+    constexpr std::size_t kPerCell = 128;
+    out.MakeRoom(kPerCell * table.fvCells.size());
     out.Key("kind");
     out.String("table");
     WriteMember(out, "subtype", table.fSubtype);
@@ -203,6 +205,12 @@ static void Read(JsonReader& in, Place& place) {
         Read(in, id);
         place.fvAt.push_back(category);
     });
+}
+
+static void Read(JsonReader& in, document::RareList<Text>& texts) {
+    std::vector<Text> list;
+    Read(in, list);
+    texts = std::move(list);
 }
 
 static void Read(JsonReader& in, Cell& cell) {

@@ -41,10 +41,10 @@ struct Axis::Drawing {
     }
 };
 
-Axis::Axis(const document::Table& table, const std::vector<std::size_t>& dimensions, bool namedLevels) {
+Axis::Axis(const document::Table& table, const std::vector<std::size_t>& dimensions, Shows shows) : fShows(shows) {
     fvParts.reserve(dimensions.size());
     for (const std::size_t index : dimensions) AddPart(table, index);
-    for (Part& part : fvParts) SetLevels(part, namedLevels);
+    for (Part& part : fvParts) SetLevels(part);
     SetLines(SortCells(table.fvCells.size()));
 }
 
@@ -60,10 +60,10 @@ void Axis::AddPart(const document::Table& table, std::size_t index) {
     fvParts.push_back(std::move(part));
 }
 
-void Axis::SetLevels(Part& part, bool namedLevels) {
+void Axis::SetLevels(Part& part) {
     part.fFirstLevel = fLevels;
-    if (part.fpDimension->fHideLabels) return;
-    part.fNameLevels = namedLevels && !part.fpDimension->fHideName ? 1 : 0;
+    if (part.fpDimension->fHideLabels && fShows != Shows::All) return;
+    part.fNameLevels = fShows == Shows::Named && !part.fpDimension->fHideName ? 1 : 0;
     std::size_t groups = 0;
     for (const std::size_t place : part.fvPlaces) groups = std::max(groups, part.fOrder.At(place).fvGroups.size());
     part.fLabelLevels = static_cast<int>(groups) + 1;
@@ -118,7 +118,7 @@ void Axis::DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) cons
     const std::size_t changed = isFirst ? 0 : FindFirstDifference(cell, before);
     for (std::size_t index = 0; index < fvParts.size(); ++index) {
         const Part& part = fvParts[index];
-        if (part.fpDimension->fHideLabels) continue;
+        if (part.fLabelLevels == 0) continue;
         DrawName(drawing, part, isFirst || index > changed);
         if (index < changed) {
             drawing.Grow(part.fFirstLevel + part.fNameLevels, part.fLabelLevels);
@@ -158,7 +158,8 @@ std::vector<CornerCell> Axis::MakeCorner() const {
     std::vector<CornerCell> corner;
     for (const Part& part : fvParts) {
         if (part.fLabelLevels == 0) continue;
-        const document::Text* name = part.fpDimension->fHideName ? nullptr : &part.fpDimension->fName;
+        const document::Text* name =
+            part.fpDimension->fHideName && fShows != Shows::All ? nullptr : &part.fpDimension->fName;
         corner.push_back({part.fFirstLevel, part.fLabelLevels, name});
     }
     return corner;

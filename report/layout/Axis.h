@@ -13,9 +13,15 @@ namespace hierfit::report {
 /// table, which must outlive it.
 class Axis {
   public:
-    /// The dimensions, outermost first, as indices in the table. Named levels are levels of dimension names above the
-    /// labels; without them the names go to `MakeCorner`.
-    Axis(const document::Table& table, const std::vector<std::size_t>& dimensions, bool namedLevels);
+    /// What of the dimensions' names and labels stands in the headers.
+    enum class Shows {
+        Named,   ///< names as levels above the labels
+        Labels,  ///< names in `MakeCorner`
+        All      ///< the same with those that are hidden
+    };
+
+    /// The dimensions, outermost first, as indices in the table.
+    Axis(const document::Table& table, const std::vector<std::size_t>& dimensions, Shows shows);
 
     int CountLines() const { return static_cast<int>(fvFirstCells.size()); }
     int CountLevels() const { return fLevels; }
@@ -37,13 +43,13 @@ class Axis {
         LeafOrder fOrder;
         std::vector<Index> fvPlaces;  ///< for each cell, its place in the dimension
         int fFirstLevel = 0;
-        int fNameLevels = 0;  ///< levels of the dimension's name: 0 or 1
-        int fLabelLevels = 0;
+        int fNameLevels = 0;   ///< levels of the dimension's name: 0 or 1
+        int fLabelLevels = 0;  ///< 0 where its labels are hidden
     };
     struct Drawing;
 
     void AddPart(const document::Table& table, std::size_t index);
-    void SetLevels(Part& part, bool namedLevels);
+    void SetLevels(Part& part);
     std::vector<Index> SortCells(std::size_t count) const;
     void SetLines(const std::vector<Index>& sortedCells);
     static void SortByPlace(std::vector<Index>& cells, const Part& part);
@@ -52,6 +58,7 @@ class Axis {
     static void DrawLabels(Drawing& drawing, const Part& part, const Leaf& leaf, std::size_t sharedGroups);
     void DrawLine(Drawing& drawing, std::size_t cell, std::size_t before) const;
 
+    Shows fShows;
     std::vector<Part> fvParts;
     std::vector<Index> fvLines;             ///< for each cell
     std::vector<std::size_t> fvFirstCells;  ///< for each line

@@ -75,16 +75,20 @@ Grid MakeGridOf(const document::Table& table, const Axis& rows, const Axis& colu
     return grid;
 }
 
-}  // namespace
-
-Grid MakeGrid(const document::Table& table) {
+Grid MakeGridShowing(const document::Table& table, Axis::Shows onRows, Axis::Shows onColumns) {
     std::vector<std::size_t> rowDimensions = ListDimensions(table, document::Side::Rows);
     const std::vector<std::size_t> columnDimensions = ListDimensions(table, document::Side::Columns);
-    const Axis rows(table, rowDimensions, false);
-    const Axis columns(table, columnDimensions, true);
+    const Axis rows(table, rowDimensions, onRows);
+    const Axis columns(table, columnDimensions, onColumns);
     if (!IsTooSparse(rows, columns, table.fvCells.size())) return MakeGridOf(table, rows, columns);
     rowDimensions.insert(rowDimensions.end(), columnDimensions.begin(), columnDimensions.end());
-    return MakeGridOf(table, Axis(table, rowDimensions, false), Axis(table, {}, true));
+    return MakeGridOf(table, Axis(table, rowDimensions, onRows), Axis(table, {}, onColumns));
 }
+
+}  // namespace
+
+Grid MakeGrid(const document::Table& table) { return MakeGridShowing(table, Axis::Shows::Labels, Axis::Shows::Named); }
+
+Grid MakeFullGrid(const document::Table& table) { return MakeGridShowing(table, Axis::Shows::All, Axis::Shows::All); }
 
 }  // namespace hierfit::report

@@ -34,4 +34,8 @@ struct Grid {
 /// Lays a table out. Time and memory are linear in cells, headers and `fRows` times `fColumns`.
 Grid MakeGrid(const document::Table& table);
 
+/// The same with every name and label, hidden ones too, and with the names of dimensions in the corner alone: what a
+/// file for other programs needs.
+Grid MakeFullGrid(const document::Table& table);
+
 }  // namespace hierfit::report

@@ -37,7 +37,7 @@ struct CornerCell {
 /// One data cell; null content where a combination of categories has no cell.
 struct DataCell {
     const document::Cell* fpCell = nullptr;
-    std::vector<int> fvNotes;  ///< indices in `Grid::fvNotes`
+    document::RareList<int> fvNotes;  ///< indices in `Grid::fvNotes`
 };
 
 }  // namespace hierfit::report

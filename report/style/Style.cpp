@@ -1,10 +1,10 @@
 #include "report/style/Style.h"
 
 #include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
 
-#include "host/document/NumberFormat.h"
 #include "report/style/FigureKind.h"
 
 namespace hierfit::report::style {
@@ -66,7 +66,7 @@ void Restyle(Text& text) {
     }
 }
 
-void RestyleAll(std::vector<Text>& texts) {
+void RestyleAll(std::span<Text> texts) {
     for (Text& text : texts) Restyle(text);
 }
 
@@ -83,12 +83,18 @@ void RestyleMembers(std::list<document::Member>& members) {
     }
 }
 
-void RestyleCells(document::Table& table) {
+/// Whether a style leaves figures of a kind in the print format that they have.
+bool Keeps(const FigureStyle& style, FigureKind kind) {
+    return kind == FigureKind::Other || (!style.IsOwn() && kind != FigureKind::PValue);
+}
+
+void RestyleCells(document::Table& table, const FigureStyle& style) {
     const FigureKinds kinds(table);
     for (document::Cell& cell : table.fvCells) {
-        if (kinds.Of(cell) == FigureKind::PValue) {
-            const double number = std::get<document::NumberSource>(cell.fContent.fFrom).fNumber;
-            cell.fContent.fWords = document::FormatNumber(number, {document::FormatName::Significance});
+        const FigureKind kind = kinds.Of(cell);
+        if (!Keeps(style, kind)) {
+            const auto& source = std::get<document::NumberSource>(cell.fContent.fFrom);
+            cell.fContent.fWords = WriteFigure(source.fNumber, source.fFormat, kind, style);
         }
         Restyle(cell.fContent);
         RestyleAll(cell.fvNotes);
@@ -97,6 +103,8 @@ void RestyleCells(document::Table& table) {
 
 /// Restyles items of each kind.
 struct ItemStyle {
+    const FigureStyle& fStyle;
+
     void operator()(document::Heading& heading) const {
         Restyle(heading.fTitle);
         for (document::Item& item : heading.fItems) std::visit(*this, item.fContent);
@@ -107,7 +115,7 @@ struct ItemStyle {
         RestyleAll(table.fvCaptions);
         RestyleAll(table.fvNotes);
         for (document::Dimension& dimension : table.fvDimensions) RestyleMembers(dimension.fMembers);
-        RestyleCells(table);
+        RestyleCells(table, fStyle);
     }
 
     void operator()(document::Message& message) const { Restyle(message.fText); }
@@ -117,8 +125,8 @@ struct ItemStyle {
 
 }  // namespace
 
-void ApplyPlain(document::Document& document) {
-    for (document::Item& item : document.fItems) std::visit(ItemStyle(), item.fContent);
+void Apply(document::Document& document, const FigureStyle& style) {
+    for (document::Item& item : document.fItems) std::visit(ItemStyle{style}, item.fContent);
 }
 
 }  // namespace hierfit::report::style

@@ -1,12 +1,13 @@
 #pragma once
 
 #include "host/document/Document.h"
+#include "report/style/Figures.h"
 
 namespace hierfit::report::style {
 
-/// Writes a document's figures anew in the plain style: each in its print format, and every p value by the rule of
-/// significances. The words of its texts change, their sources stay. A minus becomes U+2212, and what stands between
-/// two compared levels an en dash. It is for readers: a document that is saved keeps its own words.
-void ApplyPlain(document::Document& document);
+/// Writes a document's figures anew in a style. The words of its texts change, their sources stay. A minus becomes
+/// U+2212, and what stands between two compared levels an en dash. It is for readers: a document that is saved keeps
+/// its own words.
+void Apply(document::Document& document, const FigureStyle& style);
 
 }  // namespace hierfit::report::style

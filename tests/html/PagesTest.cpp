@@ -4,6 +4,7 @@
 #include <fstream>
 
 #include "report/html/HtmlReport.h"
+#include "report/index/IndexPage.h"
 #include "tests/support/TableSketch.h"
 
 namespace hierfit::report {
@@ -48,7 +49,7 @@ document::Picture MakeMeans(const std::string& label, int count) {
                                  value - 1,
                                  value + 1,
                                  false,
-                                 label + "\nMean = " + std::to_string(value)});
+                                 label + "\nMean: " + std::to_string(value)});
     }
     picture.fContent = std::move(means);
     return picture;
@@ -72,6 +73,7 @@ document::Document MakeCharts() {
     std::list<Item> items{{MakeChart("Means", MakeMeans("Means of dose", 8))},
                           {MakeChart("Few means", MakeMeans("Few", 1))},
                           {MakeChart("Points", MakePoints(10'000))},
+                          {MakeChart("Crowd", MakeMeans(std::string(100, 'x'), 1'500))},
                           {MakeChart("Hebrew", MakeMeans("\u05E9\u05DC\u05D5\u05DD (1)", 4))}};
     return MakeDocument("Charts", std::move(items));
 }
@@ -122,8 +124,8 @@ cells @*@ @
     return {Heading{MakeText(label), {{std::move(table)}, MakeMessage(2, label), MakeChart(label)}}};
 }
 
-document::Document MakeHostile() {
-    const std::vector<std::string> labels = {
+std::vector<std::string> HostileLabels() {
+    return {
         "<img src=x onerror=alert(1)>",
         "</script><script>alert(2)</script>",
         "\" onmouseover=\"alert(3)\" x='",
@@ -140,6 +142,10 @@ document::Document MakeHostile() {
         std::string(10000, 'W'),
         "",
     };
+}
+
+document::Document MakeHostile() {
+    const std::vector<std::string> labels = HostileLabels();
     document::Document document = MakeDocument(labels[1], {});
     document.fLanguage = "\"><script>";
     document.fProducer = labels[2];
@@ -192,16 +198,36 @@ document::Document MakeBare() {
                              {Heading{MakeText(""), {}}}});
 }
 
+/// An index of pages that lie beside it.
+Index MakeIndex() {
+    Index index{"hierfit 0.1.0", {}, {}};
+    for (const std::string& label : HostileLabels()) {
+        index.fvModels.push_back({"models/" + label, label, "report.html", label, 180, -1756.114, 1774.786, 1});
+        index.fvFailures.push_back({label.empty() ? "none" : label, label});
+    }
+    for (int number = 1; number <= 60; ++number) {
+        const std::string name = "models/sleep-" + std::to_string(number);
+        index.fvModels.push_back({name, name, "large.html", "Average reaction time (ms)", {}, {}, {}, 0});
+    }
+    return index;
+}
+
+void WritePage(const std::string& name, const std::string& page) {
+    std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);
+    file << page;
+    EXPECT_TRUE(file.flush()) << name;
+}
+
 TEST(Pages, AreWritten) {
     const std::pair<std::string, document::Document> pages[] = {
         {"report", MakeReport()}, {"hostile", MakeHostile()}, {"large", MakeLarge()},  {"nested", MakeNested()},
         {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}};
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
-        std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);
-        file << MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""});
-        EXPECT_TRUE(file.flush()) << name;
+        WritePage(name, MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""}));
     }
+    WritePage("index", MakeIndexPage(MakeIndex(), {}));
+    WritePage("index-empty", MakeIndexPage({"hierfit 0.1.0", {}, {}}, {Scripts::No, HostileLabels()[1], "A. Author"}));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // What holds of every page. Each check gives a list of faults, empty for a good page.
 
+import { existsSync } from "node:fs";
+
 /** Nothing but our own script and style, and no element that a text could have smuggled in. */
 export async function checkElements(page) {
   return page.evaluate(() => {
@@ -22,11 +24,15 @@ export async function checkElements(page) {
   });
 }
 
-/** Every link leads to something on the page, and every note can be reached from its mark and back. */
+/** Every link leads to something on the page; those of an index also to a file beside it. */
 export async function checkLinks(page) {
-  return page.evaluate(() => Array.from(document.querySelectorAll("a"), (link) => link.getAttribute("href"))
-    .filter((href) => !href.startsWith("#") || !document.getElementById(href.slice(1)))
-    .map((href) => `${href} leads nowhere`));
+  const [links, isIndex] = await page.evaluate(() => [
+    Array.from(document.querySelectorAll("a"), (link) => link.getAttribute("href"))
+      .filter((href) => !href.startsWith("#") || !document.getElementById(href.slice(1))),
+    document.body.className === "index",
+  ]);
+  return links.filter((href) => !isIndex || !existsSync(new URL(href, page.url())))
+    .map((href) => `${href} leads nowhere`);
 }
 
 /** A data cell's headers are the header cells that stand in its row and column. */

@@ -78,9 +78,27 @@ async function copyTable(page, anchor) {
   return { status, ...await readClipboard(page) };
 }
 
+/** Rows behind the switch are printed if it is on, or the one for paper beside it. */
+async function checkPrinted(page) {
+  const [shown, printed] = [page.locator(".switch input").first(), page.locator(".switch .paper")];
+  const row = page.locator("#FixedCoefficients-1 tr.z");
+  const faults = [];
+  for (const [isShown, isPrinted] of [[false, true], [true, true], [true, false], [false, false]]) {
+    await shown.setChecked(isShown);
+    await printed.setChecked(isPrinted);
+    const onScreen = await row.isVisible();
+    await page.emulateMedia({ media: "print" });
+    const onPaper = await row.isVisible();
+    await page.emulateMedia({ media: null });
+    faults.push(...compare({ onScreen, onPaper }, { onScreen: isShown, onPaper: isShown || isPrinted }));
+  }
+  return faults;
+}
+
 async function checkReport(page) {
   const faults = compare(await copyTable(page, "FixedCoefficients-1"), coefficients);
-  await page.locator(".switch input").check();
+  faults.push(...await checkPrinted(page));
+  await page.locator(".switch input").first().check();
   faults.push(...compare(await copyTable(page, "FixedCoefficients-1"), unfolded));
   faults.push(...compare(await copyTable(page, "Classification-1"), { text: classification }));
   return faults;
@@ -186,11 +204,20 @@ async function checkTouch(page, browser, url) {
   return compare({ shown: String(shown), isThere, isGone }, { shown: "true,true", isThere: true, isGone: true });
 }
 
+/** Marks of a crowd, whose titles are but what differs, have their whole tips as names. */
+const checkCrowd = (page) => page.evaluate(() => {
+  const picture = Array.from(document.querySelectorAll("svg.desk")).find((one) => one.querySelectorAll("[role=img]").length === 3000);
+  const names = Array.from(picture?.querySelectorAll("[role=img]") ?? [], (mark) => mark.getAttribute("aria-label"));
+  const isWhole = (name) => /^x{100}\nMean: -?\d+\.\d+$/.test(name);
+  return [...names.length === 3000 && names.every(isWhole) ? [] : [`marks of a crowd are named as ${names[0]}`],
+    ...picture?.querySelector("title, desc") ? ["what named a crowd is left over"] : []];
+});
+
 /** By name of the page. */
 export const sampleChecks = {
   report: async (page, browser, url) => [...await checkReport(page), ...await checkFolds(page), ...await checkFallbacks(browser, url),
     ...await checkWithoutScripts(browser, url)],
   hostile: checkHostile,
   large: checkScrolling,
-  charts: checkTouch,
+  charts: async (page, browser, url) => [...await checkCrowd(page), ...await checkTouch(page, browser, url)],
 };

@@ -166,6 +166,20 @@ TEST(CircleLayout, TheLegendHoldsWhatOccurs) {
     EXPECT_EQ(test::EntryOf(LayOutContent(picture, 708), "Significant"), nullptr);
 }
 
+TEST(CircleLayout, LinksOfACrowdComeByTheirPaint) {
+    CirclePicture picture = Circles(test::NamesOf("short", 3), 0);
+    for (int at = 0; at < 2001; ++at)
+        picture.fvPanels[0].fvLinks.push_back({at % 3, (at + 1) % 3, at % 100 / 100.0, false, "x"});
+    std::size_t runs = 0;
+    report::charts::Paint last;
+    const Scene scene = LayOutContent(picture, kWidths[0]);
+    for (const Element* mark : test::MarksOf(scene)) {
+        if (mark->fTip == "x" && mark->fvShapes.front().fPaint != last) ++runs;
+        last = mark->fvShapes.front().fPaint;
+    }
+    EXPECT_EQ(runs, 8u);  // widths of 0.5 to 4 pixels in steps of a half
+}
+
 TEST(CircleLayout, StandsWhatNoModelSends) {
     CirclePicture wide = Circles({"a", "b", "c"}, 0);
     for (int at = 0; at < 20000; ++at) wide.fvPanels[0].fvLinks.push_back({at % 3, (at + 1) % 3, 1e300, false, "x"});

@@ -124,6 +124,8 @@ TEST(LevelsLayout, LinksMarksOfASeriesAndOfALevel) {
         {{2, 0, 2, 0, "L", "", "P", true}, "entry: 0; entry: 1; 3: 1 2, 4: 0 3, 5: 1 2, 6: 0 3, "},
         {{1, 0, 0, 0, "L", "", "P", true}, "entry: 1; 2: 1, "},
     };
+    const Scene crowd = LayOutContent(MakeLevelsPicture({1001, 2}), kWidths[0]);  // by series alone
+    for (const report::charts::Element& element : crowd.fvElements) EXPECT_LE(element.fvKeys.size(), 1u);
     for (const auto& [sketch, keys] : kKeys) {
         EXPECT_EQ(KeysOf(LayOutContent(MakeLevelsPicture(sketch), kWidths[0])), keys) << Describe(sketch, kWidths[0]);
     }

@@ -11,7 +11,7 @@
 #include "SceneText.h"
 #include "report/charts/layout/LayOut.h"
 #include "report/charts/svg/Svg.h"
-#include "report/html/Contents.h"
+#include "report/items/Entries.h"
 #include "report/json/JsonDocument.h"
 
 using namespace hierfit;
@@ -19,13 +19,13 @@ using namespace hierfit::report;
 
 namespace {
 
-void PrintScene(const std::string& folder, const html::Entry& entry, const std::string& view,
+void PrintScene(const std::string& folder, const items::Entry& entry, const std::string& view,
                 const charts::Scene& scene) {
     if (folder.empty()) {
         std::cout << entry.fAnchor << ' ' << view << ' ' << charts::DescribeScene(scene) << '\n';
     } else {
         std::ofstream(folder + "/" + entry.fAnchor + "-" + view + ".svg")
-            << charts::MakeSvgFile(scene, html::TitleOf(*entry.fpItem), {});
+            << charts::MakeSvgFile(scene, items::TitleOf(*entry.fpItem), {});
     }
 }
 
@@ -37,7 +37,7 @@ int PrintScenes(const std::string& folder, const char* path) {
         std::fprintf(stderr, "%s: %s\n", path, error->fText.c_str());
         return 1;
     }
-    for (const html::Entry& entry : html::ListEntries(std::get<document::Document>(read))) {
+    for (const items::Entry& entry : items::ListEntries(std::get<document::Document>(read))) {
         const auto* chart = std::get_if<document::Chart>(&entry.fpItem->fContent);
         if (!chart) continue;
         PrintScene(folder, entry, "desk", charts::LayOut(chart->fPicture, charts::kDeskWidth));

@@ -107,6 +107,14 @@ const refused = [
     `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
+  ["a name that no item bears", ["report", "--only", "ModelSummary-1,FixedEfects", example], 1,
+    /^hierfit: no item is named FixedEfects; there are FixedEffects-1, [^\n]+ and 1 more\n$/],
+  ["a part of a document that is whole", ["report", "-f", "json", "--only", "FixedEffects", example], 1,
+    "hierfit: --only: json holds the whole document or none of it\nTry: hierfit --help\n"],
+  ["a style of what is saved", ["report", "-f", "json", "--style", "plain", example], 1,
+    "hierfit: --style, --digits: json holds the document itself, without a style\nTry: hierfit --help\n"],
+  ...["16", "-1", "two"].map((digits) => [`${digits} digits`, ["report", "--digits", digits, example], 1,
+    `hierfit: --digits: ${digits} is no number from 0 to 15\nTry: hierfit --help\n`]),
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
   ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
@@ -127,6 +135,21 @@ for (const args of [[], ["report"], ["report", "-f", "docx", example], ["report"
 for (const file of ["bad.json", "other.json"]) {
   checkRefusal(file, run("render", "-f", "text", file), 2, /^hierfit: (bad|other)\.json:.+\n$/);
 }
+
+// ---- some items of a report, from a model and from a saved document
+
+const some = report("--only", "FixedCoefficients,Covariance-Parameters-1", "--only", "FixedEffects-1", example);
+for (const [title, isShown] of [["Fixed Effects", true], ["Fixed Coefficients", true], ["Covariance Parameters", true],
+  ["Model Summary", false], ["Random Effect Block", false], ["Predicted by Observed", false]]) {
+  check(`only: ${title}`, some.status === 0 && some.out.includes(title) === isShown, some.out + some.err);
+}
+const pair = report("--only", "FixedEffects", join(example, "model.pmml"), join(example, "model.statxml"));
+check("only, ahead of a pair", pair.status === 0 && pair.out.includes("Fixed Effects"), pair.out + pair.err);
+const short = report("--style", "apa", "--digits", "1", "--only", "FixedCoefficients-1", example);
+check("a style", /Days +10\.5 +1\.5 +6\.8 +< \.001 +7\.2 +13\.7/.test(short.out), short.out + short.err);
+writeFileSync("whole.json", run("report", "-f", "json", example).out);
+const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
+check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);
 
 // ---- output: whole or not at all
 

@@ -50,16 +50,20 @@ const knows = {
   "report/layout": report(),
   "report/style": report(),
   "report/markup": [],
+  "report/items": report(),
   "report/text": report("layout"),
   "report/json": report(),
-  "report/html": report("layout", "markup", "charts/layout", "charts/svg"),
-  "report/charts": report("html", "charts/layout", "charts/svg"),
+  "report/html": report("items", "layout", "markup", "charts/layout", "charts/svg"),
+  "report/charts": report("items", "charts/layout", "charts/svg"),
   "report/charts/layout": report("markup"),
   "report/charts/layout/diagrams": report("charts/layout"),
   "report/charts/layout/levels": report("charts/layout"),
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
-  "program": [...report("style", "text", "json", "html", "charts", "charts/raster"), ...host("session")],
+  "report/index": report("items", "markup", "html"),
+  "report/formats": report("items", "style", "text", "json", "html", "charts", "charts/raster"),
+  "interface": [...report("items", "formats", "json"), ...host("session")],
+  "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
@@ -79,7 +83,7 @@ function roomOf(path) {
 }
 
 const texts = new Map();
-for (const folder of ["backend", "report", "program"]) {
+for (const folder of ["backend", "report", "interface", "program"]) {
   for (const path of readdirSync(join(root, folder), { recursive: true })) {
     if (/\.(h|cpp)$/.test(path)) texts.set(join(folder, path), readFileSync(join(root, folder, path), "utf8"));
   }

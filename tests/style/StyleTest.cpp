@@ -95,7 +95,7 @@ TEST(PlainStyle, WritesSignsAsPrintersDo) {
     for (const WordsCase& test : cases) {
         Document document;
         document.fItems.push_back({MakeTable("T", test.fBefore, MakeString("C"), test.fBefore)});
-        report::style::ApplyPlain(document);
+        report::style::Apply(document, {});
         const auto& table = std::get<Table>(document.fItems.front().fContent);
         EXPECT_EQ(table.fvCells[0].fContent.fWords, test.fAfter);
         const auto& category = std::get<Category>(table.fvDimensions[0].fMembers.front().fContent);
@@ -113,7 +113,7 @@ TEST(PlainStyle, WritesEveryPValueByOneRule) {
         heading.fItems.push_back({MakeTable("Contrasts", MakeString("R"), MakeString("Adj. Sig."),
                                             MakeNumber(number, FormatName::Coefficient, "as it was"))});
         document.fItems.push_back({std::move(heading)});
-        report::style::ApplyPlain(document);
+        report::style::Apply(document, {});
         const auto& items = std::get<Heading>(document.fItems.front().fContent).fItems;
         EXPECT_EQ(std::get<Table>(items.front().fContent).fvCells[0].fContent.fWords, words);
     }

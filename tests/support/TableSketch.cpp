@@ -101,7 +101,9 @@ class Sketcher {
             for (std::string_view name : Split(token.substr(0, equals), ',')) cell.fvAt.push_back(FindId(cell, name));
         }
         if (token == "~") return;
-        ReadNoted(token.substr(equals + 1), cell.fContent, cell.fvNotes);
+        std::vector<Text> notes;
+        ReadNoted(token.substr(equals + 1), cell.fContent, notes);
+        cell.fvNotes = std::move(notes);
         const bool isNumber = cell.fContent.fWords.find_first_of("0123456789.-<") == 0;
         if (isNumber) cell.fContent.fFrom = document::NumberSource{0, {document::FormatName::Coefficient}};
         fTable.fvCells.push_back(std::move(cell));

@@ -1,5 +1,6 @@
 #include "report/charts/svg/Svg.h"
 
+#include <algorithm>
 #include <chrono>
 #include <limits>
 
@@ -46,6 +47,8 @@ TEST(Svg, PrintsEachFormOnce) {
          R"(<path class="s10" stroke="#d55e00" stroke-opacity=".25" stroke-width="2.5" stroke-dasharray="7 3" d="M1 1h-5"/>)"},
         {{{.fFill = Ink::Paper, .fStroke = Ink::Ramp}, Path{{{{0, 0}, {1.1, 2}, {0, 2.9}}, {}, {{9, -9}}}, true}},
          R"(<path class="f5 s19" fill="#ffffff" stroke="#4b277c" d="M0 0l1.1 2l-1.1 0.9zM9-9z"/>)"},
+        {{kLine, Path{{{{0.4, 0.6}, {9.4, 5.5}}, {{2.49, -0.5}}}, false, true}},
+         R"(<path class="s4" stroke="#e7eaee" d="M0 1l9 5M2-1"/>)"},
         // Parts that begin near where the one before ended, which is where a closed one began.
         {{kLine, Path{{{{100, 200}, {100, 250}, {150, 250}}, {{101, 202}, {101, 300}}, {{99, 301}}}, true}},
          R"(<path class="s4" stroke="#e7eaee" d="M100 200v50h50zm1 2v98m-2 1z"/>)"},
@@ -146,6 +149,47 @@ TEST(Svg, MakesAFileThatNeedsNoStyleSheet) {
               R"(<title>Means</title><rect width="100%" height="100%" fill="#ffffff"/>)"
               R"(<circle class="f11" fill="#0072b2" cx="1" cy="2" r="3"><title>A</title></circle></svg>)"
               "\n");
+}
+
+std::size_t CountOf(std::string_view part, std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) ++count;
+    return count;
+}
+
+TEST(Svg, SaysOnceWhatACrowdHasInCommon) {
+    struct CrowdCase {
+        int fMarks;
+        std::string fName;
+        bool fAreKeysShared;
+        bool fAreTipsShared;
+    };
+    const CrowdCase cases[] = {
+        {2000, "Mean", false, false},
+        {2001, "Mean", true, false},
+        {2000, std::string(150, 'n'), false, true},
+        {2001, std::string(150, 'n'), true, true},
+    };
+    for (const auto& [marks, name, areKeysShared, areTipsShared] : cases) {
+        std::vector<Element> elements;
+        for (int i = 0; i < marks; ++i) {
+            const Paint paint{.fFill = i % 2 == 0 ? Ink::Level : Ink::SetOff};
+            const std::string tip = "Dose: low\n" + name + ": " + std::to_string(i);
+            elements.push_back({{{paint, Path{{{{0, 0}, {9, 1}}}, true}}}, tip, {i % 2, 2, 10 + i}, false});
+        }
+        std::ranges::stable_sort(elements, {}, [](const Element& element) { return element.fvKeys.front(); });
+        const std::string svg = Print(elements);
+        const std::string phone = Print(elements, Names::None);
+        const std::string own = " data-k=\"" + std::string(areKeysShared ? "" : "1 2 ") + "13\"";
+        EXPECT_EQ(CountOf(own, svg), 1u) << svg.substr(0, 300);
+        const std::string shared = " fill=\"#0072b2\" data-k=\"0 2\">";
+        for (const std::string& each : {svg, phone})
+            EXPECT_EQ(CountOf(shared, each), areKeysShared ? 1u : 0u) << each.substr(0, 300);
+        const std::string form = "<desc>Dose: low\n" + name + ": \u2026</desc>";
+        EXPECT_EQ(CountOf(form, svg), areTipsShared ? 2u : 0u) << svg.substr(0, 300);
+        EXPECT_EQ(CountOf("<title>" + (areTipsShared ? "" : "Dose: low\n" + name + ": ") + "3</title>", svg), 1u);
+        EXPECT_EQ(CountOf("<desc>", phone) + CountOf("<title>", phone), 0u);
+    }
 }
 
 TEST(Svg, IsShortAndQuickForManyMarks) {

@@ -31,6 +31,7 @@ struct Heading {
 
 struct Item {
     std::variant<Heading, Table, Chart, Message> fContent;
+    std::string fName = {};  ///< that it keeps when others are left out; else empty, and its name comes from its place
 
     bool operator==(const Item&) const = default;
 };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/document/CellPlace.h"
+#include "host/document/RareList.h"
 #include "host/document/Text.h"
 
 namespace hierfit::document {
@@ -62,7 +63,7 @@ inline constexpr int kNoCategory = -1;
 struct Cell {
     CellPlace fvAt;
     Text fContent;
-    std::vector<Text> fvNotes;
+    RareList<Text> fvNotes;
 
     bool operator==(const Cell&) const = default;
 };

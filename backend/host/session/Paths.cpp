@@ -21,8 +21,9 @@ std::filesystem::path FolderOfThisLibrary() {
 
 Paths FindPaths() {
     const std::filesystem::path folder = FolderOfThisLibrary();
-    return {(folder / HIERFIT_SHARE_FROM_LIBRARY).lexically_normal().string(),
-            (folder / HIERFIT_MODULE_FROM_LIBRARY).lexically_normal().string()};
+    const std::filesystem::path module = (folder / HIERFIT_MODULE_FROM_LIBRARY).lexically_normal();
+    return {(folder / HIERFIT_SHARE_FROM_LIBRARY).lexically_normal().string(), module.parent_path().string(),
+            module.string()};
 }
 
 }  // namespace hierfit::session

@@ -8,7 +8,8 @@ namespace hierfit::session {
 /// alike.
 struct Paths {
     std::string fShareDirectory;  ///< holds `template/` and `languages/`
-    std::string fModule;          ///< the procedure's module
+    std::string fModuleFolder;    ///< holds the procedure's module and those of formats
+    std::string fModule;          ///< the procedure's
 };
 
 Paths FindPaths();

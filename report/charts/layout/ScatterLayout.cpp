@@ -23,7 +23,6 @@ constexpr double kRadius = 4.5;
 constexpr double kPalest = 0.3;
 constexpr double kAlone = 0.5;  // the opacity of points without frequencies
 constexpr int kShades = 20;     // of opacity: more would not be told apart
-constexpr std::size_t kCrowd = 2000;
 constexpr int kLegendSteps = 4;
 constexpr double kBelowLegend = 10;
 constexpr double kAboveTicks = 8;
@@ -101,7 +100,7 @@ std::vector<const ScatterPoint*> OrderOf(const ScatterPicture& picture) {
     std::vector<const ScatterPoint*> points;
     points.reserve(picture.fvPoints.size());
     for (const ScatterPoint& point : picture.fvPoints) points.push_back(&point);
-    if (points.size() > kCrowd) std::ranges::stable_sort(points, {}, &ScatterPoint::fFrequency);
+    if (points.size() > kMostInFull) std::ranges::stable_sort(points, {}, &ScatterPoint::fFrequency);
     return points;
 }
 

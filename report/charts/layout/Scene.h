@@ -67,6 +67,7 @@ struct Line {
 struct Path {
     std::vector<std::vector<Point>> fvParts;
     bool fIsClosed = false;
+    bool fIsCoarse = false;  ///< whole pixels are enough, as in a crowd
 };
 
 struct Circle {

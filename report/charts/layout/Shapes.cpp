@@ -1,6 +1,8 @@
 #include "report/charts/layout/Shapes.h"
 
+#include <algorithm>
 #include <array>
+#include <cmath>
 #include <utility>
 
 #include "report/charts/layout/text/TextWidth.h"
@@ -90,6 +92,11 @@ Shape MakeSymbol(Symbol symbol, Point at, double radius, const Paint& paint) {
 }
 
 Shape MakeLine(Point from, Point to, const Paint& paint) { return {paint, Line{from, to}}; }
+
+Shape MakeCoarseLine(Point from, Point to, Paint paint) {
+    paint.fStrokeWidth = std::max(0.5, std::round(2 * paint.fStrokeWidth) / 2);
+    return {paint, Path{{{from, to}}, false, true}};
+}
 
 Shape MakeText(std::string words, Point at, const TextStyle& style, Anchor anchor, Ink ink) {
     return {{.fFill = ink}, Text{std::move(words), at, style, anchor, 0}};

@@ -13,6 +13,9 @@ inline constexpr TextStyle kHeadingStyle{12.5, true};  ///< of panels and boxes
 inline constexpr TextStyle kAxisTitleStyle{13, false};
 inline constexpr TextStyle kLabelStyle{12, false};
 
+/// Marks of a kind: of more, each is drawn in short, and those of one paint come together where they can.
+inline constexpr std::size_t kMostInFull = 2000;
+
 /// Outlines of points.
 enum class Symbol : unsigned char { Circle, Square, Triangle, Diamond, Cross, Nabla, TriangleRight, TriangleLeft };
 inline constexpr int kSymbols = 8;
@@ -24,6 +27,10 @@ Symbol SymbolOfClass(int number);
 Shape MakeSymbol(Symbol symbol, Point at, double radius, const Paint& paint);
 
 Shape MakeLine(Point from, Point to, const Paint& paint);
+
+/// One of very many: its ends are whole pixels and its width is a multiple of half a pixel, so that many have one paint.
+Shape MakeCoarseLine(Point from, Point to, Paint paint);
+
 Shape MakeText(std::string words, Point at, const TextStyle& style, Anchor anchor = Anchor::Start, Ink ink = Ink::Ink);
 
 /// Lines of words below each other: `at` is on the first one's baseline.

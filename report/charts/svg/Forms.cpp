@@ -47,6 +47,7 @@ class PathData {
     }
 
     void operator()(const Path& path) {
+        fIsCoarse = path.fIsCoarse;
         for (const std::vector<Point>& part : path.fvParts) {
             for (const Point& point : part) &point == part.data() ? MoveTo(point) : LineTo(point);
             // A line is no shape.
@@ -59,9 +60,11 @@ class PathData {
 
   private:
     void Take(Point point) {
-        fX = TenthsOf(point.fX);
-        fY = TenthsOf(point.fY);
+        fX = RoundedTenths(point.fX);
+        fY = RoundedTenths(point.fY);
     }
+
+    long long RoundedTenths(double pixels) const { return fIsCoarse ? 10 * TenthsOf(pixels / 10) : TenthsOf(pixels); }
 
     void Close(Point first) {
         Take(first);
@@ -78,6 +81,7 @@ class PathData {
     long long fX = 0;
     long long fY = 0;
     bool fHasBegun = false;
+    bool fIsCoarse = false;
 };
 
 // Blanks count, but without being told so readers of SVG take several for one, and leave out those at the ends.

@@ -4,8 +4,10 @@
 #include <optional>
 #include <span>
 
+#include "report/charts/svg/CommonTip.h"
 #include "report/charts/svg/Forms.h"
 #include "report/charts/svg/InkColors.h"
+#include "report/charts/svg/Items.h"
 #include "report/charts/svg/Numbers.h"
 #include "report/markup/Escape.h"
 
@@ -13,95 +15,17 @@ namespace hierfit::report::charts {
 
 namespace {
 
-using Shapes = std::span<const Shape>;
-
 constexpr double kUsualSize = 12;
-constexpr std::size_t kCrowd = 1000;  // marks of one look
+constexpr std::size_t kCrowd = 1000;    // marks of one look
+constexpr std::size_t kMarks = 2000;    // of a picture: of more, groups tell the keys
+constexpr std::size_t kTips = 300'000;  // bytes of a picture's: of more, groups tell what they have in common
 
 // Pictures are laid out for the widest of these, so none of them is too wide.
 constexpr std::string_view kFonts = "Helvetica,Arial,'Liberation Sans','DejaVu Sans',sans-serif";
 
-/// All that shapes side by side can have in common.
-struct Look {
-    Paint fPaint;
-    bool fIsText = false;
-    TextStyle fStyle;
-    Anchor fAnchor = Anchor::Start;
-    bool fIsRightToLeft = false;
-
-    bool operator==(const Look&) const = default;
-};
-
-// Words that are read from right to left begin at their right.
-Anchor Opposite(Anchor anchor) {
-    if (anchor == Anchor::Middle) return anchor;
-    return anchor == Anchor::Start ? Anchor::End : Anchor::Start;
-}
-
-Look LookOf(const Shape& shape) {
-    Look look;
-    look.fPaint = shape.fPaint;
-    const auto* text = std::get_if<Text>(&shape.fForm);
-    if (!text) return look;
-    look.fIsText = true;
-    look.fStyle = text->fStyle;
-    look.fIsRightToLeft = BeginsRightToLeft(text->fWords);
-    look.fAnchor = look.fIsRightToLeft ? Opposite(text->fAnchor) : text->fAnchor;
-    return look;
-}
-
 std::string_view NameOf(Anchor anchor) {
     static constexpr std::string_view kNames[] = {"start", "middle", "end"};
     return kNames[static_cast<std::size_t>(anchor)];
-}
-
-/// Shapes that become one element: a part of an element of the scene, or the whole of one that has attributes.
-struct Item {
-    Shapes fvShapes;
-    const Element* fpElement = nullptr;  ///< null for mere decoration
-    std::optional<Look> fLook;           ///< unless the shapes differ in it
-};
-
-bool HasAttributes(const Element& element) {
-    return !element.fTip.empty() || element.fIsEntry || !element.fvKeys.empty();
-}
-
-bool IsOutline(const Shape& shape) {
-    return IsLines(shape.fForm) && shape.fPaint.fFill == Ink::None && shape.fPaint.fOpacity >= 1;
-}
-
-void ListDecoration(std::vector<Item>& items, Shapes shapes) {
-    while (!shapes.empty()) {
-        const Look look = LookOf(shapes.front());
-        std::size_t count = 1;
-        if (IsOutline(shapes.front())) {
-            while (count < shapes.size() && IsOutline(shapes[count]) && LookOf(shapes[count]) == look) ++count;
-        }
-        items.push_back({shapes.first(count), nullptr, look});
-        shapes = shapes.subspan(count);
-    }
-}
-
-Item MakeItem(const Element& element) {
-    Item item{element.fvShapes, &element, {}};
-    if (element.fvShapes.empty()) return item;
-    const Look look = LookOf(element.fvShapes.front());
-    if (std::ranges::all_of(element.fvShapes, [&](const Shape& shape) { return LookOf(shape) == look; })) {
-        item.fLook = look;
-    }
-    return item;
-}
-
-std::vector<Item> ListItems(const std::vector<Element>& elements) {
-    std::vector<Item> items;
-    for (const Element& element : elements) {
-        if (HasAttributes(element)) {
-            items.push_back(MakeItem(element));
-        } else {
-            ListDecoration(items, element.fvShapes);
-        }
-    }
-    return items;
 }
 
 void AppendAttribute(std::string& out, std::string_view name, std::string_view value) {
@@ -117,7 +41,6 @@ void AppendShare(std::string& out, std::string_view name, double share) {
 
 void AppendTextElement(std::string& out, std::string_view name, std::string_view text,
                        std::string_view lineBreak = " ") {
-    if (text.empty()) return;
     out.append("<").append(name).append(">");
     AppendCharacters(out, text, lineBreak);
     out.append("</").append(name).append(">");
@@ -135,9 +58,36 @@ std::optional<double> RadiusOfCrowd(std::span<const Item> items) {
     return radius;
 }
 
+bool IsMark(const Item& item) { return item.fpElement && !item.fpElement->fTip.empty(); }
+
+bool HasKey(const Element& element, int key) { return std::ranges::find(element.fvKeys, key) != element.fvKeys.end(); }
+
+std::vector<int> FindCommonKeys(std::span<const Item> items) {
+    if (!std::ranges::all_of(items, IsMark)) return {};
+    std::vector<int> keys = items.front().fpElement->fvKeys;
+    for (const Item& item : items) std::erase_if(keys, [&](int key) { return !HasKey(*item.fpElement, key); });
+    return keys;
+}
+
+CommonTip FindCommonTip(std::span<const Item> items) {
+    if (!std::ranges::all_of(items, IsMark)) return CommonTip({});
+    std::vector<std::string_view> tips;
+    for (const Item& item : items) tips.push_back(item.fpElement->fTip);
+    return CommonTip(tips);
+}
+
 class SceneWriter {
   public:
-    SceneWriter(std::string& out, Names names) : fOut(out), fNames(names) {}
+    SceneWriter(std::string& out, const Scene& scene, Names names) : fOut(out), fNames(names) {
+        std::size_t marks = 0;
+        std::size_t bytes = 0;
+        for (const Element& element : scene.fvElements) {
+            marks += element.fTip.empty() ? 0 : 1;
+            bytes += element.fTip.size();
+        }
+        fAreKeysShared = marks > kMarks;
+        fAreTipsShared = bytes > kTips && names == Names::Marks;
+    }
 
     // What stands side by side with the same look shares one element's attributes.
     void Append(std::span<const Item> items) {
@@ -153,12 +103,24 @@ class SceneWriter {
   private:
     void AppendRun(std::span<const Item> items) {
         if (items.size() == 1) return AppendItem(items.front(), items.front().fLook);
-        if (const auto radius = RadiusOfCrowd(items)) return AppendDots(items, *radius);
-        fOut += "<g";
-        fOut += AttributesOf(nullptr, items.front().fLook);
-        fOut += '>';
-        for (const Item& item : items) AppendItem(item, {});
+        if (fAreKeysShared) fvCommonKeys = FindCommonKeys(items);
+        if (fAreTipsShared) fCommonTip = FindCommonTip(items);
+        if (const auto radius = RadiusOfCrowd(items)) {
+            AppendDots(items, *radius);
+        } else {
+            BeginGroup(*items.front().fLook, "");
+            for (const Item& item : items) AppendItem(item, {});
+        }
         fOut += "</g>";
+        fvCommonKeys.clear();
+        fCommonTip = CommonTip({});
+    }
+
+    void BeginGroup(const Look& look, std::string_view attributes) {
+        fOut.append("<g").append(AttributesOf(nullptr, look)).append(attributes);
+        AppendKeys(fOut, "data-k", fvCommonKeys);
+        fOut += '>';
+        if (fCommonTip.IsUseful()) AppendTextElement(fOut, "desc", fCommonTip.Form(), "\n");
     }
 
     /// The pen is as wide as the circles.
@@ -166,12 +128,11 @@ class SceneWriter {
         Look look = *items.front().fLook;
         std::swap(look.fPaint.fFill, look.fPaint.fStroke);
         look.fPaint.fStrokeWidth = 2 * radius;
-        fOut.append("<g").append(AttributesOf(nullptr, look)).append(" stroke-linecap=\"round\">");
+        BeginGroup(look, " stroke-linecap=\"round\"");
         for (const Item& item : items) {
             const auto& circle = std::get<Circle>(item.fvShapes.front().fForm);
             AppendDot(fOut, circle, AttributesOf(item.fpElement, {}), TitleOf(item.fpElement));
         }
-        fOut += "</g>";
     }
 
     /// The look is nothing where it is told already.
@@ -196,9 +157,8 @@ class SceneWriter {
         AppendClasses(attributes, element, look);
         if (look) AppendPaint(attributes, look->fPaint);
         if (look && look->fIsText) AppendStyle(attributes, *look);
-        if (element && !IsNameless(element) && (element->fIsEntry || !element->fvKeys.empty())) {
-            AppendKeys(attributes, *element);
-        }
+        if (element && !IsNameless(element))
+            AppendKeys(attributes, element->fIsEntry ? "data-e" : "data-k", KeysOf(*element));
         return attributes;
     }
 
@@ -241,18 +201,32 @@ class SceneWriter {
 
     std::string TitleOf(const Element* element) const {
         std::string title;
-        if (element && fNames == Names::Marks) AppendTextElement(title, "title", element->fTip, "\n");
+        if (!element || element->fTip.empty() || fNames == Names::None) return title;
+        AppendTextElement(title, "title", fCommonTip.IsUseful() ? fCommonTip.RestOf(element->fTip) : element->fTip,
+                          "\n");
         return title;
     }
 
-    static void AppendKeys(std::string& out, const Element& element) {
-        std::string keys;
-        for (const int key : element.fvKeys) keys.append(keys.empty() ? "" : " ").append(std::to_string(key));
-        AppendAttribute(out, element.fIsEntry ? "data-e" : "data-k", keys);
+    /// Those that its group does not tell.
+    std::vector<int> KeysOf(const Element& element) const {
+        std::vector<int> keys = element.fvKeys;
+        std::erase_if(keys, [&](int key) { return std::ranges::find(fvCommonKeys, key) != fvCommonKeys.end(); });
+        return keys;
+    }
+
+    static void AppendKeys(std::string& out, std::string_view name, const std::vector<int>& keys) {
+        if (keys.empty()) return;
+        std::string numbers;
+        for (const int key : keys) numbers.append(numbers.empty() ? "" : " ").append(std::to_string(key));
+        AppendAttribute(out, name, numbers);
     }
 
     std::string& fOut;
     Names fNames;
+    bool fAreKeysShared = false;
+    bool fAreTipsShared = false;
+    std::vector<int> fvCommonKeys;  ///< of the marks of the group that is being printed
+    CommonTip fCommonTip{{}};
 };
 
 void AppendRoot(std::string& out, const Scene& scene, std::string_view attributes) {
@@ -276,14 +250,14 @@ void AppendSvg(std::string& out, const Scene& scene, Names names, std::string_vi
                std::string_view content) {
     AppendRoot(out, scene, attributes);
     out += content;
-    SceneWriter(out, names).Append(ListItems(scene.fvElements));
+    SceneWriter(out, scene, names).Append(ListItems(scene.fvElements));
     out += "</svg>";
 }
 
 std::string MakeSvgFile(const Scene& scene, std::string_view title, std::string_view sentence) {
     std::string content;
-    AppendTextElement(content, "title", title);
-    AppendTextElement(content, "desc", sentence);
+    if (!title.empty()) AppendTextElement(content, "title", title);
+    if (!sentence.empty()) AppendTextElement(content, "desc", sentence);
     content += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>";
     std::string out;
     AppendSvg(out, scene, Names::Marks, " xmlns=\"http://www.w3.org/2000/svg\" role=\"group\"", content);

@@ -9,9 +9,12 @@ namespace hierfit::report::charts {
 
 /// What a picture says of itself to those who do not see it.
 enum class Names : unsigned char {
-    Marks,  ///< each mark has its tip as title, which names it and is shown where it is pointed at, and its keys
-    None,   ///< marks are of class "m" and have neither: another layout of the same picture, with its marks in the same
-            ///< order, says all that
+    Marks,  ///< each mark has its tip as title, which names it and is shown where it is pointed at, and its keys. Of
+            ///< very many marks that look alike, their group tells the keys that all have, and its description is a tip
+            ///< with dots at the ends of those lines that differ; titles are then no more than what stands for the
+            ///< dots.
+    None,  ///< marks are of class "m" and have neither: another layout of the same picture, with its marks in the same
+           ///< order, says all that
 };
 
 /// Appends a scene as an SVG element. Every ink is a colour, and a class by which a style sheet can give it another:

@@ -64,11 +64,14 @@ void AppendReferences(std::string& out, const std::vector<std::string>& levels) 
     out += "</p>\n";
 }
 
-// Without a script: the style sheet hides the rows as long as the switch is off.
+// Without a script: the style sheet hides the rows as long as the switch is off, on paper as long as both are.
 void AppendSwitch(std::string& out, int count) {
     if (count == 0) return;
     out.append("<p class=\"switch\"><label><input type=\"checkbox\"> ").append(words::kShowRedundant);
-    out.append(" (").append(std::to_string(count)).append(")</label></p>\n");
+    out.append(" (")
+        .append(std::to_string(count))
+        .append(")</label> <label><input type=\"checkbox\" class=\"paper\"> ");
+    out.append(words::kOnPaper).append("</label></p>\n");
 }
 
 void AppendBelow(TableParts& parts) {

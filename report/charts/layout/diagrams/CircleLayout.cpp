@@ -78,13 +78,24 @@ Frame RoomForHeadings(const PanelGrid& grid, const document::PicturePanels& pane
     return {0, 0, std::min(over, kWidestHeading) + 1, grid.IsTable() ? std::min(down, kHighestHeading) + 1 : 0};
 }
 
+bool AreCrowd(const CirclePicture& picture) {
+    std::size_t links = 0;
+    for (const CirclePanel& panel : picture.fvPanels) links += panel.fvLinks.size();
+    return links > kMostInFull;
+}
+
 /// Draws circles one after the other.
 class CircleDrawing {
   public:
     CircleDrawing(Scene& scene, const CirclePicture& picture, const CirclePlaces& places, const CircleKeys& keys)
-        : fScene(scene), fPicture(picture), fPlaces(places), fKeys(keys), fRestOpacity(RestOpacity(picture)) {}
+        : fScene(scene),
+          fPicture(picture),
+          fPlaces(places),
+          fKeys(keys),
+          fRestOpacity(RestOpacity(picture)),
+          fIsCrowd(AreCrowd(picture)) {}
 
-    /// Marks come in this order at any width: what is not set off, what is, nodes.
+    /// Marks come in this order at any width: what is not set off, what is, nodes. Of a crowd wide lines lie on top.
     void Add(std::size_t panel, Point middle) {
         const std::size_t first = fScene.fvElements.size();
         AddLinks(panel, false);
@@ -96,14 +107,19 @@ class CircleDrawing {
   private:
     void AddLinks(std::size_t panel, bool isSetOff) {
         const double widest = fPlaces.fAreNamesRadial ? kWidestOfMany : kWidest;
+        std::vector<const CircleLink*> links;
         for (const CircleLink& link : fPicture.fvPanels[panel].fvLinks) {
-            if (link.fIsSetOff != isSetOff) continue;
-            const double width = kThinnest + std::clamp(link.fShare, 0.0, 1.0) * (widest - kThinnest);
-            const Point from = fPlaces.fvPanels[panel][static_cast<std::size_t>(link.fFrom)].fAt;
-            const Point to = fPlaces.fvPanels[panel][static_cast<std::size_t>(link.fTo)].fAt;
-            fScene.fvElements.push_back({{MakeLine(from, to, PaintOf(isSetOff, fRestOpacity, width))},
-                                         link.fTip,
-                                         fKeys.OfLink(static_cast<int>(panel), link),
+            if (link.fIsSetOff == isSetOff) links.push_back(&link);
+        }
+        if (fIsCrowd) std::ranges::stable_sort(links, {}, &CircleLink::fShare);
+        for (const CircleLink* link : links) {
+            const double width = kThinnest + std::clamp(link->fShare, 0.0, 1.0) * (widest - kThinnest);
+            const Point from = fPlaces.fvPanels[panel][static_cast<std::size_t>(link->fFrom)].fAt;
+            const Point to = fPlaces.fvPanels[panel][static_cast<std::size_t>(link->fTo)].fAt;
+            const Paint paint = PaintOf(isSetOff, fRestOpacity, width);
+            fScene.fvElements.push_back({{fIsCrowd ? MakeCoarseLine(from, to, paint) : MakeLine(from, to, paint)},
+                                         link->fTip,
+                                         fKeys.OfLink(static_cast<int>(panel), *link),
                                          false});
         }
     }
@@ -128,6 +144,7 @@ class CircleDrawing {
     const CirclePlaces& fPlaces;
     const CircleKeys& fKeys;
     double fRestOpacity;
+    bool fIsCrowd;
 };
 
 }  // namespace

@@ -82,6 +82,7 @@ Point EndOf(const NetworkPicture& picture, const NetworkLink& link, const Networ
 
 void AddLinks(Scene& scene, const NetworkPicture& picture, const NetworkPlaces& places, const NetworkKeys& keys) {
     const double beside = NodeRadius(picture.fvNodes.size()) + kBesideNode;
+    const bool isCrowd = picture.fvLinks.size() > kMostInFull;
     for (const NetworkLink& link : picture.fvLinks) {
         const Point from{places.fX.Within(link.fX), places.fY.Within(link.fY)};
         const Point to = EndOf(picture, link, places);
@@ -90,7 +91,10 @@ void AddLinks(Scene& scene, const NetworkPicture& picture, const NetworkPlaces& 
         const double below = places.fBox.IsEmpty() || to != places.fTarget ? 0 : kBelowEdge;
         const Point end = OnTheWay(to, {2 * to.fX - from.fX, 2 * to.fY - from.fY}, below);
         const Point start = OnTheWay(from, to, beside);
-        scene.fvElements.push_back({{MakeLine(start, end, paint)}, link.fTip, keys.OfLink(link), false});
+        scene.fvElements.push_back({{isCrowd ? MakeCoarseLine(start, end, paint) : MakeLine(start, end, paint)},
+                                    link.fTip,
+                                    keys.OfLink(link),
+                                    false});
     }
 }
 

@@ -15,13 +15,13 @@ using document::LevelsPicture;
 
 namespace {
 
-constexpr std::size_t kMostJoined = 8;    // series: more lines would be a tangle
-constexpr std::size_t kMostDrawn = 2000;  // marks that are drawn in full; more are a shape each
-constexpr double kCap = 4;                // half of a whisker's ends
+constexpr std::size_t kMostJoined = 8;  // series: more lines would be a tangle
+constexpr double kCap = 4;              // half of a whisker's ends
 constexpr double kDenseCap = 3;
 constexpr double kDense = 4;  // points of smaller radius are dense
 constexpr double kLegendRadius = 5;
 constexpr double kLeastRadius = 3.3;
+constexpr double kHalfSquare = 3;  // of a mark in short
 
 bool HasSeries(const LevelsPicture& picture) { return !picture.fSeries.fvWords.empty(); }
 int CountOfSeries(const LevelsPicture& picture) { return static_cast<int>(picture.fSeries.fvWords.size()); }
@@ -54,10 +54,12 @@ Paint PaintOfPoint(const LevelsPicture& picture, const LevelMark& mark, double r
     return {.fFill = mark.fIsSetOff ? ink : Ink::Paper, .fStroke = ink, .fStrokeWidth = 1.8};
 }
 
+bool AreInFull(const LevelsPicture& picture) { return picture.fvMarks.size() <= kMostInFull; }
+
 std::vector<int> KeysOf(const LevelsPicture& picture, const LevelMark& mark) {
     int classes = CountOfSeries(picture);
     if (picture.fIsContrast) classes = picture.fEmphasis.fHasLegend ? 2 : 0;
-    const bool hasPairs = HasSeries(picture) || !picture.fPanels.fvAcross.empty();
+    const bool hasPairs = AreInFull(picture) && (HasSeries(picture) || !picture.fPanels.fvAcross.empty());
     std::vector<int> keys;
     if (classes > 0) keys.push_back(ClassOf(picture, mark));
     if (hasPairs) keys.push_back(classes + mark.fLevel);
@@ -74,6 +76,7 @@ class PanelScales {
     }
 
     bool IsTurned() const { return fPlaces.fpPlan->fAxis.IsTurned(); }
+    bool AreCoarse() const { return !AreInFull(*fPlaces.fpPicture); }
 
     /// Whether the axis shows the value.
     bool Holds(double value) const { return value >= fValues.fDomain.fLow && value <= fValues.fDomain.fHigh; }
@@ -122,7 +125,7 @@ std::vector<const LevelMark*> SortMarks(const LevelsPicture& picture) {
 
 /// There and back.
 Path BandOf(Trend trend, const PanelScales& scales) {
-    Path band{{{}}, true};
+    Path band{{{}}, true, scales.AreCoarse()};
     std::vector<Point>& points = band.fvParts.front();
     for (const LevelMark* mark : trend) {
         if (mark->fLow && mark->fHigh) points.push_back(scales.At(*mark, *mark->fHigh));
@@ -134,7 +137,7 @@ Path BandOf(Trend trend, const PanelScales& scales) {
 }
 
 Path LineOf(Trend trend, const PanelScales& scales) {
-    Path line{{{}}, false};
+    Path line{{{}}, false, scales.AreCoarse()};
     for (const LevelMark* mark : trend) line.fvParts.front().push_back(scales.At(*mark, mark->fValue));
     return line;
 }
@@ -203,16 +206,18 @@ void AddInFull(Element& element, const LevelMark& mark, const LevelsPlaces& plac
 }
 
 /// All in one path: a line and a square.
-void AddInShort(Element& element, const LevelMark& mark, const LevelsPlaces& places, const PanelScales& scales) {
-    const LevelsPicture& picture = *places.fpPicture;
+void AddInShort(Element& element, const LevelMark& mark, const LevelsPicture& picture, const PanelScales& scales) {
     const Ink ink = picture.fIsContrast ? EmphasisOf(mark.fIsSetOff) : InkOf(picture, mark.fSeries);
     Paint paint{.fFill = ink, .fStroke = ink};
     if (picture.fIsContrast && !mark.fIsSetOff) paint.fFill = Ink::Paper;
-    Path path{{}, true};
+    Path path{{}, true, true};
     if (HasWhisker(picture, mark)) path.fvParts.push_back({scales.At(mark, *mark.fLow), scales.At(mark, *mark.fHigh)});
     if (scales.Holds(mark.fValue)) {
-        Shape square = MakeSymbol(Symbol::Square, scales.At(mark, mark.fValue), places.fRadius, paint);
-        path.fvParts.push_back(std::move(std::get<Path>(square.fForm).fvParts.front()));
+        const auto [x, y] = scales.At(mark, mark.fValue);
+        path.fvParts.push_back({{x - kHalfSquare, y - kHalfSquare},
+                                {x + kHalfSquare, y - kHalfSquare},
+                                {x + kHalfSquare, y + kHalfSquare},
+                                {x - kHalfSquare, y + kHalfSquare}});
     }
     element.fvShapes.push_back({paint, std::move(path)});
 }
@@ -305,13 +310,13 @@ void AddTrends(Scene& scene, const LevelsPlaces& places) {
 void AddMarks(Scene& scene, const LevelsPlaces& places) {
     AddGuides(scene, places);
     const LevelsPicture& picture = *places.fpPicture;
-    const bool isInFull = picture.fvMarks.size() <= kMostDrawn;
+    const bool isInFull = AreInFull(picture);
     for (const LevelMark* mark : OrderOf(picture, isInFull)) {
         const PanelScales scales(places, places.fpPlan->fGrid.At(mark->fPanel));
         Element element;
         element.fTip = mark->fTip;
         element.fvKeys = KeysOf(picture, *mark);
-        isInFull ? AddInFull(element, *mark, places, scales) : AddInShort(element, *mark, places, scales);
+        isInFull ? AddInFull(element, *mark, places, scales) : AddInShort(element, *mark, picture, scales);
         scene.fvElements.push_back(std::move(element));
     }
 }

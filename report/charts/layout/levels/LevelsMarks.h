@@ -19,7 +19,7 @@ LevelsPlaces PlacesOf(const document::LevelsPicture& picture, const LevelsPlan& 
 
 // A mark and the entries of the legend go together by the class that they are of: of series, or in contrasts 0 for what
 // is set off and 1 for the rest. Where several marks are of one level, they go together by that too: its key is its
-// number behind those of the classes. Where nothing can go together, marks have no keys.
+// number behind those of the classes, unless they are a crowd. Where nothing can go together, marks have no keys.
 
 /// The legend of series or of emphasis; without entries where the picture has none.
 Legend LegendOf(const document::LevelsPicture& picture);

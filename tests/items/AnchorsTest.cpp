@@ -1,8 +1,8 @@
-#include "report/html/Anchors.h"
+#include "report/items/Anchors.h"
 
 #include "tests/support/TableSketch.h"
 
-namespace hierfit::report::html {
+namespace hierfit::report::items {
 
 namespace {
 
@@ -33,4 +33,4 @@ TEST(Anchors, AreShort) { EXPECT_LE(MakeSlug(std::string(10000, 'x')).size(), 64
 
 }  // namespace
 
-}  // namespace hierfit::report::html
+}  // namespace hierfit::report::items

@@ -1,6 +1,6 @@
-#include "report/html/Anchors.h"
+#include "report/items/Anchors.h"
 
-namespace hierfit::report::html {
+namespace hierfit::report::items {
 
 namespace {
 
@@ -99,4 +99,4 @@ std::string Anchors::Name(const document::Item& item) {
     return name + '-' + std::to_string(count);
 }
 
-}  // namespace hierfit::report::html
+}  // namespace hierfit::report::items

@@ -1,0 +1,45 @@
+#include "report/items/Entries.h"
+
+#include "report/items/Anchors.h"
+
+namespace hierfit::report::items {
+
+namespace {
+
+class Lister {
+  public:
+    explicit Lister(std::vector<Entry>& entries) : fEntries(entries) {}
+
+    void Add(const std::list<document::Item>& items, int depth) {
+        for (const document::Item& item : items) {
+            fEntries.push_back({&item, depth, item.fName.empty() ? fAnchors.Name(item) : item.fName});
+            if (const auto* heading = std::get_if<document::Heading>(&item.fContent)) Add(heading->fItems, depth + 1);
+        }
+    }
+
+  private:
+    std::vector<Entry>& fEntries;
+    Anchors fAnchors;
+};
+
+struct Title {
+    std::string_view operator()(const document::Heading& heading) const { return heading.fTitle.fWords; }
+    std::string_view operator()(const document::Table& table) const { return table.fTitle.fWords; }
+    std::string_view operator()(const document::Chart& chart) const { return chart.fDescription; }
+    std::string_view operator()(const document::Message& message) const { return message.fText.fWords; }
+};
+
+}  // namespace
+
+std::vector<Entry> ListEntries(const document::Document& document) {
+    std::vector<Entry> entries;
+    Lister(entries).Add(document.fItems, 0);
+    return entries;
+}
+
+std::string_view TitleOf(const document::Item& item) {
+    const std::string_view title = std::visit(Title{}, item.fContent);
+    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? kUntitled : title;
+}
+
+}  // namespace hierfit::report::items

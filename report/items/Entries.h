@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/document/Document.h"
+
+namespace hierfit::report::items {
+
+/// One item of a document, as it is listed, linked and chosen.
+struct Entry {
+    const document::Item* fpItem;
+    int fDepth;           ///< headings around it
+    std::string fAnchor;  ///< its name, as in `Anchors`
+};
+
+/// All items, a heading ahead of what it holds.
+std::vector<Entry> ListEntries(const document::Document& document);
+
+/// What stands in the place of a title that has no visible character.
+inline constexpr std::string_view kUntitled = "Untitled";
+
+/// An item's title; of a message its text. Never empty.
+std::string_view TitleOf(const document::Item& item);
+
+}  // namespace hierfit::report::items

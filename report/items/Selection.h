@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/document/Document.h"
+
+namespace hierfit::report::items {
+
+/// A name that no item bears.
+struct UnknownName {
+    std::string fName;
+    std::vector<std::string> fvNearest;  ///< names that there are, the nearest first, at most `kMostNearest`
+    std::size_t fFurther = 0;            ///< how many more there are
+
+    static constexpr std::size_t kMostNearest = 12;
+};
+
+/// Names between commas; blanks around them do not count, and neither do empty ones.
+std::vector<std::string> SplitNames(std::string_view list);
+
+/// Leaves a document the chosen items alone, in their order and under their names; a heading stays while something
+/// under it does. A name is an item's, or what stands before its last hyphen and number for all of that kind; that of a
+/// heading chooses all under it. No names choose everything. The document is as it was when a name is unknown.
+std::optional<UnknownName> Select(document::Document& document, const std::vector<std::string>& names);
+
+/// In one line: the name, and what there is to choose from.
+std::string Describe(const UnknownName& unknown);
+
+}  // namespace hierfit::report::items
