@@ -100,15 +100,23 @@ check_request <- function(request, predictors, target, of_categories) {
     target, ".", call. = FALSE)
 }
 
+# The target of log(y) is log(y): no transformation in the response is undone, none but the link.
+on_target_scale <- function(grid, link) {
+  grid@misc$tran2 <- NULL
+  if (link == "IDENTITY") grid@misc[c("tran", "inv.lbl")] <- NULL
+  grid
+}
+
 # A maker of reference grids, which makes each but once.
-grid_maker <- function(fit, options, of_categories) {
+grid_maker <- function(fit, options, of_categories, link) {
   made <- list()
   arguments <- c(list(fit), options$grid_arguments)
   if (of_categories) arguments <- hf_category_grid(fit)
   function(at) {
     key <- paste0("at ", paste(names(at), at, collapse = ";"))
     if (is.null(made[[key]])) {
-      made[[key]] <<- reference_grid(c(arguments, if (length(at)) list(at = at)))
+      grid <- reference_grid(c(arguments, if (length(at)) list(at = at)))
+      made[[key]] <<- if (of_categories) grid else on_target_scale(grid, link)
     }
     made[[key]]
   }

@@ -191,7 +191,7 @@ means_nodes <- function(fit, part) {
     return(list())
   }
   make_grid <- grid_maker(if (is.null(part$options$tested)) fit else part$options$tested,
-    part$options, of_categories)
+    part$options, of_categories, part$distribution$link)
   list(
     grand = if (asked && !of_categories) grand_mean_nodes(make_grid, part$options),
     top = if (!of_categories) tryCatch(

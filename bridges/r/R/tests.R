@@ -139,10 +139,11 @@ wald_effects <- function(design, wald, of_factors) {
   do.call(rbind, tests)
 }
 
-# The reference grid of joint_tests(), in which covariates have two values about their means.
+# The reference grid of joint_tests(), in which covariates have two values about their means; tests
+# are those of linear predictors.
 joint_grid <- function(fit, ...) {
   reduce <- eval(formals(emmeans::joint_tests)$cov.reduce, asNamespace("emmeans"))
-  reference_grid(list(fit, ..., cov.reduce = reduce))
+  on_target_scale(reference_grid(list(fit, ..., cov.reduce = reduce)), "IDENTITY")
 }
 
 reference_grid <- function(arguments) {

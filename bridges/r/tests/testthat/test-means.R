@@ -126,3 +126,20 @@ test_that("contrasts stand at values of a continuous predictor, and between them
   }
   expect_identical(sum(grepl("^OverallTestResults", names(tables))), 1L)
 })
+
+test_that("means of a response made in the formula stand on its own scale", {
+  data <- transform(warpbreaks, half = breaks / 2)
+  fits <- list(
+    lm(log(breaks) ~ wool, data), lm(sqrt(breaks) ~ wool, data), lm(scale(breaks) ~ wool, data),
+    lm(asin(sqrt(breaks / 100)) ~ wool, data), lm(I(breaks / 2) ~ wool, data),
+    glm(log(breaks) ~ wool, Gamma("log"), data), glm(I(breaks^2) ~ wool, Gamma("inverse"), data),
+    nlme::gls(log(breaks) ~ wool, data), lme4::lmer(log(breaks) ~ wool + (1 | tension), data)
+  )
+  for (fit in fits) {
+    tables <- suppressMessages(chain(fit, means = ~wool, contrasts = "pairwise"))
+    expected <- as.numeric(tapply(fitted(fit), data$wool, mean))
+    name <- deparse(formula(fit))
+    expect_figures(tables[["Estimates-1"]]$Mean, expected, tolerance = 1e-7, info = name)
+    expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], expected[1] - expected[2], 1e-7, info = name)
+  }
+})
