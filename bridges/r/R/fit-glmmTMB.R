@@ -175,12 +175,12 @@ hf_messages.glmmTMB <- function(fit, random) {
 hf_left_out.glmmTMB <- function(fit) {
   formulas <- fit$modelInfo$allForm
   plain <- function(formula) identical(all.vars(formula), character())
-  trials <- is.matrix(stats::model.response(stats::model.frame(fit)))
+  trials <- has_trials(fit)
   weights <- stats::weights(fit)
   c(
     if (any(stats::model.offset(stats::model.frame(fit)) != 0)) "an offset",
     if (!trials && !is.null(weights) && length(unique(weights)) > 1L) "weights",
-    if (!identical(deparse(formulas$ziformula), "~0")) "zero inflation",
+    if (!identical(deparse(formulas$ziformula), "~0")) "zero inflation (means are those of the conditional model)",
     if (!plain(formulas$dispformula)) "a model of the dispersion"
   )
 }

@@ -243,7 +243,7 @@ hf_grid_arguments.lmerMod <- function(fit, options) {
 hf_left_out.merMod <- function(fit) {
   offset <- lme4::getME(fit, "offset")
   weights <- stats::weights(fit)
-  trials <- is.matrix(stats::model.response(stats::model.frame(fit)))
+  trials <- has_trials(fit)
   c(
     if (any(offset != 0)) "an offset",
     if (!trials && length(unique(weights)) > 1L) "weights"

@@ -218,12 +218,23 @@ contrasts_of <- function(means, request, options) {
     list(by = if (length(others)) others, adjust = "none"))
   object <- suppressMessages(do.call(emmeans::contrast, arguments))
   figures <- summary_figures(object, options$level)
+  figures$frame <- levels_as_in(figures$frame, means, others)
   pairs <- contrast_pairs(request, levels)
   groups <- length(figures$estimate) / length(pairs$first)
   if (groups != round(groups)) return(NULL)
-  c(list(object = object, others = others, groups = groups),
+  c(list(object = object, others = others, groups = groups, means = means),
     adjusted(figures, length(pairs$first), groups, options),
     list(figures = figures, first = rep(pairs$first, groups), second = rep(pairs$second, groups)))
+}
+
+# Contrasts of nested factors have texts where the means have levels in their order.
+levels_as_in <- function(frame, means, fields) {
+  for (field in fields) {
+    if (!is.character(frame[[field]])) next
+    known <- means$figures$frame[[field]]
+    frame[[field]] <- factor(frame[[field]], as_levels(known))
+  }
+  frame
 }
 
 row_rank <- function(means, field) {
@@ -279,6 +290,7 @@ overall_nodes <- function(contrasts, info) {
     return(NULL)
   }
   table <- exact_joint_test(contrasts$object, by = if (length(contrasts$others)) contrasts$others)
+  table <- levels_as_in(table, contrasts$means, contrasts$others)
   order <- if (length(contrasts$others)) row_order(table, contrasts$others) else 1L
   levels <- level_texts(table[order, , drop = FALSE], contrasts$others)
   lapply(seq_along(order), function(i) {

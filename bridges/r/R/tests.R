@@ -48,6 +48,7 @@ unrounded_f <- function(object, l) {
   known <- !is.na(object@bhat)
   l <- l[, , drop = FALSE]
   if (anyNA(l)) return(NULL)
+  l <- estimable_rows(l, object@nbasis)
   l[abs(l) < 1e-7] <- 0
   l <- l[rowSums(l != 0) > 0, , drop = FALSE]
   q <- qr(t(l))
@@ -59,7 +60,16 @@ unrounded_f <- function(object, l) {
   list(f = f, df2 = min(apply(basis, 1L, function(k) object@dffun(k, object@dfargs))))
 }
 
+# Combinations of rows that the data tell: those without a part in the basis of what they do not.
+estimable_rows <- function(l, basis) {
+  if (anyNA(basis)) return(l)
+  parts <- qr(l %*% basis, tol = 1e-8)
+  if (parts$rank == 0L) return(l)
+  t(qr.Q(parts, complete = TRUE)[, -seq_len(parts$rank), drop = FALSE]) %*% l
+}
+
 from_joint <- function(table) {
+  table[is.na(table$F.ratio), c("df1", "df2", "p.value")] <- NA
   data.frame(f = table$F.ratio, df1 = table$df1, df2 = table$df2, p = table$p.value)
 }
 

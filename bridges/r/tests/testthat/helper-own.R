@@ -4,6 +4,7 @@
 own_coefficients <- function(fit) UseMethod("own_coefficients")
 
 own_coefficients.default <- function(fit) last_four(coef(summary(fit)))
+own_coefficients.aov <- function(fit) last_four(coef(summary.lm(fit)))
 own_coefficients.lmerMod <- function(fit) {
   method <- if (lme4::isREML(fit)) "Kenward-Roger" else "Satterthwaite"
   last_four(coef(summary(lmerTest::as_lmerModLmerTest(fit), ddf = method)))

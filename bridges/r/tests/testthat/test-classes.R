@@ -5,6 +5,13 @@ no_subject <- "table \"Data Structure\" is missing"
 no_likelihood <- "\"(Akaike Corrected|Bayesian|-2 log likelihood)\" in table \"Model Summary\" is missing"
 classes <- list(
   lm = list(quote(lm(breaks ~ wool * tension, warpbreaks)), means = ~ tension | wool),
+  aov = list(quote(aov(breaks ~ wool * tension, warpbreaks)), means = ~wool),
+  `lm of logicals and texts` = list(quote(lm(mpg ~ late + size, transform(mtcars, late = am == 1,
+    size = ifelse(gear > 3, "more", "few")))), means = ~ late),
+  `lm without an intercept` = list(quote(lm(breaks ~ 0 + wool + tension, warpbreaks)), means = ~tension),
+  `lm of codings` = list(quote(lm(breaks ~ wool * tension, warpbreaks,
+    contrasts = list(wool = "contr.sum", tension = "contr.helmert"))), means = ~ tension | wool),
+  `glm probit` = list(quote(glm(case ~ spontaneous, binomial("probit"), infert))),
   `glm poisson` = list(quote(glm(count ~ spray, poisson, InsectSprays)), means = ~spray),
   `glm binomial` = list(quote(glm(am ~ wt, binomial, mtcars))),
   `glm trials` = list(quote(glm(cbind(ncases, ncontrols) ~ agegp, binomial, esoph)), means = ~agegp),
@@ -45,6 +52,8 @@ classes <- list(
     lme4::cbpp, family = binomial)), means = ~period),
   `glmmTMB gamma` = list(quote(glmmTMB::glmmTMB(Reaction ~ Days + (1 | Subject), sleep, family = Gamma("log")))),
   `glmmTMB crossed` = list(quote(glmmTMB::glmmTMB(y ~ x + (1 | a) + (1 | b), three)), remarks = no_subject),
+  `glmmTMB of proportions` = list(quote(glmmTMB::glmmTMB(incidence / size ~ period + (1 | herd), lme4::cbpp,
+    weights = size, family = binomial)), means = ~period),
   lme = list(quote(nlme::lme(distance ~ age + Sex, nlme::Orthodont, random = ~ age | Subject)), means = ~Sex),
   `lme nested` = list(quote(nlme::lme(y ~ x, three, random = ~ 1 | a / b))),
   `lme apart` = list(quote(nlme::lme(distance ~ age, nlme::Orthodont, list(Subject = nlme::pdDiag(~age))))),

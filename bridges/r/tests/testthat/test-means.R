@@ -143,3 +143,11 @@ test_that("means of a response made in the formula stand on its own scale", {
     expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], expected[1] - expected[2], 1e-7, info = name)
   }
 })
+
+test_that("contrasts within a factor that nests stand in the order of its levels", {
+  tables <- chain(lm(breaks ~ tension / wool, warpbreaks), means = ~ wool | tension, contrasts = "pairwise")
+  means <- tapply(warpbreaks$breaks, warpbreaks[c("wool", "tension")], mean)
+  expect_identical(tables[["Contrasts-1"]][[1]], colnames(means))
+  expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], means["A", ] - means["B", ])
+  expect_identical(tables[["OverallTestResults-1"]][[1]], colnames(means))
+})

@@ -123,3 +123,16 @@ test_that("an odd fit gives its own figures and messages, or one error that name
     })
   }
 })
+
+test_that("effects beside an empty cell are tested by what the data tell, to all digits", {
+  holes <- case_data$holes
+  fit <- lm(y ~ a * b, holes)
+  effects <- chain(fit)[["FixedEffects-1"]]
+  whole <- anova(lm(y ~ a + b, holes), fit)
+  expect_figures(effects$F[4], whole$F[2])
+  expect_figures(effects$df1[4], whole$Df[2])
+  expected <- as.data.frame(emmeans::joint_tests(fit))[1:3, ]
+  expect_figures(effects[["Sig."]][-1], expected$p.value)
+  # The statistic and its degrees of freedom belong to the significance.
+  expect_figures(pf(effects$F, effects$df1, effects$df2, lower.tail = FALSE), effects[["Sig."]], 1e-9)
+})
