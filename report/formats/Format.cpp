@@ -8,22 +8,19 @@ namespace hierfit::report {
 
 namespace {
 
-constexpr FormatName kNames[] = {{"html", Format::Html, Extent::File},
-                                 {"text", Format::Text, Extent::File},
-                                 {"json", Format::Json, Extent::File},
-                                 {"svg", Format::Svg, Extent::Folder},
-                                 {"png", Format::Png, Extent::Folder}};
+constexpr FormatName kNames[] = {
+    {"html", Format::Html, Extent::File}, {"text", Format::Text, Extent::File},
+    {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
+    {"png", Format::Png, Extent::Folder}, {"markdown", Format::Markdown, Extent::FileAndCharts},
+    {"csv", Format::Csv, Extent::Folder}};
 
 struct Ending {
     std::string_view fName;
     Format fFormat;
 };
 
-constexpr Ending kEndings[] = {{".html", Format::Html},
-                               {".htm", Format::Html},
-                               {".txt", Format::Text},
-                               {".text", Format::Text},
-                               {".json", Format::Json}};
+constexpr Ending kEndings[] = {{".html", Format::Html}, {".htm", Format::Html},  {".txt", Format::Text},
+                               {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown}};
 
 template <typename List>
 std::optional<Format> Find(const List& list, std::string_view name) {
