@@ -22,7 +22,8 @@ hf_report <- function(fit, file, ..., title = NULL) {
   on.exit(unlink(folder, recursive = TRUE))
   hf_documents(fit, folder, ...)
   said <- run_program(program, c(
-    "report", "-o", file, if (!is.null(title)) c("--title", title), file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
+    "report", "-o", file, if (!is.null(title)) c("--title", title),
+    file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
   ))
   if (length(said)) message(paste(said, collapse = "\n"))
   invisible(file)

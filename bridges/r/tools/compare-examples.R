@@ -1,8 +1,9 @@
 # Compares the tables of the examples with those of the same models fitted here and bridged, cell
 # for cell. Rscript tools/compare-examples.R EXAMPLES [LIST], with the package installed and the
 # program at hand. Writes a line for each column that differs, in figures by more than a relative
-# 1e-4, in texts or in layout; rows are compared by their names. With LIST, which is tools/examples-differences.txt, it ends with status
-# 1 where the lines are not those of the list. The vignette says why they differ.
+# 1e-4, in texts or in layout; rows are compared by their names. With LIST, which is
+# tools/examples-differences.txt, it ends with status 1 where the lines are not those of the list.
+# The vignette says why they differ.
 
 library(hierfit)
 library(nlme)
