@@ -7,6 +7,7 @@
 #include "report/charts/Pictures.h"
 #include "report/charts/raster/Raster.h"
 #include "report/csv/Csv.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/items/Entries.h"
 
 namespace hierfit::report {
@@ -71,6 +72,7 @@ std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Docu
 }
 
 std::optional<RenderError> FindMissing(Format format, const RenderSettings& settings) {
+    if (format == Format::Xlsx) return FindMissingOfWorkbook(settings);
     if (format != Format::Png) return {};
     auto found = FindChartFiles(format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);

@@ -5,6 +5,7 @@
 #include "report/charts/Pictures.h"
 #include "report/csv/Csv.h"
 #include "report/formats/Files.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/html/HtmlReport.h"
 #include "report/items/Entries.h"
 #include "report/items/Selection.h"
@@ -80,6 +81,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return MakeMarkdownReport(document, {settings.fHtml.fTitle, settings.fHtml.fAuthor, settings.fChartFolder});
         case Format::Csv:
             return RenderCsv(document);
+        case Format::Xlsx:
+            return RenderWorkbook(document, settings);
         case Format::Html:
             break;
     }
