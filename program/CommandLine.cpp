@@ -127,9 +127,10 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
     AddFormat(app, output,
-              "html, text, json, xlsx, or svg or png, which put each chart\n"
-              "into the folder FILE; by default FILE's ending tells, else\n"
-              "text goes to a terminal and html elsewhere");
+              "html, text, json, markdown, xlsx, or one that puts files into\n"
+              "the folder FILE: svg or png each chart, csv each table; by\n"
+              "default FILE's ending tells, else text goes to a terminal\n"
+              "and html elsewhere");
     app.add_flag_callback(
         "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
     AddAppearance(app, output);
@@ -177,7 +178,9 @@ std::optional<std::string> CheckJson(const OutputOptions& output) {
 /// Many files need a folder.
 std::optional<std::string> CheckOutput(OutputOptions& output) {
     if (auto wrong = SettleFormat(output)) return wrong;
-    if (output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder && output.fFile == "-") {
+    const bool isFolder = output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder;
+    const bool isOneTable = output.fFormat == Format::Csv && !output.fvOnly.empty();
+    if (isFolder && !isOneTable && output.fFile == "-") {
         return "--format " + std::string(report::NameOf(*output.fFormat)) + ": --output must name a folder";
     }
     return CheckJson(output);

@@ -8,9 +8,12 @@ namespace hierfit::report {
 
 namespace {
 
-constexpr FormatName kNames[] = {{"html", Format::Html, Extent::File}, {"text", Format::Text, Extent::File},
-                                 {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
-                                 {"png", Format::Png, Extent::Folder}, {"xlsx", Format::Xlsx, Extent::File}};
+constexpr FormatName kNames[] = {
+    {"html", Format::Html, Extent::File}, {"text", Format::Text, Extent::File},
+    {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
+    {"png", Format::Png, Extent::Folder}, {"markdown", Format::Markdown, Extent::FileAndCharts},
+    {"csv", Format::Csv, Extent::Folder}, {"xlsx", Format::Xlsx, Extent::File},
+};
 
 struct Ending {
     std::string_view fName;
@@ -18,7 +21,8 @@ struct Ending {
 };
 
 constexpr Ending kEndings[] = {{".html", Format::Html}, {".htm", Format::Html},  {".txt", Format::Text},
-                               {".text", Format::Text}, {".json", Format::Json}, {".xlsx", Format::Xlsx}};
+                               {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown},
+                               {".xlsx", Format::Xlsx}};
 
 template <typename List>
 std::optional<Format> Find(const List& list, std::string_view name) {

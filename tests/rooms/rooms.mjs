@@ -51,7 +51,7 @@ const knows = {
   "report/style": report(),
   "report/markup": [],
   "report/items": report(),
-  "report/text": report("layout"),
+  "report/text": report("items", "layout"),
   "report/json": report(),
   "report/html": report("items", "layout", "markup", "charts/layout", "charts/svg"),
   "report/charts": report("items", "charts/layout", "charts/svg"),
@@ -61,8 +61,12 @@ const knows = {
   "report/charts/svg": ["report/charts/layout", "report/markup"],
   "report/charts/raster": [],
   "report/index": report("items", "markup", "html"),
+  "report/csv": report("items", "layout"),
+  "report/markdown": report("items", "layout", "text"),
+  "report/formats": report(
+    "items", "style", "text", "json", "html", "csv", "markdown", "xlsx", "charts", "charts/raster",
+  ),
   "report/xlsx": report("items", "layout", "text", "charts"),
-  "report/formats": report("items", "style", "text", "json", "html", "xlsx", "charts", "charts/raster"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
