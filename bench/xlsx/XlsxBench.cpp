@@ -8,8 +8,8 @@
 #include <string>
 
 #include "GeneratedDocument.h"
-#include "report/xlsx/LoadBook.h"
 #include "report/xlsx/Workbook.h"
+#include "report/xlsx/book/LoadBook.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 
 #include "report/charts/Pictures.h"
 #include "report/charts/raster/Raster.h"
-#include "report/xlsx/LoadBook.h"
+#include "report/xlsx/book/LoadBook.h"
 #include "report/xlsx/Workbook.h"
 
 namespace hierfit::report {

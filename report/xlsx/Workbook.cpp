@@ -5,10 +5,10 @@
 
 #include "report/charts/Pictures.h"
 #include "report/items/Entries.h"
-#include "report/xlsx/CellText.h"
-#include "report/xlsx/ContentsSheet.h"
-#include "report/xlsx/SheetNames.h"
-#include "report/xlsx/TableSheet.h"
+#include "report/xlsx/cells/CellText.h"
+#include "report/xlsx/sheets/ContentsSheet.h"
+#include "report/xlsx/sheets/SheetNames.h"
+#include "report/xlsx/sheets/TableSheet.h"
 
 namespace hierfit::report::xlsx {
 

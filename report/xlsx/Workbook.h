@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/document/Document.h"
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace hierfit::report::xlsx {
 

@@ -1,6 +1,6 @@
-#include "report/xlsx/NumberCode.h"
+#include "report/xlsx/cells/NumberCode.h"
 
-#include "report/xlsx/NumberCodes.h"
+#include "report/xlsx/cells/NumberCodes.h"
 
 namespace hierfit::report::xlsx {
 

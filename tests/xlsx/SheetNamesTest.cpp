@@ -1,6 +1,6 @@
-#include "report/xlsx/SheetNames.h"
+#include "report/xlsx/sheets/SheetNames.h"
 
-#include "report/xlsx/CellText.h"
+#include "report/xlsx/cells/CellText.h"
 
 namespace hierfit::report::xlsx {
 
@@ -23,7 +23,7 @@ TEST(SheetNames, FitAndDiffer) {
 
 TEST(CellText, EscapesWhatWouldBeACode) {
     const std::pair<const char*, const char*> kCases[] = {
-        {"_x0041_", "_x005F_x0041_"}, {"a_x00e9_x0041_", "a_x005F_x00e9_x005F_x0041_"},       {"_x0041", "_x0041"},
+        {"_x0041_", "_x005F_x0041_"}, {"a_x00e9_x0041_", "a_x005F_x00e9_x005F_x0041_"}, {"_x0041", "_x0041"},
         {"_x00g1_", "_x00g1_"},       {"_x0041__x0042_", "_x005F_x0041__x005F_x0042_"},
     };
     for (const auto& [text, escaped] : kCases) EXPECT_EQ(EscapeCodes(text), escaped);

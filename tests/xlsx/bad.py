@@ -1,4 +1,4 @@
-"""Workbooks of saved documents that are hard to write: bad.py PROGRAM WORK. Each is read back, or refused in one line."""
+"""Workbooks of saved documents that are hard to write: bad.py PROGRAM WORK. Each is read back or refused."""
 
 import json
 import math
@@ -31,7 +31,8 @@ def number(value, words=None, form="Coefficient"):
 
 def dimension(name, place, labels):
     return {"name": text(name), "sort": 2, "positioned": True, "place": place, "index": 1, "flags": [place == 1, False],
-            "members": [{"kind": "category", "id": i, "label": text(label), "notes": []} for i, label in enumerate(labels)]}
+            "members": [{"kind": "category", "id": i, "label": text(label), "notes": []}
+                        for i, label in enumerate(labels)]}
 
 
 def table(rows, columns, content, subtype="Sub", title="Title", notes=(), marks=lambda row, column: []):
@@ -49,7 +50,8 @@ def render(name, items, *options):
     (work / f"{name}.json").write_text(json.dumps(document), encoding="utf-8")
     file = work / f"{name}.xlsx"
     file.unlink(missing_ok=True)
-    done = subprocess.run([program, "render", *options, "-o", file, work / f"{name}.json"], capture_output=True, text=True)
+    command = [program, "render", *options, "-o", file, work / f"{name}.json"]
+    done = subprocess.run(command, capture_output=True, text=True)
     return done, file
 
 
@@ -65,7 +67,8 @@ def open_book(name, items, *options, **settings):
         for part in archive.namelist():
             if part.endswith((".xml", ".rels")):
                 ElementTree.fromstring(archive.read(part))
-        expect(name, "formulas", [], [part for part in archive.namelist() if "sheets/" in part and b"<f>" in archive.read(part)])
+        sheets = [part for part in archive.namelist() if "worksheets/sheet" in part]
+        expect(name, "formulas", [], [part for part in sheets if b"<f>" in archive.read(part)])
     book = openpyxl.load_workbook(file, **settings)
     names = [sheet.lower() for sheet in book.sheetnames]
     expect(name, "names that differ", len(names), len(set(names)))
@@ -79,7 +82,8 @@ def remarks(book):
 
 # Texts that would be something else, and what stands in the cell.
 texts = {
-    "formula": "=1+1", "at": "@SUM(A1)", "plus": "+1", "minus": "-1+2", "command": "=cmd|' /C calc'!A0", "number": "007",
+    "formula": "=1+1", "at": "@SUM(A1)", "plus": "+1", "minus": "-1+2", "command": "=cmd|' /C calc'!A0",
+    "number": "007",
     "date": "2024-01-02", "link": "http://example.org", "tag": "<b>&amp;</b>", "quote": "'quoted", "blanks": "  two  ",
     "lines": "a\nb", "Arabic": "الفئة ١", "escape": "_x0041_", "wide": "水稻😀",
 }
@@ -190,8 +194,8 @@ def judge_sizes():
     for name, rows, columns, told in (
             ("columns", 1, 16384, "Sub-1: 16385 columns, and a sheet holds 16384"),
             ("rows", 1048576, 1, "Sub-1: 1048578 rows, and a sheet holds 1048576")):
-        done, file = render(name, [table([str(i) for i in range(rows)], [str(i) for i in range(columns)],
-                                         lambda r, c: {"text": "1", "from": {"number": 1, "format": {"name": "Count"}}})])
+        labels = [[str(i) for i in range(count)] for count in (rows, columns)]
+        done, file = render(name, [table(*labels, lambda r, c: number(1, "1", "Count"))])
         expect(name, "refused", (3, f"hierfit: {told}\n", False), (done.returncode, done.stderr, file.exists()))
         (work / f"{name}.json").unlink()
 

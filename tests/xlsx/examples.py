@@ -1,7 +1,7 @@
 """Reads the workbooks of all examples back: examples.py PROGRAM EXAMPLES
 
-Numbers are those of the JSON form, shown texts those of the page in each style, in a formatter of our own and in an office
-program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
+Numbers are those of the JSON form, shown texts those of the page in each style, in a formatter of our own and in an
+office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
 """
 
 import csv
@@ -108,7 +108,8 @@ def data_of(sheet, table, width):
 
 
 def judge_table(place, sheet, table, page, offices):
-    width = len({tuple(c["at"][i] for i, d in enumerate(table["dimensions"]) if d["place"] == 1) for c in table["cells"]})
+    across = [index for index, dimension in enumerate(table["dimensions"]) if dimension["place"] == 1]
+    width = len({tuple(cell["at"][index] for index in across) for cell in table["cells"]})
     top, data = data_of(sheet, page["rows"], width)
     expect(place, "frozen rows", 1 + page["head"], top - 1)
     expected = [[("" if text == "." else text.replace("\u2212", "-")) for text in row[-width:]] for row in page["rows"]]
@@ -178,7 +179,7 @@ def main():
     with tempfile.TemporaryDirectory() as name:
         work = pathlib.Path(name)
         written = {}
-        for folder in sorted(path for path in pathlib.Path(examples).iterdir() if path.is_dir()):
+        for folder in sorted(path.parent for path in pathlib.Path(examples).glob("*/model.pmml")):
             for style in ("plain", "apa", "ama"):
                 file = work / f"{folder.name}_{style}.xlsx"
                 run("report", "--style", style, "--scale", 0.2, "-o", file, folder)
@@ -192,7 +193,8 @@ def main():
                 expect(folder.name, "sheets for the office program", True, len(offices) > 0)
             judge(folder, style, file, offices)
         file, (folder, _) = next(iter(written.items()))
-        later = run("report", "-f", "xlsx", "--style", "plain", "--scale", 0.2, folder, env={**os.environ, "TZ": "Asia/Tokyo"})
+        elsewhere = {**os.environ, "TZ": "Asia/Tokyo"}
+        later = run("report", "-f", "xlsx", "--style", "plain", "--scale", 0.2, folder, env=elsewhere)
         expect(folder.name, "same bytes", file.read_bytes(), later)
     print("\n".join(fault[:1500] for fault in faults[:40]))
     sys.exit(1 if faults else 0)

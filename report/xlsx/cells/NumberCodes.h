@@ -7,7 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "report/xlsx/NumberCode.h"
+#include "report/xlsx/cells/NumberCode.h"
 
 namespace hierfit::report::xlsx {
 

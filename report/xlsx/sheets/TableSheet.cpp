@@ -1,11 +1,11 @@
-#include "report/xlsx/TableSheet.h"
+#include "report/xlsx/sheets/TableSheet.h"
 
 #include <algorithm>
 #include <cmath>
 #include <span>
 
-#include "report/xlsx/CellText.h"
-#include "report/xlsx/SheetWidths.h"
+#include "report/xlsx/cells/CellText.h"
+#include "report/xlsx/sheets/SheetWidths.h"
 
 namespace hierfit::report::xlsx {
 

@@ -1,4 +1,4 @@
-#include "report/xlsx/SheetWidths.h"
+#include "report/xlsx/sheets/SheetWidths.h"
 
 #include <algorithm>
 #include <numeric>

@@ -7,7 +7,7 @@
 #include <deque>
 #include <vector>
 
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace {
 

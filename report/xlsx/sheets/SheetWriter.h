@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/document/Text.h"
-#include "report/xlsx/Looks.h"
+#include "report/xlsx/cells/Looks.h"
 
 namespace hierfit::report::xlsx {
 

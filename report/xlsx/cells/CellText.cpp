@@ -1,8 +1,8 @@
-#include "report/xlsx/CellText.h"
+#include "report/xlsx/cells/CellText.h"
 
 #include "host/unicode/Utf8.h"
 #include "report/text/VisibleText.h"
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace hierfit::report::xlsx {
 

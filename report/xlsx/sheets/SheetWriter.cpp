@@ -1,12 +1,12 @@
-#include "report/xlsx/SheetWriter.h"
+#include "report/xlsx/sheets/SheetWriter.h"
 
 #include <cmath>
 #include <limits>
 
 #include "host/SystemMissing.h"
 #include "report/layout/CellContent.h"
-#include "report/xlsx/CellText.h"
-#include "report/xlsx/SheetWidths.h"
+#include "report/xlsx/cells/CellText.h"
+#include "report/xlsx/sheets/SheetWidths.h"
 
 namespace hierfit::report::xlsx {
 

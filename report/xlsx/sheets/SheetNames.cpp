@@ -1,10 +1,10 @@
-#include "report/xlsx/SheetNames.h"
+#include "report/xlsx/sheets/SheetNames.h"
 
 #include <algorithm>
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace hierfit::report::xlsx {
 

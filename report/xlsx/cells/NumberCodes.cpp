@@ -1,6 +1,6 @@
-#include "report/xlsx/NumberCodes.h"
+#include "report/xlsx/cells/NumberCodes.h"
 
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace hierfit::report::xlsx {
 

@@ -4,8 +4,8 @@
 #include <map>
 #include <vector>
 
-#include "report/xlsx/Book.h"
-#include "report/xlsx/NumberCodes.h"
+#include "report/xlsx/book/Book.h"
+#include "report/xlsx/cells/NumberCodes.h"
 
 namespace hierfit::report::xlsx {
 

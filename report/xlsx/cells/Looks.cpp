@@ -1,4 +1,4 @@
-#include "report/xlsx/Looks.h"
+#include "report/xlsx/cells/Looks.h"
 
 namespace hierfit::report::xlsx {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <variant>
 
-#include "report/xlsx/Book.h"
+#include "report/xlsx/book/Book.h"
 
 namespace hierfit::report::xlsx {
 

@@ -6,7 +6,7 @@
 
 #include "host/document/Document.h"
 #include "report/items/Entries.h"
-#include "report/xlsx/SheetWriter.h"
+#include "report/xlsx/sheets/SheetWriter.h"
 
 namespace hierfit::report::xlsx {
 

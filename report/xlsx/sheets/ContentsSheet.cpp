@@ -1,9 +1,9 @@
-#include "report/xlsx/ContentsSheet.h"
+#include "report/xlsx/sheets/ContentsSheet.h"
 
 #include <algorithm>
 
-#include "report/xlsx/CellText.h"
-#include "report/xlsx/SheetWidths.h"
+#include "report/xlsx/cells/CellText.h"
+#include "report/xlsx/sheets/SheetWidths.h"
 
 namespace hierfit::report::xlsx {
 

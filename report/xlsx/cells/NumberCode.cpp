@@ -1,4 +1,4 @@
-#include "report/xlsx/NumberCode.h"
+#include "report/xlsx/cells/NumberCode.h"
 
 #include <algorithm>
 #include <charconv>

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "report/layout/Grid.h"
-#include "report/xlsx/SheetWriter.h"
+#include "report/xlsx/sheets/SheetWriter.h"
 
 namespace hierfit::report::xlsx {
 

@@ -1,4 +1,4 @@
-#include "report/xlsx/LoadBook.h"
+#include "report/xlsx/book/LoadBook.h"
 
 #include <dlfcn.h>
 
