@@ -147,6 +147,12 @@ const pair = report("--only", "FixedEffects", join(example, "model.pmml"), join(
 check("only, ahead of a pair", pair.status === 0 && pair.out.includes("Fixed Effects"), pair.out + pair.err);
 const short = report("--style", "apa", "--digits", "1", "--only", "FixedCoefficients-1", example);
 check("a style", /Days +10\.5 +1\.5 +6\.8 +< \.001 +7\.2 +13\.7/.test(short.out), short.out + short.err);
+const one = run("report", "-f", "csv", "--only", "FixedCoefficients", example);
+check("csv of one table", one.status === 0 && one.out.startsWith("Model Term,Coefficient,"), one.out + one.err);
+for (const [names, reason] of [["FixedEffects,FixedCoefficients", "csv holds one table, and 2 are chosen"],
+  ["GLMMFixedCoefficients-2", "csv holds no charts: GLMMFixedCoefficients-2"]]) {
+  checkRefusal(names, run("report", "-f", "csv", "--only", names, example), 1, `hierfit: ${reason}\n`);
+}
 writeFileSync("whole.json", run("report", "-f", "json", example).out);
 const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
 check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);
