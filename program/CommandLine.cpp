@@ -127,8 +127,8 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
     AddFormat(app, output,
-              "html, text, json, markdown, xlsx, or one that puts files into\n"
-              "the folder FILE: svg or png each chart, csv each table; by\n"
+              "html, text, json, markdown, docx, xlsx, or one that puts files\n"
+              "into the folder FILE: svg or png each chart, csv each table; by\n"
               "default FILE's ending tells, else text goes to a terminal\n"
               "and html elsewhere");
     app.add_flag_callback(

@@ -4,6 +4,7 @@
 
 #include "report/charts/Pictures.h"
 #include "report/csv/Csv.h"
+#include "report/formats/Docx.h"
 #include "report/formats/Files.h"
 #include "report/formats/RenderWorkbook.h"
 #include "report/html/HtmlReport.h"
@@ -74,6 +75,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return MakeTextReport(document, settings.fText);
         case Format::Json:
             return WriteJson(document);
+        case Format::Docx:
+            return RenderDocx(document, settings);
         case Format::Svg:
         case Format::Png:
             return RenderPicture(document, format, settings);

@@ -5,8 +5,8 @@
 
 #include "report/charts/Pictures.h"
 #include "report/charts/raster/Raster.h"
-#include "report/xlsx/book/LoadBook.h"
 #include "report/xlsx/Workbook.h"
+#include "report/xlsx/book/LoadBook.h"
 
 namespace hierfit::report {
 
