@@ -103,8 +103,8 @@ const refused = [
   ["a missing saved document", ["render", "no.json"], 2, "hierfit: no.json: No such file or directory\n"],
   ["an unknown language", ["report", "--lang", "xx", example], 1,
     `hierfit: --lang: xx: no such language; there are C, en\n${usage}`],
-  ["an unknown ending", ["report", "-o", "a.docx", example], 1,
-    `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
+  ["an unknown ending", ["report", "-o", "a.odt", example], 1,
+    `hierfit: --output: a.odt: no format has the ending .odt; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
   ["a name that no item bears", ["report", "--only", "ModelSummary-1,FixedEfects", example], 1,
@@ -128,7 +128,7 @@ const refused = [
 ];
 for (const [name, args, status, expected] of refused) checkRefusal(name, run(...args), status, expected);
 
-for (const args of [[], ["report"], ["report", "-f", "docx", example], ["report", "--color", "red", example],
+for (const args of [[], ["report"], ["report", "-f", "odt", example], ["report", "--color", "red", example],
   ["convert", "x"], ["report", "a", "b", "c"], ["render"]]) {
   checkRefusal(args.join(" "), run(...args), 1, /^hierfit: [^]*Try: hierfit --help\n$/);
 }
