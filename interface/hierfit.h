@@ -50,7 +50,7 @@ HF_API const char* hf_version(void);
 HF_API hf_settings* hf_settings_new(void);
 
 /* Sets one of the program's long options, written without its dashes. Those for a run: "lang", "variables", "values",
- * "templates"; for a format: "title", "author", "static", "charts", "color", "scale", "only",
+ * "templates"; for a format: "title", "author", "static", "standalone", "charts", "color", "scale", "only",
  * "style", "digits". Options without a value,
  * such as "static", take "true" or "false". "only" takes names with commas between them and replaces what was set
  * before; "" chooses everything. Two keys have no option: "pmml" and "statxml" name the documents in diagnostics and in

@@ -12,7 +12,7 @@ constexpr FormatName kNames[] = {
     {"html", Format::Html, Extent::File}, {"text", Format::Text, Extent::File},
     {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
     {"png", Format::Png, Extent::Folder}, {"markdown", Format::Markdown, Extent::FileAndCharts},
-    {"csv", Format::Csv, Extent::Folder}};
+    {"csv", Format::Csv, Extent::Folder}, {"latex", Format::Latex, Extent::FileAndCharts}};
 
 struct Ending {
     std::string_view fName;
@@ -20,7 +20,8 @@ struct Ending {
 };
 
 constexpr Ending kEndings[] = {{".html", Format::Html}, {".htm", Format::Html},  {".txt", Format::Text},
-                               {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown}};
+                               {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown},
+                               {".tex", Format::Latex}};
 
 template <typename List>
 std::optional<Format> Find(const List& list, std::string_view name) {

@@ -63,8 +63,9 @@ const knows = {
   "report/index": report("items", "markup", "html"),
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
+  "report/latex": report("items", "layout", "charts/layout"),
   "report/formats": report(
-    "items", "style", "text", "json", "html", "csv", "markdown", "charts", "charts/raster",
+    "items", "style", "text", "json", "html", "csv", "markdown", "latex", "charts", "charts/raster",
   ),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
