@@ -85,7 +85,7 @@ std::string FigureColumn::SpellWith(bool hidesZero) const {
     if (fDecimals > 0) spelt.append(".").append(std::to_string(fDecimals));
     if (fExponent > 0) spelt.append(fHasNegativeExponent ? "e-" : "e").append(std::to_string(fExponent));
     if (fHasPercent || !fMarks.empty()) {
-        spelt.append(",table-space-text-post={");
+        spelt.append(",table-align-text-after=false,table-space-text-post={");
         if (fHasPercent) spelt += "\\%";
         if (!fMarks.empty()) spelt.append("\\tnote{").append(fMarks).append("}");
         spelt += '}';

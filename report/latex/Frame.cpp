@@ -17,11 +17,13 @@ std::string ListPackages(const Needs& needs) {
 void AppendPackages(std::string& out, const Needs& needs, std::string_view begin) {
     const std::string list = ListPackages(needs);
     if (!list.empty()) out.append(begin).append("\\usepackage{").append(list).append("}\n");
+    if (needs.fHasSections) out.append(begin).append("\\usepackage{placeins}\n");
     if (needs.fHasFigures) out.append(begin).append("\\usepackage{graphicx}\n");
     if (needs.fHasFigures) out.append(begin).append("\\usepackage[export]{adjustbox}\n");
-    if (needs.fFloats > kFloatsOfClass) {
-        out.append(begin).append("\\extrafloats{").append(std::to_string(needs.fFloats)).append("}\n");
-    }
+    if (needs.fFloats <= kFloatsOfClass) return;
+    const std::string floats = std::to_string(needs.fFloats);
+    out.append(begin).append("\\extrafloats{").append(floats).append("}\n");
+    out.append(begin).append("\\maxdeadcycles=").append(floats).append("\n");
 }
 
 bool HasRightToLeft(const Scripts& scripts) { return scripts.fHasHebrew || scripts.fHasArabic; }
@@ -63,13 +65,9 @@ std::string MakePreamble(std::string_view title, std::string_view author, const 
     AppendBidirectional(preamble, needs.fScripts, "");
     preamble += HasRightToLeft(needs.fScripts) ? "\\babelfont{rm}{DejaVu Sans}\n" : "\\setmainfont{DejaVu Sans}\n";
     AppendPackages(preamble, needs, "");
-    // Figures in the text's own digits; floats where they are; missing letters told by the compiler.
+    // Figures in the text's own digits; missing letters told by the compiler.
     if (needs.fHasTables) preamble += "\\sisetup{mode=text}\n";
-    preamble +=
-        "\\usepackage{float}\n"
-        "\\floatplacement{table}{H}\n"
-        "\\floatplacement{figure}{H}\n"
-        "\\tracinglostchars=2\n";
+    preamble += "\\tracinglostchars=2\n";
     preamble.append("\\title{").append(title).append("}\n\\author{").append(author).append("}\n\\date{}\n");
     return preamble + "\\begin{document}\n\\maketitle\n";
 }

@@ -17,7 +17,7 @@ namespace {
 
 using latex::AppendText;
 
-constexpr std::string_view kSections[] = {"\\section{", "\\subsection{", "\\subsubsection{", "\\paragraph{"};
+constexpr std::string_view kSections[] = {"\\section", "\\subsection", "\\subsubsection", "\\paragraph"};
 
 /// Writes items one after the other, with an empty line between them.
 class Writer {
@@ -35,7 +35,11 @@ class Writer {
 
     void operator()(const document::Heading&) {
         const auto depth = std::min(static_cast<std::size_t>(fpEntry->fDepth), std::size(kSections) - 1);
-        fOut += kSections[depth];
+        // Tables and charts stay in their section.
+        fNeeds.fHasSections = true;
+        fOut.append("\\FloatBarrier\n").append(kSections[depth]).append("[{");
+        AppendTitle();
+        fOut += "}]{\\raggedright ";
         AppendTitle();
         fOut.append("}\\label{sec:").append(fpEntry->fAnchor).append("}\n");
         AppendWholeTitle();
@@ -48,7 +52,8 @@ class Writer {
     void operator()(const document::Chart&) {
         fNeeds.fHasFigures = true;
         ++fNeeds.fFloats;
-        fOut += "\\begin{figure}\n\\centering\n\\includegraphics[max width=\\linewidth,max height=0.8\\textheight]{";
+        fOut.append("\\begin{figure}").append(latex::kPlacement);
+        fOut += "\n\\centering\n\\includegraphics[max width=\\linewidth,max height=0.8\\textheight]{";
         latex::AppendPath(fOut, fSettings.fChartFolder);
         fOut.append("/").append(fpEntry->fAnchor).append(".pdf}\n\\caption{");
         AppendTitle();
@@ -91,6 +96,7 @@ std::string MarkUp(std::string_view words, latex::Needs& needs) {
 
 std::string MakeLatexReport(const document::Document& document, const LatexSettings& settings) {
     latex::Needs needs;
+    needs.fPage = settings.fIsStandalone ? latex::Page::Own : latex::Page::Other;
     std::string text;
     Writer writer(text, settings, needs);
     for (const items::Entry& entry : items::ListEntries(document)) writer.Append(entry);

@@ -23,7 +23,7 @@ class Writer {
           fTitle(title),
           fAnchor(anchor),
           fNeeds(needs),
-          fPlan(grid),
+          fPlan(grid, needs.fPage),
           fNotes(grid, needs.fScripts) {}
 
     void Append() {
@@ -37,7 +37,7 @@ class Writer {
 
     void AppendWithoutCells() {
         fNotes.BeginPart();
-        fOut += "\\begin{table}\n\\centering\n";
+        fOut.append("\\begin{table}").append(kPlacement).append("\n\\centering\n");
         AppendCaption();
         fOut.append(items::kNoCells).append("\n");
         const std::string items = fNotes.MakeItems(true);
@@ -69,7 +69,10 @@ class Writer {
         const std::string_view environment = setting.fIsSideways ? "sidewaystable" : "table";
         fNeeds.fHasSidewaysTables = fNeeds.fHasSidewaysTables || setting.fIsSideways;
         ++fNeeds.fFloats;
-        fOut.append("\\begin{").append(environment).append("}\n\\centering\n");
+        fOut.append("\\begin{")
+            .append(environment)
+            .append(setting.fIsSideways ? "}[p]\n" : "}\n")
+            .append("\\centering\n");
         if (!IsFirst()) fOut += "\\addtocounter{table}{-1}\n";
         fOut += "\\begin{threeparttable}\n";
         AppendCaption();

@@ -21,7 +21,8 @@ int LastLevel(const HeaderCell& header) { return header.fLevel + header.fLevels 
 
 std::string TableLines::SpellText(double width, bool isWrapped) const {
     if (!isWrapped) return "l";
-    return fmt::format(">{{\\raggedright\\arraybackslash}}p{{{:.3f}\\linewidth}}", width / fPlan.GetSetting().fLine);
+    return fmt::format(">{{\\raggedright\\hangindent=1em\\arraybackslash}}p{{{:.3f}\\linewidth}}",
+                       width / fPlan.GetSetting().fLine);
 }
 
 std::string TableLines::MakeColumns(bool isStretched) const {

@@ -13,16 +13,22 @@ namespace hierfit::report::latex {
 
 namespace {
 
-// A line of 345 pt and a page of 550 pt, which a page of the class `article` has at 10 pt, hold as much of Computer
-// Modern as 40 and 67 em of DejaVu Sans. Gaps do not shrink with the letters, so they count more than they are.
-constexpr Setting kSettings[] = {{40, 36, 1.45, false, false}, {50, 46, 1.2, true, false}, {80, 26, 1.2, true, true}};
-constexpr const Setting& kNarrow = kSettings[1];  // of a table in parts
+// A line of 160 mm and a page of 247 mm hold so many em of DejaVu Sans at 10 and 8 pt. Of a document in another font a
+// line of 345 pt and a page of 550 pt are known, which the class `article` has; in Computer Modern they hold as much as
+// 38.5 and 61 em, and less in its small sizes, which are wider. Gaps do not shrink with the letters, so they count more
+// there than they are.
+constexpr Settings kOwnSettings = {{{45, 46, 1.2, false, false}, {56, 60, 1, true, false}, {86, 36, 1, true, true}}};
+constexpr Settings kOtherSettings = {
+    {{38.5, 36, 1.35, false, false}, {46, 46, 1.07, true, false}, {73, 26, 1.07, true, true}}};
+constexpr std::size_t kNarrow = 1;  // the setting of a table in parts
 
 constexpr double kLeastWidth = 12;  // em that a label is wrapped to, or less where it must be
 constexpr double kLeastCloseWidth = 8.5;
 constexpr double kMostText = 30;  // of a text among data
 constexpr double kMostWord = 12;  // of a word in a header
 constexpr double kLeastHeader = 5;
+constexpr double kMostHeaderLines = 3;   // unless words are long
+constexpr double kLeastGroupHeader = 9;  // of several columns
 constexpr double kMostAmongFigures = 6;  // of words in a column of figures
 constexpr double kMark = 0.5;
 constexpr double kRowHeadersInParts = 0.42;  // of the line
@@ -72,8 +78,9 @@ std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
     return marks;
 }
 
-TablePlan::TablePlan(const Grid& grid)
+TablePlan::TablePlan(const Grid& grid, Page page)
     : fGrid(grid),
+      fSettings(page == Page::Own ? kOwnSettings : kOtherSettings),
       fvLevels(static_cast<std::size_t>(grid.fRowLevels)),
       fvData(static_cast<std::size_t>(grid.fColumns)),
       fvHeadersAt(static_cast<std::size_t>(grid.fColumnLevels)) {
@@ -82,7 +89,7 @@ TablePlan::TablePlan(const Grid& grid)
     MeasureData();
     MeasureHeaders();
     const Block all{0, grid.fColumns};
-    for (const Setting& setting : kSettings) {
+    for (const Setting& setting : fSettings) {
         if (!Fit(setting, all, setting.fIsSideways ? kLeastCloseWidth : kLeastWidth)) continue;
         fpSetting = &setting;
         fvBlocks = {all};
@@ -99,7 +106,7 @@ void TablePlan::MeasureLevels() {
     for (const CornerCell& corner : fGrid.fvCorner) {
         if (!corner.fpName) continue;
         Column& level = fvLevels[static_cast<std::size_t>(corner.fLevel)];
-        level.fNatural = std::min(charts::LongestWord(ShownInCell(corner.fpName->fWords), kEm), kMostWord);
+        level.fNatural = std::min(WidthOfText(ShownInCell(corner.fpName->fWords)), kMostWord);
     }
     for (const bool isSingle : {true, false}) {
         for (const HeaderCell& header : fGrid.fvRowHeaders) {
@@ -178,7 +185,7 @@ void TablePlan::MeasureHeaders() {
 }
 
 double TablePlan::RoomOf(const HeaderCell& header) const {
-    double room = kNarrow.fGap * (header.fSpan - 1);
+    double room = fSettings[kNarrow].fGap * (header.fSpan - 1);
     for (int column = header.fFirst; column < header.fFirst + header.fSpan; ++column) room += Data(column).fWidth;
     return room;
 }
@@ -186,8 +193,10 @@ double TablePlan::RoomOf(const HeaderCell& header) const {
 void TablePlan::MeasureHeader(const HeaderCell& header) {
     const double room = RoomOf(header);
     const double marks = WidthOfMarks(header.fvNotes);
-    const double word = charts::LongestWord(ShownInCell(header.fpLabel->fWords), kEm);
-    const double least = std::max({room - marks, kLeastHeader, std::min(word, kMostWord)});
+    const std::string words = ShownInCell(header.fpLabel->fWords);
+    const double word = std::max(charts::LongestWord(words, kEm), WidthOfText(words) / kMostHeaderLines);
+    const double least =
+        std::max({room - marks, header.fSpan > 1 ? kLeastGroupHeader : kLeastHeader, std::min(word, kMostWord)});
     const double width = charts::WidestLine(WrapHeader(*header.fpLabel, least), kEm) + marks;
     const double more = (width - room) / header.fSpan;
     if (more <= 0) return;
@@ -229,27 +238,28 @@ bool TablePlan::Fit(const Setting& setting, Block block, double least) {
 // Row headers stand in each part, so they get no more than a share; columns follow as long as there is room, parted
 // between groups rather than in them.
 void TablePlan::MakeBlocks() {
-    fpSetting = &kNarrow;
+    const Setting& narrow = fSettings[kNarrow];
+    fpSetting = &narrow;
     std::vector<Column*> levels;
     double headers = 0;
     for (Column& level : fvLevels) levels.push_back(&level);
-    const double share = kNarrow.fLine * kRowHeadersInParts - kNarrow.fGap * fGrid.fRowLevels;
+    const double share = narrow.fLine * kRowHeadersInParts - narrow.fGap * fGrid.fRowLevels;
     ShareOut(levels, std::max(share, static_cast<double>(fGrid.fRowLevels)), 0);
-    for (const Column& level : fvLevels) headers += level.fWidth + kNarrow.fGap;
+    for (const Column& level : fvLevels) headers += level.fWidth + narrow.fGap;
     std::vector<int> groups(fvData.size(), 0);  // for each column the first of the innermost group that it is in
     for (const HeaderCell& header : fGrid.fvColumnHeaders) {
         if (header.fSpan == 1) continue;
         const auto first = groups.begin() + header.fFirst;
         std::for_each(first, first + header.fSpan, [&](int& group) { group = std::max(group, header.fFirst); });
     }
-    const double room = kNarrow.fLine - headers;
+    const double room = narrow.fLine - headers;
     for (int first = 0; first < fGrid.fColumns; first = fvBlocks.back().fEnd) {
-        double width = -kNarrow.fGap;
+        double width = -narrow.fGap;
         int end = first;
         for (; end < fGrid.fColumns; ++end) {
             Column& column = fvData[static_cast<std::size_t>(end)];
             column.fWidth = std::min({column.fNatural, column.fIsText ? kMostText : room, room});
-            width += kNarrow.fGap + column.fWidth;
+            width += narrow.fGap + column.fWidth;
             if (width > room && end > first) break;
         }
         if (end < fGrid.fColumns) {

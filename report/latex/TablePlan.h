@@ -1,17 +1,18 @@
 #pragma once
 
+#include <array>
 #include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "report/latex/Figure.h"
+#include "report/latex/Needs.h"
 #include "report/layout/Grid.h"
 
 namespace hierfit::report::latex {
 
-/// How a table is set. Widths are in em of DejaVu Sans in the size of the setting; a document in another font has
-/// narrower letters and, with it, a narrower line.
+/// How a table is set. Widths are in em of DejaVu Sans in the size of the setting.
 struct Setting {
     double fLine;  ///< width of what it may fill
     int fLines;    ///< of the page, for rows
@@ -19,6 +20,8 @@ struct Setting {
     bool fIsSmall;
     bool fIsSideways;
 };
+
+using Settings = std::array<Setting, 3>;  ///< from wide letters to narrow ones, and to a turned page
 
 /// Columns of data that stand side by side, from the first to before the last.
 struct Block {
@@ -47,7 +50,7 @@ std::string SpellMarks(const std::vector<int>& notes, const Grid& grid);
 /// The widths of a grid's columns, its setting and its parts. It points into the grid.
 class TablePlan {
   public:
-    explicit TablePlan(const Grid& grid);
+    TablePlan(const Grid& grid, Page page);
 
     const Setting& GetSetting() const { return *fpSetting; }
     const Column& Level(int level) const { return fvLevels[static_cast<std::size_t>(level)]; }
@@ -81,6 +84,7 @@ class TablePlan {
     int CountLines() const;
 
     const Grid& fGrid;
+    const Settings& fSettings;
     const Setting* fpSetting = nullptr;
     std::vector<Column> fvLevels;
     std::vector<Column> fvData;
