@@ -65,9 +65,13 @@ std::string MakePreamble(std::string_view title, std::string_view author, const 
     AppendBidirectional(preamble, needs.fScripts, "");
     preamble += HasRightToLeft(needs.fScripts) ? "\\babelfont{rm}{DejaVu Sans}\n" : "\\setmainfont{DejaVu Sans}\n";
     AppendPackages(preamble, needs, "");
-    // Figures in the text's own digits; missing letters told by the compiler.
+    // Figures in the text's own digits; floats where they are; missing letters told by the compiler.
     if (needs.fHasTables) preamble += "\\sisetup{mode=text}\n";
-    preamble += "\\tracinglostchars=2\n";
+    preamble +=
+        "\\usepackage{float}\n"
+        "\\floatplacement{table}{H}\n"
+        "\\floatplacement{figure}{H}\n"
+        "\\tracinglostchars=2\n";
     preamble.append("\\title{").append(title).append("}\n\\author{").append(author).append("}\n\\date{}\n");
     return preamble + "\\begin{document}\n\\maketitle\n";
 }

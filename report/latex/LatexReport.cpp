@@ -52,7 +52,7 @@ class Writer {
     void operator()(const document::Chart&) {
         fNeeds.fHasFigures = true;
         ++fNeeds.fFloats;
-        fOut.append("\\begin{figure}").append(latex::kPlacement);
+        fOut.append("\\begin{figure}").append(latex::PlacementOn(fNeeds.fPage));
         fOut += "\n\\centering\n\\includegraphics[max width=\\linewidth,max height=0.8\\textheight]{";
         latex::AppendPath(fOut, fSettings.fChartFolder);
         fOut.append("/").append(fpEntry->fAnchor).append(".pdf}\n\\caption{");

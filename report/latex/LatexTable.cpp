@@ -36,15 +36,12 @@ class Writer {
     }
 
     void AppendWithoutCells() {
-        fNotes.BeginPart();
-        fOut.append("\\begin{table}").append(kPlacement).append("\n\\centering\n");
+        fOut.append("\\begin{table}").append(PlacementOn(fNeeds.fPage)).append("\n\\centering\n");
+        fOut += "\\begin{threeparttable}\n";
         AppendCaption();
         fOut.append(items::kNoCells).append("\n");
-        const std::string items = fNotes.MakeItems(true);
-        if (!items.empty()) {
-            fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\n").append(items).append("\\end{tablenotes}\n");
-        }
-        fOut += "\\end{table}\n";
+        AppendNotes(fNotes.MakeItems(true));
+        fOut += "\\end{threeparttable}\n\\end{table}\n";
         fNotes.AppendLongTexts(fOut);
     }
 
@@ -64,15 +61,18 @@ class Writer {
         fOut += '\n';
     }
 
+    void AppendNotes(const std::string& items) {
+        if (items.empty()) return;
+        fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\n").append(items).append("\\end{tablenotes}\n");
+    }
+
     void AppendFloat() {
         const Setting& setting = fPlan.GetSetting();
         const std::string_view environment = setting.fIsSideways ? "sidewaystable" : "table";
         fNeeds.fHasSidewaysTables = fNeeds.fHasSidewaysTables || setting.fIsSideways;
         ++fNeeds.fFloats;
-        fOut.append("\\begin{")
-            .append(environment)
-            .append(setting.fIsSideways ? "}[p]\n" : "}\n")
-            .append("\\centering\n");
+        fOut.append("\\begin{").append(environment).append("}");
+        fOut.append(setting.fIsSideways ? "[p]" : PlacementOn(fNeeds.fPage)).append("\n\\centering\n");
         if (!IsFirst()) fOut += "\\addtocounter{table}{-1}\n";
         fOut += "\\begin{threeparttable}\n";
         AppendCaption();
@@ -84,10 +84,7 @@ class Writer {
         fOut.append(lines.MakeColumns(isStretched)).append("}\n").append(lines.MakeHead());
         lines.AppendBody(fOut);
         fOut.append("\\bottomrule\n\\end{tabular").append(isStretched ? "*}\n" : "}\n");
-        const std::string items = fNotes.MakeItems(IsLast());
-        if (!items.empty()) {
-            fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\n").append(items).append("\\end{tablenotes}\n");
-        }
+        AppendNotes(fNotes.MakeItems(IsLast()));
         fOut.append("\\end{threeparttable}\n\\end{").append(environment).append("}\n");
     }
 

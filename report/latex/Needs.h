@@ -13,8 +13,8 @@ enum class Page : unsigned char {
     Other  ///< of one that takes it in
 };
 
-/// Where floats stand: here if they fit.
-inline constexpr std::string_view kPlacement = "[!htbp]";
+/// Where floats stand: here if they fit. A document of its own says once that they stand here.
+constexpr std::string_view PlacementOn(Page page) { return page == Page::Own ? "" : "[!htp]"; }
 
 /// What the markup of a document needs, gathered while it is written, and the page that it is written for.
 struct Needs {
