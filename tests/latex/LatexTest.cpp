@@ -128,13 +128,13 @@ caption A_caption
 note A_note
 rows 1 Term : plain g::c*one g::d
 columns 1 -name S : Est ci::Low*two ci::High Kind
-cells plain,Est=-1.25*one,*three plain,ci::Low=. g::c,Est=12 g::d,ci::Low=3 g::d,ci::High=4 g::d,Kind=word)");
+cells plain,Est=-1.25*one*three plain,ci::Low=. g::c,Est=12 g::d,ci::Low=3 g::d,ci::High=4 g::d,Kind=word)");
     EXPECT_EQ(Between(table, "\\begin{threeparttable}", "\\end{table}"), R"(\begin{threeparttable}
 \caption{A \& B}\label{tab:T-1}
 \sisetup{group-digits=none}
 \begin{tabular*}{0.6\linewidth}{@{\extracolsep{\fill}}llS[table-format=-2.2,table-align-text-after=false,table-space-text-post={\tnote{b,c}}]S[table-format=1]S[table-format=1]l@{}}
 \toprule
- & &  & \multicolumn{2}{c}{ci} &  \\
+& &  & \multicolumn{2}{c}{ci} &  \\
 \cmidrule(lr){4-5}
 \multicolumn{2}{@{}l}{Term} & {Est} & {Low\tnote{a}} & {High} & Kind \\
 \midrule
@@ -150,7 +150,7 @@ g & c\tnote{b} & 12 &  &  &  \\
 \item[] A note
 \item[a] two
 \item[b] one
-\item[c] ,
+\item[c] three
 \end{tablenotes}
 \end{threeparttable}
 )");
@@ -195,13 +195,9 @@ TEST(LatexTable, FitsThePage) {
 }
 
 TEST(LatexTable, WrapsLabelsToTheLine) {
-    const std::string word(50, 'x');
-    const std::string label = test::Repeated("word ", 40);
-    for (const std::string& text : {word, label}) {
-        const std::string table =
-            WriteTable("title T\nrows 1 R : @ b\ncolumns 1 -name C : x y\ncells 1 2 3 4", Page::Own, text);
-        EXPECT_EQ(Count(table, "p{"), 1U) << text;
-    }
+    const std::string table = WriteTable("title T\nrows 1 R : @ b\ncolumns 1 -name C : x y\ncells 1 2 3 4", Page::Own,
+                                         test::Repeated("word ", 40));
+    EXPECT_EQ(Count(table, "\\arraybackslash}p{"), 1U);
     EXPECT_GE(Count(WriteTable("title T\nrows 1 R : @\ncells 1", Page::Own, std::string(80, 'x')), "\\allowbreak{}"),
               6U);
 }
@@ -242,7 +238,7 @@ TEST(LatexReport, WritesItemsOfEachKind) {
                "%   \\usepackage{placeins}\n" +
                graphics +
                "% and with pdflatex:\n%   \\usepackage[LGR,T1]{fontenc}\n%   \\usepackage{textalpha}\n"
-               "\n\\FloatBarrier\n\\section[{Means {[}1]}]{\\raggedright Means {[}1]}\\label{sec:Heading-1}\n"
+               "\n\\FloatBarrier\n\\section[{Means {[}1]}]{\\raggedright Means {[}1]}\\label{sec:Means-1-1}\n"
                "\n\\begin{table}[!htp]\n\\centering\n\\begin{threeparttable}\n\\caption{No "
                "cells}\\label{tab:Nocells-1}\n"
                "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\n\\item[] A note\n"
