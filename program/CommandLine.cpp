@@ -114,6 +114,8 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
         "number above 0 and up to 20",
         "Pixels of a png, or of a picture in an xlsx, to a pixel of\nthe page: 2 by default, above 0 and up to 20");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
+    app.add_flag("--standalone", output.fIsStandalone,
+                 "LaTeX that compiles by itself, with lualatex; else it is\na fragment for \\input");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
     app.add_option("--title", output.fTitle, "The report's title, in the place of \"Generalized Linear Mixed\nModels\"")
         ->option_text("TEXT");
@@ -127,10 +129,10 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
     AddFormat(app, output,
-              "html, text, json, markdown, docx, xlsx, or one that puts files\n"
-              "into the folder FILE: svg or png each chart, csv each table; by\n"
-              "default FILE's ending tells, else text goes to a terminal\n"
-              "and html elsewhere");
+              "html, text, json, markdown, latex, docx, xlsx, or one that\n"
+              "puts files into the folder FILE: svg or png each chart, csv\n"
+              "each table; by default FILE's ending tells, else text goes\n"
+              "to a terminal and html elsewhere");
     app.add_flag_callback(
         "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
     AddAppearance(app, output);

@@ -25,11 +25,15 @@ struct ChartFiles {
 };
 
 std::variant<ChartFiles, RenderError> FindChartFiles(Format format, const RenderSettings& settings) {
-    if (format != Format::Png) {
+    if (format != Format::Png && format != Format::Latex) {
         return ChartFiles{"svg", [](std::string svg) { return std::optional(std::move(svg)); }};
     }
     auto found = LoadModule<charts::Raster>(kRasterModule, format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);
+    if (format == Format::Latex) {
+        return ChartFiles{
+            "pdf", [raster = std::get<charts::Raster>(found)](const std::string& svg) { return raster.MakePdf(svg); }};
+    }
     return ChartFiles{"png", [raster = std::get<charts::Raster>(found),
                               scale = settings.fScale](const std::string& svg) { return raster.MakePng(svg, scale); }};
 }
@@ -70,7 +74,7 @@ std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Docu
 std::optional<RenderError> FindMissing(Format format, const RenderSettings& settings) {
     if (format == Format::Xlsx) return FindMissingOfWorkbook(settings);
     if (format == Format::Docx) return FindMissingOfDocx(settings);
-    if (format != Format::Png) return {};
+    if (format != Format::Png && format != Format::Latex) return {};
     auto found = FindChartFiles(format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);
     return {};

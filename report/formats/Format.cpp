@@ -13,7 +13,7 @@ constexpr FormatName kNames[] = {
     {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
     {"png", Format::Png, Extent::Folder}, {"markdown", Format::Markdown, Extent::FileAndCharts},
     {"docx", Format::Docx, Extent::File}, {"csv", Format::Csv, Extent::Folder},
-    {"xlsx", Format::Xlsx, Extent::File},
+    {"xlsx", Format::Xlsx, Extent::File}, {"latex", Format::Latex, Extent::FileAndCharts},
 };
 
 struct Ending {
@@ -23,7 +23,7 @@ struct Ending {
 
 constexpr Ending kEndings[] = {{".html", Format::Html}, {".htm", Format::Html},  {".txt", Format::Text},
                                {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown},
-                               {".xlsx", Format::Xlsx}, {".docx", Format::Docx}};
+                               {".xlsx", Format::Xlsx}, {".docx", Format::Docx}, {".tex", Format::Latex}};
 
 template <typename List>
 std::optional<Format> Find(const List& list, std::string_view name) {

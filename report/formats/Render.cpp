@@ -11,6 +11,7 @@
 #include "report/items/Entries.h"
 #include "report/items/Selection.h"
 #include "report/json/JsonDocument.h"
+#include "report/latex/LatexReport.h"
 #include "report/markdown/MarkdownReport.h"
 #include "report/style/Style.h"
 
@@ -82,6 +83,9 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return RenderPicture(document, format, settings);
         case Format::Markdown:
             return MakeMarkdownReport(document, {settings.fHtml.fTitle, settings.fHtml.fAuthor, settings.fChartFolder});
+        case Format::Latex:
+            return MakeLatexReport(document, {settings.fHtml.fTitle, settings.fHtml.fAuthor, settings.fChartFolder,
+                                              settings.fIsStandalone});
         case Format::Csv:
             return RenderCsv(document);
         case Format::Xlsx:

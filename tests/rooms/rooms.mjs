@@ -63,10 +63,12 @@ const knows = {
   "report/index": report("items", "markup", "html"),
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
+  "report/latex": report("items", "layout", "charts/layout"),
   "report/archive": [],
   "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
   "report/formats": report(
-    "items", "style", "text", "json", "html", "csv", "markdown", "xlsx", "archive", "docx", "charts", "charts/raster",
+    "items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx", "charts",
+    "charts/raster",
   ),
   "report/xlsx": report("items", "layout", "text", "charts"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
