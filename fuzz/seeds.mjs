@@ -1,7 +1,7 @@
 // Writes what the fuzzer begins with, from the project's examples: node seeds.mjs FOLDER
 // FOLDER/seeds/TARGET holds inputs, FOLDER/TARGET.dict words that are worth trying.
 
-import { mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
+import { existsSync, mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
 import { fileURLToPath } from "node:url";
 
@@ -49,9 +49,9 @@ function withOneTable(statXml, index) {
   const kept = index % Math.max(tables.length, 1);
   return tables.reduce((text, table, at) => (at === kept ? text : text.replace(table, "")), statXml);
 }
-const examples = readdirSync(join(root, "examples"), { withFileTypes: true })
-  .filter((entry) => entry.isDirectory())
-  .map(({ name }) => [name, ...["model.pmml", "model.statxml"].map((file) => withoutIndent(read("examples", name, file)))]);
+const examples = readdirSync(join(root, "examples"))
+  .filter((name) => existsSync(join(root, "examples", name, "model.pmml")))
+  .map((name) => [name, ...["model.pmml", "model.statxml"].map((file) => withoutIndent(read("examples", name, file)))]);
 const smallExamples = ["wine", "cbpp", "sleepstudy", "orthodont", "bacteria", "warpbreaks-groups"];
 writeTarget(
   "documents",

@@ -108,6 +108,8 @@ constexpr Key kKeys[] = {
     {"author", [](hf_settings& all, const std::string& value) { return Take(all.fRender.fHtml.fAuthor, value); }},
     {"static",
      [](hf_settings& all, const std::string& value) { return Choose(all.fRender.fHtml.fScripts, kStatic, value); }},
+    {"standalone",
+     [](hf_settings& all, const std::string& value) { return Choose(all.fRender.fIsStandalone, kTruths, value); }},
     {"charts", [](hf_settings& all,
                   const std::string& value) { return Choose(all.fRender.fText.fHasChartValues, kTruths, value); }},
     {"color",

@@ -24,6 +24,7 @@ struct OutputOptions {
     std::optional<report::style::StyleName> fStyle;
     std::optional<int> fDigits;
     bool fIsStatic = false;        ///< HTML without the script
+    bool fIsStandalone = false;    ///< LaTeX that compiles by itself
     bool fHasChartValues = false;  ///< text with the values behind its charts
     bool fHasPager = true;         ///< on a terminal, for text that is longer than the screen
     double fScale = 2;             ///< pixels of a PNG to a pixel of its picture, above 0 and at most 20

@@ -16,11 +16,6 @@ namespace {
 
 using report::items::Entry;
 
-const char* KindOf(const document::Item& item) {
-    static constexpr const char* kKinds[] = {"heading", "table", "chart", "message"};
-    return kKinds[item.fContent.index()];
-}
-
 /// A title on one line.
 std::string MakeTitle(const Entry& entry) {
     std::string title(report::items::TitleOf(*entry.fpItem));
@@ -32,7 +27,10 @@ std::string MakeText(const std::vector<Entry>& entries) {
     std::string text;
     for (const Entry& entry : entries) {
         text.append(static_cast<std::size_t>(entry.fDepth) * 2, ' ').append(entry.fAnchor).append("  ");
-        text.append(KindOf(*entry.fpItem)).append("  ").append(report::MakeVisible(MakeTitle(entry))).append("\n");
+        text.append(report::items::KindOf(*entry.fpItem))
+            .append("  ")
+            .append(report::MakeVisible(MakeTitle(entry)))
+            .append("\n");
     }
     return text;
 }
@@ -48,7 +46,7 @@ std::string MakeJson(const std::vector<Entry>& entries) {
         out.Key("name");
         out.String(entry.fAnchor);
         out.Key("kind");
-        out.String(KindOf(*entry.fpItem));
+        out.String(report::items::KindOf(*entry.fpItem));
         out.Key("title");
         out.String(report::items::TitleOf(*entry.fpItem));
         out.Key("heading");

@@ -12,6 +12,7 @@ report::RenderSettings MakeRenderSettings(const OutputOptions& output, bool isTe
             ChooseTextOptions(output, isTerminal),
             output.fScale,
             {},
+            output.fIsStandalone,
             session::FindPaths().fModuleFolder};
 }
 

@@ -10,6 +10,7 @@
 #include "report/docx/Styles.h"
 #include "report/docx/Words.h"
 #include "report/docx/table/DocxTable.h"
+#include "report/items/Words.h"
 
 namespace hierfit::report::docx {
 
@@ -115,7 +116,7 @@ void Body::AppendDrawing(DrawnPicture picture, Page page, std::string_view sente
 void Body::WriteMessage(Page page, int level, std::string_view text) {
     Turn(page);
     AppendParagraphStart(fOut, styles::kMessage);
-    AppendRuns(fOut, std::string(words::LevelOf(level)) + ": ", kBold);
+    AppendRuns(fOut, std::string(items::WordOfLevel(level)) + ": ", kBold);
     AppendRuns(fOut, text);
     fOut += kParagraphEnd;
 }

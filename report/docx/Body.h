@@ -5,7 +5,8 @@
 #include <vector>
 
 #include "host/document/Document.h"
-#include "report/docx/DocxFile.h"
+#include "report/archive/Archive.h"
+#include "report/docx/DocxSettings.h"
 #include "report/docx/Page.h"
 #include "report/docx/Picture.h"
 #include "report/items/Entries.h"

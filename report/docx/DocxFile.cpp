@@ -8,6 +8,7 @@
 #include "report/docx/Runs.h"
 #include "report/docx/Styles.h"
 #include "report/items/Entries.h"
+#include "report/items/Words.h"
 #include "report/markup/Escape.h"
 #include "report/markup/LanguageTag.h"
 

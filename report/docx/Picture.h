@@ -5,7 +5,8 @@
 #include <string_view>
 
 #include "host/document/Chart.h"
-#include "report/docx/DocxFile.h"
+#include "report/archive/Archive.h"
+#include "report/docx/DocxSettings.h"
 #include "report/docx/Page.h"
 
 namespace hierfit::report::docx {

@@ -2,20 +2,26 @@
 
 #include <utility>
 
+#include "report/charts/Pictures.h"
+#include "report/csv/Csv.h"
 #include "report/formats/Docx.h"
 #include "report/formats/Files.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/html/HtmlReport.h"
+#include "report/items/Entries.h"
 #include "report/items/Selection.h"
 #include "report/json/JsonDocument.h"
+#include "report/latex/LatexReport.h"
+#include "report/markdown/MarkdownReport.h"
 #include "report/style/Style.h"
 
 namespace hierfit::report {
 
 namespace {
 
-/// Of a format of many files, the one that there must be.
-std::variant<std::string, RenderError> RenderOnly(const document::Document& document, Format format,
-                                                  const RenderSettings& settings) {
+/// Of a format of pictures, the one that there must be.
+std::variant<std::string, RenderError> RenderPicture(const document::Document& document, Format format,
+                                                     const RenderSettings& settings) {
     const auto listed = ListFiles(document, format, settings);
     if (const auto* error = std::get_if<RenderError>(&listed)) return *error;
     const auto& files = std::get<std::vector<FileMaker>>(listed);
@@ -24,20 +30,42 @@ std::variant<std::string, RenderError> RenderOnly(const document::Document& docu
                                                std::to_string(files.size()) + " are chosen"};
 }
 
+std::variant<std::string, RenderError> RenderCsv(const document::Document& document) {
+    std::vector<const document::Table*> tables;
+    for (const items::Entry& entry : items::ListEntries(document)) {
+        if (const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent)) tables.push_back(table);
+    }
+    if (tables.size() == 1) return MakeCsvTable(*tables.front());
+    return RenderError{RenderFault::Usage, "csv holds one table, and " + std::to_string(tables.size()) + " are chosen"};
+}
+
+/// Why a format does not take what is chosen; nothing where it does.
+std::optional<RenderError> CheckChoice(const document::Document& document, Format format,
+                                       const RenderSettings& settings) {
+    if (format == Format::Json && !settings.fvOnly.empty()) {
+        return RenderError{RenderFault::Usage, "json holds the whole document or none of it"};
+    }
+    if (format == Format::Json && settings.fStyle.IsOwn()) {
+        return RenderError{RenderFault::Usage, "json holds the document itself, without a style"};
+    }
+    if (format != Format::Csv || settings.fvOnly.empty()) return {};
+    for (const items::Entry& chart : ListCharts(document)) {
+        for (const std::string& name : settings.fvOnly) {
+            if (items::Bears(chart, name)) return RenderError{RenderFault::Usage, "csv holds no charts: " + name};
+        }
+    }
+    return {};
+}
+
 }  // namespace
 
 std::optional<RenderError> Prepare(document::Document& document, Format format, const RenderSettings& settings) {
-    if (format == Format::Json) {
-        if (!settings.fvOnly.empty()) {
-            return RenderError{RenderFault::Usage, "json holds the whole document or none of it"};
-        }
-        if (!settings.fStyle.IsOwn()) return {};
-        return RenderError{RenderFault::Usage, "json holds the document itself, without a style"};
-    }
+    if (auto error = CheckChoice(document, format, settings)) return error;
     if (const auto unknown = items::Select(document, settings.fvOnly)) {
         return RenderError{RenderFault::Usage, items::Describe(*unknown)};
     }
-    style::Apply(document, settings.fStyle);
+    const bool isForPrograms = format == Format::Json || format == Format::Csv;
+    if (!isForPrograms) style::Apply(document, settings.fStyle);
     return {};
 }
 
@@ -52,7 +80,16 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return RenderDocx(document, settings);
         case Format::Svg:
         case Format::Png:
-            return RenderOnly(document, format, settings);
+            return RenderPicture(document, format, settings);
+        case Format::Markdown:
+            return MakeMarkdownReport(document, {settings.fHtml.fTitle, settings.fHtml.fAuthor, settings.fChartFolder});
+        case Format::Latex:
+            return MakeLatexReport(document, {settings.fHtml.fTitle, settings.fHtml.fAuthor, settings.fChartFolder,
+                                              settings.fIsStandalone});
+        case Format::Csv:
+            return RenderCsv(document);
+        case Format::Xlsx:
+            return RenderWorkbook(document, settings);
         case Format::Html:
             break;
     }

@@ -4,6 +4,7 @@
 #include "host/unicode/Excerpt.h"
 #include "report/html/HeadElement.h"
 #include "report/html/Words.h"
+#include "report/items/Words.h"
 #include "report/markup/Escape.h"
 
 namespace hierfit::report::html {

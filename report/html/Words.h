@@ -4,6 +4,8 @@
 #include <array>
 #include <string_view>
 
+#include "report/items/Words.h"
+
 /// The page's own words, all of them; what the document holds is in its own language.
 namespace hierfit::report::html::words {
 
@@ -24,7 +26,6 @@ inline constexpr std::string_view kShowRedundant = "Show redundant coefficients"
 inline constexpr std::string_view kOnPaper = "Print them";
 inline constexpr std::string_view kSameTable = ": the same table as in ";
 inline constexpr std::string_view kShowHere = "Show it here";
-inline constexpr std::string_view kNoCells = "This table has no cells.";
 
 inline constexpr std::string_view kIsChart = " (chart)";
 inline constexpr std::string_view kValues = "Values";
@@ -42,7 +43,7 @@ struct Level {
 };
 
 inline constexpr std::array<Level, 3> kLevels{
-    {{"Information", "information"}, {"Warning", "warning"}, {"Error", "error"}}};
+    {{items::kLevels[0], "information"}, {items::kLevels[1], "warning"}, {items::kLevels[2], "error"}}};
 
 /// Levels count from 1; one outside the range is taken as the nearest.
 constexpr const Level& LevelOf(int level) {

@@ -1,6 +1,7 @@
 #include "report/items/Entries.h"
 
 #include "report/items/Anchors.h"
+#include "report/items/Words.h"
 
 namespace hierfit::report::items {
 
@@ -35,6 +36,11 @@ std::vector<Entry> ListEntries(const document::Document& document) {
     std::vector<Entry> entries;
     Lister(entries).Add(document.fItems, 0);
     return entries;
+}
+
+std::string_view KindOf(const document::Item& item) {
+    static constexpr std::string_view kKinds[] = {"heading", "table", "chart", "message"};
+    return kKinds[item.fContent.index()];
 }
 
 std::string_view TitleOf(const document::Item& item) {

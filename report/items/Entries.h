@@ -18,8 +18,8 @@ struct Entry {
 /// All items, a heading ahead of what it holds.
 std::vector<Entry> ListEntries(const document::Document& document);
 
-/// What stands in the place of a title that has no visible character.
-inline constexpr std::string_view kUntitled = "Untitled";
+/// "heading", "table", "chart" or "message".
+std::string_view KindOf(const document::Item& item);
 
 /// An item's title; of a message its text. Never empty.
 std::string_view TitleOf(const document::Item& item);

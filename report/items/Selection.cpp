@@ -6,7 +6,6 @@
 #include <unordered_set>
 
 #include "host/unicode/Excerpt.h"
-#include "report/items/Entries.h"
 
 namespace hierfit::report::items {
 
@@ -15,7 +14,7 @@ namespace {
 constexpr std::size_t kMostOfName = 200;  // characters that a message shows, and that are compared
 
 /// A name without its number.
-std::string_view KindOf(std::string_view name) { return name.substr(0, name.rfind('-')); }
+std::string_view KindOfName(std::string_view name) { return name.substr(0, name.rfind('-')); }
 
 char ToLower(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
 
@@ -41,7 +40,7 @@ UnknownName FindNearest(const std::string& name, const std::vector<Entry>& entri
     std::vector<std::pair<std::size_t, const std::string*>> all;
     for (const Entry& entry : entries) {
         const std::size_t distance =
-            std::min(DistanceBetween(word, entry.fAnchor), DistanceBetween(word, KindOf(entry.fAnchor)));
+            std::min(DistanceBetween(word, entry.fAnchor), DistanceBetween(word, KindOfName(entry.fAnchor)));
         all.emplace_back(distance, &entry.fAnchor);
     }
     std::ranges::stable_sort(all, {}, &std::pair<std::size_t, const std::string*>::first);
@@ -57,7 +56,7 @@ class Choice {
     explicit Choice(const std::vector<Entry>& entries) : fEntries(entries) {
         for (std::size_t i = 0; i < entries.size(); ++i) {
             fPlaces[entries[i].fAnchor].push_back(i);
-            fPlaces[KindOf(entries[i].fAnchor)].push_back(i);
+            fPlaces[KindOfName(entries[i].fAnchor)].push_back(i);
         }
     }
 
@@ -112,6 +111,10 @@ std::vector<std::string> SplitNames(std::string_view list) {
         if (!name.empty()) names.emplace_back(name);
     }
     return names;
+}
+
+bool Bears(const Entry& entry, std::string_view name) {
+    return name == entry.fAnchor || name == KindOfName(entry.fAnchor);
 }
 
 std::optional<UnknownName> Select(document::Document& document, const std::vector<std::string>& names) {

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "host/document/Document.h"
+#include "report/items/Entries.h"
 
 namespace hierfit::report::items {
 
@@ -20,6 +21,9 @@ struct UnknownName {
 
 /// Names between commas; blanks around them do not count, and neither do empty ones.
 std::vector<std::string> SplitNames(std::string_view list);
+
+/// Whether a name is the item's, or that of its kind.
+bool Bears(const Entry& entry, std::string_view name);
 
 /// Leaves a document the chosen items alone, in their order and under their names; a heading stays while something
 /// under it does. A name is an item's, or what stands before its last hyphen and number for all of that kind; that of a

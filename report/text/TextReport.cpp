@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "report/items/Words.h"
 #include "report/text/ChartText.h"
 #include "report/text/Sink.h"
 #include "report/text/TableText.h"
@@ -16,16 +17,12 @@ namespace {
 constexpr std::string_view kDoubleRule = "\xE2\x95\x90";
 constexpr std::string_view kHeavyRule = "\xE2\x94\x81";
 
-struct Level {
-    Role fRole;
-    std::string_view fWord;
-};
-
-Level FindLevel(int level) {
-    constexpr Level kLevels[] = {
-        {Role::Information, "Information: "}, {Role::Warning, "Warning: "}, {Role::Error, "Error: "}};
-    return kLevels[std::clamp(level, 1, 3) - 1];
+Role RoleOf(int level) {
+    constexpr Role kRoles[] = {Role::Information, Role::Warning, Role::Error};
+    return kRoles[std::clamp(level, 1, 3) - 1];
 }
+
+std::string LeadOf(int level) { return std::string(items::WordOfLevel(level)) + ": "; }
 
 /// Writes the items of a document one after the other.
 class Writer {
@@ -61,8 +58,7 @@ class Writer {
     void WriteItem(const document::Chart& chart) { WriteChart(chart, fWidth, fHasChartValues, fSink); }
 
     void WriteItem(const document::Message& message) {
-        const Level level = FindLevel(message.fLevel);
-        fSink.WriteParagraph(level.fRole, level.fWord, MakeVisible(message.fText.fWords), fWidth);
+        fSink.WriteParagraph(RoleOf(message.fLevel), LeadOf(message.fLevel), MakeVisible(message.fText.fWords), fWidth);
     }
 
     void WriteTitle(std::string_view words, std::string_view rule) {
@@ -78,9 +74,8 @@ class Writer {
         fSink.PartItems();
         WriteTitle("Diagnostics", kHeavyRule);
         for (const document::Diagnostic& diagnostic : fDocument.fvDiagnostics) {
-            const Level level = FindLevel(diagnostic.fLevel);
             const std::string text = MakeVisible(diagnostic.fText) + DescribePlace(diagnostic);
-            fSink.WriteParagraph(level.fRole, level.fWord, text, fWidth);
+            fSink.WriteParagraph(RoleOf(diagnostic.fLevel), LeadOf(diagnostic.fLevel), text, fWidth);
         }
     }
 

@@ -37,11 +37,6 @@ class Characters {
     unicode::Character fCharacter{0, 0, true};
 };
 
-// Characters that turn the direction of what stands about them, or part lines.
-bool TurnsOrParts(char32_t c) {
-    return c == 0x061C || c == 0x200E || c == 0x200F || (c >= 0x2028 && c <= 0x202E) || (c >= 0x2066 && c <= 0x2069);
-}
-
 // Control pictures stand 0x2400 above the control characters.
 std::string ShowControl(char32_t c) {
     if (c == 0x7F) return "\xE2\x90\xA1";
@@ -53,7 +48,7 @@ void AddVisible(std::string& visible, const Characters& characters) {
     const char32_t c = characters.Get();
     if (c != '\n' && unicode::IsControl(c)) {
         visible += ShowControl(c);
-    } else if (TurnsOrParts(c)) {
+    } else if (unicode::TurnsOrParts(c)) {
         visible += fmt::format("\\u{{{:04X}}}", static_cast<unsigned>(c));
     } else {
         unicode::Append(visible, c);

@@ -24,6 +24,11 @@ const pictures = {
   oats: ["GLMMFixedCoefficients-2", "GLMMCustomEffects-4", "GLMMSimpleContrasts-1"],
 };
 
+// Texts for papers: of these examples, and of one of them in every style.
+const papers = ["oats", "cbpp", "wine", "sleepstudy"];
+const styled = "sleepstudy";
+const paperFormats = { markdown: "md" };
+
 function run(args, input) {
   return execFileSync(program, args, { input, encoding: "utf8", maxBuffer: 1 << 28, stdio: ["pipe", "pipe", "ignore"] });
 }
@@ -58,7 +63,7 @@ function judgePictures(name, example, saved) {
   for (const picture of pictures[name]) judge(`${name}-${picture}.svg`, readFileSync(join(work, `${picture}.svg`), "utf8"));
 }
 
-for (const name of readdirSync(examples, { withFileTypes: true }).filter((e) => e.isDirectory()).map((e) => e.name)) {
+for (const name of readdirSync(examples).filter((entry) => existsSync(join(examples, entry, "model.pmml")))) {
   if (chosen.length > 0 && !chosen.includes(name)) continue;
   const saved = run(["report", "-f", "json", join(examples, name)]);
   for (const [format, ending] of Object.entries(endings)) {
@@ -68,6 +73,16 @@ for (const name of readdirSync(examples, { withFileTypes: true }).filter((e) => 
     judge(`${name}.${ending}`, format === "html" ? withoutAssets(whole) : whole);
   }
   judgePictures(name, join(examples, name), saved);
+}
+for (const name of papers.filter((one) => chosen.length === 0 || chosen.includes(one))) {
+  const example = join(examples, name);
+  for (const [format, ending] of Object.entries(paperFormats)) {
+    judge(`${name}.${ending}`, run(["report", "-f", format, example]));
+    if (name !== styled) continue;
+    for (const style of ["apa", "ama"]) judge(`${name}-${style}.${ending}`, run(["report", "-f", format, "--style", style, example]));
+  }
+  run(["report", "-f", "csv", "-o", join(work, name), example]);
+  for (const file of readdirSync(join(work, name))) judge(`${name}-${file}`, readFileSync(join(work, name, file), "utf8"));
 }
 rmSync(work, { recursive: true });
 

@@ -24,7 +24,7 @@ namespace {
 std::vector<std::string> ListExamples() {
     std::vector<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(HIERFIT_EXAMPLES)) {
-        if (entry.is_directory()) names.push_back(entry.path().filename().string());
+        if (exists(entry.path() / "model.pmml")) names.push_back(entry.path().filename().string());
     }
     std::sort(names.begin(), names.end());
     return names;

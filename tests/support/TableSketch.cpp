@@ -1,6 +1,7 @@
 #include "tests/support/TableSketch.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <map>
 #include <string>
 
@@ -105,7 +106,10 @@ class Sketcher {
         ReadNoted(token.substr(equals + 1), cell.fContent, notes);
         cell.fvNotes = std::move(notes);
         const bool isNumber = cell.fContent.fWords.find_first_of("0123456789.-<") == 0;
-        if (isNumber) cell.fContent.fFrom = document::NumberSource{0, {document::FormatName::Coefficient}};
+        if (isNumber) {
+            const double number = std::strtod(cell.fContent.fWords.c_str(), nullptr);
+            cell.fContent.fFrom = document::NumberSource{number, {document::FormatName::Coefficient}};
+        }
         fTable.fvCells.push_back(std::move(cell));
     }
 

@@ -5,6 +5,7 @@
 #include "report/docx/Styles.h"
 #include "report/docx/Words.h"
 #include "report/docx/table/TableRows.h"
+#include "report/items/Words.h"
 
 namespace hierfit::report::docx {
 
@@ -21,7 +22,7 @@ DocxTable::DocxTable(const document::Table& table) : fGrid(MakeGrid(table)), fPl
 void DocxTable::Append(std::string& out, std::string_view title, int number) const {
     AppendCaption(out, words::kTable, number, title,
                   fPlan.Parts().size() > 1 ? Keep::WithNextAndNamed : Keep::WithNext);
-    if (fGrid.fRows == 0) AppendParagraph(out, styles::kNote, words::kNoCells);
+    if (fGrid.fRows == 0) AppendParagraph(out, styles::kNote, items::kNoCells);
     AppendParts(out, number);
     AppendBelow(out);
 }

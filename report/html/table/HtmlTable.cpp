@@ -3,6 +3,7 @@
 #include "report/html/Words.h"
 #include "report/html/table/TableBody.h"
 #include "report/html/table/TableHead.h"
+#include "report/items/Words.h"
 #include "report/markup/Escape.h"
 
 namespace hierfit::report::html {
@@ -104,7 +105,7 @@ void AppendWithoutCells(std::string& out, std::string_view title) {
     out += "<p class=\"title\">";
     AppendText(out, title);
     out += "</p>\n<p>";
-    out += words::kNoCells;
+    out += items::kNoCells;
     out += "</p>\n";
 }
 

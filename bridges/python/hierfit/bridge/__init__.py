@@ -1,0 +1,1 @@
+"""From a fitted model to the two documents."""

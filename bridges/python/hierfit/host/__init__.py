@@ -1,0 +1,1 @@
+"""The program's library from Python: runs, their tables and charts, and many of them at once."""

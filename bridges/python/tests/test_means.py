@@ -1,0 +1,209 @@
+"""Estimated means and contrasts are linear functions of the coefficients, as the fit's own t_test has them."""
+
+import numpy as np
+import pandas as pd
+import pytest
+import statsmodels.api as sm
+import statsmodels.formula.api as smf
+from statsmodels.miscmodels.ordinal_model import OrderedModel
+
+import hierfit
+from conftest import INTERVAL, same
+from hierfit.bridge.adjust import adjust_p, step_levels
+
+
+def test_means_within_the_other_factor_are_linear_functions(data, chain):
+    fit = smf.ols("y ~ g * h + x", data).fit()
+    tables = chain(fit, means=["g | h", "g"], contrasts=["pairwise", "deviation"])
+    names = ["Intercept", "g[T.b]", "g[T.c]", "h[T.v]", "g[T.b]:h[T.v]", "g[T.c]:h[T.v]", "x"]
+    rows = np.array(
+        [
+            [1, g == "b", g == "c", h == "v", (g == "b") * (h == "v"), (g == "c") * (h == "v"), data.x.mean()]
+            for h in "uv"
+            for g in "abc"
+        ],
+        dtype=float,
+    )
+    assert list(fit.params.index) == names
+    expected = fit.t_test(rows)
+    table = tables["Estimates-1"]
+    assert list(table.index) == [(h, g) for h in "uv" for g in "abc"]
+    same(table["Mean"], expected.effect)
+    same(table["Std. Error"], expected.sd)
+    same(table[INTERVAL], expected.conf_int())
+    pairs = np.array([rows[3 * k + i] - rows[3 * k + j] for k in range(2) for i, j in ((0, 1), (0, 2), (1, 2))])
+    expected, table = fit.t_test(pairs), tables["Contrasts-1"]
+    assert [label[-1] for label in table.index] == ["a - b", "a - c", "b - c"] * 2
+    same(table["Contrast Estimate"], expected.effect)
+    same(table["Adj. Sig."], expected.pvalue)
+    same(table["df"], np.full(6, fit.df_resid))
+    same(table[INTERVAL], expected.conf_int())
+    same(tables["OverallTestResults-1"]["F"], [fit.f_test(pairs[3 * k : 3 * k + 2]).fvalue for k in range(2)])
+    averaged = (rows[:3] + rows[3:]) / 2
+    same(tables["Estimates-2"]["Mean"], fit.t_test(averaged).effect)
+    same(tables["Contrasts-2"]["Contrast Estimate"], fit.t_test(averaged - averaged.mean(axis=0)).effect)
+    same(tables["GrandMeans-1"]["Mean"], fit.t_test(averaged.mean(axis=0)).effect)
+
+
+@pytest.mark.parametrize("link", ["log", "inverse_power"])
+def test_means_stand_on_the_scale_of_the_target(link, data, chain):
+    family = sm.families.Gamma(getattr(sm.families.links, link)())
+    fit = smf.glm("size ~ g", data, family=family).fit()
+    tables = chain(fit, means="g", contrasts="simple", reference="a")
+    frame = fit.get_prediction({"g": list("abc")}).summary_frame()
+    table = tables["Estimates-1"]
+    same(table["Mean"], frame["mean"])
+    same(table["Std. Error"], frame["mean_se"])
+    same(np.sort(table[INTERVAL]), np.sort(frame[["mean_ci_lower", "mean_ci_upper"]]))
+    same(
+        tables["Contrasts-1"]["Contrast Estimate"],
+        [frame["mean"][1] - frame["mean"][0], frame["mean"][2] - frame["mean"][0]],
+    )
+    # The error of a difference of means by the delta method.
+    gradient = (
+        np.array([[1, 0, 0], [1, 1, 0], [1, 0, 1]])
+        * family.link.inverse_deriv(family.link(frame["mean"].to_numpy()))[:, None]
+    )
+    difference = gradient[1] - gradient[0]
+    same(tables["Contrasts-1"]["Std. Error"].iloc[0], np.sqrt(difference @ fit.cov_params().to_numpy() @ difference))
+
+
+def test_offsets_stand_at_their_mean(data, chain):
+    exposure = data.n
+    fit = smf.glm("count ~ g", data, family=sm.families.Poisson(), exposure=exposure).fit()
+    with pytest.warns(UserWarning, match="an offset"):
+        hierfit.run(fit)
+    expected = np.exp(
+        np.log(exposure).mean() + fit.params["Intercept"] + np.array([0, fit.params["g[T.b]"], fit.params["g[T.c]"]])
+    )
+    same(chain(fit, means="g")["Estimates-1"]["Mean"], expected)
+    other = smf.poisson("count ~ g", data, exposure=exposure).fit(disp=0, tol=1e-12)
+    same(chain(other, means="g")["Estimates-1"]["Mean"], expected, 1e-6)
+
+
+def test_a_continuous_predictor_stands_where_it_is_put(data, chain):
+    fit = smf.ols("y ~ np.log(n) * g + x + I(x ** 2)", data).fit()
+    tables = chain(
+        fit, means=["g", "n", ("g", "x")], at={"x": [1, 3], "n": [6, 12]}, contrasts=["none", "pairwise", "none"]
+    )
+
+    def predict(**values):
+        return fit.get_prediction(pd.DataFrame(values)).predicted_mean
+
+    n = tables["Estimates-2"]
+    expected = [np.mean([predict(n=[value], g=[g], x=[x]) for g in "abc" for x in (1, 3)]) for value in (6, 12)]
+    same(n["Mean"], expected)
+    same(tables["Contrasts-1"]["Contrast Estimate"], expected[0] - expected[1])
+    both = tables["Estimates-3"]
+    assert [list(map(float, label[1:])) for label in both.index[:2]] == [[1], [3]]
+    same(both["Mean"].iloc[1], np.mean([predict(n=[value], g=["a"], x=[3]) for value in (6, 12)]))
+    held = chain(fit, means=["g"], at={"x": 1})["Estimates-1"]
+    same(held["Mean"], predict(n=[data.n.mean()] * 3, g=list("abc"), x=[1] * 3))
+
+
+def test_mixed_models_have_means_of_their_fixed_part(data, chain):
+    fit = smf.mixedlm("y ~ g * x", data, groups="s").fit()
+    x = data.x.mean()
+    rows = pd.DataFrame(0.0, index=list("abc"), columns=fit.fe_params.index)
+    rows["Intercept"], rows["x"] = 1, x
+    for level in "bc":
+        rows.loc[level, f"g[T.{level}]"] = 1
+        rows.loc[level, next(name for name in rows if "x" in name and f"g[T.{level}]" in name)] = x
+    expected = fit.t_test(rows.to_numpy())
+    table = chain(fit, means="g", contrasts="pairwise")["Estimates-1"]
+    same(table["Mean"], expected.effect)
+    same(table["Std. Error"], expected.sd)
+
+
+def probability_gradient(predict, params):
+    """By differences of the fitter's own prediction."""
+    steps = np.eye(params.size) * 1e-6
+    shape = params.shape
+    flat = params.T.ravel()
+
+    def at(values):
+        return np.asarray(predict(values.reshape(shape[::-1]).T if params.ndim == 2 else values))
+
+    return np.array([(at(flat + step) - at(flat - step)) / 2e-6 for step in steps])
+
+
+def test_probabilities_are_the_means_of_categories(data, chain):
+    ordered = OrderedModel.from_formula("rank ~ g + h", data, distr="logit").fit(disp=0, method="bfgs")
+    nominal = smf.mnlogit("kind ~ g + h", data).fit(disp=0)
+    for fit, target, leading in ((ordered, "rank", []), (nominal, "kind", [1.0])):
+        exog = np.array([[*leading, g == "b", g == "c", h == "v"] for g in "abc" for h in "uv"], dtype=float)
+
+        def averaged(params):
+            return fit.model.predict(params, exog=exog).reshape(3, 2, -1).mean(axis=1)
+
+        params = np.asarray(fit.params)
+        no_mean = ('in table "Grand Mean" is missing',) * 4
+        tables = chain(fit, no_mean, means=[f"g | {target}", ("g", target)], contrasts=["pairwise", "none"])
+        expected = averaged(params)
+        same(tables["Estimates-1"]["Mean"], expected.T)
+        same(tables["Estimates-2"]["Mean"], expected)
+        gradient = probability_gradient(averaged, params)
+        covariance = np.asarray(fit.cov_params())
+        errors = np.sqrt(np.einsum("pgk,pq,qgk->gk", gradient, covariance, gradient))
+        same(tables["Estimates-2"]["Std. Error"], errors, 1e-6)
+        difference = gradient[:, 0, 0] - gradient[:, 1, 0]
+        first = tables["Contrasts-1"].iloc[0]
+        same(first["Contrast Estimate"].iloc[0], expected[0, 0] - expected[1, 0])
+        same(first["Std. Error"].iloc[0], np.sqrt(difference @ covariance @ difference), 1e-6)
+        assert tables["GrandMeans-1"].isna().all().all()
+        for means, words in (("g", f"such as 'g | {target}'"), (f"{target} | g", "its own categories")):
+            with pytest.raises(ValueError, match=words.replace("|", r"\|")):
+                hierfit.run(fit, means=means, contrasts="pairwise")
+
+
+def test_sequential_adjustments_follow_their_definition():
+    p = np.array([0.04, 0.001, 0.03, np.nan, 0.5, 0.03])
+    bonferroni = adjust_p(p, "bonferroni-sequential")
+    same(bonferroni, [0.12, 0.005, 0.12, np.nan, 0.5, 0.12])
+    sidak = adjust_p(p, "sidak-sequential")
+    same(sidak, [1 - 0.97**4, 1 - 0.999**5, 1 - 0.97**4, np.nan, 0.5, 1 - 0.97**4])
+    same(step_levels(p, "bonferroni-sequential", 0.05), 0.05 / np.array([2, 5, 4, np.nan, 1, 4]))
+    same(step_levels(p, "sidak-sequential", 0.05), 1 - 0.95 ** (1 / np.array([2, 5, 4, np.nan, 1, 4])))
+    same(adjust_p(np.array([1.0, 0.0]), "sidak-sequential"), [1, 0])
+
+
+@pytest.mark.parametrize("adjust", ["bonferroni-sequential", "sidak-sequential"])
+def test_limits_exclude_zero_where_the_adjusted_p_is_small(adjust, data, chain):
+    fit = smf.ols("y ~ C(s)", data).fit()
+    table = chain(fit, means="s", contrasts="pairwise", adjust=adjust, level=0.9)["Contrasts-1"]
+    limits = table["90% Confidence Interval"]
+    excluded = (limits["Lower"] > 0) | (limits["Upper"] < 0)
+    # Judged one by one, contrasts behind the first that is not significant may have limits that exclude zero.
+    assert excluded[table["Adj. Sig."] < 0.1].all() and 10 < excluded.sum() < 150
+
+
+def test_means_that_cannot_be_asked_are_refused_by_name(data, tmp_path):
+    fit = smf.ols("y ~ g + x + np.log(n)", data).fit()
+    wrong = [
+        (dict(means="z"), "z, which the model does not have. It has: g, x"),
+        (dict(means="x"), "at={'x': "),
+        (dict(means=3.0), "means|not iterable"),
+        (dict(means=[5]), "texts such as"),
+        (dict(means="g", contrasts="all"), "pairwise"),
+        (dict(means=["g"], contrasts=["none", "none"]), "one for each of the 1"),
+        (dict(means="g", contrasts="simple", reference="q"), "not a level of g. Levels are: a, b, c"),
+        (dict(means="g", at={"g": 1}), "g, which is no continuous predictor"),
+        (dict(at={"x": "many"}), "x has 'many'"),
+        (dict(adjust="tukey"), "sidak-sequential"),
+        (dict(level=95), "between 0 and 1"),
+        (dict(formats={"x": "%d"}), "F8.2"),
+    ]
+    for options, words in wrong:
+        with pytest.raises(
+            (ValueError, TypeError), match=words.replace("(", r"\(").replace("{", r"\{").replace("[", r"\[")
+        ):
+            hierfit.documents(fit, tmp_path, **options)
+    assert not list(tmp_path.iterdir())
+
+
+@pytest.mark.parametrize("formula", ["y ~ g + I(x * (g == 'a'))", "y ~ C(kind) + np.log(kind + x ** 2)"])
+def test_numbers_that_are_made_of_factors_have_no_means(formula, data, chain):
+    fit = smf.ols(formula, data).fit()
+    same(chain(fit)["FixedCoefficients-1"]["t"].dropna().iloc[-1], fit.tvalues.iloc[-1])
+    with pytest.raises(ValueError, match="is a number that is made of a factor"):
+        hierfit.run(fit, means=fit.model.data.design_info.term_names[1].removeprefix("C(").removesuffix(")"))

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace hierfit::report::latex {
+
+/// What texts ask of the document that takes them in.
+struct Scripts {
+    bool fHasGreek = false;
+    bool fHasHebrew = false;
+    bool fHasArabic = false;
+    bool fHasOthers = false;  ///< that pdflatex lacks
+};
+
+/// Where a text stands.
+struct TextPlace {
+    std::size_t fLongestWord;     ///< in characters; a longer one may break anywhere behind so many
+    std::string_view fLineBreak;  ///< for each line feed
+};
+
+inline constexpr TextPlace kProse{40, "\\newline{}"};
+inline constexpr TextPlace kTitle{40, " "};
+inline constexpr TextPlace kCell{12, "\\newline{}"};
+inline constexpr TextPlace kLine{static_cast<std::size_t>(-1), " "};
+
+/// Appends a text, whatever it holds: what is markup becomes the sign itself, in every font encoding; control and
+/// bidirectional characters become visible, such as "\u{202E}"; bytes that are no UTF-8 become U+FFFD. Signs of
+/// mathematics that text fonts may lack are set in that of formulas.
+void AppendText(std::string& out, std::string_view text, const TextPlace& place, Scripts& scripts);
+
+/// Appends the name of a file or folder as an argument of `\includegraphics`. Names with a backslash or with braces
+/// cannot be told to TeX.
+void AppendPath(std::string& out, std::string_view path);
+
+}  // namespace hierfit::report::latex

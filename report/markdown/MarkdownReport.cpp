@@ -1,0 +1,91 @@
+#include "report/markdown/MarkdownReport.h"
+
+#include <algorithm>
+
+#include "report/items/Entries.h"
+#include "report/items/Words.h"
+#include "report/markdown/MarkdownTable.h"
+#include "report/markdown/MarkdownText.h"
+
+namespace hierfit::report {
+
+namespace {
+
+using markdown::AppendText;
+
+constexpr int kDeepestHeading = 6;
+
+/// Writes items one after the other, with an empty line between them.
+class Writer {
+  public:
+    Writer(std::string& out, const MarkdownSettings& settings) : fOut(out), fSettings(settings) {}
+
+    void Append(const items::Entry& entry) {
+        const bool isChart = std::holds_alternative<document::Chart>(entry.fpItem->fContent);
+        if (isChart && fSettings.fChartFolder.empty()) return;
+        fOut += '\n';
+        fpEntry = &entry;
+        std::visit(*this, entry.fpItem->fContent);
+    }
+
+    void operator()(const document::Heading&) {
+        fOut.append(static_cast<std::size_t>(std::min(fpEntry->fDepth + 2, kDeepestHeading)), '#').append(" ");
+        AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
+        fOut += '\n';
+    }
+
+    void operator()(const document::Table& table) {
+        AppendTitle();
+        markdown::AppendTable(fOut, table);
+    }
+
+    void operator()(const document::Chart& chart) {
+        AppendTitle();
+        fOut += "![";
+        AppendText(fOut, chart.fPicture.fSentence);
+        fOut.append("](<").append(EscapeTarget(fSettings.fChartFolder)).append("/").append(fpEntry->fAnchor);
+        fOut += ".svg>)\n";
+    }
+
+    void operator()(const document::Message& message) {
+        fOut.append("> **").append(items::WordOfLevel(message.fLevel)).append(":** ");
+        AppendText(fOut, message.fText.fWords);
+        fOut += '\n';
+    }
+
+  private:
+    void AppendTitle() {
+        fOut += "**";
+        AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
+        fOut += "**\n\n";
+    }
+
+    /// A target in angle brackets holds anything but these and line feeds.
+    static std::string EscapeTarget(const std::string& folder) {
+        std::string target;
+        AppendText(target, folder);
+        return target;
+    }
+
+    std::string& fOut;
+    const MarkdownSettings& fSettings;
+    const items::Entry* fpEntry = nullptr;
+};
+
+}  // namespace
+
+std::string MakeMarkdownReport(const document::Document& document, const MarkdownSettings& settings) {
+    std::string out = "# ";
+    AppendText(out, settings.fTitle.empty() ? document.fTitle : settings.fTitle);
+    out += '\n';
+    if (!settings.fAuthor.empty()) {
+        out += '\n';
+        markdown::AppendParagraph(out, settings.fAuthor);
+        out += '\n';
+    }
+    Writer writer(out, settings);
+    for (const items::Entry& entry : items::ListEntries(document)) writer.Append(entry);
+    return out;
+}
+
+}  // namespace hierfit::report
