@@ -112,7 +112,7 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
     AddNumber<double>(
         app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
         "number above 0 and up to 20",
-        "Pixels of a png, or of a picture in an xlsx, to a pixel of\nthe page: 2 by default, above 0 and up to 20");
+        "Pixels of a png, or of a picture in a docx or xlsx, to a\npixel of the page: 2 by default, above 0 and up to 20");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--standalone", output.fIsStandalone,
                  "LaTeX that compiles by itself, with lualatex; else it is\na fragment for \\input");

@@ -9,7 +9,7 @@ namespace hierfit::report::docx {
 
 namespace {
 
-// Three faces of the same widths, of which a machine has one.
+// Where it is missing, word processors take a face of the same widths.
 constexpr std::string_view kFonts =
     "<w:rFonts w:ascii=\"Arial\" w:hAnsi=\"Arial\" w:eastAsia=\"Arial\" w:cs=\"Arial\"/>";
 

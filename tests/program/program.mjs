@@ -291,6 +291,9 @@ symlinkSync(join(root, "share"), "nopixels/share");
 got = spawn("nopixels/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
 checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory\n$/);
 check("a missing module", !readdirSync(".").includes("none"), "there is output");
+got = spawn("nopixels/bin/hierfit", ["report", "-o", "none.docx", example]);
+checkRefusal("a missing module", got, 4, /^hierfit: docx takes libhierfit_raster\.so: .+: No such file or directory\n$/);
+check("a missing module", !readdirSync(".").includes("none.docx"), "there is output");
 got = spawn("nopixels/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
 check("a missing module", got.status === 0, `SVG takes it: ${got.err}`);
 

@@ -20,6 +20,7 @@ constexpr double kMostOfWord = 2400;
 constexpr double kMostOfLine = 5000;
 constexpr double kComfort = 1000;  // lines are not broken more than this asks for
 constexpr double kMostOfHeader = 1150;
+constexpr double kMostLines = 12;  // of a text, where its column can be as wide as a long word
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
 
 /// The width of one line.
@@ -27,7 +28,7 @@ double MeasureLine(std::string_view words) {
     return charts::TextWidth(words.substr(0, kMostMeasured), {kTableSize, false}) * kTwentiethsToAPixel * kOfLetters;
 }
 
-/// The longest word and the longest line.
+/// The longest word, or more for a text of many words, and the longest line.
 Room Measure(std::string_view words) {
     words = words.substr(0, kMostMeasured);
     const double blank = MeasureLine(" ");
@@ -41,6 +42,7 @@ Room Measure(std::string_view words) {
         line = end < words.size() && words[end] == '\n' ? 0 : line + blank;
         place = end + 1;
     }
+    room.fLeast = std::max(room.fLeast, room.fFull / kMostLines);
     return room;
 }
 
