@@ -20,7 +20,7 @@ constexpr double kMostOfWord = 2400;
 constexpr double kMostOfLine = 5000;
 constexpr double kComfort = 1000;  // lines are not broken more than this asks for
 constexpr double kMostOfHeader = 1150;
-constexpr double kMostLines = 12;  // of a text, where its column can be as wide as a long word
+constexpr double kMostLines = 12;           // of a text, where its column can be as wide as a long word
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
 
 /// The width of one line.
