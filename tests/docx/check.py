@@ -348,7 +348,7 @@ shutil.rmtree(work, ignore_errors=True)
 os.makedirs(work)
 sizes = {}
 for name in sorted(os.listdir(examples)):
-    if not os.path.isdir(os.path.join(examples, name)):
+    if not os.path.exists(os.path.join(examples, name, "model.pmml")):
         continue
     saved = json.loads(run(program, "report", "-f", "json", os.path.join(examples, name)))
     path = render(name, saved)
