@@ -166,10 +166,13 @@ def labels(cells, notes):
     return tuple(label for label in found if label[0].strip())
 
 
-def read_cells(parts, levels, notes):
+def read_cells(parts, levels, heads, notes):
+    """`heads`: rows of headers, which bear no mark where they are too high to be repeated."""
     found = Counter()
     for part in parts:
         rows = spread(part)
+        if not any(is_header for is_header, _ in rows):
+            rows = [(at < heads, cells) for at, (_, cells) in enumerate(rows)]
         header = [cells for is_header, cells in rows if is_header]
         for is_header, cells in rows:
             if is_header:
@@ -230,7 +233,7 @@ def check_table(name, reader, item, number):
         else:
             below.append(text)
     check(name, below == expected_below(item), f"below it stands {below}")
-    found = read_cells(parts, Side(item, 0).levels(item), notes)
+    found = read_cells(parts, Side(item, 0).levels(item), Side(item, 1).levels(item), notes)
     expected = expected_cells(item)
     blank = Counter({key: count for key, count in found.items() if key[2] == ("", ())})
     for key in (expected - found):
@@ -339,7 +342,7 @@ def check_pages(sizes):
         check(name, figures / 3 <= pages <= most, f"takes {pages} pages")
         printed = run("pdftotext", path, "-").decode()
         for kind, count in (("Table", tables), ("Figure", figures)):
-            found = {int(number) for number in re.findall(rf"^{kind} (\d+)\.", printed, re.MULTILINE)}
+            found = {int(number) for number in re.findall(rf"\b{kind}\s+(\d+)\.", printed)}
             check(name, found == set(range(1, count + 1)), f"shows of {count} captions these: {kind} {sorted(found)}")
     return True
 
@@ -361,7 +364,7 @@ path = render("hostile", hostile)
 replaced = json.loads(json.dumps(hostile).replace("\\u202e", "\ufffd"))
 check_file("hostile", path, replaced)
 check_orders("hostile", path)
-sizes["hostile"] = (1, 0, 200)
+sizes["hostile"] = (1, 0, 400)
 is_opened = check_pages(sizes)
 
 if faults:
