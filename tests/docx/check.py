@@ -341,7 +341,7 @@ def check_pages(sizes):
         check(name, figures / 3 <= pages <= most, f"takes {pages} pages")
         printed = run("pdftotext", path, "-").decode()
         for kind, count in (("Table", tables), ("Figure", figures)):
-            found = {int(number) for number in re.findall(rf"\b{kind} (\d+)\.", printed)}
+            found = {int(number) for number in re.findall(rf"\b{kind}\s+(\d+)\.", printed)}
             check(name, found == set(range(1, count + 1)), f"shows of {count} captions these: {kind} {sorted(found)}")
     return True
 
@@ -350,7 +350,7 @@ shutil.rmtree(work, ignore_errors=True)
 os.makedirs(work)
 sizes = {}
 for name in sorted(os.listdir(examples)):
-    if not os.path.exists(os.path.join(examples, name, "model.statxml")):
+    if not os.path.exists(os.path.join(examples, name, "model.pmml")):
         continue
     saved = json.loads(run(program, "report", "-f", "json", os.path.join(examples, name)))
     path = render(name, saved)
