@@ -134,7 +134,7 @@ cells plain,Est=-1.25*one*three plain,ci::Low=. g::c,Est=12 g::d,ci::Low=3 g::d,
 \sisetup{group-digits=none}
 \begin{tabular*}{0.6\linewidth}{@{\extracolsep{\fill}}llS[table-format=-2.2,table-align-text-after=false,table-space-text-post={\tnote{b,c}}]S[table-format=1]S[table-format=1]l@{}}
 \toprule
-& &  & \multicolumn{2}{c}{ci} &  \\
+ &  &  & \multicolumn{2}{c}{ci} &  \\
 \cmidrule(lr){4-5}
 \multicolumn{2}{@{}l}{Term} & {Est} & {Low\tnote{a}} & {High} & Kind \\
 \midrule
