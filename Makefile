@@ -1,10 +1,12 @@
 # The front door: each of these sets up what is missing first.
 #
-#   make report   build, and write the report of an example
-#   make test     build, and run every test
-#   make build    build the release: build/release/bin/hierfit
-#   make bench    build, and measure
-#   make fuzz     build with Clang, and feed changed inputs for a while; fuzz/README.md
+#   make report      build, and write the report of an example
+#   make test        build, and run every test
+#   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
+#   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
+#   make build       build the release: build/release/bin/hierfit
+#   make bench       build, and measure
+#   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
 #
 # EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
 
@@ -12,11 +14,14 @@ EXAMPLE ?= bacteria
 SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report test build bench fuzz format clean
+.PHONY: report gallery test test-quick build bench fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
 	@echo "The report lies in $(CURDIR)/report.html"
+
+gallery: build
+	@scripts/gallery build/release build/gallery
 
 build: setup-build
 	@scripts/build release $(JOBS) -D HIERFIT_TESTS=OFF -D HIERFIT_BENCH=OFF
@@ -26,6 +31,12 @@ test: setup-test
 	@scripts/build sanitize $(JOBS)
 	ctest --preset sanitize
 	ctest --preset release
+
+test-quick: setup-quick
+	@scripts/build release $(JOBS) -D HIERFIT_BENCH=OFF
+	ctest --preset release -LE outside
+	@echo "Left out, since they run R, Python packages, TeX or office:"
+	@ctest --preset release -N -L outside | sed -n 's/^ *Test *#[0-9]*: /  /p'
 
 bench: setup-test
 	@scripts/build release $(JOBS)

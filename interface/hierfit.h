@@ -85,10 +85,11 @@ HF_API int hf_diagnostic(hf_run_t* run, size_t number, int* level, const char** 
 /* Why the run, or the last hf_render of it, failed, in one line; NULL when it did not. */
 HF_API const char* hf_error(const hf_run_t* run);
 
-/* The report in a format of the program: "html", "text", "json", "svg", "png". The last two hold one chart: "only" must
- * name exactly one. `settings` may be NULL. `*bytes` is the caller's, to be freed by hf_free; after its `*size` bytes
- * stands a zero byte more. On failure `*bytes` is NULL and hf_error says why. HF_OK, HF_USAGE for an unknown format or
- * name, HF_UNREADABLE for a run that issued nothing, HF_UNWRITABLE, HF_MISSING. */
+/* The report in a format of the program: "html", "text", "json", "markdown", "latex", "docx", "xlsx", "csv", "svg",
+ * "png". The last two hold one chart: "only" must name exactly one. `settings` may be NULL. `*bytes` is the caller's,
+ * to be freed by hf_free; after its
+ * `*size` bytes stands a zero byte more. On failure `*bytes` is NULL and hf_error says why. HF_OK, HF_USAGE for an
+ * unknown format or name, HF_UNREADABLE for a run that issued nothing, HF_UNWRITABLE, HF_MISSING. */
 HF_API int hf_render(hf_run_t* run, const char* format, const hf_settings* settings, char** bytes, size_t* size);
 
 HF_API void hf_free(char* bytes);

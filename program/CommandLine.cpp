@@ -34,6 +34,7 @@ constexpr const char* kExamples =
     "Examples:\n"
     "  hierfit report examples/sleepstudy                    the tables on the terminal\n"
     "  hierfit report -o oats.html oats.pmml oats.statxml    a page for the browser\n"
+    "  hierfit report -o oats.xlsx FOLDER                    a workbook, a sheet each\n"
     "  hierfit report -f svg -o charts/ FOLDER               each chart as a picture\n"
     "  hierfit report -f json FOLDER | jq .items             the document for a program\n"
     "  hierfit check FOLDER                                  what its documents lack\n"
@@ -111,15 +112,14 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
     AddNumber<double>(
         app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
         "number above 0 and up to 20",
-        "Pixels of a png to a pixel of the page: 2 by default, above\n0 and up to 20; other formats stay as "
-        "they are");
+        "Pixels of a png, or of a picture in an xlsx, to a pixel of\nthe page: 2 by default, above 0 and up to 20");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--standalone", output.fIsStandalone,
                  "LaTeX that compiles by itself, with lualatex; else it is\na fragment for \\input");
     app.add_flag("--charts", output.fHasChartValues, "Text with the values behind its charts");
-    app.add_option("--title", output.fTitle, "The page's title, in the place of \"Generalized Linear Mixed\nModels\"")
+    app.add_option("--title", output.fTitle, "The report's title, in the place of \"Generalized Linear Mixed\nModels\"")
         ->option_text("TEXT");
-    app.add_option("--author", output.fAuthor, "Who stands below the title, and in the page's head")
+    app.add_option("--author", output.fAuthor, "Who stands below the title, and in the file's properties")
         ->option_text("TEXT");
     AddChoice<Color, Color>(app, "--color", output.fColor,
                             {{"auto", Color::Auto}, {"always", Color::Always}, {"never", Color::Never}}, "WHEN",
@@ -129,10 +129,10 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
 void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     app.add_option("-o,--output", output.fFile, "Where to write; - is standard output (default)")->option_text("FILE");
     AddFormat(app, output,
-              "html, text, json, markdown, latex, or one that puts files\n"
-              "into the folder FILE: svg or png each chart, csv each table;\n"
-              "by default FILE's ending tells, else text goes to a\n"
-              "terminal and html elsewhere");
+              "html, text, json, markdown, latex, docx, xlsx, or one that\n"
+              "puts files into the folder FILE: svg or png each chart, csv\n"
+              "each table; by default FILE's ending tells, else text goes\n"
+              "to a terminal and html elsewhere");
     app.add_flag_callback(
         "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
     AddAppearance(app, output);
@@ -242,7 +242,7 @@ CLI::App* AddBatch(CLI::App& app, BatchCommand& batch) {
         ->required()
         ->option_text("DIR");
     AddFormat(*command, batch.fOutput,
-              "html (default), text, json, or svg or png, which make a\nfolder of charts for each model");
+              "html (default), text, json, xlsx, or svg or png, which make\na folder of charts for each model");
     command->add_option("--jobs", batch.fJobs, "Models at a time; as many as the machine does at once by\ndefault")
         ->check(CLI::Range(1, kMostJobs))
         ->option_text("N");

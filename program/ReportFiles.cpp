@@ -72,10 +72,10 @@ std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document,
 
 std::vector<WriteFailure> WriteReport(const document::Document& document, Format format,
                                       const report::RenderSettings& settings, const std::string& path) {
-    const report::Extent extent = report::ExtentOf(format);
-    if (extent == report::Extent::Folder) return WriteFolder(document, format, settings, path);
     const bool hasPlace = path != "-";
-    if (extent == report::Extent::FileAndCharts && hasPlace) {
+    const report::Extent extent = report::ExtentOf(format);
+    if (hasPlace && extent == report::Extent::Folder) return WriteFolder(document, format, settings, path);
+    if (hasPlace && extent == report::Extent::FileAndCharts) {
         return WriteFileAndCharts(document, format, settings, path);
     }
     return WriteFile(document, format, settings, path);

@@ -16,7 +16,7 @@ struct WriteFailure {
     std::string fText;
 };
 
-/// Writes a prepared document to a file, or into a folder where its format is one of many files; the folder is made if
+/// Writes a prepared document to standard output for "-", else to a file, or into a folder where its format is one of many files; the folder is made if
 /// need be. Each file appears whole or not at all. A file that cannot be made is left out, one that cannot be written
 /// is the last.
 std::vector<WriteFailure> WriteReport(const document::Document& document, Format format,

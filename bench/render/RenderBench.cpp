@@ -7,6 +7,8 @@
 #include <string>
 
 #include "GeneratedDocument.h"
+#include "report/archive/Archive.h"
+#include "report/docx/DocxFile.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
 #include "report/layout/Grid.h"
@@ -17,6 +19,8 @@ namespace {
 namespace report = hierfit::report;
 using hierfit::document::Document;
 using hierfit::document::Table;
+
+constexpr std::size_t kDocxText = 4;  // among the files
 
 void Count(benchmark::State& state, std::size_t bytes) {
     state.SetItemsProcessed(state.iterations() * state.range(0));
@@ -63,6 +67,22 @@ void MakeTextReport(benchmark::State& state) {
     MeasureRendering(state, [](const Document& document) { return report::MakeTextReport(document, {}); });
 }
 
+std::vector<report::ArchiveFile> MakeFiles(const Document& document) {
+    return report::MakeDocxFiles(document, {{}, {}, [](const std::string&, double) { return std::nullopt; }});
+}
+
+/// The text of a file for a word processor, before it is packed.
+void MakeDocxText(benchmark::State& state) {
+    MeasureRendering(state, [](const Document& document) { return std::move(MakeFiles(document)[kDocxText].fBytes); });
+}
+
+void MakeDocx(benchmark::State& state) {
+    const auto archive = report::Archive::Load(HIERFIT_ARCHIVE);
+    if (const auto* reason = std::get_if<std::string>(&archive)) return state.SkipWithError(reason->c_str());
+    MeasureRendering(
+        state, [&](const Document& document) { return *std::get<report::Archive>(archive).Pack(MakeFiles(document)); });
+}
+
 void MakeGrid(benchmark::State& state) {
     const Document document = bench::GenerateDocument(static_cast<int>(state.range(0)));
     const Table& table = std::get<Table>(document.fItems.front().fContent);
@@ -83,6 +103,8 @@ BENCHMARK(ReadJsonAsTree)->Apply(SetSizes);
 BENCHMARK(MakeGrid)->Apply(SetSizes);
 BENCHMARK(MakeTextReport)->Apply(SetSizes);
 BENCHMARK(MakeHtmlReport)->Apply(SetSizes);
+BENCHMARK(MakeDocxText)->Apply(SetSizes);
+BENCHMARK(MakeDocx)->Apply(SetSizes);
 
 }  // namespace
 

@@ -1,19 +1,19 @@
 #include "report/formats/Files.h"
 
-#include <filesystem>
 #include <optional>
 #include <utility>
 
 #include "report/charts/Pictures.h"
 #include "report/charts/raster/Raster.h"
 #include "report/csv/Csv.h"
+#include "report/formats/Docx.h"
+#include "report/formats/Modules.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/items/Entries.h"
 
 namespace hierfit::report {
 
 namespace {
-
-constexpr const char* kRasterModule = "libhierfit_raster.so";
 
 /// Makes a picture file of an SVG; nothing where the picture is too large for it.
 using Painter = std::function<std::optional<std::string>(std::string svg)>;
@@ -28,11 +28,8 @@ std::variant<ChartFiles, RenderError> FindChartFiles(Format format, const Render
     if (format != Format::Png && format != Format::Latex) {
         return ChartFiles{"svg", [](std::string svg) { return std::optional(std::move(svg)); }};
     }
-    auto found = charts::Raster::Load((std::filesystem::path(settings.fModuleFolder) / kRasterModule).string());
-    if (const auto* reason = std::get_if<std::string>(&found)) {
-        return RenderError{RenderFault::Missing,
-                           std::string(NameOf(format)) + " takes " + kRasterModule + ": " + *reason};
-    }
+    auto found = LoadModule<charts::Raster>(kRasterModule, format, settings);
+    if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);
     if (format == Format::Latex) {
         return ChartFiles{
             "pdf", [raster = std::get<charts::Raster>(found)](const std::string& svg) { return raster.MakePdf(svg); }};
@@ -75,6 +72,8 @@ std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Docu
 }
 
 std::optional<RenderError> FindMissing(Format format, const RenderSettings& settings) {
+    if (format == Format::Xlsx) return FindMissingOfWorkbook(settings);
+    if (format == Format::Docx) return FindMissingOfDocx(settings);
     if (format != Format::Png && format != Format::Latex) return {};
     auto found = FindChartFiles(format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);

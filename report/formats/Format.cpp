@@ -12,7 +12,9 @@ constexpr FormatName kNames[] = {
     {"html", Format::Html, Extent::File}, {"text", Format::Text, Extent::File},
     {"json", Format::Json, Extent::File}, {"svg", Format::Svg, Extent::Folder},
     {"png", Format::Png, Extent::Folder}, {"markdown", Format::Markdown, Extent::FileAndCharts},
-    {"csv", Format::Csv, Extent::Folder}, {"latex", Format::Latex, Extent::FileAndCharts}};
+    {"docx", Format::Docx, Extent::File}, {"csv", Format::Csv, Extent::Folder},
+    {"xlsx", Format::Xlsx, Extent::File}, {"latex", Format::Latex, Extent::FileAndCharts},
+};
 
 struct Ending {
     std::string_view fName;
@@ -21,7 +23,7 @@ struct Ending {
 
 constexpr Ending kEndings[] = {{".html", Format::Html}, {".htm", Format::Html},  {".txt", Format::Text},
                                {".text", Format::Text}, {".json", Format::Json}, {".md", Format::Markdown},
-                               {".tex", Format::Latex}};
+                               {".xlsx", Format::Xlsx}, {".docx", Format::Docx}, {".tex", Format::Latex}};
 
 template <typename List>
 std::optional<Format> Find(const List& list, std::string_view name) {

@@ -7,7 +7,7 @@
 namespace hierfit::report {
 
 /// What a document can be rendered as.
-enum class Format { Html, Text, Json, Svg, Png, Markdown, Csv, Latex };
+enum class Format { Html, Text, Json, Svg, Png, Markdown, Csv, Xlsx, Docx, Latex };
 
 /// What a format writes.
 enum class Extent {

@@ -4,7 +4,9 @@
 
 #include "report/charts/Pictures.h"
 #include "report/csv/Csv.h"
+#include "report/formats/Docx.h"
 #include "report/formats/Files.h"
+#include "report/formats/RenderWorkbook.h"
 #include "report/html/HtmlReport.h"
 #include "report/items/Entries.h"
 #include "report/items/Selection.h"
@@ -74,6 +76,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
             return MakeTextReport(document, settings.fText);
         case Format::Json:
             return WriteJson(document);
+        case Format::Docx:
+            return RenderDocx(document, settings);
         case Format::Svg:
         case Format::Png:
             return RenderPicture(document, format, settings);
@@ -84,6 +88,8 @@ std::variant<std::string, RenderError> Render(const document::Document& document
                                               settings.fIsStandalone});
         case Format::Csv:
             return RenderCsv(document);
+        case Format::Xlsx:
+            return RenderWorkbook(document, settings);
         case Format::Html:
             break;
     }

@@ -1,6 +1,5 @@
 #include "report/html/HtmlReport.h"
 
-#include <algorithm>
 #include <variant>
 
 #include "report/html/Assets.h"
@@ -9,6 +8,7 @@
 #include "report/html/PageHead.h"
 #include "report/html/Words.h"
 #include "report/markup/Escape.h"
+#include "report/markup/LanguageTag.h"
 
 namespace hierfit::report {
 
@@ -16,19 +16,6 @@ namespace {
 
 // A page of more items is laid out as its parts come into view.
 constexpr std::size_t kMany = 60;
-
-bool IsLetter(char byte) { return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z'); }
-
-// The language as HTML names it. "C", the language of source texts, and what is no language tag are English.
-std::string LanguageTag(std::string tag) {
-    constexpr std::size_t kLongest = 35;
-    std::replace(tag.begin(), tag.end(), '_', '-');
-    const auto isTagCharacter = [](char byte) { return IsLetter(byte) || (byte >= '0' && byte <= '9') || byte == '-'; };
-    const auto letters = std::find_if_not(tag.begin(), tag.end(), IsLetter) - tag.begin();
-    const bool isTag = letters >= 2 && letters <= 3 && tag.size() <= kLongest && tag.back() != '-' &&
-                       std::all_of(tag.begin(), tag.end(), isTagCharacter);
-    return isTag ? tag : std::string(html::words::kLanguage);
-}
 
 // The script finds its words at the body, so that all words of the page come from one place.
 void AppendBodyTag(std::string& out, Scripts scripts) {
@@ -69,7 +56,7 @@ std::string MakeHtmlReport(const document::Document& document, const HtmlSetting
     const html::Facts facts = html::FindFacts(entries);
     std::string out;
     out.reserve(RoomFor(entries));
-    out.append("<!DOCTYPE html>\n<html lang=\"").append(LanguageTag(document.fLanguage)).append("\" data-running=\"");
+    out.append("<!DOCTYPE html>\n<html lang=\"").append(MakeLanguageTag(document.fLanguage)).append("\" data-running=\"");
     AppendCharacters(out, html::RunningTitle(document, facts, settings));
     out += "\" data-producer=\"";
     AppendCharacters(out, document.fProducer);

@@ -46,6 +46,15 @@ std::string FormatFigure(const std::optional<double>& number, FormatName format)
     return words;
 }
 
+/// A path may break behind its slashes.
+void AppendPath(std::string& out, std::string_view path) {
+    for (std::size_t end = 0; !path.empty(); path.remove_prefix(end)) {
+        end = std::min(path.find('/'), path.size() - 1) + 1;
+        AppendText(out, path.substr(0, end));
+        if (end < path.size()) out += "<wbr>";
+    }
+}
+
 void AppendTextCell(std::string& out, std::string_view text) {
     out += "<td class=\"t\">";
     AppendText(out, text);
@@ -60,7 +69,7 @@ void AppendRow(std::string& out, const IndexedModel& model) {
     out.append(kRowHeader).append("<a href=\"");
     AppendUrl(out, model.fReport);
     out += "\">";
-    AppendText(out, model.fPath);
+    AppendPath(out, model.fPath);
     out += "</a></th>";
     AppendTextCell(out, model.fTarget);
     AppendFigureCell(out, FormatFigure(model.fRecords, FormatName::Count));
@@ -72,7 +81,7 @@ void AppendRow(std::string& out, const IndexedModel& model) {
 
 void AppendRow(std::string& out, const IndexedFailure& failure) {
     out.append(kRowStart).append(kRowHeader);
-    AppendText(out, failure.fPath);
+    AppendPath(out, failure.fPath);
     out += "</th>";
     AppendTextCell(out, failure.fReason);
     out += "</tr>\n";

@@ -27,7 +27,7 @@ const pictures = {
 // Texts for papers: of these examples, and of one of them in every style.
 const papers = ["oats", "cbpp", "wine", "sleepstudy"];
 const styled = "sleepstudy";
-const paperFormats = { markdown: "md" };
+const paperFormats = { markdown: "md", latex: "tex" };
 
 function run(args, input) {
   return execFileSync(program, args, { input, encoding: "utf8", maxBuffer: 1 << 28, stdio: ["pipe", "pipe", "ignore"] });

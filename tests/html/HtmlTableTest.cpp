@@ -1,6 +1,5 @@
 #include "report/html/table/HtmlTable.h"
 
-#include "report/html/table/NumberColumns.h"
 #include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
@@ -30,24 +29,6 @@ TEST(HtmlTable, GoesOnWhereSpansEnd) {
         std::string html;
         AppendTable(html, table, "T", "A-1", 1);
         for (const std::string& part : parts) EXPECT_NE(html.find(part), std::string::npos) << part;
-    }
-}
-
-TEST(NumberColumns, AlignAtTheDecimalSign) {
-    const std::pair<std::vector<std::string>, std::vector<std::string>> cases[] = {
-        {{"1", "2.5", "3.25", "."}, {".00", "0", "", "00"}}, {{"12", "3"}, {"", ""}},
-        {{".012", "<.001", "1.000"}, {"", "", ""}},          {{"0.5", "-3.21E-05"}, {"0E-05", ""}},
-        {{"0.000468", "4E-05"}, {"E-05", ".000000"}},        {{"45", "83.3%", "7%", "1.5"}, {".0", "", ".0", ""}},
-        {{"1", "0." + std::string(100, '0')}, {"", ""}},
-    };
-    for (const auto& [numbers, expected] : cases) {
-        std::string sketch = "rows 1 R :" + Repeated(" r", numbers.size()) + "\ncells";
-        for (const std::string& number : numbers) sketch += ' ' + number;
-        const document::Table table = SketchTable(sketch);
-        const NumberColumns columns(MakeGrid(table));
-        std::vector<std::string> paddings;
-        for (const std::string& number : numbers) paddings.emplace_back(columns.PaddingOf(0, number));
-        EXPECT_EQ(paddings, expected);
     }
 }
 

@@ -6,7 +6,7 @@ import { existsSync } from "node:fs";
 export async function checkElements(page) {
   return page.evaluate(() => {
     const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details " +
-      "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br bdi " +
+      "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br wbr bdi " +
       "footer script button dl dt dd label input").split(" "));
     const shapes = new Set("svg g path rect circle text title".split(" "));
     const faults = [];

@@ -103,8 +103,8 @@ const refused = [
   ["a missing saved document", ["render", "no.json"], 2, "hierfit: no.json: No such file or directory\n"],
   ["an unknown language", ["report", "--lang", "xx", example], 1,
     `hierfit: --lang: xx: no such language; there are C, en\n${usage}`],
-  ["an unknown ending", ["report", "-o", "a.docx", example], 1,
-    `hierfit: --output: a.docx: no format has the ending .docx; say which by --format\n${usage}`],
+  ["an unknown ending", ["report", "-o", "a.odt", example], 1,
+    `hierfit: --output: a.odt: no format has the ending .odt; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],
   ["a folder to write over", ["report", "-f", "text", "-o", "empty", example], 3, "hierfit: empty: Is a directory\n"],
   ["a name that no item bears", ["report", "--only", "ModelSummary-1,FixedEfects", example], 1,
@@ -128,7 +128,7 @@ const refused = [
 ];
 for (const [name, args, status, expected] of refused) checkRefusal(name, run(...args), status, expected);
 
-for (const args of [[], ["report"], ["report", "-f", "docx", example], ["report", "--color", "red", example],
+for (const args of [[], ["report"], ["report", "-f", "odt", example], ["report", "--color", "red", example],
   ["convert", "x"], ["report", "a", "b", "c"], ["render"]]) {
   checkRefusal(args.join(" "), run(...args), 1, /^hierfit: [^]*Try: hierfit --help\n$/);
 }
@@ -147,6 +147,12 @@ const pair = report("--only", "FixedEffects", join(example, "model.pmml"), join(
 check("only, ahead of a pair", pair.status === 0 && pair.out.includes("Fixed Effects"), pair.out + pair.err);
 const short = report("--style", "apa", "--digits", "1", "--only", "FixedCoefficients-1", example);
 check("a style", /Days +10\.5 +1\.5 +6\.8 +< \.001 +7\.2 +13\.7/.test(short.out), short.out + short.err);
+const one = run("report", "-f", "csv", "--only", "FixedCoefficients", example);
+check("csv of one table", one.status === 0 && one.out.startsWith("Model Term,Coefficient,"), one.out + one.err);
+for (const [names, reason] of [["FixedEffects,FixedCoefficients", "csv holds one table, and 2 are chosen"],
+  ["GLMMFixedCoefficients-2", "csv holds no charts: GLMMFixedCoefficients-2"]]) {
+  checkRefusal(names, run("report", "-f", "csv", "--only", names, example), 1, `hierfit: ${reason}\n`);
+}
 writeFileSync("whole.json", run("report", "-f", "json", example).out);
 const chosen = run("render", "-f", "svg", "-o", "some", "--only", "GLMMFixedCoefficients-2", "whole.json");
 check("only: charts", chosen.status === 0 && readdirSync("some").join() === "GLMMFixedCoefficients-2.svg", chosen.err);

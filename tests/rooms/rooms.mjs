@@ -64,16 +64,20 @@ const knows = {
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
   "report/latex": report("items", "layout", "charts/layout"),
+  "report/archive": [],
+  "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
   "report/formats": report(
-    "items", "style", "text", "json", "html", "csv", "markdown", "latex", "charts", "charts/raster",
+    "items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx", "charts",
+    "charts/raster",
   ),
+  "report/xlsx": report("items", "layout", "text", "charts"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not
 // at all in those that other projects compile.
-const library = /^(expat|fmt\/|CLI\/|nlohmann\/|utf8proc|gtest\/|benchmark\/)/;
+const library = /^(expat|fmt\/|CLI\/|nlohmann\/|utf8proc|xlsxwriter|gtest\/|benchmark\/)/;
 const published = ["backend/host", "backend/host/document", "backend/host/session"];
 
 const root = process.argv[2];

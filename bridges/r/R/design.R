@@ -41,7 +41,7 @@ column_names <- function(parts) {
 
 # The figures of a fit go to columns by place; this makes sure that the places are the fit's own.
 check_names <- function(expected, given) {
-  plain <- function(x) gsub("`", "", x, fixed = TRUE)
+  plain <- function(x) gsub("\\\\?`", "", x)
   wrong <- which(plain(expected) != plain(given))
   if (length(wrong)) stop("The coefficient ", given[wrong[1L]], " stands where ",
     expected[wrong[1L]],
@@ -56,7 +56,7 @@ term_part <- function(variable, x, contrast, full) {
     names <- colnames(coding)
     if (is.null(names)) names <- as.character(seq_len(ncol(coding)))
     return(list(
-      variable = variable, size = ncol(coding), levels = rownames(coding), columns = columns,
+      variable = variable, size = ncol(coding), levels = as_levels(x), columns = columns,
       sums_to_zero = all(abs(colSums(coding)) < 1e-8),
       names = paste0(variable$name, names), columns_are = paste0(variable$name, names),
       kind = if (is.null(columns)) "coded" else "factor"

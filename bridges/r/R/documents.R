@@ -11,7 +11,8 @@
 #' @param folder The folder, which is made where it does not exist.
 #' @param means A formula, or a list of them, each for one block of estimated means: `~ A`, `~ A:B`,
 #'   or `~ A | B`, which compares the levels of A within those of B. A continuous predictor stands
-#'   at the values that `at` gives, else at its own values where they are ten or fewer.
+#'   at the values that `at` gives, else at its own values where they are ten or fewer. A target of
+#'   several categories has probabilities for means, and stands in the formula itself: `~ target | A`.
 #' @param contrasts `"pairwise"`, `"deviation"` (from the mean of all levels), `"simple"` (from
 #'   `reference`) or `"none"`; one value, or one for each block.
 #' @param reference The level that simple contrasts compare with, the last one if it is missing; one
@@ -22,7 +23,10 @@
 #' @param level The confidence level.
 #' @param df Denominator degrees of freedom: `"kenward-roger"` or `"satterthwaite"` for a fit of
 #'   `lmer`, or `"residual"`, which is records less coefficients, for any fit. The default is
-#'   Kenward-Roger for `lmer` and what the fitter has for others.
+#'   Kenward-Roger for `lmer` (Satterthwaite where it was not fitted by REML) and what the fitter has
+#'   for others.
+#' @param repeated Names of fields that tell the records of one subject apart, such as a time; the table
+#'   of the first subject's records shows them. The default is the covariate of a correlation of nlme.
 #' @param at A named list of values at which continuous predictors are fixed.
 #' @return The folder, invisibly.
 #' @examples
@@ -35,8 +39,8 @@
 #' @export
 hf_documents <- function(fit, folder, means = NULL, contrasts = "none", reference = NULL,
   adjust = "none",
-                         level = 0.95, df = NULL, at = list()) {
-  options <- make_options(adjust, level, df, at)
+                         level = 0.95, df = NULL, at = list(), repeated = NULL) {
+  options <- make_options(adjust, level, df, at, repeated)
   model <- build_model(fit, requests_of(means, contrasts, reference), options)
   if (!dir.exists(folder) && !dir.create(folder, recursive = TRUE, showWarnings = FALSE)) {
     stop("The folder ", folder, " cannot be made.", call. = FALSE)
@@ -48,7 +52,7 @@ hf_documents <- function(fit, folder, means = NULL, contrasts = "none", referenc
 
 df_methods <- c("kenward-roger", "satterthwaite", "residual")
 
-make_options <- function(adjust, level, df, at) {
+make_options <- function(adjust, level, df, at, repeated) {
   adjust <- match.arg(adjust, adjustments)
   if (!is.numeric(level) || length(level) != 1L || is.na(level) || level <= 0 || level >= 1) {
     stop("`level` is a number between 0 and 1.", call. = FALSE)
@@ -57,17 +61,28 @@ make_options <- function(adjust, level, df, at) {
   if (!is.list(at) || (length(at) && is.null(names(at)))) {
     stop("`at` is a named list of numbers, such as list(x = 3).", call. = FALSE)
   }
-  list(adjust = adjust, level = level, df = df, at = at)
+  if (!is.null(repeated) && !is.character(repeated)) stop("`repeated` holds names of fields.",
+    call. = FALSE)
+  list(adjust = adjust, level = level, df = df, at = at, repeated = repeated)
 }
 
 # Method of degrees of freedom that this fit has.
 settle_df <- function(fit, options) {
-  if (inherits(fit, "lmerMod")) return(if (is.null(options$df)) "kenward-roger" else options$df)
+  if (inherits(fit, "lmerMod")) return(settle_lmer_df(fit, options$df))
   if (identical(options$df, "residual")) return("residual")
   if (!is.null(options$df)) message("A fit of class ", class(fit)[1L],
     " has no degrees of freedom by the method ",
     options$df, "; those that the fitter has are used.")
   "fitter"
+}
+
+# Kenward and Roger's covariance is one of restricted likelihood.
+settle_lmer_df <- function(fit, df) {
+  restricted <- lme4::isREML(fit)
+  if (is.null(df)) return(if (restricted) "kenward-roger" else "satterthwaite")
+  if (df == "kenward-roger" && !restricted) stop("The method kenward-roger needs a fit by REML; ",
+    "fit with REML = TRUE, or take df = \"satterthwaite\".", call. = FALSE)
+  df
 }
 
 complete_options <- function(fit, info, options) {
@@ -98,8 +113,9 @@ build_model <- function(fit, requests, options) {
   options <- complete_options(fit, info, options)
   target <- target_of(fit, info, distribution)
   design <- design_of(info)
+  info$repeated <- repeated_fields(info, options$repeated)
   info$fields_by_name <- model_fields(info, target)
-  lapply(requests, check_request, predictors = predictors_of(design))
+  lapply(requests, check_request, predictors_of(design), target$name, has_categories(distribution))
   random <- hf_random(fit, info, options)
   part <- list(
     info = info, target = target, design = design, distribution = distribution, options = options,
@@ -115,6 +131,16 @@ build_model <- function(fit, requests, options) {
   regression <- !(distribution$distribution %in% c("ORDINAL", "NOMINAL") ||
     (distribution$distribution == "BINOMIAL" && is.null(target$trials)))
   list(pmml = pmml_document(fields, target$name, regression), statxml = results_document(fit, part))
+}
+
+# Repeated measures are counted by their levels, which a covariate has none of.
+repeated_fields <- function(info, asked) {
+  covariates <- Filter(function(name) is.numeric(info$frame[[name]]), variable_names(info$terms))
+  if (is.null(asked)) return(setdiff(info$repeated, covariates))
+  wrong <- intersect(asked, covariates)
+  if (length(wrong)) stop("`repeated` names ", wrong[1L], ", which is a covariate of the model and so ",
+    "has no levels; add a copy of it to the data and name that.", call. = FALSE)
+  asked
 }
 
 # Effects without a single coefficient of their own.
@@ -135,8 +161,8 @@ model_fields <- function(info, target) {
     field <- describe_variable(name, NULL, names)$field
     if (is.null(columns[[field]])) columns[[field]] <- info$frame[[name]]
   }
-  for (name in setdiff(all_random_fields(info), names(columns))) {
-    columns[[name]] <- random_column(name, info)
+  for (name in setdiff(c(all_random_fields(info), info$repeated), names(columns))) {
+    columns[[name]] <- further_column(name, info)
   }
   out <- list()
   events <- if (!is.null(target$trials)) target$events else target$values
@@ -145,8 +171,9 @@ model_fields <- function(info, target) {
     target$trials, info, FALSE)
   for (name in setdiff(names(columns), names(out))) {
     x <- columns[[name]]
-    out[[name]] <- described(name, x, info,
-      is_categorical(x) || name %in% all_random_fields(info, grouping = TRUE))
+    told_apart <- name %in% c(all_random_fields(info, grouping = TRUE),
+      setdiff(info$repeated, variable_names(info$terms)))
+    out[[name]] <- described(name, x, info, is_categorical(x) || told_apart)
   }
   out
 }
@@ -160,16 +187,18 @@ described <- function(name, x, info, categorical) {
 }
 
 all_random_fields <- function(info, grouping = FALSE) {
-  groups <- unique(unlist(lapply(names(info$random),
-    function(name) subject_of(name, list())$fields)))
+  groups <- unique(unlist(lapply(names(info$random), group_fields, names(info$frame))))
   if (grouping) return(c(groups, info$grouping))
   unique(c(groups, info$grouping, setdiff(names(info$frame), variable_names(info$terms))))
 }
 
-random_column <- function(name, info) {
+# A column of the records of the fit that no term holds, by the names of its rows where it is only in
+# the data.
+further_column <- function(name, info) {
   if (!is.null(info$frame[[name]])) return(info$frame[[name]])
   if (!is.null(info$random[[name]])) return(info$random[[name]])
-  x <- info$data[[name]]
-  if (is.null(x)) stop("The grouping field ", name, " is not in the fit's data.", call. = FALSE)
-  x
+  at <- match(rownames(info$frame), rownames(info$data))
+  if (is.null(info$data[[name]]) || anyNA(at)) stop("The field ", name,
+    " is not in the data of the fit.", call. = FALSE)
+  info$data[[name]][at]
 }

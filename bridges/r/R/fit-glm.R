@@ -17,16 +17,20 @@ hf_distribution.lm <- function(fit) {
 #' @export
 hf_distribution.glm <- function(fit) distribution_of_family(stats::family(fit))
 
+# aov() makes fits of lm with a summary of its own.
+lm_summary <- function(fit) if (inherits(fit, "aov")) stats::summary.lm(fit) else summary(fit)
+
 #' @export
 hf_coefficients.lm <- function(fit, info, design, options) {
-  table <- stats::coef(summary(fit))
+  table <- stats::coef(lm_summary(fit))
   tested <- colnames(table)[3L] == "t value"
   from_summary(design, info$beta, table, if (tested) stats::df.residual(fit) else Inf, 3L, 4L)
 }
 
 #' @export
 hf_residual.lm <- function(fit, info, options) {
-  list(type = "ID", parameters = list(variance_parameter(summary(fit)$sigma^2, NA_real_, options)))
+  list(type = "ID", parameters = list(variance_parameter(lm_summary(fit)$sigma^2, NA_real_,
+    options)))
 }
 
 #' @export
@@ -50,7 +54,7 @@ hf_left_out.lm <- function(fit) {
 
 #' @export
 hf_left_out.glm <- function(fit) {
-  trials <- is.matrix(stats::model.response(stats::model.frame(fit)))
+  trials <- has_trials(fit)
   c(
     if (!is.null(fit$offset) && any(fit$offset != 0)) "an offset",
     if (!trials && length(unique(fit$prior.weights)) > 1L) "weights"

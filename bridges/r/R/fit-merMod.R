@@ -52,9 +52,26 @@ lmer_method <- function(options) {
 
 #' @export
 hf_coefficients.lmerMod <- function(fit, info, design, options) {
-  table <- stats::coef(summary(options$tested, ddf = lmer_method(options)))
+  table <- if (options$df == "kenward-roger") kenward_roger_table(fit)
+  if (is.null(table)) table <- stats::coef(summary(options$tested, ddf = lmer_method(options)))
   out <- from_summary(design, info$beta, table, "df", "t value", "Pr(>|t|)")
   replace_df(out, options)
+}
+
+# What summary(ddf = "Kenward-Roger") of lmerTest gives, which computes the adjusted covariance anew
+# for each coefficient. NULL where it cannot be computed; the summary then warns and goes on.
+kenward_roger_table <- function(fit) {
+  tryCatch({
+    adjusted <- pbkrtest::vcovAdj(fit)
+    plain <- stats::vcov(fit)
+    estimate <- lme4::fixef(fit)
+    df <- apply(diag(length(estimate)), 1L,
+      function(l) pbkrtest::Lb_ddf(l, V0 = plain, Vadj = adjusted))
+    se <- sqrt(diag(as.matrix(adjusted)))
+    t <- estimate / se
+    cbind(Estimate = estimate, `Std. Error` = se, df = df, `t value` = t,
+      `Pr(>|t|)` = 2 * stats::pt(-abs(t), df))
+  }, error = function(e) NULL)
 }
 
 #' @export
@@ -119,8 +136,7 @@ mer_blocks <- function(fit) {
 hf_random.merMod <- function(fit, info, options) {
   parts <- mer_blocks(fit)
   errors <- mer_errors(fit, options)
-  others <- lapply(unique(vapply(parts$blocks, `[[`, "", "group")),
-    function(g) strsplit(g, ":", fixed = TRUE)[[1L]])
+  others <- other_groups(vapply(parts$blocks, `[[`, "", "group"), info)
   lapply(parts$blocks, function(block) {
     matrices <- parts$components[block$terms]
     matrix <- block_diagonal(matrices)
@@ -142,20 +158,6 @@ block_diagonal <- function(matrices) {
   }
   out
 }
-
-make_block <- function(group, columns, matrix, errors, structure, info, others, options) {
-  rows <- block_rows(columns, info$frame)
-  list(
-    subject = subject_of(group, others), rows = rows, structure = structure,
-    matrix = without_names(matrix),
-    intercept = any(vapply(rows, `[[`, NA, "intercept")), group = group,
-    effects = unique(lapply(Filter(function(r) !r$intercept, rows), row_fields)),
-    parameters = block_parameters(matrix, errors, structure, vapply(rows, `[[`, "", "label"),
-      options)
-  )
-}
-
-row_fields <- function(row) c(names(row$covariates), names(row$factors))
 
 # Errors of the entries of each term's matrix, by the delta method from the parameters of the fit.
 mer_errors <- function(fit, options) {
@@ -226,17 +228,9 @@ hf_messages.merMod <- function(fit, random) {
     any(grepl("failed to converge|unable to evaluate|degenerate|nearly unidentifiable",
     said))
   c(
-    singular_messages(random, hf_distribution(fit), lme4::isSingular(fit)),
+    singular_messages(random, hf_distribution(fit), stats::sigma(fit)),
     if (failed) list(caution("kGLMM_C18"))
   )
-}
-
-singular_messages <- function(random, distribution, singular) {
-  if (!singular || length(random) == 0L) return(list())
-  variances <- unlist(lapply(random, function(b) diag(b$matrix)))
-  if (any(variances > 0)) return(list(caution("kGLMM_C10")))
-  if (distribution$distribution %in% c("NORMAL", "GAMMA", "IGAUSS")) list(caution("kGLMM_C8"))
-  else list(caution("kGLMM_C9"))
 }
 
 #' @export
@@ -249,7 +243,7 @@ hf_grid_arguments.lmerMod <- function(fit, options) {
 hf_left_out.merMod <- function(fit) {
   offset <- lme4::getME(fit, "offset")
   weights <- stats::weights(fit)
-  trials <- is.matrix(stats::model.response(stats::model.frame(fit)))
+  trials <- has_trials(fit)
   c(
     if (any(offset != 0)) "an offset",
     if (!trials && length(unique(weights)) > 1L) "weights"

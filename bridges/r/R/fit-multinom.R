@@ -8,6 +8,7 @@ hf_frame.multinom <- function(fit) {
   counts <- !is.null(weights) && all(weights == round(weights))
   categories <- multinom_categories(fit)
   beta <- categories[[1L]]
+  refuse_aliased(stats::model.matrix(stats::terms(fit), frame, fit$contrasts))
   list(
     frame = frame, terms = stats::terms(fit), contrasts = fit$contrasts,
     data = original_data(fit$call, stats::formula(fit)), beta = beta,
@@ -36,6 +37,10 @@ hf_distribution.multinom <- function(fit) {
   if (is.matrix(response)) stop("A response of multinom that is a matrix of counts has no place ",
     "in the documents; ",
     "give the category as a factor and the counts as weights.", call. = FALSE)
+  offset <- attr(stats::terms(fit), "offset")
+  if (length(offset)) stop("The term ", variable_names(stats::terms(fit))[offset[1L]],
+    " of multinom has no place in the documents, and emmeans cannot take it; fit the model without it.",
+    call. = FALSE)
   list(distribution = "NOMINAL", link = "LOGIT", power = NA_real_, scaled = FALSE)
 }
 
@@ -78,13 +83,26 @@ hf_tests.multinom <- function(fit, info, design, options) {
   }
   # An effect on all equations together is its interaction with the category on the scale of the
   # logits.
-  grid <- joint_grid(fit, mode = "latent")
+  grid <- joint_grid(multinom_for_grid(fit), mode = "latent", vcov. = stats::vcov(fit))
   of_effect <- function(effect) {
     suppressMessages(effect_test(grid, c(unique(effect$fields), grid@roles$multresp)))
   }
-  effects <- if (needs_wald(design)) wald_effects(design, wald,
-    of_effect) else joint_effects(design, of_effect)
+  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect)
+    else joint_effects(design, wald, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
+}
+
+# emmeans wants a response that is a name, not a call.
+multinom_for_grid <- function(fit) {
+  formula <- stats::formula(stats::terms(fit))
+  formula[[2L]] <- as.name(variable_names(stats::terms(fit))[1L])
+  fit$call$formula <- formula
+  fit
+}
+
+#' @export
+hf_category_grid.multinom <- function(fit) {
+  list(multinom_for_grid(fit), mode = "prob", vcov. = stats::vcov(fit))
 }
 
 #' @export
@@ -106,10 +124,7 @@ hf_criteria.multinom <- function(fit) {
 #' @export
 hf_left_out.multinom <- function(fit) {
   weights <- multinom_weights(fit)
-  c(
-    if (!is.null(stats::model.offset(stats::model.frame(fit)))) "an offset",
-    if (!is.null(weights) && any(weights != round(weights))) "weights"
-  )
+  if (!is.null(weights) && any(weights != round(weights))) "weights"
 }
 
 #' @export

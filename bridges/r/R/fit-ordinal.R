@@ -43,7 +43,7 @@ hf_distribution.clm <- function(fit) clm_distribution(fit)
 hf_distribution.clmm <- function(fit) clm_distribution(fit)
 
 clm_coefficients <- function(fit, info, design, options) {
-  table <- stats::coef(summary(fit))
+  table <- suppressWarnings(stats::coef(summary(fit)))
   n <- length(info$alpha)
   if (!identical(fit$threshold, "flexible")) {
     stop("Thresholds that are ", fit$threshold,
@@ -107,7 +107,7 @@ hf_random.clmm <- function(fit, info, options) {
   sizes <- lengths(lapply(fit$ST, st_parameters))
   covariance <- clmm_covariance(fit, length(info$alpha) + sum(!is.na(info$beta)), sum(sizes))
   groups <- names(components)
-  others <- lapply(unique(groups), function(g) strsplit(g, ":", fixed = TRUE)[[1L]])
+  others <- other_groups(groups, info)
   ends <- cumsum(sizes)
   lapply(seq_along(components), function(k) {
     component <- components[[k]]
@@ -128,33 +128,40 @@ hf_residual.clm <- function(fit, info, options) fixed_scale()
 hf_residual.clmm <- function(fit, info, options) fixed_scale()
 
 #' @export
-hf_fitted.clm <- function(fit) {
-  frame <- stats::model.frame(fit)
-  data <- frame[-1L]
-  if (ncol(data) == 0L) data <- data.frame(row.names = rownames(frame))
-  tryCatch(stats::predict(fit, newdata = data, type = "prob")$fit,
-    error = function(e) clm_probabilities(fit))
-}
+hf_fitted.clm <- function(fit) clm_probabilities(fit)
 
 #' @export
 hf_fitted.clmm <- function(fit) clm_probabilities(fit)
 
-# Probabilities of the categories at the modes of the random effects; ordinal predicts none for
-# clmm.
+# Probabilities of the categories, for clmm at the modes of the random effects; ordinal predicts them
+# for clm alone, and there from data that hold the formula's own variables. Missing where they do not
+# agree with those that the fit has for the observed categories.
 clm_probabilities <- function(fit) {
   frame <- stats::model.frame(fit)
-  design <- stats::model.matrix(fit$terms, frame, contrasts.arg = fit$contrasts)
-  design <- design[, colnames(design) != "(Intercept)", drop = FALSE]
-  beta <- fit$beta[!is.na(fit$beta)]
-  eta <- if (length(beta)) drop(design[, names(beta), drop = FALSE] %*% beta) else rep(0,
-    nrow(frame))
-  modes <- fit$ranef
-  if (!is.null(modes)) eta <- eta + random_predictor(fit)
+  eta <- linear_predictor(fit$terms, fit$contrasts, fit$beta, frame)
+  if (!is.null(fit$ranef)) eta <- eta + random_predictor(fit)
+  scale <- if (length(fit$zeta)) exp(linear_predictor(fit$S.terms, fit$S.contrasts, fit$zeta, frame)) else 1
   inverse <- switch(fit$link, logit = stats::plogis, probit = stats::pnorm,
     cauchit = stats::pcauchy,
     cloglog = function(x) -expm1(-exp(x)), loglog = function(x) exp(-exp(-x)))
-  below <- cbind(0, vapply(fit$alpha, function(a) inverse(a - eta), eta), 1)
-  below[, -1L, drop = FALSE] - below[, -ncol(below), drop = FALSE]
+  below <- cbind(0, vapply(fit$alpha, function(a) inverse((a - eta) / scale), eta), 1)
+  all <- below[, -1L, drop = FALSE] - below[, -ncol(below), drop = FALSE]
+  observed <- all[cbind(seq_len(nrow(all)), as.integer(stats::model.response(frame)))]
+  given <- as.numeric(fit$fitted.values)
+  given <- given[!is.na(given)]
+  if (!isTRUE(all.equal(observed, given, tolerance = 1e-5))) all[] <- NA_real_
+  all
+}
+
+linear_predictor <- function(terms, contrasts, beta, frame) {
+  beta <- beta[!is.na(beta)]
+  terms <- stats::delete.response(terms)
+  offset <- attr(terms, "offset")
+  out <- rep(0, nrow(frame))
+  for (i in offset) out <- out + frame[[variable_names(terms)[i]]]
+  if (length(beta) == 0L) return(out)
+  design <- stats::model.matrix(terms, frame, contrasts.arg = contrasts)
+  out + drop(design[, names(beta), drop = FALSE] %*% beta)
 }
 
 random_predictor <- function(fit) {
@@ -162,16 +169,24 @@ random_predictor <- function(fit) {
   frame <- stats::model.frame(fit)
   total <- 0
   for (name in names(modes)) {
-    fields <- strsplit(name, ":", fixed = TRUE)[[1L]]
-    group <- do.call(paste, c(without_names(lapply(frame[fields], as.character)), sep = ":"))
+    group <- do.call(paste,
+      c(without_names(lapply(frame[group_fields(name, names(frame))], as.character)), sep = ":"))
     table <- modes[[name]]
-    for (column in colnames(table)) {
-      value <- if (column == "(Intercept)") 1 else frame[[column]]
-      if (is.null(value)) return(rep(NA_real_, nrow(frame)))
-      total <- total + value * table[match(group, rownames(table)), column]
+    rows <- block_rows(colnames(table), frame)
+    for (k in seq_along(rows)) {
+      total <- total + row_values(rows[[k]], frame) * table[match(group, rownames(table)), k]
     }
   }
   total
+}
+
+# The column that a row of a block describes.
+row_values <- function(row, frame) {
+  if (!all(c(names(row$covariates), names(row$factors)) %in% names(frame))) return(NA_real_)
+  value <- rep(1, nrow(frame))
+  for (field in names(row$covariates)) value <- value * frame[[field]]^row$covariates[[field]]
+  for (field in names(row$factors)) value <- value * (frame[[field]] == row$factors[[field]])
+  value
 }
 
 #' @export
@@ -181,8 +196,9 @@ hf_messages.clm <- function(fit, random) {
 
 #' @export
 hf_messages.clmm <- function(fit, random) {
-  failed <- isTRUE(fit$optRes$convergence != 0)
-  if (failed) list(caution("kGLMM_C18")) else list()
+  failed <- isTRUE(fit$optRes$convergence != 0) || 
+    !all(is.finite(suppressWarnings(stats::coef(summary(fit)))[, 2L]))
+  c(singular_messages(random, hf_distribution(fit)), if (failed) list(caution("kGLMM_C18")))
 }
 
 clm_left_out <- function(fit) {

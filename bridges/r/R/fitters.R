@@ -21,6 +21,8 @@ hf_criteria <- function(fit) UseMethod("hf_criteria")
 hf_messages <- function(fit, random) UseMethod("hf_messages")
 # What the reference grid of estimated means needs beside the fit.
 hf_grid_arguments <- function(fit, options) UseMethod("hf_grid_arguments")
+# Arguments of the reference grid of probabilities of a target's categories.
+hf_category_grid <- function(fit) UseMethod("hf_category_grid")
 # The covariance of the estimable coefficients of the fixed part.
 hf_vcov <- function(fit, info) UseMethod("hf_vcov")
 # What the documents cannot hold, in words.
@@ -67,7 +69,22 @@ hf_grid_arguments.default <- function(fit, options) {
 }
 
 #' @export
+hf_category_grid.default <- function(fit) list(fit, mode = "prob")
+
+#' @export
 hf_fitted.default <- function(fit) stats::fitted(fit)
+
+# Fitted values without the records that na.exclude puts back.
+of_records <- function(fitted, fit, info) {
+  if (NROW(fitted) == nrow(info$frame)) return(fitted)
+  left_out <- attr(info$frame, "na.action")
+  if (is.null(left_out) && is.list(fit)) left_out <- fit$na.action
+  kept <- if (inherits(left_out, "exclude")) seq_len(NROW(fitted))[-as.integer(left_out)]
+  if (length(kept) != nrow(info$frame)) stop("The fit has fitted values of ", NROW(fitted),
+    " records where its data have ", nrow(info$frame), "; fit it with na.action = na.omit.",
+    call. = FALSE)
+  if (is.matrix(fitted)) fitted[kept, , drop = FALSE] else fitted[kept]
+}
 
 #' @export
 hf_vcov.default <- function(fit, info) {
@@ -96,6 +113,16 @@ criteria_of <- function(minus2, k, n, bic) {
   room <- n - k - 1
   aicc <- if (isTRUE(room > 0)) minus2 + 2 * k + 2 * k * (k + 1) / room else NA_real_
   list(minus2 = minus2, aicc = aicc, bic = bic)
+}
+
+# Some fitters keep columns that are combinations of others; their coefficients are one choice of
+# many.
+refuse_aliased <- function(x) {
+  q <- qr(x, tol = 1e-9)
+  if (q$rank == ncol(x)) return(invisible())
+  stop("The coefficients ", paste(colnames(x)[q$pivot[-seq_len(q$rank)]], collapse = ", "),
+    " cannot be estimated beside the others, which this fitter does not tell; leave their terms or ",
+    "empty levels out of the model.", call. = FALSE)
 }
 
 #' @export

@@ -82,21 +82,41 @@ wrapped_factor <- function(field, info) {
   }, NA))
 }
 
-check_request <- function(request, predictors) {
-  unknown <- setdiff(request$fields, predictors)
+has_categories <- function(distribution) distribution$distribution %in% c("ORDINAL", "NOMINAL")
+
+# A target of several categories has no mean; the probabilities of its categories are the means of a
+# block with the target as one of its factors.
+check_request <- function(request, predictors, target, of_categories) {
+  unknown <- setdiff(request$fields, c(predictors, if (of_categories) target))
   if (length(unknown)) stop("`means` names ", paste(unknown, collapse = ", "),
     ", which the model does not have. ",
     "It has: ", paste(predictors, collapse = ", "), ".", call. = FALSE)
+  if (!of_categories) return()
+  if (!(target %in% request$fields)) stop("A target of several categories has the probabilities of ",
+    "its categories for means; name it in `means`, such as ~ ", request$fields[1L], " | ", target, ".",
+    call. = FALSE)
+  if (identical(request$compare, target)) stop("Contrasts of ", target, " would compare its own ",
+    "categories; name a factor first, such as ~ ", c(setdiff(request$fields, target), "A")[1L], " | ",
+    target, ".", call. = FALSE)
+}
+
+# The target of log(y) is log(y): no transformation in the response is undone, none but the link.
+on_target_scale <- function(grid, link) {
+  grid@misc$tran2 <- NULL
+  if (link == "IDENTITY") grid@misc[c("tran", "inv.lbl")] <- NULL
+  grid
 }
 
 # A maker of reference grids, which makes each but once.
-grid_maker <- function(fit, options) {
+grid_maker <- function(fit, options, of_categories, link) {
   made <- list()
+  arguments <- c(list(fit), options$grid_arguments)
+  if (of_categories) arguments <- hf_category_grid(fit)
   function(at) {
     key <- paste0("at ", paste(names(at), at, collapse = ";"))
     if (is.null(made[[key]])) {
-      arguments <- c(list(fit), options$grid_arguments, if (length(at)) list(at = at))
-      made[[key]] <<- reference_grid(arguments)
+      grid <- reference_grid(c(arguments, if (length(at)) list(at = at)))
+      made[[key]] <<- if (of_categories) grid else on_target_scale(grid, link)
     }
     made[[key]]
   }
@@ -198,12 +218,23 @@ contrasts_of <- function(means, request, options) {
     list(by = if (length(others)) others, adjust = "none"))
   object <- suppressMessages(do.call(emmeans::contrast, arguments))
   figures <- summary_figures(object, options$level)
+  figures$frame <- levels_as_in(figures$frame, means, others)
   pairs <- contrast_pairs(request, levels)
   groups <- length(figures$estimate) / length(pairs$first)
   if (groups != round(groups)) return(NULL)
-  c(list(object = object, others = others, groups = groups),
+  c(list(object = object, others = others, groups = groups, means = means),
     adjusted(figures, length(pairs$first), groups, options),
     list(figures = figures, first = rep(pairs$first, groups), second = rep(pairs$second, groups)))
+}
+
+# Contrasts of nested factors have texts where the means have levels in their order.
+levels_as_in <- function(frame, means, fields) {
+  for (field in fields) {
+    if (!is.character(frame[[field]])) next
+    known <- means$figures$frame[[field]]
+    frame[[field]] <- factor(frame[[field]], as_levels(known))
+  }
+  frame
 }
 
 row_rank <- function(means, field) {
@@ -249,9 +280,17 @@ contrasts_node <- function(contrasts, request, options) {
   )
 }
 
-# The test that all contrasts of a group are zero.
-overall_nodes <- function(contrasts) {
+# The test that all contrasts of a group are zero. Groups are told apart by levels of factors.
+overall_nodes <- function(contrasts, info) {
+  continuous <- Filter(function(name) is.null(info$fields_by_name[[name]]$field$levels),
+    contrasts$others)
+  if (length(continuous)) {
+    message("The overall tests of contrasts at values of ", continuous[1L], " are left out: the ",
+      "documents hold them for levels of factors alone.")
+    return(NULL)
+  }
   table <- exact_joint_test(contrasts$object, by = if (length(contrasts$others)) contrasts$others)
+  table <- levels_as_in(table, contrasts$means, contrasts$others)
   order <- if (length(contrasts$others)) row_order(table, contrasts$others) else 1L
   levels <- level_texts(table[order, , drop = FALSE], contrasts$others)
   lapply(seq_along(order), function(i) {
@@ -308,7 +347,7 @@ request_node <- function(request, index, make_grid, info, options) {
     "DataGroup", c(description = "customEmmeans"), statistic_node("EMMEANSIndex", index),
     fixed_node(grid, request, info), estimates_node(means),
     if (!is.null(contrasts)) list(contrasts_node(contrasts, request, options),
-      overall_nodes(contrasts)), refused
+      overall_nodes(contrasts, info)), refused
   )
 }
 
@@ -317,7 +356,7 @@ most_top_effects <- 10L
 
 top_nodes <- function(design, tests, make_grid, options) {
   if (nrow(tests) == 0L) return(NULL)
-  plain <- vapply(design$effects, function(e) !e$numeric && !e$coded && length(e$fields) <= 2L, NA)
+  plain <- vapply(design$effects, function(e) !e$numeric && length(e$fields) <= 2L, NA)
   chosen <- which(plain & !is.na(tests$p) & tests$p < 1 - options$level)
   chosen <- utils::head(chosen[order(tests$p[chosen])], most_top_effects)
   lapply(chosen, function(i) {

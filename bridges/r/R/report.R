@@ -8,6 +8,7 @@
 #' @inheritParams hf_documents
 #' @param file The report: the ending says the format, such as `.html`, `.docx` or `.json`.
 #' @param ... What [hf_documents()] takes.
+#' @param title What an HTML page is called.
 #' @return The path of the report, invisibly.
 #' @examples
 #' \dontrun{
@@ -15,13 +16,14 @@
 #' hf_report(fit, "warpbreaks.html", means = ~ tension)
 #' }
 #' @export
-hf_report <- function(fit, file, ...) {
+hf_report <- function(fit, file, ..., title = NULL) {
   program <- find_program()
   folder <- temporary_folder()
   on.exit(unlink(folder, recursive = TRUE))
   hf_documents(fit, folder, ...)
   said <- run_program(program, c(
-    "report", "-o", file, file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
+    "report", "-o", file, if (!is.null(title)) c("--title", title),
+    file.path(folder, "model.pmml"), file.path(folder, "model.statxml")
   ))
   if (length(said)) message(paste(said, collapse = "\n"))
   invisible(file)

@@ -19,7 +19,8 @@ random_spec_node <- function(block) {
     attribute("Intercept", value = flag_text(block$intercept)),
     attribute("SubjectSpec", subject_node(block$subject)),
     attribute("GroupSpec", value_list(block$grouping)),
-    attribute("CovarianceType", value = block$structure), attribute("CovarianceTBand", value = "")
+    if (nzchar(block$structure)) attribute("CovarianceType", value = block$structure),
+    attribute("CovarianceTBand", value = "")
   )
 }
 
@@ -54,7 +55,8 @@ settings_node <- function(part) {
     setting("DistributionOfTarget", d$distribution), setting("LinkFunctionType", d$link),
     setting("LinkFunctionParam", number_text(d$power)),
     setting("Intercept", flag_text(part$design$intercept)),
-    setting("ResidualCovarianceType", residual$type), setting("ResidualCovarianceTBand", ""),
+    if (nzchar(residual$type)) setting("ResidualCovarianceType", residual$type),
+    setting("ResidualCovarianceTBand", ""),
     setting("ResidualSubjectSpec", NULL, subject_node(subject)),
     setting("ResidualGroupSpec", NULL, value_list(residual$grouping)),
     setting("CIn", number_text(part$options$level)),
@@ -91,7 +93,7 @@ segment_node <- function(values) {
 
 matrix_node <- function(matrix, structure) {
   n <- nrow(matrix)
-  if (structure != "UNSTRUCTURED") {
+  if (structure %in% c("VC", "DIAG", "ID")) {
     return(node("Matrix", c(nbRows = n, kind = "diagonal"), real_array(diag(matrix))))
   }
   lower <- unlist(lapply(seq_len(n), function(i) matrix[i, seq_len(i)]))
@@ -127,15 +129,14 @@ test_node <- function(description, id, type, row) {
     f_test_node(row$f, row$df1, row$df2, row$p))
 }
 
+# Parameters that the fit has, which are fewer than those shown where groups share some.
 count_parameters <- function(part) {
-  residual <- if (isTRUE(part$residual$fixed)) 0L else sum(vapply(residual_groups(part$residual),
-    function(g) {
-    length(g$parameters)
-  }, 1L))
-  random <- sum(vapply(part$random, function(block) {
-    sum(vapply(block_groups(block), function(g) length(g$parameters), 1L))
-  }, 1L))
-  list(residual = residual, random = random)
+  shown <- function(groups) sum(vapply(groups, function(g) length(g$parameters), 1L))
+  count <- function(x, groups) if (is.null(x$free)) shown(groups) else x$free
+  random <- vapply(part$random, function(block) as.integer(count(block, block_groups(block))), 1L)
+  residual <- part$residual
+  list(residual = if (isTRUE(residual$fixed)) 0L else count(residual, residual_groups(residual)),
+    random = sum(random))
 }
 
 residual_groups <- function(residual) {
@@ -160,7 +161,7 @@ fit_statistics <- function(part, accuracy, grand) {
 }
 
 diagnostics_node <- function(fit, part) {
-  fitted <- hf_fitted(fit)
+  fitted <- of_records(hf_fitted(fit), fit, part$info)
   categorical <- part$distribution$distribution %in% c("BINOMIAL", "ORDINAL", "NOMINAL")
   classes <- if (categorical) classification_of(part$target, fitted)
   accuracy <- if (categorical) sum(diag(classes$counts)) / sum(classes$counts)
@@ -181,12 +182,8 @@ diagnostics_node <- function(fit, part) {
 
 means_nodes <- function(fit, part) {
   asked <- length(part$requests) > 0L
-  if (part$distribution$distribution %in% c("ORDINAL", "NOMINAL")) {
-    if (asked) stop("Means of a target of several categories have no place in the documents.",
-      call. = FALSE)
-    return(list())
-  }
-  if (length(part$design$effects) == 0L && !asked) return(list())
+  of_categories <- has_categories(part$distribution)
+  if (!asked && (of_categories || length(part$design$effects) == 0L)) return(list())
   if (!requireNamespace("emmeans", quietly = TRUE)) {
     if (asked) needs("emmeans", "Estimated means")
     message("The chart of the significant effects' means needs emmeans: ",
@@ -194,10 +191,13 @@ means_nodes <- function(fit, part) {
     return(list())
   }
   make_grid <- grid_maker(if (is.null(part$options$tested)) fit else part$options$tested,
-    part$options)
+    part$options, of_categories, part$distribution$link)
   list(
-    grand = if (asked) grand_mean_nodes(make_grid, part$options),
-    top = top_nodes(part$design, part$tests$effects, make_grid, part$options),
+    grand = if (asked && !of_categories) grand_mean_nodes(make_grid, part$options),
+    top = if (!of_categories) tryCatch(
+      top_nodes(part$design, part$tests$effects, make_grid, part$options), error = function(e) {
+        message("The chart of the significant effects' means is left out: ", conditionMessage(e))
+      }),
     blocks = without_names(Map(request_node, part$requests, seq_along(part$requests) - 1L,
       MoreArgs = list(make_grid = make_grid, info = part$info, options = part$options)))
   )

@@ -37,7 +37,6 @@ most_records <- 10L
 first_subject_node <- function(part) {
   subjects <- part$subjects
   if (length(subjects$common) == 0L) return(NULL)
-  fields <- rev(unique(c(rev(subjects$all), subjects$within)))
   fields <- unique(c(subjects$all, subjects$within))
   columns <- lapply(stats::setNames(fields, fields),
     function(f) as.character(part$info$fields_by_name[[f]]$values))
@@ -52,19 +51,28 @@ first_subject_node <- function(part) {
       node("SegmentInfo", character(), without_names(Map(function(field, value) {
         node("FieldInfo", c(fieldName = field, fieldValue = value))
       }, fields, first))),
-      node("MultivariateData", character(), target_records(part$target, shown))
+      node("MultivariateData", character(), repeated_records(part$info, shown),
+        target_records(part$target, shown))
     )
   )
 }
 
+record_column <- function(name, values) {
+  array <- if (is_categorical(values)) text_array(as.character(values)) else real_array(values)
+  coordinates_node(array, "fields", field = name)
+}
+
+repeated_records <- function(info, shown) {
+  if (length(info$repeated) == 0L) return(NULL)
+  columns <- lapply(info$repeated,
+    function(name) record_column(name, info$fields_by_name[[name]]$values[shown]))
+  node("CoordinatesGroup", c(description = "repeatedMeasures"), columns)
+}
+
 target_records <- function(target, shown) {
-  column <- function(name, values) {
-    array <- if (is_categorical(values)) text_array(as.character(values)) else real_array(values)
-    coordinates_node(array, "fields", field = name)
-  }
   values <- if (is.null(target$trials)) target$values else target$events
   node(
-    "CoordinatesGroup", c(description = "target"), column(target$name, values[shown]),
-    if (!is.null(target$trials)) column(target$trials_name, target$trials[shown])
+    "CoordinatesGroup", c(description = "target"), record_column(target$name, values[shown]),
+    if (!is.null(target$trials)) record_column(target$trials_name, target$trials[shown])
   )
 }

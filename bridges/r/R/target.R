@@ -39,6 +39,14 @@ proportion_weights <- function(fit, frame, response) {
   if (all(whole) && any(response > 0 & response < 1)) weights else NULL
 }
 
+# Whether weights, if there are any, are numbers of trials.
+has_trials <- function(fit) {
+  frame <- stats::model.frame(fit)
+  response <- stats::model.response(frame)
+  if (hf_distribution(fit)$distribution != "BINOMIAL") return(FALSE)
+  is.matrix(response) || !is.null(proportion_weights(fit, frame, response))
+}
+
 target_of <- function(fit, info, distribution) {
   response <- stats::model.response(info$frame)
   expression <- as.list(attr(info$terms, "variables"))[[2L]]

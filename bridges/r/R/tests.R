@@ -22,6 +22,9 @@ replace_df2 <- function(table, options) {
 # The test that all rows of an object of emmeans are zero, as its test(joint = TRUE), which rounds F
 # and df2.
 exact_joint_test <- function(object, by = NULL) {
+  # Where it finds none estimable, it prints the error of a solution that it tries.
+  old <- options(show.error.messages = FALSE)
+  on.exit(options(old))
   rounded <- as.data.frame(emmeans::test(object, joint = TRUE, by = by))
   rows <- if (is.null(by)) list(seq_len(nrow(object@grid))) else rows_by(object@grid, by)
   exact <- lapply(rows, function(r) unrounded_f(object, object@linfct[r, , drop = FALSE]))
@@ -45,6 +48,7 @@ unrounded_f <- function(object, l) {
   known <- !is.na(object@bhat)
   l <- l[, , drop = FALSE]
   if (anyNA(l)) return(NULL)
+  l <- estimable_rows(l, object@nbasis)
   l[abs(l) < 1e-7] <- 0
   l <- l[rowSums(l != 0) > 0, , drop = FALSE]
   q <- qr(t(l))
@@ -56,7 +60,16 @@ unrounded_f <- function(object, l) {
   list(f = f, df2 = min(apply(basis, 1L, function(k) object@dffun(k, object@dfargs))))
 }
 
+# Combinations of rows that the data tell: those without a part in the basis of what they do not.
+estimable_rows <- function(l, basis) {
+  if (anyNA(basis)) return(l)
+  parts <- qr(l %*% basis, tol = 1e-8)
+  if (parts$rank == 0L) return(l)
+  t(qr.Q(parts, complete = TRUE)[, -seq_len(parts$rank), drop = FALSE]) %*% l
+}
+
 from_joint <- function(table) {
+  table[is.na(table$F.ratio), c("df1", "df2", "p.value")] <- NA
   data.frame(f = table$F.ratio, df1 = table$df1, df2 = table$df2, p = table$p.value)
 }
 
@@ -109,13 +122,17 @@ joint_term_tests <- function(fit, info, design, options) {
   n <- length(design$effects)
   if (n == 0L) return(list(effects = no_test(0L), all = all))
   needs("emmeans", "The tests of effects of this fit")
-  covariance <- hf_vcov(fit, info)
+  covariance <- tryCatch(hf_vcov(fit, info), error = function(e) NULL)
+  if (is.null(covariance) || !all(is.finite(covariance))) {
+    message("The effects are not tested: the fit has no covariance of its coefficients.")
+    return(list(effects = no_test(n), all = all))
+  }
   wald <- function(columns) wald_test(info$beta, covariance, columns, options$test_df)
   if (design$intercept) all <- wald(setdiff(seq_len(design$columns), design$first))
   grid <- do.call(joint_grid, c(list(fit), options$grid_arguments))
   of_effect <- function(effect) suppressMessages(effect_test(grid, unique(effect$fields)))
-  effects <- if (needs_wald(design)) wald_effects(design, wald,
-    of_effect) else joint_effects(design, of_effect)
+  effects <- if (needs_wald(design)) wald_effects(design, wald, of_effect)
+    else joint_effects(design, wald, of_effect)
   list(effects = replace_df2(effects, options), all = replace_df2(all, options))
 }
 
@@ -132,16 +149,21 @@ wald_effects <- function(design, wald, of_factors) {
   do.call(rbind, tests)
 }
 
-# The reference grid of joint_tests(), in which covariates have two values about their means.
+# The reference grid of joint_tests(), in which covariates have two values about their means; tests
+# are those of linear predictors.
 joint_grid <- function(fit, ...) {
   reduce <- eval(formals(emmeans::joint_tests)$cov.reduce, asNamespace("emmeans"))
-  reference_grid(list(fit, ..., cov.reduce = reduce))
+  on_target_scale(reference_grid(list(fit, ..., cov.reduce = reduce)), "IDENTITY")
 }
 
 reference_grid <- function(arguments) {
-  # A column that lost its coding in a copy of the data has the fit's own in the grid.
+  # A column that lost its coding in a copy of the data has the fit's own in the grid; so has a factor
+  # whose name has blanks. Nothing here stands on the guess that emmeans makes of a transformation in
+  # the response.
+  expected <- paste("contrasts dropped", "contrasts? will be ignored", "is not a factor",
+    "unevaluated constants in the response", sep = "|")
   quietly <- function(w) {
-    if (grepl("contrasts dropped", conditionMessage(w))) invokeRestart("muffleWarning")
+    if (grepl(expected, conditionMessage(w))) invokeRestart("muffleWarning")
   }
   make <- function() suppressMessages(do.call(emmeans::ref_grid, arguments))
   tryCatch(withCallingHandlers(make(), warning = quietly), error = function(e) {
@@ -152,8 +174,12 @@ reference_grid <- function(arguments) {
   })
 }
 
-joint_effects <- function(design, of_effect) {
-  tests <- do.call(rbind, lapply(design$effects, of_effect))
+# What emmeans finds not estimable is tested by its coefficients where no other term holds it.
+joint_effects <- function(design, wald, of_effect) {
+  tests <- do.call(rbind, lapply(design$effects, function(effect) {
+    test <- of_effect(effect)
+    if (is.na(test$f) && !is_marginal(effect, design)) wald(effect$columns) else test
+  }))
   if (anyNA(tests$f)) message("Not tested, since not estimable: ",
     paste(vapply(design$effects[is.na(tests$f)], `[[`, "", "label"), collapse = ", "), ".")
   tests

@@ -5,7 +5,7 @@
 
 #include "report/html/table/HeaderIds.h"
 #include "report/html/table/NoteMarks.h"
-#include "report/html/table/NumberColumns.h"
+#include "report/layout/NumberColumns.h"
 #include "report/layout/Grid.h"
 #include "report/layout/Redundant.h"
 

@@ -61,7 +61,7 @@ test_that("events of trials are seen in each of the ways to give them", {
   )
   names <- c("ncases + ncontrols", "n", "n")
   for (i in seq_along(ways)) {
-    text <- suppressMessages(written(ways[[i]]))
+    expect_message(text <- written(ways[[i]]), NA)
     expect_match(text, "name=\"TargetField\" value=\"ncases\"", fixed = TRUE)
     expect_match(text, paste0("name=\"TrialsField\" value=\"", names[i], "\""), fixed = TRUE)
   }

@@ -124,3 +124,18 @@ test_that("random slopes keep the names of their columns, be they odd ones", {
   tables <- chain(levels, df = "satterthwaite")
   expect_identical(names(tables[["RandomEffects-1"]])[-1], c("late=FALSE", "late=TRUE"))
 })
+
+test_that("repeated measures stand beside the first subject's records, by name or by the correlation's covariate", {
+  sleep <- transform(lme4::sleepstudy[sample(180), ], Day = factor(Days))
+  fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), sleep)
+  table <- chain(fit, df = "satterthwaite", repeated = "Day")[["DataStructure-1"]]
+  first <- sleep[sleep$Subject == sleep$Subject[1], ]
+  measured <- table[["Repeated Measures Day"]]
+  expect_identical(as.character(measured[1:10]), as.character(first$Day))
+  expect_identical(as.numeric(measured[11]), 10)
+  expect_error(written(fit, repeated = "Days"), "copy of it")
+  expect_error(written(fit, repeated = "Weeks"), "Weeks is not in the data")
+  skip_if_not_installed("nlme")
+  serial <- nlme::gls(y ~ x, case_data$serial, correlation = nlme::corAR1(form = ~ t | g))
+  expect_match(written(serial), "repeatedMeasures.*field=\"t\"")
+})

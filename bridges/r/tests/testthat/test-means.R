@@ -63,3 +63,91 @@ test_that("means that cannot be asked are refused by name", {
   expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
   expect_error(written(fit, means = "wool"), "formulas")
 })
+
+test_that("probabilities are the means of a target of several categories", {
+  skip_if_not_installed("ordinal")
+  skip_if_not_installed("nnet")
+  fits <- list(
+    quote(ordinal::clm(o ~ a + x, data = three)), quote(ordinal::clmm(o ~ a + x + (1 | c), data = three)),
+    quote(nnet::multinom(o ~ a + x, three, trace = FALSE))
+  )
+  for (call in fits) {
+    fit <- fitted_case(call)
+    tables <- suppressMessages(chain(fit, means = list(~ o | a, ~ a | o), contrasts = c("none", "simple"),
+      reference = list(NULL, "1")))
+    emm <- suppressMessages(emmeans::emmeans(fit, ~ o | a, mode = "prob"))
+    expected <- as.data.frame(summary(emm))
+    got <- tables[["Estimates-1"]]
+    expect_identical(got[[2]], as.character(expected$o))
+    expect_figures(got[c("Mean", "Std. Error")], expected[c("prob", "SE")])
+    contrasts <- as.data.frame(emmeans::contrast(emm, "trt.vs.ctrl", ref = 1, by = "o", adjust = "none"))
+    got <- tables[["Contrasts-1"]]
+    expect_figures(got[["Contrast Estimate"]], contrasts$estimate)
+    expect_figures(got[["Adj. Sig."]], contrasts$p.value)
+    expect_error(suppressMessages(written(fit, means = ~a)), "such as ~ a \\| o")
+    expect_error(suppressMessages(written(fit, means = ~ o | a, contrasts = "pairwise")), "such as ~ a \\| o")
+  }
+})
+
+test_that("a factor of any coding has its means in the chart of significant effects", {
+  fit <- glm(cbind(ncases, ncontrols) ~ agegp, binomial, esoph)
+  expected <- as.data.frame(summary(emmeans::emmeans(fit, ~agegp), type = "response"))
+  expect_figures(array_behind(written(fit), "description=\"Emmeans\".*?statistic=\"mean\""), expected$prob)
+})
+
+test_that("what emmeans cannot take is an error that says so", {
+  data <- warpbreaks
+  fit <- lm(breaks ~ wool * tension, data)
+  assign("vanished", data)
+  fit$call$data <- as.name("vanished")
+  environment(fit$terms) <- emptyenv()
+  expect_error(suppressMessages(written(fit, means = ~wool)), "emmeans cannot take this fit")
+})
+
+test_that("degrees of freedom of a fit of lmer follow its likelihood", {
+  skip_if_not_installed("lmerTest")
+  fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), lme4::sleepstudy, REML = FALSE)
+  expected <- coef(summary(lmerTest::as_lmerModLmerTest(fit), ddf = "Satterthwaite"))
+  expect_figures(estimated(chain(fit)[["FixedCoefficients-1"]])[["Sig."]], expected[, 5])
+  expect_error(written(fit, df = "kenward-roger"), "REML = TRUE")
+})
+
+test_that("contrasts stand at values of a continuous predictor, and between them", {
+  fit <- lm(Reaction ~ Days * late, case_data$sleep)
+  expect_message(tables <- chain(fit, means = list(~ late | Days, ~ Days | late), contrasts = "pairwise",
+    at = list(Days = c(2, 7))), "overall tests.*Days")
+  grid <- suppressMessages(emmeans::emmeans(fit, ~ late * Days, at = list(Days = c(2, 7))))
+  for (i in 1:2) {
+    by <- c("Days", "late")[i]
+    expected <- as.data.frame(emmeans::contrast(grid, "pairwise", by = by, adjust = "none"))
+    got <- tables[[paste0("Contrasts-", i)]]
+    expect_figures(got[["Contrast Estimate"]], expected$estimate)
+    expect_figures(got[["Adj. Sig."]], expected$p.value)
+  }
+  expect_identical(sum(grepl("^OverallTestResults", names(tables))), 1L)
+})
+
+test_that("means of a response made in the formula stand on its own scale", {
+  data <- transform(warpbreaks, half = breaks / 2)
+  fits <- list(
+    lm(log(breaks) ~ wool, data), lm(sqrt(breaks) ~ wool, data), lm(scale(breaks) ~ wool, data),
+    lm(asin(sqrt(breaks / 100)) ~ wool, data), lm(I(breaks / 2) ~ wool, data),
+    glm(log(breaks) ~ wool, Gamma("log"), data), glm(I(breaks^2) ~ wool, Gamma("inverse"), data),
+    nlme::gls(log(breaks) ~ wool, data), lme4::lmer(log(breaks) ~ wool + (1 | tension), data)
+  )
+  for (fit in fits) {
+    tables <- suppressMessages(chain(fit, means = ~wool, contrasts = "pairwise"))
+    expected <- as.numeric(tapply(fitted(fit), data$wool, mean))
+    name <- deparse(formula(fit))
+    expect_figures(tables[["Estimates-1"]]$Mean, expected, tolerance = 1e-7, info = name)
+    expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], expected[1] - expected[2], 1e-7, info = name)
+  }
+})
+
+test_that("contrasts within a factor that nests stand in the order of its levels", {
+  tables <- chain(lm(breaks ~ tension / wool, warpbreaks), means = ~ wool | tension, contrasts = "pairwise")
+  means <- tapply(warpbreaks$breaks, warpbreaks[c("wool", "tension")], mean)
+  expect_identical(tables[["Contrasts-1"]][[1]], colnames(means))
+  expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], means["A", ] - means["B", ])
+  expect_identical(tables[["OverallTestResults-1"]][[1]], colnames(means))
+})

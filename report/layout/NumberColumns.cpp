@@ -1,11 +1,11 @@
-#include "report/html/table/NumberColumns.h"
+#include "report/layout/NumberColumns.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "report/layout/CellContent.h"
 
-namespace hierfit::report::html {
+namespace hierfit::report {
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr std::size_t kLongestTail = 24;
 bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 /// Digits, and the signs ahead of them: those of ASCII, and U+2212.
-bool IsIntegerPart(char byte) {
+bool IsInIntegerPart(char byte) {
     return IsDigit(byte) || std::string_view("-+<> \u2212").find(byte) != std::string_view::npos;
 }
 
@@ -23,6 +23,10 @@ bool IsIntegerPart(char byte) {
 std::size_t DecimalsOf(document::FormatName format) { return format == document::FormatName::CoefficientSE ? 4 : 3; }
 
 }  // namespace
+
+std::size_t IntegerPartOf(std::string_view words) {
+    return static_cast<std::size_t>(std::find_if_not(words.begin(), words.end(), IsInIntegerPart) - words.begin());
+}
 
 NumberColumns::NumberColumns(const Grid& grid) : fvColumns(static_cast<std::size_t>(grid.fColumns)) {
     auto cell = grid.fvCells.begin();
@@ -57,8 +61,7 @@ bool NumberColumns::IsSmall(const document::Text& content, const Tail& tail) {
 }
 
 NumberColumns::Tail NumberColumns::TailOf(std::string_view words) {
-    words.remove_prefix(
-        static_cast<std::size_t>(std::find_if_not(words.begin(), words.end(), IsIntegerPart) - words.begin()));
+    words.remove_prefix(IntegerPartOf(words));
     if (words.empty() || words.size() > kLongestTail) return {};
     if (words.front() != '.') return {false, 0, words};
     words.remove_prefix(1);
@@ -75,4 +78,4 @@ std::string NumberColumns::PaddingOf(int column, std::string_view words) const {
     return padding;
 }
 
-}  // namespace hierfit::report::html
+}  // namespace hierfit::report

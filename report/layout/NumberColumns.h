@@ -6,7 +6,10 @@
 
 #include "report/layout/Grid.h"
 
-namespace hierfit::report::html {
+namespace hierfit::report {
+
+/// Bytes of a number's words ahead of its decimal sign, or of the place where that would stand.
+std::size_t IntegerPartOf(std::string_view words);
 
 /// Which columns of a grid are columns of numbers, and what it takes to set them below one another at the decimal sign,
 /// percentages among percentages and all others among themselves. It points into the grid's table.
@@ -52,4 +55,4 @@ class NumberColumns {
     bool fHasSmallFigures = false;
 };
 
-}  // namespace hierfit::report::html
+}  // namespace hierfit::report

@@ -1,0 +1,159 @@
+# What the fitters themselves say, in one form for all of them.
+
+# Estimate, error, statistic and p of the estimated coefficients.
+own_coefficients <- function(fit) UseMethod("own_coefficients")
+
+own_coefficients.default <- function(fit) last_four(coef(summary(fit)))
+own_coefficients.aov <- function(fit) last_four(coef(summary.lm(fit)))
+own_coefficients.lmerMod <- function(fit) {
+  method <- if (lme4::isREML(fit)) "Kenward-Roger" else "Satterthwaite"
+  last_four(coef(summary(lmerTest::as_lmerModLmerTest(fit), ddf = method)))
+}
+own_coefficients.lmerModLmerTest <- own_coefficients.lmerMod
+own_coefficients.glmmTMB <- function(fit) last_four(summary(fit)$coefficients$cond)
+own_coefficients.lme <- function(fit) last_four(summary(fit)$tTable)
+own_coefficients.gls <- own_coefficients.lme
+own_coefficients.clm <- function(fit) {
+  last_four(coef(summary(fit))[c(names(fit$alpha), names(fit$beta)[!is.na(fit$beta)]), , drop = FALSE])
+}
+own_coefficients.multinom <- function(fit) {
+  s <- summary(fit)
+  estimate <- as.numeric(t(s$coefficients))
+  se <- as.numeric(t(s$standard.errors))
+  cbind(estimate, se, estimate / se, 2 * pnorm(-abs(estimate / se)))
+}
+
+last_four <- function(table) {
+  n <- ncol(table)
+  table <- table[!is.na(table[, 1L]), , drop = FALSE]
+  table[, c(1L, 2L, n - 1L, n), drop = FALSE]
+}
+
+# Rows in the order of their estimates, since documents and fitters order terms in their own ways.
+expect_own_coefficients <- function(tables, fit, info) {
+  got <- estimated(tables[["FixedCoefficients-1"]])
+  expected <- own_coefficients(fit)
+  # A fit on the verge of singular has one more digit lost in its inverse.
+  by <- function(x) order(signif(x, 8))
+  expected <- expected[by(expected[, 1L]), , drop = FALSE]
+  got <- got[by(got$Coefficient), ]
+  columns <- c("Coefficient", "Std. Error", "t", "Sig.")
+  for (k in seq_along(columns)) expect_figures(got[[columns[k]]], expected[, k], info = paste(info, columns[k]))
+}
+
+# Entries of all covariance matrices of random effects.
+own_covariances <- function(fit) UseMethod("own_covariances")
+own_covariances.default <- function(fit) numeric()
+own_covariances.merMod <- function(fit) unlist(lapply(lme4::VarCorr(fit), as.numeric))
+own_covariances.glmmTMB <- function(fit) unlist(lapply(glmmTMB::VarCorr(fit)$cond, as.numeric))
+own_covariances.clmm <- function(fit) unlist(lapply(ordinal::VarCorr(fit), as.numeric))
+own_covariances.lme <- function(fit) unlist(lapply(fit$modelStruct$reStruct,
+  function(part) as.numeric(as.matrix(part)) * fit$sigma^2))
+
+expect_own_covariances <- function(tables, fit, info) {
+  blocks <- tables[grepl("^RandomEffects-", names(tables))]
+  entries <- unlist(lapply(blocks, function(b) Filter(is.numeric, b)))
+  expected <- own_covariances(fit)
+  # Blocks that a fitter keeps apart have zeros between them.
+  expect_figures(sort(entries[entries != 0]), sort(expected[expected != 0]), info = info)
+}
+
+# Covariance parameters: those that the likelihood counts beside coefficients and dispersions.
+own_count <- function(fit) {
+  family <- if (inherits(fit, c("glm", "glmmTMB", "glmerMod"))) family(fit)$family else ""
+  if (inherits(fit, "multinom")) return(0)
+  if (inherits(fit, "glm")) return(as.numeric(!grepl("^(binomial|poisson|Negative)", family)))
+  thresholds <- if (inherits(fit, c("clm", "clmm"))) length(fit$alpha) + length(fit$zeta) else 0
+  slopes <- nrow(own_coefficients(fit)) - if (thresholds > 0) length(fit$alpha) else 0
+  attr(logLik(fit), "df") - slopes - thresholds - grepl("nbinom2|Negative", family)
+}
+
+# Tests of the effects, whose names have stars and powers in the documents.
+own_tests <- function(fit) {
+  if (inherits(fit, "lmerMod")) {
+    method <- if (lme4::isREML(fit)) "Kenward-Roger" else "Satterthwaite"
+    table <- anova(lmerTest::as_lmerModLmerTest(fit), type = 3, ddf = method)
+    return(data.frame(term = rownames(table), f = table[["F value"]], df1 = table$NumDF, df2 = table$DenDF,
+      p = table[["Pr(>F)"]]))
+  }
+  if (inherits(fit, c("lme", "gls"))) {
+    table <- anova(fit, type = "marginal")[-1, ]
+    df2 <- if (is.null(table$denDF)) nobs(fit) - length(coef(fit)) else table$denDF
+    return(data.frame(term = rownames(table), f = table[["F-value"]], df1 = table$numDF, df2 = df2,
+      p = table[["p-value"]]))
+  }
+  table <- as.data.frame(emmeans::joint_tests(fit))
+  # joint_tests() rounds F.
+  data.frame(term = table[["model term"]], f = NA, df1 = table$df1, df2 = table$df2, p = table$p.value)
+}
+
+expect_own_tests <- function(tables, fit, info) {
+  got <- tables[["FixedEffects-1"]][-1, ]
+  expected <- own_tests(fit)
+  powers <- gsub("I\\((\\w+)\\^2\\)", "\\1 * \\1", gsub(":", " * ", expected$term))
+  expected <- expected[match(got$Source, powers), ]
+  if (!all(is.na(expected$f))) expect_figures(got$F, expected$f, info = info)
+  expect_figures(got$df1, expected$df1, info = info)
+  expect_figures(got$df2, expected$df2, info = info)
+  expect_figures(got[["Sig."]], expected$p, info = info)
+}
+
+# Means, contrasts and overall tests on the scale of the target, in the order of the tables.
+expect_own_means <- function(tables, fit, formula, info) {
+  data <- if (inherits(fit, c("lme", "gls"))) eval(fit$call$data, case_data)
+  arguments <- c(list(fit, formula), if (!is.null(data)) list(data = data))
+  if (inherits(fit, "lme")) arguments$mode <- "containment"
+  if (inherits(fit, "gls")) arguments$df <- nobs(fit) - length(coef(fit))
+  if (inherits(fit, "lmerMod")) arguments$lmer.df <- "kenward-roger"
+  grid <- suppressMessages(do.call(emmeans::emmeans, arguments))
+  figures <- as.data.frame(summary(grid, type = "response"))
+  expect_figures(tables[["Estimates-1"]]$Mean, figures[[length(all.vars(formula)) + 1L]], info = info)
+  expect_figures(tables[["Estimates-1"]][["Std. Error"]], figures$SE, info = info)
+  response <- if (is.null(grid@misc$tran)) grid else suppressMessages(emmeans::regrid(grid))
+  pairs <- emmeans::contrast(response, "pairwise", adjust = "none")
+  figures <- as.data.frame(pairs)
+  got <- tables[["Contrasts-1"]]
+  expect_figures(got[["Contrast Estimate"]], figures$estimate, info = info)
+  expect_figures(got[["Std. Error"]], figures$SE, info = info)
+  expect_figures(got$df, figures$df, info = info)
+  families <- if (length(pairs@misc$by.vars)) figures[[pairs@misc$by.vars]] else rep(1, nrow(figures))
+  sidak <- ave(figures$p.value, families, FUN = function(p) {
+    order <- order(p)
+    p[order] <- cummax(-expm1(rev(seq_along(p)) * log1p(-p[order])))
+    p
+  })
+  expect_figures(got[["Adj. Sig."]], sidak, info = info)
+  joint <- as.data.frame(emmeans::test(pairs, joint = TRUE))
+  expect_figures(tables[["OverallTestResults-1"]][["Sig."]], joint$p.value, tolerance = 1e-9, info = info)
+}
+
+# Points of the chart of predicted by observed, where each record is one; counts of the
+# classification.
+expect_own_predictions <- function(text, fit, info) {
+  if (grepl("observedByPredicted", text, fixed = TRUE)) {
+    got <- array_behind(text, "statistic=\"predicted\"")
+    fitted <- as.numeric(fitted(fit))
+    fitted <- fitted[!is.na(fitted)]
+    if (length(fitted) <= 100) expect_figures(got, fitted, info = info)
+    expect_true(all(got >= min(fitted) - 1e-9 & got <= max(fitted) + 1e-9), info = info)
+  }
+  if (!grepl("classificationTable", text, fixed = TRUE)) return()
+  response <- model.response(model.frame(fit))
+  if (is.matrix(response)) return()
+  levels <- if (is.factor(response)) levels(response) else sort(unique(as.character(response)))
+  predicted <- if (inherits(fit, "multinom")) predict(fit)
+    else if (inherits(fit, "clm")) clm_classes(fit)
+    else if (!inherits(fit, "clmm")) levels[1 + (fitted(fit) > 0.5)]
+  weights <- if (inherits(fit, "multinom")) as.numeric(fit$weights) else model.weights(model.frame(fit))
+  weighted <- length(unique(weights)) > 1
+  if (is.null(predicted) || weighted) return()
+  counts <- table(factor(response, levels), factor(predicted, levels))
+  expect_identical(array_behind(text, "classificationTable"), as.numeric(t(counts)), info = info)
+}
+
+# predict() of ordinal wants the formula's own variables where it is called.
+clm_classes <- function(fit) {
+  data <- eval(fit$call$data, case_data)
+  predictors <- data[setdiff(names(data), all.vars(fit$terms)[1])]
+  predict(fit, newdata = predictors, type = "class")$fit
+}

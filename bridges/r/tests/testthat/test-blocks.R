@@ -1,0 +1,83 @@
+# How blocks of random effects stand in the settings: effects, subjects and what nests them.
+
+# The values of an attribute of each block, its nesting levels behind them.
+attribute_of <- function(text, name) {
+  specs <- sub("(?s).*?name=\"RandomSpecs\"(.*?)</Parameter>.*", "\\1", text, perl = TRUE)
+  whole <- regmatches(specs, gregexpr(paste0("(?s)<Attribute name=\"", name, "\">.*?</StructuredValue>"), specs,
+    perl = TRUE))[[1L]]
+  vapply(whole, function(part) {
+    values <- regmatches(part, gregexpr("(?<=<Value value=\")[^\"]*", part, perl = TRUE))[[1L]]
+    paste(values, collapse = " ")
+  }, "", USE.NAMES = FALSE)
+}
+
+test_that("subjects name their fields, what nests behind what is nested", {
+  cases <- list(
+    list(quote(lme4::lmer(y ~ x + (1 | a / b / half), three)), c("a 0", "b a 0 1", "half b a 0 1 2")),
+    list(quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | a:b), three)), c("b 0", "a 0", "a b 0 0")),
+    list(quote(lme4::lmer(y ~ x + (1 | a:b), three)), "a b 0 0"),
+    list(quote(glmmTMB::glmmTMB(y ~ x + (1 | a / b), three)), c("a 0", "b a 0 1")),
+    list(quote(nlme::lme(y ~ x, three, random = ~ 1 | a / b)), c("b a 0 1", "a 0")),
+    list(quote(ordinal::clmm(o ~ x + (1 | a) + (1 | a:b), data = three)), c("a 0", "b a 0 1"))
+  )
+  for (case in cases) {
+    text <- suppressMessages(suppressWarnings(written(fitted_case(case[[1L]]))))
+    expect_setequal(attribute_of(text, "SubjectSpec"), case[[2L]])
+  }
+})
+
+test_that("effects of a block are fields, powers and products of them", {
+  cases <- list(
+    list(quote(lme4::lmer(Reaction ~ Days + (Days | Subject), sleep)), "Days 0"),
+    list(quote(lme4::lmer(Reaction ~ Days + (I(Days^2) | Subject), sleep)), "Days Days 0 0"),
+    list(quote(lme4::lmer(Reaction ~ Days + (0 + late | Subject), sleep)), "late 0"),
+    list(quote(lme4::lmer(Reaction ~ Days + (0 + Days:late | Subject), sleep)), "Days late 0 0"),
+    list(quote(glmmTMB::glmmTMB(Reaction ~ Days + diag(0 + late | Subject), sleep)), "late 0")
+  )
+  for (case in cases) {
+    text <- suppressMessages(suppressWarnings(written(fitted_case(case[[1L]]))))
+    expect_identical(attribute_of(text, "EffectList"), case[[2L]])
+  }
+})
+
+test_that("columns of a coding that is none of levels are not called levels", {
+  data <- case_data$sleep
+  data$late <- factor(data$late, labels = c("1", "2"))
+  contrasts(data$late) <- contr.sum(2)
+  fit <- suppressMessages(lme4::lmer(Reaction ~ Days + (late | Subject), data))
+  labels <- names(chain(fit, df = "satterthwaite")[["RandomEffects-1"]])
+  expect_identical(labels[-1], c("Intercept", "late1"))
+  contrasts(data$late) <- contr.treatment(2)
+  fit <- suppressMessages(lme4::lmer(Reaction ~ Days + (late | Subject), data))
+  labels <- names(chain(fit, df = "satterthwaite")[["RandomEffects-1"]])
+  expect_identical(labels[-1], c("Intercept", "late=2"))
+})
+
+test_that("categories are predicted at the modes, scales and offsets of the fit", {
+  skip_if_not_installed("ordinal")
+  three <- case_data$three
+  fits <- list(
+    ordinal::clmm(o ~ x + (x | a), data = three),
+    ordinal::clmm(o ~ x + (0 + half | a), data = three),
+    ordinal::clmm(o ~ x + (1 | a) + (1 | c), data = three, link = "probit"),
+    ordinal::clm(o ~ x, scale = ~half, data = three),
+    ordinal::clm(o ~ a + offset(2 * x), data = three, link = "cloglog")
+  )
+  for (fit in fits) {
+    expect_match(suppressMessages(written(fit)), "classificationAccuracy\" value=\"0\\.[0-9]")
+    probabilities <- hierfit:::clm_probabilities(fit)
+    expect_equal(rowSums(probabilities), rep(1, 120), tolerance = 1e-8, ignore_attr = TRUE)
+    observed <- probabilities[cbind(1:120, as.integer(three$o))]
+    expect_equal(observed, as.numeric(fitted(fit)), tolerance = 1e-6)
+  }
+})
+
+test_that("a report has the title that it is given, and the ending says its format", {
+  program()
+  folder <- tempfile("reports-")
+  dir.create(folder)
+  fit <- lm(breaks ~ wool, warpbreaks)
+  page <- hf_report(fit, file.path(folder, "page.html"), title = "Yarn & \"wool\"")
+  expect_match(paste(readLines(page), collapse = " "), "<title>Yarn &amp; (&quot;|\")wool", perl = TRUE)
+  expect_error(hf_report(fit, file.path(folder, "missing", "page.html")), "status 3")
+})

@@ -1,0 +1,37 @@
+#include "report/archive/Archive.h"
+
+#include <dlfcn.h>
+
+#include <vector>
+
+#include "report/archive/ArchiveModule.h"
+
+namespace hierfit::report {
+
+namespace {
+
+void Append(void* context, const unsigned char* bytes, std::size_t size) {
+    static_cast<std::string*>(context)->append(reinterpret_cast<const char*>(bytes), size);
+}
+
+}  // namespace
+
+std::variant<Archive, std::string> Archive::Load(const std::string& path) {
+    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
+    if (!module) return std::string(dlerror());
+    const auto get = reinterpret_cast<HierfitGetArchiveFunctions>(dlsym(module, kHierfitGetArchiveFunctions));
+    if (!get) return path + " does not export " + kHierfitGetArchiveFunctions;
+    return Archive(get());
+}
+
+std::optional<std::string> Archive::Pack(std::span<const ArchiveFile> files) const {
+    std::vector<HierfitArchiveFile> given;
+    for (const ArchiveFile& file : files) {
+        given.push_back({file.fName.c_str(), file.fBytes.data(), file.fBytes.size(), file.fIsDense});
+    }
+    std::string archive;
+    const bool isMade = fpFunctions->fpPack(given.data(), given.size(), &Append, &archive);
+    return isMade ? std::optional(std::move(archive)) : std::nullopt;
+}
+
+}  // namespace hierfit::report

@@ -1,0 +1,44 @@
+#include "report/docx/Caption.h"
+
+#include "report/docx/Runs.h"
+#include "report/docx/Styles.h"
+#include "report/docx/Words.h"
+
+namespace hierfit::report::docx {
+
+namespace {
+
+std::string MarkOf(std::string_view kind, int number) {
+    return std::string("_Ref").append(kind).append(std::to_string(number));
+}
+
+void AppendMark(std::string& out, std::string_view kind, int number, bool isStart) {
+    out += isStart ? "<w:bookmarkStart" : "<w:bookmarkEnd";
+    AppendNumber(out, "w:id", number);
+    if (isStart) out.append(" w:name=\"").append(MarkOf(kind, number)).append("\"");
+    out += "/>";
+}
+
+}  // namespace
+
+void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Keep keep) {
+    const bool isNamed = keep == Keep::WithNextAndNamed;
+    AppendParagraphStart(out, styles::kCaption, keep == Keep::Not ? "" : kKeepNext);
+    AppendRuns(out, std::string(kind) + " ", kBold);
+    if (isNamed) AppendMark(out, kind, number, true);
+    AppendField(out, "SEQ " + std::string(kind) + " \\* ARABIC", std::to_string(number), kBold);
+    if (isNamed) AppendMark(out, kind, number, false);
+    AppendRuns(out, ". ", kBold);
+    AppendRuns(out, title);
+    out += kParagraphEnd;
+}
+
+void AppendContinuedCaption(std::string& out, std::string_view kind, int number) {
+    AppendParagraphStart(out, styles::kContinued);
+    AppendRuns(out, std::string(kind) + " ", kBold);
+    AppendField(out, "REF " + MarkOf(kind, number) + " \\h", std::to_string(number), kBold);
+    AppendRuns(out, words::kContinued);
+    out += kParagraphEnd;
+}
+
+}  // namespace hierfit::report::docx

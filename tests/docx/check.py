@@ -1,0 +1,370 @@
+"""Reads the examples' files for a word processor back and compares them with the saved documents, cell by cell; then has
+an office program open all of them: check.py PROGRAM EXAMPLES WORK. Ends with 77 where the reader or the office program
+is missing."""
+
+import json
+import os
+import re
+import shutil
+import subprocess
+import sys
+from collections import Counter
+
+try:
+    import docx
+except ImportError:
+    sys.exit(77)
+
+program, examples, work = sys.argv[1:]
+W = "{http://schemas.openxmlformats.org/wordprocessingml/2006/main}"
+A = "{http://schemas.openxmlformats.org/drawingml/2006/main}"
+EMBED = "{http://schemas.openxmlformats.org/officeDocument/2006/relationships}embed"
+SVG = "{http://schemas.microsoft.com/office/drawing/2016/SVG/main}svgBlip"
+DESCRIBED = "{http://schemas.openxmlformats.org/drawingml/2006/wordprocessingDrawing}docPr"
+LEVELS = {1: "Information", 2: "Warning", 3: "Error"}
+
+# The order in which word processors want properties: a file in another order is told to be broken.
+ORDERS = {
+    "pPr": "pStyle keepNext keepLines pBdr tabs bidi spacing jc outlineLvl rPr sectPr",
+    "rPr": "rStyle rFonts b bCs i iCs sz szCs vertAlign rtl lang",
+    "tcPr": "tcW gridSpan vMerge tcBorders vAlign",
+    "tblPr": "tblStyle tblW tblBorders tblLayout tblCellMar",
+    "style": "name basedOn next qFormat pPr rPr tblPr",
+    "sectPr": "footerReference pgSz pgMar",
+}
+
+faults = []
+
+
+def check(what, condition, detail):
+    if not condition:
+        faults.append(f"{what}: {detail}"[:400])
+
+
+def styled(words):
+    """A minus and a dash are written otherwise where a document is shown."""
+    return words.replace("\u2212", "-").replace("\u2013", "-")
+
+
+# ---- what the saved document holds
+
+
+def texts(list_):
+    return [styled(text["text"]) for text in list_]
+
+
+def noted(label, notes):
+    return styled(label["text"]), tuple(dict.fromkeys(texts(notes)))
+
+
+def categories(members, groups=()):
+    """Of each category, by id, the labels from the outermost group inwards."""
+    found = {}
+    for member in members:
+        if member["kind"] == "category":
+            found[member["id"]] = (*groups, noted(member["label"], member["notes"]))
+        else:
+            found.update(categories(member["members"], (*groups, (styled(member["label"]["text"]), ()))))
+    return found
+
+
+class Side:
+    """The dimensions of a side, outermost first, and the labels of a cell there."""
+
+    def __init__(self, table, place):
+        self.dimensions = [
+            (at, dimension, categories(dimension["members"]))
+            for at, dimension in enumerate(table["dimensions"]) if dimension["place"] == place
+        ]
+        self.dimensions.sort(key=lambda entry: -entry[1]["index"])
+
+    def path(self, cell, with_names):
+        path = []
+        for at, dimension, labels in self.dimensions:
+            hides_name, hides_labels = dimension["flags"]
+            if hides_labels:
+                continue
+            if with_names and not hides_name:
+                path.append((styled(dimension["name"]["text"]), ()))
+            path.extend(labels.get(cell["at"][at], ()))
+        return tuple(label for label in path if label[0].strip())
+
+    def levels(self, table):
+        return sum(
+            max(len(labels.get(cell["at"][at], (0,))) for cell in table["cells"])
+            for at, dimension, labels in self.dimensions if not dimension["flags"][1])
+
+
+def restyled(cell, path):
+    """A p value is written by one rule, whatever the document's format."""
+    shown, notes = noted(cell["content"], cell["notes"])
+    number = cell["content"]["from"].get("number")
+    if isinstance(number, float) and path and path[-1][0] in ("Sig.", "Adj. Sig."):
+        shown = "<.001" if number < 0.0005 else f"{number:.3f}".removeprefix("0")
+    return shown, notes
+
+
+def expected_cells(table):
+    rows, columns = Side(table, 0), Side(table, 1)
+    paths = [(rows.path(cell, False), columns.path(cell, True)) for cell in table["cells"]]
+    return Counter((row, column, restyled(cell, column)) for cell, (row, column) in zip(table["cells"], paths))
+
+
+def expected_below(table):
+    return texts(table["captions"]) + texts(table["notes"])
+
+
+def expected_items(items, depth=1):
+    for item in items:
+        kind = item["kind"]
+        if kind == "heading":
+            yield f"Heading {depth}", styled(item["title"]["text"])
+            yield from expected_items(item["items"], depth + 1)
+        elif kind == "table":
+            yield "table", item
+        elif kind == "chart":
+            yield "chart", item
+        else:
+            yield "Message", f"{LEVELS[item['level']]}: {styled(item['text']['text'])}"
+
+
+# ---- what the file holds
+
+
+def words(element):
+    """The words of an element without its notes' letters, and these."""
+    plain, marks = "", ""
+    for run in element.iter(W + "r"):
+        style = run.find(f"{W}rPr/{W}rStyle")
+        text = "".join("\n" if part.tag == W + "br" else part.text or "" for part in run.iter(W + "t", W + "br"))
+        if style is not None and style.get(W + "val") == "NoteMark":
+            marks += text
+        else:
+            plain += text
+    return styled(plain), [mark for mark in marks.split(", ") if mark]
+
+
+def spread(table):
+    """The table's cells in rows as wide as it is: [where it is repeated as header, [cell, ...]]."""
+    rows = []
+    for row in table.tr_lst:
+        cells = []
+        for cell in row.tc_lst:
+            merge = cell.vMerge
+            source = rows[-1][1][len(cells)] if merge == "continue" else cell
+            cells.extend([source] * cell.grid_span)
+        rows.append((row.find(f"{W}trPr/{W}tblHeader") is not None, cells))
+    return rows
+
+
+def labels(cells, notes):
+    seen = []
+    for cell in cells:
+        if not seen or seen[-1] is not cell:
+            seen.append(cell)
+    found = [(plain, tuple(notes[mark] for mark in marks)) for plain, marks in map(words, seen)]
+    return tuple(label for label in found if label[0].strip())
+
+
+def read_cells(parts, levels, notes):
+    found = Counter()
+    for part in parts:
+        rows = spread(part)
+        header = [cells for is_header, cells in rows if is_header]
+        for is_header, cells in rows:
+            if is_header:
+                continue
+            for column in range(levels, len(cells)):
+                plain, marks = words(cells[column])
+                over = labels([line[column] for line in header], notes)
+                found[(labels(cells[:levels], notes), over, (plain, tuple(notes[mark] for mark in marks)))] += 1
+    return found
+
+
+def check_figure(name, paragraph, item, document):
+    described = paragraph.find(f".//{DESCRIBED}")
+    sentence = described.get("descr")
+    check(name, sentence == item["picture"]["sentence"], f"the alternative text is {sentence}")
+    pixels = document.part.related_parts[paragraph.find(f".//{A}blip").get(EMBED)].blob
+    vectors = document.part.related_parts[paragraph.find(f".//{SVG}").get(EMBED)].blob
+    check(name, pixels.startswith(b"\x89PNG\r\n") and b"<svg" in vectors[:200], "pictures are none")
+
+
+class Reader:
+    """Goes through a file's paragraphs and tables."""
+
+    def __init__(self, path):
+        self.document = docx.Document(path)
+        self.elements = [element for element in self.document.element.body if element.tag in (W + "p", W + "tbl")]
+        self.elements = [element for element in self.elements if self.style(element) != "Section End"]
+
+    def style(self, element):
+        return docx.text.paragraph.Paragraph(element, self.document).style.name if element.tag == W + "p" else "table"
+
+    def take(self, style=None):
+        """The next element, where it is of a style."""
+        if not self.elements or (style and self.style(self.elements[0]) != style):
+            return None
+        return self.elements.pop(0)
+
+
+def check_caption(name, caption, kind, number, title):
+    check(name, caption is not None, "has no caption")
+    if caption is None:
+        return
+    field = caption.find(f"{W}fldSimple").get(W + "instr")
+    check(name, words(caption)[0] == f"{kind} {number}. {title}", f"the caption is {words(caption)[0]}")
+    check(name, field == f" SEQ {kind} \\* ARABIC ", f"its field is {field}")
+
+
+def check_table(name, reader, item, number):
+    check_caption(name, reader.take("Caption"), "Table", number, styled(item["title"]["text"]))
+    parts = [reader.take("table")]
+    while reader.take("Caption Continued") is not None:
+        parts.append(reader.take("table"))
+    below, notes = [], {}
+    while (paragraph := reader.take("Table Note")) is not None:
+        text, letter = words(paragraph)
+        if letter:
+            notes[letter[0]] = text.strip()
+        else:
+            below.append(text)
+    check(name, below == expected_below(item), f"below it stands {below}")
+    found = read_cells(parts, Side(item, 0).levels(item), notes)
+    expected = expected_cells(item)
+    blank = Counter({key: count for key, count in found.items() if key[2] == ("", ())})
+    for key in (expected - found):
+        check(name, False, f"lacks {key}")
+    for key in (found - expected - blank):
+        check(name, False, f"has besides {key}")
+
+
+def check_file(name, path, saved):
+    reader = Reader(path)
+    properties = reader.document.core_properties
+    check(name, (properties.title, properties.author) == ("Yields", "A. Fisher"), "is not what it is called")
+    check(name, properties.created is None and properties.modified is None, "knows the day")
+    check(name, properties.language == "en-US", f"speaks {properties.language}")
+    for title in ("Title", "Subtitle", "Author"):
+        check(name, reader.take(title) is not None, f"has no {title}")
+    tables = figures = 0
+    for kind, item in expected_items(saved["items"]):
+        if kind == "table":
+            tables += 1
+            check_table(f"{name}, table {tables}", reader, item, tables)
+        elif kind == "chart":
+            figures += 1
+            check_figure(f"{name}, figure {figures}", reader.take("Picture"), item, reader.document)
+            check_caption(f"{name}, figure {figures}", reader.take("Caption"), "Figure", figures,
+                          styled(item["description"]))
+        else:
+            paragraph = reader.take(kind)
+            check(name, paragraph is not None and words(paragraph)[0] == item, f"lacks {kind} {item}")
+    rest = [reader.style(element) for element in reader.elements]
+    diagnostics = saved["diagnostics"]
+    check(name, rest == (["Heading 1"] + ["Message"] * len(diagnostics) if diagnostics else []), f"ends with {rest}")
+    return tables, figures
+
+
+def check_orders(name, path):
+    document = docx.Document(path)
+    for root in (document.element, document.styles.element):
+        for element in root.iter():
+            tag = str(element.tag).replace(W, "")
+            if tag in ORDERS:
+                order = ORDERS[tag].split()
+                places = [order.index(child.tag.replace(W, "")) for child in element]
+                check(name, places == sorted(places), f"properties are out of order: {[c.tag for c in element]}")
+
+
+# ---- a document that asks for more than others
+
+
+def text(words_):
+    return {"text": words_, "from": {"string": words_, "translate": False}}
+
+
+def make_hostile(saved):
+    strange = ["</w:t>", "\u05d0\u05d1 (x) \u0627", "x" * 10000, "word " * 2000, "\u202eturned", "a\nb"]
+    members = [
+        {"kind": "category", "id": at, "label": text(strange[at] if at < len(strange) else f"Column {at}"), "notes": []}
+        for at in range(200)
+    ]
+    columns = {"name": text("Columns"), "sort": 2, "positioned": True, "place": 1, "index": 1, "flags": [True, False],
+               "members": members}
+    rows = {**columns, "name": text("Rows"), "place": 0, "members": members[:10]}
+    cells = [
+        {"at": [row, column], "content": {"text": f"-{row}.{column}", "from": {
+            "number": 1.5, "format": {"name": "Coefficient"}}}, "notes": [text("A note")] if column == 9 else []}
+        for row in range(10) for column in range(200)
+    ]
+    table = {"kind": "table", "subtype": text("Wide"), "title": text("Wide"), "flag": True, "minDataColumnWidth": None,
+             "captions": [], "notes": [], "dimensions": [rows, columns], "cells": cells}
+    return {**saved, "items": [table], "diagnostics": []}
+
+
+# ---- all files
+
+
+def run(*args, **settings):
+    return subprocess.run(args, capture_output=True, check=True, **settings).stdout
+
+
+def render(name, saved):
+    source, path = os.path.join(work, f"{name}.json"), os.path.join(work, f"{name}.docx")
+    with open(source, "w", encoding="utf-8") as file:
+        json.dump(saved, file)
+    options = ["--title", "Yields", "--author", "A. Fisher", source]
+    run(program, "render", "-o", path, *options)
+    again = run(program, "render", "-f", "docx", "-o", "-", *options, env={**os.environ, "TZ": "Asia/Kolkata"})
+    with open(path, "rb") as file:
+        check(name, file.read() == again, "is another file the second time")
+    return path
+
+
+def check_pages(sizes):
+    """One start of the office program for all files; of each, the numbers of tables, figures and pages at most."""
+    office = shutil.which("soffice")
+    if not office or not shutil.which("pdfinfo"):
+        return False
+    files = [os.path.join(work, f"{name}.docx") for name in sizes]
+    run(office, f"-env:UserInstallation=file://{os.path.abspath(work)}/profile", "--headless", "--convert-to", "pdf",
+        "--outdir", work, *files)
+    for name, (tables, figures, most) in sizes.items():
+        path = os.path.join(work, f"{name}.pdf")
+        check(name, os.path.exists(path), "was not opened")
+        if not os.path.exists(path):
+            continue
+        pages = int(re.search(rb"Pages: +(\d+)", run("pdfinfo", path)).group(1))
+        check(name, figures / 3 <= pages <= most, f"takes {pages} pages")
+        printed = run("pdftotext", path, "-").decode()
+        for kind, count in (("Table", tables), ("Figure", figures)):
+            found = {int(number) for number in re.findall(rf"^{kind} (\d+)\.", printed, re.MULTILINE)}
+            check(name, found == set(range(1, count + 1)), f"shows of {count} captions these: {kind} {sorted(found)}")
+    return True
+
+
+shutil.rmtree(work, ignore_errors=True)
+os.makedirs(work)
+sizes = {}
+for name in sorted(os.listdir(examples)):
+    if not os.path.exists(os.path.join(examples, name, "model.pmml")):
+        continue
+    saved = json.loads(run(program, "report", "-f", "json", os.path.join(examples, name)))
+    path = render(name, saved)
+    tables, figures = check_file(name, path, saved)
+    sizes[name] = (tables, figures, tables + figures + 2)
+    check_orders(name, path)
+
+hostile = make_hostile(saved)
+path = render("hostile", hostile)
+replaced = json.loads(json.dumps(hostile).replace("\\u202e", "\ufffd"))
+check_file("hostile", path, replaced)
+check_orders("hostile", path)
+sizes["hostile"] = (1, 0, 200)
+is_opened = check_pages(sizes)
+
+if faults:
+    print("\n".join(faults[:60]), file=sys.stderr)
+    sys.exit(1)
+sys.exit(0 if is_opened else 77)

@@ -1,0 +1,203 @@
+"""Reads the workbooks of all examples back: examples.py PROGRAM EXAMPLES
+
+Numbers are those of the JSON form, shown texts those of the page in each style, in a formatter of our own and in an
+office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
+"""
+
+import csv
+import json
+import os
+import pathlib
+import shutil
+import subprocess
+import sys
+import tempfile
+from html.parser import HTMLParser
+
+try:
+    import openpyxl
+except ImportError:
+    sys.exit(77)
+
+from shown import shown
+
+program, examples = sys.argv[1:3]
+marks = dict(zip("abcdefghijklmnoprstuvwxyz", "ᵃᵇᶜᵈᵉᶠᵍʰⁱʲᵏˡᵐⁿᵒᵖʳˢᵗᵘᵛʷˣʸᶻ"))
+faults = []
+
+
+def run(*arguments, **settings):
+    return subprocess.run([program, *map(str, arguments)], check=True, capture_output=True, **settings).stdout
+
+
+class Page(HTMLParser):
+    """The rows of the tables of a page: of heads their number, of bodies their cells."""
+
+    def __init__(self, text):
+        super().__init__()
+        self.tables, self.table, self.cell, self.section, self.sup = {}, None, None, None, False
+        self.feed(text)
+
+    def handle_starttag(self, tag, attributes):
+        names = dict(attributes)
+        if tag == "figure":
+            self.table = self.tables.setdefault(names.get("id"), {"head": 0, "rows": []})
+        elif tag in ("thead", "tbody"):
+            self.section = tag
+        elif tag == "tr" and self.section == "thead":
+            self.table["head"] += 1
+        elif tag == "tr" and self.section == "tbody":
+            self.table["rows"].append([])
+        elif tag in ("td", "th") and self.section == "tbody":
+            self.cell = ""
+        elif tag == "sup":
+            self.sup = True
+
+    def handle_endtag(self, tag):
+        if tag in ("td", "th") and self.cell is not None:
+            self.table["rows"][-1].append(self.cell)
+            self.cell = None
+        elif tag in ("thead", "tbody"):
+            self.section = None
+        elif tag == "sup":
+            self.sup = False
+
+    def handle_data(self, data):
+        if self.cell is not None:
+            self.cell += "".join(marks.get(c, c) for c in data if c != " ") if self.sup else data
+
+
+def tables(items):
+    for item in items:
+        if item["kind"] == "heading":
+            yield from tables(item["items"])
+        elif item["kind"] == "table":
+            yield item
+
+
+def numbers(table):
+    """Finite numbers of a table's cells, those of the data that are shown as such among them."""
+    for cell in table["cells"]:
+        source = cell["content"]["from"]
+        number = source.get("number", source.get("value"))
+        is_figure = "number" in source or not cell["content"]["text"].strip("0123456789.+-eE")
+        if isinstance(number, (int, float)) and is_figure and cell["content"]["text"] != ".":
+            yield number
+
+
+def near(a, b):
+    return abs(a - b) <= 1e-15 * abs(a)
+
+
+def text_of(cell):
+    if isinstance(cell.value, (int, float)):
+        return shown(cell.value, cell.number_format)
+    return (cell.value or "").replace("\u2212", "-")
+
+
+def expect(place, what, expected, actual):
+    if expected != actual:
+        faults.append(f"{place}: {what}: expected {expected!r}, there is {actual!r}")
+
+
+def data_of(sheet, table, width):
+    """The cells of data below the frozen rows, and how many columns are frozen."""
+    pane = openpyxl.utils.cell.coordinate_from_string(sheet.freeze_panes)
+    left = openpyxl.utils.column_index_from_string(pane[0])
+    return pane[1], [[sheet.cell(pane[1] + row, left + column) for column in range(width)] for row in range(len(table))]
+
+
+def judge_table(place, sheet, table, page, offices):
+    across = [index for index, dimension in enumerate(table["dimensions"]) if dimension["place"] == 1]
+    width = len({tuple(cell["at"][index] for index in across) for cell in table["cells"]})
+    top, data = data_of(sheet, page["rows"], width)
+    expect(place, "frozen rows", 1 + page["head"], top - 1)
+    expected = [[("" if text == "." else text.replace("\u2212", "-")) for text in row[-width:]] for row in page["rows"]]
+    expect(place, "shown", expected, [[text_of(cell) for cell in row] for row in data])
+    for row, cells in enumerate(data) if offices else ():
+        line = offices[top - 1 + row]
+        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float)) else text_of(cell)
+                  for cell in cells]
+        expect(place, "shown by the office program", expected[row], actual)
+    wanted = sorted(numbers(table))
+    found = sorted(cell.value for row in data for cell in row if isinstance(cell.value, (int, float)))
+    if len(wanted) != len(found) or not all(map(near, wanted, found)):
+        faults.append(f"{place}: numbers: expected {wanted}, there are {found}")
+
+
+def judge(folder, style, file, offices):
+    place = f"{folder.name} {style}"
+    page = Page(run("report", "--static", "--style", style, "-f", "html", folder).decode()).tables
+    items = json.loads(run("list", "-f", "json", folder))
+    document = json.loads(run("report", "-f", "json", folder))
+    book = openpyxl.load_workbook(file)
+    contents = book["Contents"]
+    rows = {cell.value: cell for cell in contents["A"]}
+    for item in items:
+        cell = rows[item["name"]]
+        expect(place, f"kind of {item['name']}", item["kind"], cell.offset(0, 1).value)
+        title = cell.offset(0, 2).value
+        if item["kind"] == "message":
+            title = title.partition(": ")[2]
+        expect(place, f"title of {item['name']}", item["title"], title)
+        expect(place, f"link of {item['name']}", item["kind"] in ("table", "chart"), cell.hyperlink is not None)
+    links = [cell.hyperlink.location for cell in rows.values() if cell.hyperlink]
+    expect(place, "sheets", ["Contents"] + [link.split("'")[1] for link in links], book.sheetnames)
+    for item in items:
+        if item["kind"] == "chart":
+            pictures = book[item["name"]]._images
+            expect(place, f"pictures of {item['name']}", 1, len(pictures))
+    names = [item["name"] for item in items if item["kind"] == "table"]
+    for name, table in zip(names, tables(document["items"]), strict=True):
+        sheet = book[name[:31]]
+        expect(f"{place} {name}", "title", table["title"]["text"], sheet["A1"].value)
+        lines = [cell.value for cell in sheet["A"] if isinstance(cell.value, str)]
+        for note in table["captions"] + table["notes"]:
+            if style == "plain" and note["text"].isascii() and "-" not in note["text"]:
+                expect(f"{place} {name}", f"has {note['text']!r}", True, note["text"] in lines)
+        if page[name]["rows"]:
+            judge_table(f"{place} {name}", sheet, table, page[name], offices.get(name))
+
+
+def read_csv(work, stem):
+    start = f"{stem}-"
+    return {path.stem[len(start):]: list(csv.reader(path.open(encoding="utf-8", newline="")))
+            for path in work.glob(f"{start}*.csv")}
+
+
+def convert(files, work):
+    """Opens all files with the office program and saves what it shows; whether there is one."""
+    if not shutil.which("soffice"):
+        return False
+    form = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false,true,false,false,-1"
+    subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{work}/profile", "--convert-to", form,
+                    "--outdir", str(work), *map(str, files)], check=True, capture_output=True, timeout=500)
+    return True
+
+
+def main():
+    with tempfile.TemporaryDirectory() as name:
+        work = pathlib.Path(name)
+        written = {}
+        for folder in sorted(path.parent for path in pathlib.Path(examples).glob("*/model.pmml")):
+            for style in ("plain", "apa", "ama"):
+                file = work / f"{folder.name}_{style}.xlsx"
+                run("report", "--style", style, "--scale", 0.2, "-o", file, folder)
+                written[file] = (folder, style)
+        # The office program takes its time: one style each, in turns.
+        offered = [file for number, file in enumerate(written) if number % 4 == 0]
+        has_office = convert(offered, work)
+        for file, (folder, style) in written.items():
+            offices = read_csv(work, file.stem) if has_office else {}
+            if has_office and file in offered:
+                expect(folder.name, "sheets for the office program", True, len(offices) > 0)
+            judge(folder, style, file, offices)
+        file, (folder, _) = next(iter(written.items()))
+        elsewhere = {**os.environ, "TZ": "Asia/Tokyo"}
+        later = run("report", "-f", "xlsx", "--style", "plain", "--scale", 0.2, folder, env=elsewhere)
+        expect(folder.name, "same bytes", file.read_bytes(), later)
+    print("\n".join(fault[:1500] for fault in faults[:40]))
+    sys.exit(1 if faults else 0)
+
+
+main()
