@@ -8,6 +8,7 @@
 #include <utility>
 #include <variant>
 
+#include "host/document/SpellPlace.h"
 #include "host/session/Session.h"
 #include "host/unicode/Excerpt.h"
 #include "interface/Settings.h"
@@ -32,9 +33,8 @@ std::string FindReason(const document::Document& document) {
     const auto& all = document.fvDiagnostics;
     const auto error = std::find_if(all.rbegin(), all.rend(), [](const auto& one) { return one.fLevel == kError; });
     if (error == all.rend()) return "the documents could not be read";
-    const std::string place = DescribePlace(document, *error);
     const std::string text = unicode::Excerpt(error->fText, kMostOfError);
-    return place.empty() ? text : place + ": " + text;
+    return error->fPlace ? document::SpellPlace(document, *error->fPlace) + ": " + text : text;
 }
 
 std::string DescribeError(const report::JsonError& error) {
@@ -79,13 +79,6 @@ int MakeRun(hf_run_t** made, Operation operation) {
 
 }  // namespace
 
-std::string DescribePlace(const document::Document& document, const document::Diagnostic& diagnostic) {
-    if (!diagnostic.fPlace) return {};
-    const document::Place& place = *diagnostic.fPlace;
-    return document.fvSources[static_cast<std::size_t>(place.fSource)] + ":" + std::to_string(place.fLine) + ":" +
-           std::to_string(place.fColumn);
-}
-
 }  // namespace hierfit::interface
 
 using hierfit::document::Diagnostic;
@@ -114,10 +107,11 @@ int hf_diagnostic(hf_run_t* run, size_t number, int* level, const char** text, c
     if (number >= hf_diagnostic_count(run)) return HF_USAGE;
     try {
         const Diagnostic& diagnostic = run->fDocument.fvDiagnostics[number];
-        run->fPlace = interface::DescribePlace(run->fDocument, diagnostic);
+        const auto& known = diagnostic.fPlace;
+        run->fPlace = known ? hierfit::document::SpellPlace(run->fDocument, *known) : std::string();
         if (level) *level = diagnostic.fLevel;
         if (text) *text = diagnostic.fText.c_str();
-        if (place) *place = run->fPlace.empty() ? nullptr : run->fPlace.c_str();
+        if (place) *place = known ? run->fPlace.c_str() : nullptr;
         return HF_OK;
     } catch (const std::exception&) {
         return HF_UNWRITABLE;

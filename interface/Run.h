@@ -12,10 +12,3 @@ struct hf_run_t {
     std::string fError;  ///< of the last call; none if empty
     std::string fPlace;  ///< of the last diagnostic that was asked for
 };
-
-namespace hierfit::interface {
-
-/// "model.statxml:41:7", empty where no place is known.
-std::string DescribePlace(const document::Document& document, const document::Diagnostic& diagnostic);
-
-}  // namespace hierfit::interface

@@ -34,28 +34,30 @@ constexpr Choices<bool, 2> kTruths = {{{"true", true}, {"false", false}}};
 constexpr Choices<bool, 3> kColors = {{{"auto", false}, {"always", true}, {"never", false}}};
 constexpr Choices<report::Scripts, 2> kStatic = {{{"true", report::Scripts::No}, {"false", report::Scripts::Yes}}};
 
-template <typename Value, std::size_t kCount>
-std::optional<std::string> Choose(Value& target, const Choices<Value, kCount>& choices, const std::string& word) {
-    std::string words;
+std::string OneOf(const std::vector<std::string>& words) {
+    std::string list;
+    for (const std::string& word : words) list.append(list.empty() ? "one of " : ", ").append(word);
+    return list;
+}
+
+template <typename Value, typename List>
+std::optional<std::string> Choose(Value& target, const List& choices, const std::string& word) {
+    std::vector<std::string> words;
     for (const auto& [name, value] : choices) {
         if (name == word) {
             target = value;
             return {};
         }
-        words.append(words.empty() ? "one of " : ", ").append(name);
+        words.emplace_back(name);
     }
-    return words;
+    return OneOf(words);
 }
 
 std::optional<std::string> SetLanguage(hf_settings& settings, const std::string& value) {
     const std::vector<std::string> languages = session::Languages();
-    if (std::ranges::find(languages, value) != languages.end()) {
-        settings.fRun.fLanguage = value;
-        return {};
-    }
-    std::string words;
-    for (const std::string& language : languages) words.append(words.empty() ? "one of " : ", ").append(language);
-    return words;
+    if (std::ranges::find(languages, value) == languages.end()) return OneOf(languages);
+    settings.fRun.fLanguage = value;
+    return {};
 }
 
 std::optional<std::string> SetScale(hf_settings& settings, const std::string& value) {
@@ -63,18 +65,6 @@ std::optional<std::string> SetScale(hf_settings& settings, const std::string& va
     if (!scale) return "a number above 0 and up to 20";
     settings.fRender.fScale = *scale;
     return {};
-}
-
-std::optional<std::string> SetStyle(hf_settings& settings, const std::string& value) {
-    std::string words;
-    for (const report::style::NamedStyle& style : report::style::Styles()) {
-        if (style.fWord == value) {
-            settings.fRender.fStyle.fStyle = style.fStyle;
-            return {};
-        }
-        words.append(words.empty() ? "one of " : ", ").append(style.fWord);
-    }
-    return words;
 }
 
 /// "" takes them back.
@@ -114,7 +104,10 @@ constexpr Key kKeys[] = {
                   const std::string& value) { return Choose(all.fRender.fText.fHasChartValues, kTruths, value); }},
     {"color",
      [](hf_settings& all, const std::string& value) { return Choose(all.fRender.fText.fColor, kColors, value); }},
-    {"style", SetStyle},
+    {"style",
+     [](hf_settings& all, const std::string& value) {
+         return Choose(all.fRender.fStyle.fStyle, report::style::Styles(), value);
+     }},
     {"digits", SetDigits},
     {"scale", SetScale},
     {"only",

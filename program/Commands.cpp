@@ -6,6 +6,7 @@
 #include <string>
 
 #include "Documents.h"
+#include "OutputFile.h"
 #include "Pager.h"
 #include "Rendering.h"
 #include "ReportFiles.h"
@@ -44,11 +45,8 @@ int Conclude(const std::vector<WriteFailure>& failures) {
 }
 
 /// Text that is too long for the terminal goes through a pager, if there is one that can be started.
-bool IsShownByPager(const document::Document& document, const OutputOptions& output,
-                    const report::RenderSettings& settings) {
-    if (!output.fHasPager) return false;
-    const std::string text = report::MakeTextReport(document, settings.fText);
-    if (!IsLongerThanScreen(text)) return false;
+bool IsShownByPager(const std::string& text, const OutputOptions& output) {
+    if (!output.fHasPager || !IsLongerThanScreen(text)) return false;
     const std::optional<std::string> pager = FindPager();
     return pager && ShowWithPager(*pager, text);
 }
@@ -57,10 +55,12 @@ int Write(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = GoesToTerminal(output);
     const Format format = ChooseFormat(output, isTerminal);
     const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
-    if (const auto error = report::Prepare(document, format, settings))
+    if (const auto error = report::Prepare(document, format, settings)) {
         return Fail(StatusOf(error->fFault), error->fText);
-    if (isTerminal && format == Format::Text && IsShownByPager(document, output, settings)) return kWritten;
-    return Conclude(WriteReport(document, format, settings, output.fFile));
+    }
+    if (!isTerminal || format != Format::Text) return Conclude(WriteReport(document, format, settings, output.fFile));
+    const std::string text = report::MakeTextReport(document, settings.fText);
+    return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
 }
 
 }  // namespace

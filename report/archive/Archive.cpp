@@ -1,10 +1,9 @@
 #include "report/archive/Archive.h"
 
-#include <dlfcn.h>
-
 #include <vector>
 
 #include "report/archive/ArchiveModule.h"
+#include "report/modules/FindSymbol.h"
 
 namespace hierfit::report {
 
@@ -17,11 +16,9 @@ void Append(void* context, const unsigned char* bytes, std::size_t size) {
 }  // namespace
 
 std::variant<Archive, std::string> Archive::Load(const std::string& path) {
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!module) return std::string(dlerror());
-    const auto get = reinterpret_cast<HierfitGetArchiveFunctions>(dlsym(module, kHierfitGetArchiveFunctions));
-    if (!get) return path + " does not export " + kHierfitGetArchiveFunctions;
-    return Archive(get());
+    const auto found = FindSymbol(path, kHierfitGetArchiveFunctions);
+    if (const auto* reason = std::get_if<std::string>(&found)) return *reason;
+    return Archive(reinterpret_cast<HierfitGetArchiveFunctions>(std::get<void*>(found))());
 }
 
 std::optional<std::string> Archive::Pack(std::span<const ArchiveFile> files) const {

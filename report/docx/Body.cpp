@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "host/document/SpellPlace.h"
 #include "report/docx/Caption.h"
 #include "report/docx/Parts.h"
 #include "report/docx/Relations.h"
@@ -16,30 +17,12 @@ namespace hierfit::report::docx {
 
 namespace {
 
-// " (model.statxml:41:7)"
-std::string DescribePlace(const document::Document& document, const document::Diagnostic& diagnostic) {
-    if (!diagnostic.fPlace) return {};
-    const auto source = static_cast<std::size_t>(diagnostic.fPlace->fSource);
-    const std::string name = source < document.fvSources.size() ? document.fvSources[source] : "?";
-    return " (" + name + ":" + std::to_string(diagnostic.fPlace->fLine) + ":" +
-           std::to_string(diagnostic.fPlace->fColumn) + ")";
-}
-
-std::string_view DocumentTitle(const document::Document& document) {
-    return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
-}
-
 /// Room for the text, so that it need not move as it grows: tables are most of a large one. What is not used takes no
 /// memory.
 std::size_t RoomFor(const std::vector<items::Entry>& entries) {
     constexpr std::size_t kPerItem = 10'000;
     constexpr std::size_t kPerCell = 320;
-    std::size_t room = kPerItem * (entries.size() + 1);
-    for (const items::Entry& entry : entries) {
-        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
-        if (table) room += kPerCell * table->fvCells.size();
-    }
-    return room;
+    return kPerItem * (entries.size() + 1) + kPerCell * items::CountCells(entries);
 }
 
 }  // namespace
@@ -65,8 +48,8 @@ void Body::Write(const document::Document& document) {
 
 void Body::WriteTitle(const document::Document& document) {
     const bool isNamed = !fSettings.fTitle.empty();
-    AppendParagraph(fWaiting, styles::kTitle, isNamed ? fSettings.fTitle : DocumentTitle(document));
-    if (isNamed) AppendParagraph(fWaiting, styles::kSubtitle, DocumentTitle(document));
+    AppendParagraph(fWaiting, styles::kTitle, isNamed ? fSettings.fTitle : items::TitleOf(document));
+    if (isNamed) AppendParagraph(fWaiting, styles::kSubtitle, items::TitleOf(document));
     if (!fSettings.fAuthor.empty()) AppendParagraph(fWaiting, styles::kAuthor, fSettings.fAuthor);
 }
 
@@ -124,7 +107,8 @@ void Body::WriteMessage(Page page, int level, std::string_view text) {
 void Body::WriteDiagnostics(const document::Document& document) {
     WriteHeading(1, words::kDiagnostics);
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-        WriteMessage(Page::Upright, diagnostic.fLevel, diagnostic.fText + DescribePlace(document, diagnostic));
+        WriteMessage(Page::Upright, diagnostic.fLevel,
+                     diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));
     }
 }
 

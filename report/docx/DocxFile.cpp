@@ -8,7 +8,6 @@
 #include "report/docx/Runs.h"
 #include "report/docx/Styles.h"
 #include "report/items/Entries.h"
-#include "report/items/Words.h"
 #include "report/markup/Escape.h"
 #include "report/markup/LanguageTag.h"
 
@@ -19,8 +18,7 @@ namespace {
 using namespace docx;
 
 std::string_view TitleOf(const document::Document& document, const DocxSettings& settings) {
-    if (!settings.fTitle.empty()) return settings.fTitle;
-    return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
+    return settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle;
 }
 
 // Word processors look for dictionaries of a country.

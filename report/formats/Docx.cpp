@@ -17,9 +17,9 @@ struct Modules {
 };
 
 std::variant<Modules, RenderError> LoadModules(const RenderSettings& settings) {
-    const auto archive = LoadModule<Archive>(kArchiveModule, Format::Docx, settings);
+    const auto archive = LoadModule(&Archive::Load, kArchiveModule, Format::Docx, settings);
     if (const auto* error = std::get_if<RenderError>(&archive)) return *error;
-    const auto raster = LoadModule<charts::Raster>(kRasterModule, Format::Docx, settings);
+    const auto raster = LoadModule(&charts::Raster::Load, kRasterModule, Format::Docx, settings);
     if (const auto* error = std::get_if<RenderError>(&raster)) return *error;
     return Modules{std::get<Archive>(archive), std::get<charts::Raster>(raster)};
 }

@@ -28,7 +28,7 @@ std::variant<ChartFiles, RenderError> FindChartFiles(Format format, const Render
     if (format != Format::Png && format != Format::Latex) {
         return ChartFiles{"svg", [](std::string svg) { return std::optional(std::move(svg)); }};
     }
-    auto found = LoadModule<charts::Raster>(kRasterModule, format, settings);
+    auto found = LoadModule(&charts::Raster::Load, kRasterModule, format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);
     if (format == Format::Latex) {
         return ChartFiles{

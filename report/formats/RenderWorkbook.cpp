@@ -1,10 +1,10 @@
 #include "report/formats/RenderWorkbook.h"
 
-#include <filesystem>
 #include <utility>
 
 #include "report/charts/Pictures.h"
 #include "report/charts/raster/Raster.h"
+#include "report/formats/Modules.h"
 #include "report/xlsx/Workbook.h"
 #include "report/xlsx/book/LoadBook.h"
 
@@ -12,28 +12,25 @@ namespace hierfit::report {
 
 namespace {
 
-constexpr const char* kBookModule = "libhierfit_xlsx.so";
-constexpr const char* kRasterModule = "libhierfit_raster.so";
-
-std::string PathOf(const char* module, const RenderSettings& settings) {
-    return (std::filesystem::path(settings.fModuleFolder) / module).string();
+std::variant<xlsx::HierfitMakeBook, RenderError> LoadBook(const RenderSettings& settings) {
+    return LoadModule(&xlsx::LoadBook, kBookModule, Format::Xlsx, settings);
 }
 
-RenderError MakeError(const char* module, const std::string& reason) {
-    return {RenderFault::Missing, std::string("xlsx takes ") + module + ": " + reason};
+std::variant<charts::Raster, RenderError> LoadRaster(const RenderSettings& settings) {
+    return LoadModule(&charts::Raster::Load, kRasterModule, Format::Xlsx, settings);
 }
 
 }  // namespace
 
 std::variant<std::string, RenderError> RenderWorkbook(const document::Document& document,
                                                       const RenderSettings& settings) {
-    const auto book = xlsx::LoadBook(PathOf(kBookModule, settings));
-    if (const auto* reason = std::get_if<std::string>(&book)) return MakeError(kBookModule, *reason);
+    const auto book = LoadBook(settings);
+    if (const auto* error = std::get_if<RenderError>(&book)) return *error;
     xlsx::WorkbookSettings workbook{
         std::get<xlsx::HierfitMakeBook>(book), {}, settings.fScale, settings.fHtml.fTitle, settings.fHtml.fAuthor};
     if (!ListCharts(document).empty()) {
-        const auto raster = charts::Raster::Load(PathOf(kRasterModule, settings));
-        if (const auto* reason = std::get_if<std::string>(&raster)) return MakeError(kRasterModule, *reason);
+        const auto raster = LoadRaster(settings);
+        if (const auto* error = std::get_if<RenderError>(&raster)) return *error;
         workbook.fPaint = [paint = std::get<charts::Raster>(raster), scale = settings.fScale](const std::string& svg) {
             return paint.MakePng(svg, scale);
         };
@@ -44,10 +41,10 @@ std::variant<std::string, RenderError> RenderWorkbook(const document::Document& 
 }
 
 std::optional<RenderError> FindMissingOfWorkbook(const RenderSettings& settings) {
-    const auto book = xlsx::LoadBook(PathOf(kBookModule, settings));
-    if (const auto* reason = std::get_if<std::string>(&book)) return MakeError(kBookModule, *reason);
-    const auto raster = charts::Raster::Load(PathOf(kRasterModule, settings));
-    if (const auto* reason = std::get_if<std::string>(&raster)) return MakeError(kRasterModule, *reason);
+    const auto book = LoadBook(settings);
+    if (const auto* error = std::get_if<RenderError>(&book)) return *error;
+    const auto raster = LoadRaster(settings);
+    if (const auto* error = std::get_if<RenderError>(&raster)) return *error;
     return {};
 }
 

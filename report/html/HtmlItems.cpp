@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/document/SpellPlace.h"
 #include "report/html/ChartFigure.h"
 #include "report/html/Repeats.h"
 #include "report/html/Words.h"
@@ -77,22 +78,15 @@ class ItemWriter {
     int fTables = 0;
 };
 
-void AppendPlace(std::string& out, const document::Document& document, const document::Place& place) {
-    out += " <span class=\"place\">";
-    const auto source = static_cast<std::size_t>(place.fSource);
-    if (source < document.fvSources.size()) AppendText(out, document.fvSources[source]);
-    out += ':';
-    out += std::to_string(place.fLine);
-    out += ':';
-    out += std::to_string(place.fColumn);
-    out += "</span>";
-}
-
 void AppendDiagnostic(std::string& out, const document::Document& document, const document::Diagnostic& diagnostic) {
     const words::Level& level = words::LevelOf(diagnostic.fLevel);
     out.append("<li class=\"").append(level.fClass).append("\"><strong>").append(level.fWord).append("</strong> ");
     AppendText(out, diagnostic.fText);
-    if (diagnostic.fPlace) AppendPlace(out, document, *diagnostic.fPlace);
+    if (diagnostic.fPlace) {
+        out += " <span class=\"place\">";
+        AppendText(out, document::SpellPlace(document, *diagnostic.fPlace));
+        out += "</span>";
+    }
     out += "</li>\n";
 }
 

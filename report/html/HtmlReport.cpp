@@ -41,12 +41,7 @@ void AppendFooter(std::string& out, const document::Document& document) {
 std::size_t RoomFor(const std::vector<items::Entry>& entries) {
     constexpr std::size_t kPerItem = 40'000;
     constexpr std::size_t kPerCell = 128;
-    std::size_t room = kPerItem * (entries.size() + 10);
-    for (const items::Entry& entry : entries) {
-        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
-        if (table) room += kPerCell * table->fvCells.size();
-    }
-    return room;
+    return kPerItem * (entries.size() + 10) + kPerCell * items::CountCells(entries);
 }
 
 }  // namespace
@@ -56,7 +51,9 @@ std::string MakeHtmlReport(const document::Document& document, const HtmlSetting
     const html::Facts facts = html::FindFacts(entries);
     std::string out;
     out.reserve(RoomFor(entries));
-    out.append("<!DOCTYPE html>\n<html lang=\"").append(MakeLanguageTag(document.fLanguage)).append("\" data-running=\"");
+    out.append("<!DOCTYPE html>\n<html lang=\"")
+        .append(MakeLanguageTag(document.fLanguage))
+        .append("\" data-running=\"");
     AppendCharacters(out, html::RunningTitle(document, facts, settings));
     out += "\" data-producer=\"";
     AppendCharacters(out, document.fProducer);

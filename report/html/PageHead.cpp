@@ -14,16 +14,12 @@ namespace {
 constexpr std::size_t kMostOfTarget = 100;
 constexpr std::size_t kMostAlerts = 12;
 
-std::string_view TitleOf(const document::Document& document) {
-    return document.fTitle.empty() ? items::kUntitled : std::string_view(document.fTitle);
-}
-
 // What tells this page from others comes first, since a browser shows no more of a title than its beginning.
 std::string MakeTitle(const document::Document& document, const Facts& facts, const HtmlSettings& settings) {
     std::vector<std::string> parts;
     if (!settings.fTitle.empty()) parts.push_back(settings.fTitle);
     if (!facts.fTarget.empty()) parts.push_back(unicode::Excerpt(facts.fTarget, kMostOfTarget));
-    parts.emplace_back(TitleOf(document));
+    parts.emplace_back(items::TitleOf(document));
     if (parts.size() == 1) parts.insert(parts.end(), document.fvSources.begin(), document.fvSources.end());
     std::string title;
     for (const std::string& part : parts) title += (&part == &parts.front() ? "" : " – ") + part;
@@ -87,7 +83,7 @@ void AppendAlerts(std::string& out, const document::Document& document, const st
 void AppendByline(std::string& out, const document::Document& document, const HtmlSettings& settings) {
     if (!settings.fTitle.empty()) {
         out += "<p class=\"kind\">";
-        AppendText(out, TitleOf(document));
+        AppendText(out, items::TitleOf(document));
         out += "</p>\n";
     }
     if (settings.fAuthor.empty()) return;
@@ -106,7 +102,7 @@ void AppendHead(std::string& out, const document::Document& document, const Fact
 void AppendHeader(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries,
                   const Facts& facts, const HtmlSettings& settings) {
     out.append("<a class=\"skip\" href=\"#main\">").append(words::kSkip).append("</a>\n<header>\n<h1>");
-    AppendText(out, settings.fTitle.empty() ? TitleOf(document) : settings.fTitle);
+    AppendText(out, settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle);
     out += "</h1>\n";
     AppendByline(out, document, settings);
     AppendFacts(out, document, facts);
@@ -116,7 +112,7 @@ void AppendHeader(std::string& out, const document::Document& document, const st
 
 std::string RunningTitle(const document::Document& document, const Facts& facts, const HtmlSettings& settings) {
     const std::string title = settings.fTitle.empty() ? facts.fTarget : settings.fTitle;
-    return unicode::Excerpt(title.empty() ? std::string(TitleOf(document)) : title, kMostOfTarget);
+    return unicode::Excerpt(title.empty() ? std::string(items::TitleOf(document)) : title, kMostOfTarget);
 }
 
 }  // namespace hierfit::report::html

@@ -23,6 +23,10 @@ class Lister {
     Anchors fAnchors;
 };
 
+std::string_view OrUntitled(std::string_view title) {
+    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? kUntitled : title;
+}
+
 struct Title {
     std::string_view operator()(const document::Heading& heading) const { return heading.fTitle.fWords; }
     std::string_view operator()(const document::Table& table) const { return table.fTitle.fWords; }
@@ -38,14 +42,22 @@ std::vector<Entry> ListEntries(const document::Document& document) {
     return entries;
 }
 
+std::size_t CountCells(const std::vector<Entry>& entries) {
+    std::size_t cells = 0;
+    for (const Entry& entry : entries) {
+        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
+        if (table) cells += table->fvCells.size();
+    }
+    return cells;
+}
+
 std::string_view KindOf(const document::Item& item) {
     static constexpr std::string_view kKinds[] = {"heading", "table", "chart", "message"};
     return kKinds[item.fContent.index()];
 }
 
-std::string_view TitleOf(const document::Item& item) {
-    const std::string_view title = std::visit(Title{}, item.fContent);
-    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? kUntitled : title;
-}
+std::string_view TitleOf(const document::Item& item) { return OrUntitled(std::visit(Title{}, item.fContent)); }
+
+std::string_view TitleOf(const document::Document& document) { return OrUntitled(document.fTitle); }
 
 }  // namespace hierfit::report::items

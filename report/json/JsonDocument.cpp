@@ -6,6 +6,7 @@
 #include <charconv>
 #include <unordered_map>
 
+#include "host/document/SpellPlace.h"
 #include "host/unicode/Utf8.h"
 #include "report/json/JsonForms.h"
 
@@ -150,9 +151,8 @@ void SetPlace(JsonError& error, std::string_view text, std::size_t offset) {
 }
 
 void WritePlace(JsonOutput& out, const Document& document, const std::optional<Place>& place) {
-    const auto source = static_cast<std::size_t>(place ? place->fSource : -1);
-    if (source >= document.fvSources.size()) return out.Null();
-    out.String(fmt::format("{}:{}:{}", document.fvSources[source], place->fLine, place->fColumn));
+    const bool isKnown = place && static_cast<std::size_t>(place->fSource) < document.fvSources.size();
+    isKnown ? out.String(document::SpellPlace(document, *place)) : out.Null();
 }
 
 void WriteDiagnostic(JsonOutput& out, const Document& document, const Diagnostic& diagnostic) {

@@ -102,7 +102,7 @@ std::string MakeLatexReport(const document::Document& document, const LatexSetti
     for (const items::Entry& entry : items::ListEntries(document)) writer.Append(entry);
     // What stands before the text depends on it.
     if (!settings.fIsStandalone) return text.insert(0, latex::MakeComment(MarkUp(document.fProducer, needs), needs));
-    const std::string title = MarkUp(settings.fTitle.empty() ? document.fTitle : settings.fTitle, needs);
+    const std::string title = MarkUp(settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle, needs);
     const std::string author = MarkUp(settings.fAuthor, needs);
     return text.insert(0, latex::MakePreamble(title, author, needs)).append("\n\\end{document}\n");
 }

@@ -43,8 +43,9 @@ class Writer {
         AppendTitle();
         fOut += "![";
         AppendText(fOut, chart.fPicture.fSentence);
-        fOut.append("](<").append(EscapeTarget(fSettings.fChartFolder)).append("/").append(fpEntry->fAnchor);
-        fOut += ".svg>)\n";
+        fOut += "](<";
+        AppendText(fOut, fSettings.fChartFolder);
+        fOut.append("/").append(fpEntry->fAnchor).append(".svg>)\n");
     }
 
     void operator()(const document::Message& message) {
@@ -60,13 +61,6 @@ class Writer {
         fOut += "**\n\n";
     }
 
-    /// A target in angle brackets holds anything but these and line feeds.
-    static std::string EscapeTarget(const std::string& folder) {
-        std::string target;
-        AppendText(target, folder);
-        return target;
-    }
-
     std::string& fOut;
     const MarkdownSettings& fSettings;
     const items::Entry* fpEntry = nullptr;
@@ -76,7 +70,7 @@ class Writer {
 
 std::string MakeMarkdownReport(const document::Document& document, const MarkdownSettings& settings) {
     std::string out = "# ";
-    AppendText(out, settings.fTitle.empty() ? document.fTitle : settings.fTitle);
+    AppendText(out, settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle);
     out += '\n';
     if (!settings.fAuthor.empty()) {
         out += '\n';

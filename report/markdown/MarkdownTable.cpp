@@ -4,8 +4,8 @@
 #include <vector>
 
 #include "report/items/Words.h"
-#include "report/layout/CellContent.h"
 #include "report/layout/FlatNames.h"
+#include "report/layout/NumberColumns.h"
 #include "report/markdown/MarkdownText.h"
 
 namespace hierfit::report::markdown {
@@ -40,18 +40,6 @@ std::vector<std::vector<int>> CollectColumnNotes(const Grid& grid) {
     return notes;
 }
 
-/// Whether all that stands in a column are numbers, which end at the right.
-std::vector<bool> FindNumberColumns(const Grid& grid) {
-    std::vector<bool> areNumbers(static_cast<std::size_t>(grid.fColumns), true);
-    for (int row = 0; row < grid.fRows; ++row) {
-        for (int column = 0; column < grid.fColumns; ++column) {
-            const document::Cell* cell = grid.At(row, column).fpCell;
-            if (cell && !IsNumber(cell->fContent)) areNumbers[static_cast<std::size_t>(column)] = false;
-        }
-    }
-    return areNumbers;
-}
-
 void AppendHeader(std::string& out, const Grid& grid) {
     for (const std::string& name : NameRowLevels(grid)) AppendCell(out, name);
     const std::vector<std::string> names = JoinColumnNames(grid);
@@ -62,7 +50,8 @@ void AppendHeader(std::string& out, const Grid& grid) {
     }
     out += "|\n";
     for (int level = 0; level < grid.fRowLevels; ++level) out += "|:---";
-    for (const bool isNumber : FindNumberColumns(grid)) out += isNumber ? "|---:" : "|:---";
+    const NumberColumns columns(grid);
+    for (int column = 0; column < grid.fColumns; ++column) out += columns.IsText(column) ? "|:---" : "|---:";
     out += "|\n";
 }
 

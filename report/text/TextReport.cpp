@@ -1,9 +1,8 @@
 #include "report/text/TextReport.h"
 
-#include <fmt/format.h>
-
 #include <algorithm>
 
+#include "host/document/SpellPlace.h"
 #include "report/items/Words.h"
 #include "report/text/ChartText.h"
 #include "report/text/Sink.h"
@@ -74,17 +73,9 @@ class Writer {
         fSink.PartItems();
         WriteTitle("Diagnostics", kHeavyRule);
         for (const document::Diagnostic& diagnostic : fDocument.fvDiagnostics) {
-            const std::string text = MakeVisible(diagnostic.fText) + DescribePlace(diagnostic);
+            const std::string text = MakeVisible(diagnostic.fText + document::SpellPlaceBehind(fDocument, diagnostic));
             fSink.WriteParagraph(RoleOf(diagnostic.fLevel), LeadOf(diagnostic.fLevel), text, fWidth);
         }
-    }
-
-    // " (model.statxml:41:7)"
-    std::string DescribePlace(const document::Diagnostic& diagnostic) const {
-        if (!diagnostic.fPlace) return {};
-        const auto source = static_cast<std::size_t>(diagnostic.fPlace->fSource);
-        const std::string name = source < fDocument.fvSources.size() ? MakeVisible(fDocument.fvSources[source]) : "?";
-        return fmt::format(" ({}:{}:{})", name, diagnostic.fPlace->fLine, diagnostic.fPlace->fColumn);
     }
 
     const document::Document& fDocument;

@@ -22,8 +22,8 @@ class WorkbookWriter {
     WorkbookWriter(const document::Document& document, const WorkbookSettings& settings)
         : fDocument(document),
           fSettings(settings),
-          fProperties{settings.fTitle.empty() ? document.fTitle : settings.fTitle, settings.fAuthor,
-                      document.fProducer} {
+          fProperties{settings.fTitle.empty() ? std::string(items::TitleOf(document)) : settings.fTitle,
+                      settings.fAuthor, document.fProducer} {
         for (std::string* words : {&fProperties.fTitle, &fProperties.fAuthor, &fProperties.fProducer}) {
             *words = MakeCellText(*words);
         }

@@ -10,6 +10,9 @@ import subprocess
 import sys
 from collections import Counter
 
+sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "papers"))
+import tables as shown_tables  # noqa: E402
+
 try:
     import docx
 except ImportError:
@@ -41,91 +44,45 @@ def check(what, condition, detail):
         faults.append(f"{what}: {detail}"[:400])
 
 
-def styled(words):
-    """A minus and a dash are written otherwise where a document is shown."""
-    return words.replace("\u2212", "-").replace("\u2013", "-")
-
-
 # ---- what the saved document holds
 
 
-def texts(list_):
-    return [styled(text["text"]) for text in list_]
+def noted(text, notes, column=None):
+    return shown_tables.shown(text, column), tuple(dict.fromkeys(map(shown_tables.shown, notes)))
 
 
-def noted(label, notes):
-    return styled(label["text"]), tuple(dict.fromkeys(texts(notes)))
-
-
-def categories(members, groups=()):
-    """Of each category, by id, the labels from the outermost group inwards."""
-    found = {}
-    for member in members:
-        if member["kind"] == "category":
-            found[member["id"]] = (*groups, noted(member["label"], member["notes"]))
-        else:
-            found.update(categories(member["members"], (*groups, (styled(member["label"]["text"]), ()))))
-    return found
-
-
-class Side:
-    """The dimensions of a side, outermost first, and the labels of a cell there."""
-
-    def __init__(self, table, place):
-        self.dimensions = [
-            (at, dimension, categories(dimension["members"]))
-            for at, dimension in enumerate(table["dimensions"]) if dimension["place"] == place
-        ]
-        self.dimensions.sort(key=lambda entry: -entry[1]["index"])
-
-    def path(self, cell, with_names):
-        path = []
-        for at, dimension, labels in self.dimensions:
-            hides_name, hides_labels = dimension["flags"]
-            if hides_labels:
-                continue
-            if with_names and not hides_name:
-                path.append((styled(dimension["name"]["text"]), ()))
-            path.extend(labels.get(cell["at"][at], ()))
-        return tuple(label for label in path if label[0].strip())
-
-    def levels(self, table):
-        return sum(
-            max(len(labels.get(cell["at"][at], (0,))) for cell in table["cells"])
-            for at, dimension, labels in self.dimensions if not dimension["flags"][1])
-
-
-def restyled(cell, path):
-    """A p value is written by one rule, whatever the document's format."""
-    shown, notes = noted(cell["content"], cell["notes"])
-    number = cell["content"]["from"].get("number")
-    if isinstance(number, float) and path and path[-1][0] in ("Sig.", "Adj. Sig."):
-        shown = "<.001" if number < 0.0005 else f"{number:.3f}".removeprefix("0")
-    return shown, notes
+def path_of(members):
+    labels = [noted(member["label"], member.get("notes", [])) for member in members if member]
+    return tuple(label for label in labels if label[0].strip())
 
 
 def expected_cells(table):
-    rows, columns = Side(table, 0), Side(table, 1)
-    paths = [(rows.path(cell, False), columns.path(cell, True)) for cell in table["cells"]]
-    return Counter((row, column, restyled(cell, column)) for cell, (row, column) in zip(table["cells"], paths))
+    rows, columns = shown_tables.Side(table, 0), shown_tables.Side(table, 1)
+    cells = Counter()
+    for cell in table["cells"]:
+        over = [member for member in columns.members(cell, hidden=False, named=True) if member]
+        column = over[-1]["label"] if over else None
+        words = noted(cell["content"], cell["notes"], column)
+        cells[path_of(rows.members(cell, hidden=False)), path_of(over), words] += 1
+    return cells
 
 
 def expected_below(table):
-    return texts(table["captions"]) + texts(table["notes"])
+    return [shown_tables.shown(text) for text in table["captions"] + table["notes"]]
 
 
 def expected_items(items, depth=1):
     for item in items:
         kind = item["kind"]
         if kind == "heading":
-            yield f"Heading {depth}", styled(item["title"]["text"])
+            yield f"Heading {depth}", shown_tables.shown(item["title"])
             yield from expected_items(item["items"], depth + 1)
         elif kind == "table":
             yield "table", item
         elif kind == "chart":
             yield "chart", item
         else:
-            yield "Message", f"{LEVELS[item['level']]}: {styled(item['text']['text'])}"
+            yield "Message", f"{LEVELS[item['level']]}: {shown_tables.shown(item['text'])}"
 
 
 # ---- what the file holds
@@ -141,7 +98,7 @@ def words(element):
             marks += text
         else:
             plain += text
-    return styled(plain), [mark for mark in marks.split(", ") if mark]
+    return plain, [mark for mark in marks.split(", ") if mark]
 
 
 def spread(table):
@@ -220,7 +177,7 @@ def check_caption(name, caption, kind, number, title):
 
 
 def check_table(name, reader, item, number):
-    check_caption(name, reader.take("Caption"), "Table", number, styled(item["title"]["text"]))
+    check_caption(name, reader.take("Caption"), "Table", number, shown_tables.shown(item["title"]))
     parts = [reader.take("table")]
     while reader.take("Caption Continued") is not None:
         parts.append(reader.take("table"))
@@ -232,7 +189,7 @@ def check_table(name, reader, item, number):
         else:
             below.append(text)
     check(name, below == expected_below(item), f"below it stands {below}")
-    found = read_cells(name, parts, Side(item, 0).levels(item), notes, name.startswith("hostile"))
+    found = read_cells(name, parts, shown_tables.Side(item, 0).levels(hidden=False), notes, name.startswith("hostile"))
     expected = expected_cells(item)
     blank = Counter({key: count for key, count in found.items() if key[2] == ("", ())})
     for key in (expected - found):
@@ -258,7 +215,7 @@ def check_file(name, path, saved):
             figures += 1
             check_figure(f"{name}, figure {figures}", reader.take("Picture"), item, reader.document)
             check_caption(f"{name}, figure {figures}", reader.take("Caption"), "Figure", figures,
-                          styled(item["description"]))
+                          item["description"])
         else:
             paragraph = reader.take(kind)
             check(name, paragraph is not None and words(paragraph)[0] == item, f"lacks {kind} {item}")

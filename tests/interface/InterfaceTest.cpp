@@ -97,7 +97,6 @@ TEST(Interface, RendersEachFormatAsOftenAsAsked) {
 
 TEST(Interface, PicturesAreOneChart) {
     const Model run = RunExample("oats");
-    const std::string list = Render(run.get(), "svg").fBytes;
     EXPECT_EQ(Render(run.get(), "svg").fCode, HF_USAGE);
     const Settings one = MakeSettings({{"only", "GLMMEmMeans-1"}});
     EXPECT_EQ(Render(run.get(), "svg", one.get()).fBytes.substr(0, 4), "<svg");

@@ -1,6 +1,6 @@
 """Compiles the LaTeX of every example and looks for what does not fit: latex_files.py PROGRAM EXAMPLES WORK
-Documents that stand by themselves go through lualatex, three fragments through pdflatex. Every shown cell of a table must
-stand in its source."""
+Documents that stand by themselves go through lualatex, three fragments through pdflatex. Every shown cell of a table
+must stand in its source."""
 
 import concurrent.futures
 import pathlib

@@ -35,9 +35,9 @@ def named_tables(document, names):
 
 
 def leaves(members, above=()):
-    """Categories by id, with the labels of the groups around them, outermost first, and their own."""
+    """Categories by id, below the groups around them, the outermost first."""
     for member in members:
-        path = above + (member["label"],)
+        path = above + (member,)
         if member["kind"] == "group":
             yield from leaves(member["members"], path)
         else:
@@ -57,18 +57,24 @@ class Side:
             for at, paths in self.paths.items()
         }
 
-    def labels(self, cell, hidden, named=False):
-        """For each level the label of a cell's category, none where it is less deep. `hidden`: those of dimensions that
-        hide their labels, too; `named`: names of dimensions above their labels."""
+    def levels(self, hidden):
+        return sum(self.depths[at] for at, dimension in self.dimensions if hidden or not dimension["flags"][1])
+
+    def members(self, cell, hidden, named=False):
+        """For each level the group or category of a cell, none where it is less deep. `hidden`: those of dimensions
+        that hide their labels, too; `named`: dimensions that show their names, above their labels."""
         result = []
         for at, dimension in self.dimensions:
             if self.depths[at] == 0 or (dimension["flags"][1] and not hidden):
                 continue
             path = self.paths[at].get(cell["at"][at], ())
             if named and not dimension["flags"][0]:
-                result.append(dimension["name"])
+                result.append({"label": dimension["name"], "notes": []})
             result += list(path) + [None] * (self.depths[at] - len(path))
         return result
+
+    def labels(self, cell, hidden, named=False):
+        return [member and member["label"] for member in self.members(cell, hidden, named)]
 
 
 def words(text):

@@ -19,7 +19,9 @@ try:
 except ImportError:
     sys.exit(77)
 
-from shown import shown
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "papers"))
+from shown import shown  # noqa: E402
+from tables import tables  # noqa: E402
 
 program, examples = sys.argv[1:3]
 marks = dict(zip("abcdefghijklmnoprstuvwxyz", "ᵃᵇᶜᵈᵉᶠᵍʰⁱʲᵏˡᵐⁿᵒᵖʳˢᵗᵘᵛʷˣʸᶻ"))
@@ -65,14 +67,6 @@ class Page(HTMLParser):
     def handle_data(self, data):
         if self.cell is not None:
             self.cell += "".join(marks.get(c, c) for c in data if c != " ") if self.sup else data
-
-
-def tables(items):
-    for item in items:
-        if item["kind"] == "heading":
-            yield from tables(item["items"])
-        elif item["kind"] == "table":
-            yield item
 
 
 def numbers(table):

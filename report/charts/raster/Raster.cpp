@@ -1,8 +1,7 @@
 #include "report/charts/raster/Raster.h"
 
-#include <dlfcn.h>
-
 #include "report/charts/raster/RasterModule.h"
+#include "report/modules/FindSymbol.h"
 
 namespace hierfit::report::charts {
 
@@ -15,12 +14,9 @@ void Append(void* context, const unsigned char* bytes, std::size_t size) {
 }  // namespace
 
 std::variant<Raster, std::string> Raster::Load(const std::string& path) {
-    // Its libraries keep threads and types of their own, so the module is never unloaded.
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!module) return std::string(dlerror());
-    const auto get = reinterpret_cast<HierfitGetRasterFunctions>(dlsym(module, kHierfitGetRasterFunctions));
-    if (!get) return path + " does not export " + kHierfitGetRasterFunctions;
-    return Raster(get());
+    const auto found = FindSymbol(path, kHierfitGetRasterFunctions);
+    if (const auto* reason = std::get_if<std::string>(&found)) return *reason;
+    return Raster(reinterpret_cast<HierfitGetRasterFunctions>(std::get<void*>(found))());
 }
 
 std::optional<std::string> Raster::MakePng(std::string_view svg, double scale) const {

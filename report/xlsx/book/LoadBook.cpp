@@ -1,15 +1,13 @@
 #include "report/xlsx/book/LoadBook.h"
 
-#include <dlfcn.h>
+#include "report/modules/FindSymbol.h"
 
 namespace hierfit::report::xlsx {
 
 std::variant<HierfitMakeBook, std::string> LoadBook(const std::string& path) {
-    void* module = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL | RTLD_NODELETE);
-    if (!module) return std::string(dlerror());
-    const auto make = reinterpret_cast<HierfitMakeBook>(dlsym(module, kHierfitMakeBook));
-    if (!make) return path + " does not export " + kHierfitMakeBook;
-    return make;
+    const auto found = FindSymbol(path, kHierfitMakeBook);
+    if (const auto* reason = std::get_if<std::string>(&found)) return *reason;
+    return reinterpret_cast<HierfitMakeBook>(std::get<void*>(found));
 }
 
 }  // namespace hierfit::report::xlsx

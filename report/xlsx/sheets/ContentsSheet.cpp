@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/document/SpellPlace.h"
+#include "report/items/Words.h"
 #include "report/xlsx/cells/CellText.h"
 #include "report/xlsx/sheets/SheetWidths.h"
 
@@ -17,16 +19,6 @@ constexpr int kMostIndent = 15;
 constexpr int kNameColumn = 0;
 constexpr int kKindColumn = 1;
 constexpr int kTitleColumn = 2;
-
-std::string_view WordOf(int level) {
-    constexpr std::string_view kLevels[] = {"Information", "Warning", "Error"};
-    return kLevels[std::clamp(level, 1, 3) - 1];
-}
-
-std::string_view KindOf(const document::Item& item) {
-    constexpr std::string_view kKinds[] = {"heading", "table", "chart", "message"};
-    return kKinds[item.fContent.index()];
-}
 
 class ContentsWriter {
   public:
@@ -76,14 +68,14 @@ class ContentsWriter {
                         .fIsBold = isHeading,
                         .fIsLink = !entry.fSheet.empty(),
                         .fIsTop = true};
-        const std::string lead = message ? std::string(WordOf(message->fLevel)) + ": " : "";
+        const std::string lead = message ? std::string(items::WordOfLevel(message->fLevel)) + ": " : "";
         const std::string title = lead + std::string(items::TitleOf(*item.fpItem));
         SetHeight(title);
         if (entry.fSheet.empty()) fWriter.PutWords(fRow, kNameColumn, item.fAnchor, look);
         if (!entry.fSheet.empty()) {
             fSheet.PutLink(fRow, kNameColumn, entry.fSheet, MakeCellText(item.fAnchor), fParts.fLooks.Of(look));
         }
-        fWriter.PutWords(fRow, kKindColumn, KindOf(*item.fpItem), {.fIsTop = true});
+        fWriter.PutWords(fRow, kKindColumn, items::KindOf(*item.fpItem), {.fIsTop = true});
         fWriter.PutWords(fRow++, kTitleColumn, title, {.fIsBold = isHeading, .fIsTop = true, .fWraps = true});
     }
 
@@ -98,25 +90,17 @@ class ContentsWriter {
         fWriter.PutWords(++fRow, kNameColumn, "Diagnostics", {.fIsBold = true});
         ++fRow;
         for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-            PutDiagnostic(WordOf(diagnostic.fLevel), diagnostic.fText + DescribePlace(document, diagnostic));
+            PutDiagnostic(items::WordOfLevel(diagnostic.fLevel),
+                          diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));
         }
         // A title that is cut here adds a remark, which counts as well.
-        for (std::size_t i = 0; i < remarks.size(); ++i) PutDiagnostic(WordOf(2), remarks[i]);
+        for (std::size_t i = 0; i < remarks.size(); ++i) PutDiagnostic(items::WordOfLevel(2), remarks[i]);
     }
 
     void PutDiagnostic(std::string_view level, const std::string& text) {
         SetHeight(text);
         fWriter.PutWords(fRow, kKindColumn, level, {.fIsTop = true});
         fWriter.PutWords(fRow++, kTitleColumn, text, {.fIsTop = true, .fWraps = true});
-    }
-
-    // " (model.statxml:41:7)"
-    static std::string DescribePlace(const document::Document& document, const document::Diagnostic& diagnostic) {
-        if (!diagnostic.fPlace) return {};
-        const auto source = static_cast<std::size_t>(diagnostic.fPlace->fSource);
-        const std::string name = source < document.fvSources.size() ? document.fvSources[source] : "?";
-        return " (" + name + ":" + std::to_string(diagnostic.fPlace->fLine) + ":" +
-               std::to_string(diagnostic.fPlace->fColumn) + ")";
     }
 
     BookParts& fParts;

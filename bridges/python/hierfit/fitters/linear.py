@@ -54,10 +54,16 @@ def fitted_ols(fit: Any, level: float) -> Fitted:
 
 def fitted_glm(fit: Any, level: float) -> Fitted:
     source = source_of(fit.model)
-    distribution, target, told = _family(fit, source)
+    family = _family(fit, source)
+    residual = scale_of_residual(fit.scale, np.nan, level) if family[0].has_scale else fixed_scale()
+    return _assembled(fit, source, family, residual, criteria_of(fit.llf, fit.aic, fit.bic_llf, int(fit.nobs)))
+
+
+def _assembled(
+    fit: Any, source: Source, family: tuple[Distribution, Target, list[str]], residual: Residual, criteria: Criteria
+) -> Fitted:
+    distribution, target, told = family
     n = source.design.size
-    residual = scale_of_residual(fit.scale, np.nan, level) if distribution.has_scale else fixed_scale()
-    criteria = criteria_of(fit.llf, fit.aic, fit.bic_llf, int(fit.nobs))
     if distribution.kind == "NEGBIN":
         criteria.dispersion = float(fit.model.family.alpha)
     coefficients = coefficients_of(fit, slice(n), inference_df(fit))
@@ -81,9 +87,8 @@ def fitted_glm(fit: Any, level: float) -> Fitted:
 
 def _offset(model: Any) -> tuple[float, bool]:
     """The mean offset, exposures included, and whether there is one."""
-    values = np.asarray(
-        getattr(model, "_offset_exposure", None) if getattr(model, "_offset_exposure", None) is not None else 0.0
-    )
+    given = getattr(model, "_offset_exposure", None)
+    values = np.asarray(0.0 if given is None else given)
     return float(np.mean(values)), bool(np.any(values != 0))
 
 
@@ -153,31 +158,11 @@ def _link(link: Any, kind: str) -> tuple[str, float | None]:
 def fitted_gee(fit: Any, level: float) -> Fitted:
     source = source_of(fit.model)
     distribution, target, told = _family(fit, source)
-    n = source.design.size
     name = getattr(fit.model, "_groups_name", None)
     groups = group_field(source, None if name in ("Groups", "groups") else name, fit.model.groups)
-    subject = Subject([groups.name], [0])
-    residual, unnamed = _working_correlation(fit, distribution, subject, level)
-    coefficients = coefficients_of(fit, slice(n), inference_df(fit))
-    offset, has_offset = _offset(fit.model)
-    out = assemble(
-        source,
-        distribution,
-        target,
-        beta=np.asarray(fit.params, dtype=float),
-        covariance=covariance_of(fit, n),
-        coefficients=coefficients,
-        residual=residual,
-        criteria=Criteria(),
-        predicted=np.asarray(fit.fittedvalues, dtype=float),
-        messages=fit_messages(fit, coefficients.se),
-        told=[*(["an offset"] if has_offset else []), *told, *unnamed],
-        offset=offset,
-        inverse_link=_inverse_link(fit.model.family.link),
-    )
+    residual, unnamed = _working_correlation(fit, distribution, Subject([groups.name], [0]), level)
+    out = _assembled(fit, source, (distribution, target, [*told, *unnamed]), residual, Criteria())
     add_group(out, groups)
-    if distribution.kind == "NEGBIN":
-        out.criteria.dispersion = float(fit.model.family.alpha)
     return out
 
 
