@@ -19,7 +19,7 @@ MOST_OVERFULL = 5  # points
 HOSTILE = [
     "& % $ # _ { } ~ ^ \\ \" ' ` < > | [x] *y -- ,, ?` \\end{document} %", "[first]\\[2pt]", "*", "",
     "a\x1b[0m\u202ez\nline two", "Gr\u00f6\u00dfe \u2013 \u2018x\u2019 \u20ac \u03c3\u00b2 \u2265 3 \u22125 \u00d7",
-    "x" * 10000, "y" * 390, "word " * 2000,
+    "x" * 10000, "y" * 250, "word " * 2000,
 ]
 FOREIGN = [
     "\u05e9\u05dc\u05d5\u05dd (12) \u05e2\u05d5\u05dc\u05dd abc", "Row \u0645\u0631\u062d\u0628\u0627 12", "\u0416 \u0438",
