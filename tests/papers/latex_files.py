@@ -22,7 +22,8 @@ HOSTILE = [
     "x" * 10000, "y" * 250, "word " * 2000,
 ]
 FOREIGN = [
-    "\u05e9\u05dc\u05d5\u05dd (12) \u05e2\u05d5\u05dc\u05dd abc", "Row \u0645\u0631\u062d\u0628\u0627 12", "\u0416 \u0438",
+    "\u05e9\u05dc\u05d5\u05dd (12) \u05e2\u05d5\u05dc\u05dd abc",
+    "Row \u0645\u0631\u062d\u0628\u0627 12", "\u0416 \u0438",
 ]
 
 
