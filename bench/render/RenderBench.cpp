@@ -11,6 +11,7 @@
 #include "report/docx/DocxFile.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
+#include "report/latex/LatexReport.h"
 #include "report/layout/Grid.h"
 #include "report/text/TextReport.h"
 
@@ -71,6 +72,10 @@ std::vector<report::ArchiveFile> MakeFiles(const Document& document) {
     return report::MakeDocxFiles(document, {{}, {}, [](const std::string&, double) { return std::nullopt; }});
 }
 
+void MakeLatexReport(benchmark::State& state) {
+    MeasureRendering(state, [](const Document& document) { return report::MakeLatexReport(document, {}); });
+}
+
 /// The text of a file for a word processor, before it is packed.
 void MakeDocxText(benchmark::State& state) {
     MeasureRendering(state, [](const Document& document) { return std::move(MakeFiles(document)[kDocxText].fBytes); });
@@ -103,6 +108,7 @@ BENCHMARK(ReadJsonAsTree)->Apply(SetSizes);
 BENCHMARK(MakeGrid)->Apply(SetSizes);
 BENCHMARK(MakeTextReport)->Apply(SetSizes);
 BENCHMARK(MakeHtmlReport)->Apply(SetSizes);
+BENCHMARK(MakeLatexReport)->Apply(SetSizes);
 BENCHMARK(MakeDocxText)->Apply(SetSizes);
 BENCHMARK(MakeDocx)->Apply(SetSizes);
 

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
@@ -108,6 +109,14 @@ class Writer {
     Writer(std::string& out, const TextPlace& place, Scripts& scripts) : fOut(out), fPlace(place), fScripts(scripts) {}
 
     void Append(std::string_view text) {
+        AppendWords(text);
+        if (!fRightToLeft || fPlace.fIsParagraph) return;
+        fOut.insert(*fRightToLeft, "\\mbox{");
+        fOut += '}';
+    }
+
+  private:
+    void AppendWords(std::string_view text) {
         for (std::size_t at = 0; at <= text.size();) {
             const std::size_t end = std::min(text.find_first_of(" \n", at), text.size());
             AppendWord(text.substr(at, end - at));
@@ -116,7 +125,6 @@ class Writer {
         }
     }
 
-  private:
     void AppendWord(std::string_view word) {
         const bool isLong = word.size() > fPlace.fLongestWord && unicode::CountCharacters(word) > fPlace.fLongestWord;
         std::size_t run = 0;
@@ -170,6 +178,7 @@ class Writer {
             fScripts.fHasGreek = true;
         } else if (unicode::DirectionOf(code) == unicode::Direction::RightToLeft) {
             const bool isHebrew = IsBetween(code, 0x590, 0x5FF) || IsBetween(code, 0xFB1D, 0xFB4F);
+            if (!fRightToLeft) fRightToLeft = fOut.size();
             (isHebrew ? fScripts.fHasHebrew : fScripts.fHasArabic) = true;
         } else {
             fScripts.fHasOthers = true;
@@ -179,6 +188,7 @@ class Writer {
     std::string& fOut;
     const TextPlace& fPlace;
     Scripts& fScripts;
+    std::optional<std::size_t> fRightToLeft;  ///< where the first letter stands that is written from right to left
 };
 
 }  // namespace

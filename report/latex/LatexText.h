@@ -19,6 +19,7 @@ struct TextPlace {
     std::size_t fLongestWord;  ///< in characters; a longer one may break, every few characters at least
     std::string_view fWordBreak;
     std::string_view fLineBreak;  ///< for each line feed
+    bool fIsParagraph = true;     ///< else what is written from right to left needs a box, or all of the text is turned
 };
 
 /// A break that leaves the line short; it needs no stretchable blanks before it.
@@ -27,7 +28,7 @@ inline constexpr std::string_view kShortLine = "\\hfil\\allowbreak\\hfilneg{}";
 inline constexpr TextPlace kProse{40, kShortLine, "\\newline{}"};
 inline constexpr TextPlace kTitle{24, kShortLine, " "};
 inline constexpr TextPlace kCell{12, "\\allowbreak{}", "\\newline{}"};
-inline constexpr TextPlace kLine{static_cast<std::size_t>(-1), {}, " "};
+inline constexpr TextPlace kLine{static_cast<std::size_t>(-1), {}, " ", false};
 
 /// Appends a text, whatever it holds: what is markup becomes the sign itself, in every font encoding; control and
 /// bidirectional characters become visible, such as "\u{202E}"; bytes that are no UTF-8 become U+FFFD. Signs of

@@ -153,17 +153,17 @@ void TableLines::AppendRowHeaders(std::string& out, int row) {
 }
 
 void TableLines::AppendRowHeader(std::string& out, const HeaderCell& header) {
+    double width = 0;
+    bool isWrapped = false;
+    for (int level = header.fLevel; level <= LastLevel(header); ++level) {
+        width += fPlan.Level(level).fWidth;
+        isWrapped = isWrapped || fPlan.Level(level).fIsWrapped;
+    }
     if (header.fLevels > 1) {
-        double width = 0;
-        bool isWrapped = false;
-        for (int level = header.fLevel; level <= LastLevel(header); ++level) {
-            width += fPlan.Level(level).fWidth;
-            isWrapped = isWrapped || fPlan.Level(level).fIsWrapped;
-        }
         out += fmt::format("\\multicolumn{{{}}}{{{}{}}}{{", header.fLevels, header.fLevel == 0 ? "@{}" : "",
                            SpellText(width, isWrapped));
     }
-    if (header.fpLabel) fNotes.AppendShown(out, header.fpLabel->fWords, kCell);
+    if (header.fpLabel) fNotes.AppendShown(out, header.fpLabel->fWords, isWrapped ? kCell : kLine);
     out += fNotes.MarkUp(header.fvNotes);
     if (header.fLevels > 1) out += '}';
 }
@@ -176,7 +176,7 @@ void TableLines::AppendCell(std::string& out, int column, const DataCell& cell) 
     const std::optional<Figure> figure = data.fIsText || !IsNumber(text) ? std::nullopt : ReadFigure(text.fWords);
     if (figure) return data.fFigures.AppendCell(out, *figure, marks, IsLast(column) ? "@{}" : "");
     if (!data.fIsText) out += '{';
-    fNotes.AppendShown(out, text.fWords, kCell);
+    fNotes.AppendShown(out, text.fWords, data.fIsWrapped ? kCell : kLine);
     out += marks;
     if (!data.fIsText) out += '}';
 }

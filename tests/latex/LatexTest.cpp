@@ -82,6 +82,16 @@ TEST(LatexText, TellsScripts) {
     }
 }
 
+TEST(LatexText, BoxesWhatIsWrittenFromRightToLeft) {
+    for (const bool isParagraph : {true, false}) {
+        std::string out = "| ";
+        Scripts scripts;
+        AppendText(out, "a \u05D0", isParagraph ? kCell : kLine, scripts);
+        AppendText(out, "b", kLine, scripts);
+        EXPECT_EQ(out, isParagraph ? "| a \u05D0b" : "| a \\mbox{\u05D0}b");
+    }
+}
+
 TEST(LatexText, NamesFiles) {
     std::string out;
     AppendPath(out, "my_100%#1 charts");
@@ -241,7 +251,8 @@ TEST(LatexReport, WritesItemsOfEachKind) {
                "\n\\FloatBarrier\n\\section[{Means {[}1]}]{\\raggedright Means {[}1]}\\label{sec:Means-1-1}\n"
                "\n\\begin{table}[!htp]\n\\centering\n\\begin{threeparttable}\n\\caption{No "
                "cells}\\label{tab:Nocells-1}\n"
-               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n\\item[] A note\n"
+               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n\\item[] A "
+               "note\n"
                "\\end{tablenotes}\n\\end{threeparttable}\n\\end{table}\n" +
                charts + "\n\\noindent\\textbf{Warning:} Careful \u03C3\n";
     };

@@ -1,71 +1,151 @@
-"""Compiles the LaTeX of every example and looks for what does not fit: latex_files.py PROGRAM EXAMPLES WORK
-Documents that stand by themselves go through lualatex, three fragments through pdflatex. Every shown cell of a table
-must stand in its source."""
+"""Compiles the LaTeX of every example, looks for what does not fit, and compares each cell in it with the document:
+latex_files.py PROGRAM EXAMPLES WORK
+Documents that stand by themselves go through lualatex, fragments through pdflatex."""
 
 import concurrent.futures
+import json
 import pathlib
 import re
 import shutil
 import subprocess
 import sys
 
+import latex_source
 import tables
 
-FRAGMENTS = {"oats", "wine", "sleepstudy"}
-WRAPPER = """\\documentclass{article}
-%s
-\\usepackage{longtable,threeparttablex,pdflscape}
-\\begin{document}
-\\input{%s}
-\\end{document}
-"""
+WRAPPER = "\\documentclass{article}\n%s\n\\begin{document}\n%s\n\\end{document}\n"
 MOST_OVERFULL = 5  # points
+
+HOSTILE = [
+    "& % $ # _ { } ~ ^ \\ \" ' ` < > | [x] *y -- ,, ?` \\end{document} %", "[first]\\[2pt]", "*", "",
+    "a\x1b[0m\u202ez\nline two", "Gr\u00f6\u00dfe \u2013 \u2018x\u2019 \u20ac \u03c3\u00b2 \u2265 3 \u22125 \u00d7",
+    "x" * 10000, "y" * 250, "word " * 2000,
+]
+FOREIGN = [
+    "\u05e9\u05dc\u05d5\u05dd (12) \u05e2\u05d5\u05dc\u05dd abc",
+    "Row \u0645\u0631\u062d\u0628\u0627 12", "\u0416 \u0438",
+]
 
 
 def typeset(command, path):
     """What the log complains of, once long tables have settled."""
+    log = ""
     for _ in range(2):
         subprocess.run([command, "-interaction=nonstopmode", path.name], cwd=path.parent, capture_output=True)
-    log = path.with_suffix(".log").read_text(encoding="utf-8", errors="replace")
+        log = path.with_suffix(".log").read_text(encoding="utf-8", errors="replace")
+        if "longtable" not in log:
+            break
     faults = re.findall(r"^! .*|^Missing character.*", log, re.MULTILINE)
-    faults += [line for line, points in re.findall(r"^(Overfull .hbox \(([\d.]+)pt .*)", log, re.MULTILINE)
+    faults += [line for line, points in re.findall(r"^(Overfull .?.box \(([\d.]+)pt .*)", log, re.MULTILINE)
                if float(points) > MOST_OVERFULL]
     if not path.with_suffix(".pdf").exists():
         faults.append("there is no PDF")
     return [f"{path.name}, {command}: {fault}" for fault in faults]
 
 
-def plain(source):
-    """A source without markup that stands within words and figures."""
-    source = re.sub(r"\\(allowbreak|textminus|tnote|multicolumn|makecell\[[^]]*\]|linebreak)\b(\{\})?", "", source)
-    source = re.sub(r"(\d)[eE][-+]?0*(\d)", r"\1e\2", source)
-    return re.sub(r"[{}\\\s$]|\u2212|--|[-\u2013]", "", source)
+def plain(words):
+    """Words as print and markup have them alike: without blanks, with one kind of minus, and short exponents."""
+    words = re.sub(r"(\d)[eE]\+?(-?)0*(\d)", r"\1e\2\3", words.replace("\u2212", "-"))
+    return re.sub(r"\s", "", words)
 
 
-def find_missing(path, document, names):
-    source = plain(path.read_text(encoding="utf-8"))
+def expected(table):
+    """Lists of words by labels of the row and name of the column, and how many levels the row headers have."""
+    sides, cells = [tables.Side(table, 0), tables.Side(table, 1)], {}
+    for cell in table["cells"]:
+        row = tuple(plain(tables.words(label) and tables.shown(label)) for label in sides[0].labels(cell, hidden=False))
+        labels = [label for label in sides[1].labels(cell, hidden=False, named=True) if label]
+        column = plain(", ".join(tables.shown(label) for label in labels))
+        words = plain(tables.shown(cell["content"], labels[-1] if labels else None))
+        cells.setdefault((row, column), []).append(words)
+    return cells, len(next(iter(cells))[0])
+
+
+def compare(name, table, parts):
+    cells, levels = expected(table)
     faults = []
-    for name, table in tables.named_tables(document, names):
-        side = tables.Side(table, 1)
-        for cell in table["cells"]:
-            labels = [label for label in side.labels(cell, hidden=False) if label]
-            words = tables.shown(cell["content"], labels[-1] if labels else None)
-            if plain(words) not in source:
-                faults.append(f"{path.name}: {name}: no {words}")
-    return faults
+    for part in (latex_source.Part(source, levels) for source in parts):
+        for labels, data in part.rows:
+            for at, found in enumerate(plain(words) for words in data):
+                column = plain(part.columns[at]) if part.columns else ""
+                words = cells.get((tuple(map(plain, labels)), column), [""])
+                if found not in words:
+                    faults.append(f"{name}: {labels}, {column}: {words} expected, found {found}")
+                elif words != [""]:
+                    words.remove(found)
+    left = sum(len(words) for words in cells.values())
+    return faults + ([f"{name}: {left} cells are missing"] if left else [])
+
+
+def read_back(path, document, names):
+    source = path.read_text(encoding="utf-8")
+    found = latex_source.tables(source)
+    shown = [(name, table) for name, table in tables.named_tables(document, names) if table["cells"]]
+    if [name for name, _ in found] != [name for name, _ in shown]:
+        return [f"{path.name}: other tables than in the document"]
+    faults = sum((compare(f"{path.name}: {name}", table, parts) for (name, table), (_, parts) in zip(shown, found)), [])
+    charts = [folder + chart for folder, chart in latex_source.pictures(source)]
+    if charts != [f"{path.stem}-charts/{one['name']}.pdf" for one in names if one["kind"] == "chart"]:
+        faults.append(f"{path.name}: other charts than in the document")
+    return faults + [f"{path.name}: no {chart}" for chart in charts if not (path.parent / chart).is_file()]
 
 
 def check(program, example, work):
-    path = work / f"{example.name}.tex"
+    document, names = tables.read(program, example)
+    path, part = work / f"{example.name}.tex", work / f"{example.name}-part.tex"
     tables.run(program, "report", "--standalone", "-o", path, example)
-    faults = find_missing(path, *tables.read(program, example)) + typeset("lualatex", path)
-    if example.name in FRAGMENTS:
-        part = work / f"{example.name}-part.tex"
-        tables.run(program, "report", "-o", part, example)
-        needs = re.findall(r"^% +(\\usepackage.*)$", part.read_text(encoding="utf-8"), re.MULTILINE)
-        whole = work / f"{example.name}-whole.tex"
-        whole.write_text(WRAPPER % ("\n".join(needs), part.stem), encoding="utf-8")
-        faults += typeset("pdflatex", whole)
+    tables.run(program, "report", "-o", part, example)
+    return read_back(path, document, names) + read_back(part, document, names) + typeset("lualatex", path)
+
+
+def check_parts(work, paths, name):
+    """All fragments in one document, with what they say they need."""
+    sources = [path.read_text(encoding="utf-8") for path in paths]
+    needs = [line for source in sources for line in re.findall(r"^%   (\\.*)$", source, re.MULTILINE)]
+    whole = work / f"{name}.tex"
+    texts = "\n\\clearpage\n".join(f"\\input{{{path.stem}}}" for path in paths)
+    whole.write_text(WRAPPER % ("\n".join(dict.fromkeys(needs)), texts), encoding="utf-8")
+    return typeset("pdflatex", whole)
+
+
+def text(words):
+    return {"text": words, "from": {"string": words, "translate": False}}
+
+
+def categories(labels):
+    return [{"kind": "category", "id": at, "label": text(label), "notes": [text(label)]}
+            for at, label in enumerate(labels)]
+
+
+def make_table(rows, columns):
+    """A table in which every cell is the label of its row, with a note on each label."""
+    sides = [("Rows", 0, rows), ("Columns", 1, columns)]
+    return {
+        "kind": "table", "subtype": text("Hostile"), "title": text(rows[0]), "flag": True, "minDataColumnWidth": None,
+        "captions": [text(rows[-1])], "notes": [],
+        "dimensions": [{"name": text(name), "sort": 2, "positioned": True, "place": place, "index": 1,
+                        "flags": [False, False], "members": categories(labels)} for name, place, labels in sides],
+        "cells": [{"at": [row, column], "content": text(label), "notes": []}
+                  for row, label in enumerate(rows) for column in range(len(columns))],
+    }
+
+
+def write_hostile(program, work, name, texts, options):
+    items = [{"kind": "heading", "title": text(one), "items": [make_table([one, "b"], ["c", one])]} for one in texts]
+    items.append({"kind": "message", "text": text(texts[0]), "show": 2, "level": 2})
+    document = {"format": "hierfit-output", "version": 2, "producer": "hierfit", "language": "en", "title": texts[0],
+                "sources": ["a", "b"], "items": items, "diagnostics": []}
+    (work / f"{name}.json").write_text(json.dumps(document), encoding="utf-8")
+    tables.run(program, "render", "-o", work / f"{name}.tex", *options, work / f"{name}.json")
+    return work / f"{name}.tex"
+
+
+def check_hostile(program, work):
+    faults = typeset("lualatex", write_hostile(program, work, "hostile", HOSTILE + FOREIGN, ["--standalone"]))
+    faults += check_parts(work, [write_hostile(program, work, "hostile-part", HOSTILE[1:], [])], "hostile-parts")
+    if not any("Missing character" in fault for fault in
+               typeset("lualatex", write_hostile(program, work, "missing", ["\u6f22"], ["--standalone"]))):
+        faults.append("nobody tells that a glyph is missing")
     return faults
 
 
@@ -77,8 +157,11 @@ def main(program, examples, work):
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
-        results = list(pool.map(lambda example: check(program, example, work), tables.examples(examples)))
-    faults = sum(results, [])
+        hostile = pool.submit(check_hostile, program, work)
+        faults = sum(pool.map(lambda example: check(program, example, work), tables.examples(examples)), [])
+        parts = [work / f"{example.name}-part.tex" for example in tables.examples(examples)]
+        faults += check_parts(work, parts, "parts")
+        faults += hostile.result()
     print("\n".join(faults))
     return 1 if faults else 0
 
