@@ -27,7 +27,7 @@ TEST(HtmlTable, GoesOnWhereSpansEnd) {
         const document::Table table =
             SketchTable(side + " 1 -name D :" + Repeated(" All::x", span) + "\ncells" + Repeated(" 1", span));
         std::string html;
-        AppendTable(html, table, "T", "A-1", 1);
+        AppendTable(html, table, "T", "A-1", 1, FullValues::No);
         for (const std::string& part : parts) EXPECT_NE(html.find(part), std::string::npos) << part;
     }
 }
