@@ -152,7 +152,7 @@
     // What begins a line must not be taken for an option of the end of the one before.
     const lay = (grid) => layOut(grid, " & ", write).map((line) => `${line.replace(/^[[*]/, "{$&}")} \\\\`);
     const underline = (row, next) => row.map((cell, column) =>
-      (cell.colSpan > 1 && cell !== row[column - 1] && next && cell !== next[column]
+      (cell.scope === "colgroup" && cell !== row[column - 1] && cell !== next?.[column] && next
         ? `\\cmidrule(lr){${column + 1}-${column + cell.colSpan}}` : "")).join("");
     return asLines([
       "% \\usepackage{booktabs}\n\\begin{table}\n\\centering",
@@ -255,6 +255,7 @@
   give(menu, { role: "menu", tabindex: -1, "aria-label": words.more });
 
   const closeMenu = () => {
+    if (!menu.isConnected) return;
     give(menu.previousSibling, { "aria-expanded": false });
     menu.remove();
   };
@@ -286,7 +287,7 @@
     items.at(next).focus();
   });
   menu.addEventListener("focusout", ({ relatedTarget }) => {
-    if (menu.isConnected && relatedTarget !== menu.previousSibling && !menu.contains(relatedTarget)) closeMenu();
+    if (relatedTarget !== menu.previousSibling && !menu.contains(relatedTarget)) closeMenu();
   });
 
   const makeTools = (name, actions) => {
@@ -545,6 +546,7 @@
   const paper = 680;
   const printed = 10 * 96 / 72 / 16;
   addEventListener("beforeprint", () => {
+    closeMenu();
     for (const frame of frames) {
       const width = frame.firstElementChild.offsetWidth * printed;
       frame.style.zoom = Math.min(1, paper / width);
