@@ -63,7 +63,9 @@ class Writer {
 
     void AppendNotes(const std::string& items) {
         if (items.empty()) return;
-        fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\n").append(items).append("\\end{tablenotes}\n");
+        fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n")
+            .append(items)
+            .append("\\end{tablenotes}\n");
     }
 
     void AppendFloat() {
@@ -103,7 +105,9 @@ class Writer {
         lines.AppendBody(body);
         const std::string items = fNotes.MakeItems(IsLast());
         if (!items.empty()) {
-            fOut.append("\\begin{TableNotes}[flushleft]\n\\footnotesize\n").append(items).append("\\end{TableNotes}\n");
+            fOut.append("\\begin{TableNotes}[flushleft]\n\\footnotesize\\raggedright\n")
+                .append(items)
+                .append("\\end{TableNotes}\n");
         }
         fOut.append("\\begin{longtable}{").append(lines.MakeColumns(false)).append("}\n");
         AppendCaption();

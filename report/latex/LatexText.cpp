@@ -14,6 +14,7 @@ namespace {
 
 /// Signs behind which a long word breaks first.
 constexpr std::string_view kJoints = "*,;/=_-:]";
+constexpr std::size_t kPart = 10;  // characters of a long word between two places where it may break
 
 struct Sign {
     char32_t fCode;
@@ -86,6 +87,14 @@ bool IsBetween(char32_t code, char32_t first, char32_t last) { return code >= fi
 
 bool IsGreek(char32_t code) { return IsBetween(code, 0x370, 0x3FF) || IsBetween(code, 0x1F00, 0x1FFF); }
 
+bool IsUnseen(char32_t code) {
+    const bool isBlank = code == '\n' || code == '\t' || code == '\r';
+    return !isBlank && (unicode::IsControl(code) || unicode::TurnsOrParts(code));
+}
+
+/// "\u{1B}"
+std::string SpellCode(char32_t code) { return fmt::format("\\u{{{:02X}}}", static_cast<unsigned>(code)); }
+
 /// Latin letters and what encodings of text fonts hold besides.
 bool IsCommon(char32_t code) {
     constexpr std::u32string_view kMore = U"\u20AC\u2122\u2116\u2030\u2020\u2021\u2022\u2026\u2039\u203A\u2044\u2126";
@@ -124,9 +133,9 @@ class Writer {
             AppendCharacter(character.fCode, at < word.size() ? word[at] : '\0');
             const bool isJoint =
                 character.fCode < 0x80 && kJoints.find(static_cast<char>(character.fCode)) != kJoints.npos;
-            if (isLong && at < word.size() && (++run >= fPlace.fLongestWord || (isJoint && run > 2))) {
+            if (isLong && at < word.size() && (++run >= kPart || (isJoint && run > 2))) {
                 if (unicode::WidthOf(unicode::CharacterAt(word, at).fCode) == 0) continue;
-                fOut += "\\allowbreak{}";
+                fOut += fPlace.fWordBreak;
                 run = 0;
             }
         }
@@ -134,10 +143,6 @@ class Writer {
 
     void AppendCharacter(char32_t code, char next) {
         if (code < 0x80 && AppendAscii(static_cast<char>(code), next)) return;
-        if (unicode::IsControl(code) || unicode::TurnsOrParts(code)) {
-            fOut += fmt::format("\\textbackslash{{}}u\\{{{:02X}\\}}", static_cast<unsigned>(code));
-            return;
-        }
         const auto* sign = std::ranges::lower_bound(kSigns, code, {}, &Sign::fCode);
         if (sign != std::end(kSigns) && sign->fCode == code) {
             fOut += sign->fMarkup;
@@ -179,7 +184,23 @@ class Writer {
 }  // namespace
 
 void AppendText(std::string& out, std::string_view text, const TextPlace& place, Scripts& scripts) {
-    Writer(out, place, scripts).Append(text);
+    const auto isAscii = [](char byte) { return (byte >= ' ' && byte <= '~') || byte == '\n'; };
+    Writer writer(out, place, scripts);
+    std::ranges::all_of(text, isAscii) ? writer.Append(text) : writer.Append(MakeVisible(text));
+}
+
+std::string MakeVisible(std::string_view text) {
+    std::string visible;
+    for (std::size_t at = 0; at < text.size();) {
+        const unicode::Character character = unicode::CharacterAt(text, at);
+        if (IsUnseen(character.fCode)) {
+            visible += SpellCode(character.fCode);
+        } else {
+            visible.append(text, at, character.fLength);
+        }
+        at += character.fLength;
+    }
+    return visible;
 }
 
 void AppendPath(std::string& out, std::string_view path) {

@@ -16,19 +16,26 @@ struct Scripts {
 
 /// Where a text stands.
 struct TextPlace {
-    std::size_t fLongestWord;     ///< in characters; a longer one may break anywhere behind so many
+    std::size_t fLongestWord;  ///< in characters; a longer one may break, every few characters at least
+    std::string_view fWordBreak;
     std::string_view fLineBreak;  ///< for each line feed
 };
 
-inline constexpr TextPlace kProse{40, "\\newline{}"};
-inline constexpr TextPlace kTitle{40, " "};
-inline constexpr TextPlace kCell{12, "\\newline{}"};
-inline constexpr TextPlace kLine{static_cast<std::size_t>(-1), " "};
+/// A break that leaves the line short; it needs no stretchable blanks before it.
+inline constexpr std::string_view kShortLine = "\\hfil\\allowbreak\\hfilneg{}";
+
+inline constexpr TextPlace kProse{40, kShortLine, "\\newline{}"};
+inline constexpr TextPlace kTitle{24, kShortLine, " "};
+inline constexpr TextPlace kCell{12, "\\allowbreak{}", "\\newline{}"};
+inline constexpr TextPlace kLine{static_cast<std::size_t>(-1), {}, " "};
 
 /// Appends a text, whatever it holds: what is markup becomes the sign itself, in every font encoding; control and
 /// bidirectional characters become visible, such as "\u{202E}"; bytes that are no UTF-8 become U+FFFD. Signs of
 /// mathematics that text fonts may lack are set in that of formulas.
 void AppendText(std::string& out, std::string_view text, const TextPlace& place, Scripts& scripts);
+
+/// A text whose control and bidirectional characters are visible, as `AppendText` shows them; line feeds stay.
+std::string MakeVisible(std::string_view text);
 
 /// Appends the name of a file or folder as an argument of `\includegraphics`. Names with a backslash or with braces
 /// cannot be told to TeX.

@@ -55,7 +55,7 @@ std::string Notes::MakeItems(bool isLast) {
 
 void Notes::AppendLongTexts(std::string& out) const {
     for (std::size_t at = 0; at < fvLongTexts.size(); ++at) {
-        out.append("\n\\noindent\\textsuperscript{").append(std::to_string(at + 1)).append("} ");
+        out.append("\n\\noindent\\textsuperscript{").append(std::to_string(at + 1)).append("}~");
         AppendText(out, fvLongTexts[at], kProse, fScripts);
         out += '\n';
     }

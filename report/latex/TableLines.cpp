@@ -52,7 +52,7 @@ std::string TableLines::MakeHead() {
 // The names stand in the last row, right above what they name.
 void TableLines::AppendCorner(std::string& out, bool isLastRow) {
     if (!isLastRow) {
-        out.append(static_cast<std::size_t>(fGrid.fRowLevels - 1), '&');
+        for (int level = 1; level < fGrid.fRowLevels; ++level) out += " & ";
         return;
     }
     for (const CornerCell& corner : fGrid.fvCorner) {
@@ -64,7 +64,7 @@ void TableLines::AppendCorner(std::string& out, bool isLastRow) {
             AppendLines(out, TablePlan::WrapHeader(*corner.fpName, width), "bl", {});
             if (corner.fLevels > 1) out += '}';
         } else {
-            out.append(static_cast<std::size_t>(corner.fLevels - 1), '&');
+            for (int level = 1; level < corner.fLevels; ++level) out += " & ";
         }
     }
 }

@@ -27,7 +27,9 @@ constexpr double kLeastCloseWidth = 8.5;
 constexpr double kMostText = 30;  // of a text among data
 constexpr double kMostWord = 12;  // of a word in a header
 constexpr double kLeastHeader = 5;
-constexpr double kMostHeaderLines = 3;   // unless words are long
+constexpr double kMostHeaderLines = 3;  // unless words are long
+constexpr double kManyHeaderLines = 8;
+constexpr double kMostOfHeader = 24;
 constexpr double kLeastGroupHeader = 9;  // of several columns
 constexpr double kMostAmongFigures = 6;  // of words in a column of figures
 constexpr double kMark = 0.5;
@@ -66,7 +68,8 @@ bool ShareOut(std::vector<Column*> columns, double total, double least) {
 }  // namespace
 
 std::string ShownInCell(std::string_view words) {
-    return words.size() <= kMostOfCell ? std::string(words) : unicode::Excerpt(words, kMostOfCell / 3);
+    if (words.size() > kMostOfCell) return MakeVisible(unicode::Excerpt(words, kMostOfCell / 3));
+    return MakeVisible(words);
 }
 
 std::string SpellMarks(const std::vector<int>& notes, const Grid& grid) {
@@ -194,9 +197,10 @@ void TablePlan::MeasureHeader(const HeaderCell& header) {
     const double room = RoomOf(header);
     const double marks = WidthOfMarks(header.fvNotes);
     const std::string words = ShownInCell(header.fpLabel->fWords);
-    const double word = std::max(charts::LongestWord(words, kEm), WidthOfText(words) / kMostHeaderLines);
-    const double least =
-        std::max({room - marks, header.fSpan > 1 ? kLeastGroupHeader : kLeastHeader, std::min(word, kMostWord)});
+    const double full = WidthOfText(words);
+    const double word = std::max(charts::LongestWord(words, kEm), full / kMostHeaderLines);
+    const double least = std::max({room - marks, header.fSpan > 1 ? kLeastGroupHeader : kLeastHeader,
+                                   std::min(word, kMostWord), std::min(full / kManyHeaderLines, kMostOfHeader)});
     const double width = charts::WidestLine(WrapHeader(*header.fpLabel, least), kEm) + marks;
     const double more = (width - room) / header.fSpan;
     if (more <= 0) return;
@@ -296,7 +300,15 @@ int TablePlan::CountLines() const {
     for (const Note& note : fGrid.fvNotes) add(*note.fpText);
     for (const document::Text& text : fGrid.fpTable->fvCaptions) add(text);
     for (const document::Text& text : fGrid.fpTable->fvNotes) add(text);
-    return std::accumulate(lines.begin(), lines.end(), static_cast<int>(notes) + 2 * fGrid.fColumnLevels);
+    std::vector<std::size_t> heads(fvHeadersAt.size(), 1);
+    for (std::size_t level = 0; level < heads.size(); ++level) {
+        for (const HeaderCell* header : fvHeadersAt[level]) {
+            if (header->fpLabel)
+                heads[level] = std::max(heads[level], WrapHeader(*header->fpLabel, RoomOf(*header)).size());
+        }
+    }
+    const auto head = static_cast<int>(std::accumulate(heads.begin(), heads.end(), std::size_t{0}));
+    return std::accumulate(lines.begin(), lines.end(), static_cast<int>(notes) + head);
 }
 
 }  // namespace hierfit::report::latex

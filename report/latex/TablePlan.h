@@ -39,7 +39,7 @@ struct Column {
 };
 
 /// Longer words are shown by their beginning; the whole stands behind the table.
-inline constexpr std::size_t kMostOfCell = 600;
+inline constexpr std::size_t kMostOfCell = 400;
 
 /// What is shown of a text in a cell.
 std::string ShownInCell(std::string_view words);

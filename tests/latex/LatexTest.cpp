@@ -51,7 +51,7 @@ TEST(LatexText, IsNoMarkup) {
          "\\textbackslash{}u\\{1B\\}{[}0m \\textbackslash{}u\\{202E\\} \\textbackslash{}u\\{7F\\}"},
         {"\xFF", "\uFFFD"},
         {"two\nlines", "two\\newline{}lines"},
-        {"heteroscedasticity a", "heteroscedas\\allowbreak{}ticity a"},
+        {"heteroscedasticity a", "heterosced\\allowbreak{}asticity a"},
         {"[nitro=0.2]*[Variety=x]", "{[}nitro=\\allowbreak{}0.2]\\allowbreak{}{*}{[}Variety=\\allowbreak{}x]"},
     };
     for (const auto& test : cases) {
@@ -134,7 +134,7 @@ cells plain,Est=-1.25*one*three plain,ci::Low=. g::c,Est=12 g::d,ci::Low=3 g::d,
 \sisetup{group-digits=none}
 \begin{tabular*}{0.6\linewidth}{@{\extracolsep{\fill}}llS[table-format=-2.2,table-align-text-after=false,table-space-text-post={\tnote{b,c}}]S[table-format=1]S[table-format=1]l@{}}
 \toprule
-& &  & \multicolumn{2}{c}{ci} &  \\
+ &  &  & \multicolumn{2}{c}{ci} &  \\
 \cmidrule(lr){4-5}
 \multicolumn{2}{@{}l}{Term} & {Est} & {Low\tnote{a}} & {High} & Kind \\
 \midrule
@@ -145,7 +145,7 @@ g & c\tnote{b} & 12 &  &  &  \\
 \bottomrule
 \end{tabular*}
 \begin{tablenotes}[flushleft]
-\footnotesize
+\footnotesize\raggedright
 \item[] A caption
 \item[] A note
 \item[a] two
@@ -211,7 +211,7 @@ TEST(LatexTable, MovesLongTextsBehindIt) {
     EXPECT_LT(end, 3000U);
     EXPECT_EQ(Count(table.substr(0, end), "\\textsuperscript{"), 2U);  // the caption and the row; headers are cut
     std::string rest = table.substr(end);
-    for (std::size_t at; (at = rest.find("\\allowbreak{}")) != rest.npos;) rest.erase(at, 13);
+    for (std::size_t at; (at = rest.find(kShortLine)) != rest.npos;) rest.erase(at, kShortLine.size());
     EXPECT_GE(Count(rest, label), 2U);
 }
 
@@ -241,7 +241,7 @@ TEST(LatexReport, WritesItemsOfEachKind) {
                "\n\\FloatBarrier\n\\section[{Means {[}1]}]{\\raggedright Means {[}1]}\\label{sec:Means-1-1}\n"
                "\n\\begin{table}[!htp]\n\\centering\n\\begin{threeparttable}\n\\caption{No "
                "cells}\\label{tab:Nocells-1}\n"
-               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\n\\item[] A note\n"
+               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n\\item[] A note\n"
                "\\end{tablenotes}\n\\end{threeparttable}\n\\end{table}\n" +
                charts + "\n\\noindent\\textbf{Warning:} Careful \u03C3\n";
     };
