@@ -16,7 +16,8 @@ async function copy(page, anchor, name) {
   await page.evaluate(() => navigator.clipboard.writeText(""));
   await choose(page, anchor, name);
   await page.waitForFunction((id) => document.querySelector(`#${id} > .tools`).textContent === "Copied", anchor);
-  return page.evaluate(() => navigator.clipboard.readText());
+  const text = await page.waitForFunction(() => navigator.clipboard.readText());  // one before may have left the word "Copied"
+  return text.jsonValue();
 }
 
 async function save(page, anchor, name) {
