@@ -1,6 +1,7 @@
 # hierfit_embed(TARGET NAME FILE) compiles a file of text into a target of the same folder, together with the hash by which
 # a content security policy names it. C++ finds them as hierfit_asset_NAME_begin, _end and _hash (which ends in a zero
-# byte).
+# byte). Blanks at the beginning of lines and lines that begin with "//" are left out, since every page carries them: no
+# string of FILE may span lines.
 #
 # The hash is taken when the file is built, so FILE may be built itself. For that this file runs as a script, too.
 
@@ -32,7 +33,17 @@ function(hierfit_check_inline file)
   endforeach()
 endfunction()
 
-function(hierfit_write_asset name file output)
+function(hierfit_shorten file output)
+  file(READ "${file}" text)
+  string(REGEX REPLACE "\n[ \t]*(//[^\n]*)?" "\n" text "\n${text}")
+  string(REGEX REPLACE "\n\n+" "\n" text "${text}")
+  string(REGEX REPLACE "^\n" "" text "${text}")
+  file(WRITE "${output}" "${text}")
+endfunction()
+
+function(hierfit_write_asset name whole output)
+  set(file "${output}.text")
+  hierfit_shorten("${whole}" "${file}")
   hierfit_check_inline("${file}")
   hierfit_hash_base64("${file}" hash)
   set(symbol "hierfit_asset_${name}")

@@ -8,6 +8,12 @@
     else element.setAttribute(name, value);
   });
 
+  const isShown = (element) => getComputedStyle(element).display !== "none";
+  // A figure's minus becomes that of a keyboard, so that programs know a number.
+  const asTyped = (text) => text.replace(/^\u2212(?=[\d.])/, "-");
+
+  const notesOf = (figure) => all("figcaption p:not(.switch)", figure).filter(isShown);
+
   const rule = "1px solid #000";
   const styleOf = (cell, textAlign) => {
     const row = cell.parentElement;
@@ -22,7 +28,7 @@
       + (isLast ? `;border-bottom:${rule}` : "");
   };
 
-  // What is shown of an element, with styles of its own. A figure's minus is that of a keyboard, so sheets know a number.
+  // What is shown of an element, with styles of its own.
   const copyOf = (element) => {
     const copy = element.cloneNode(true);
     const originals = all("*", element).map((original) => getComputedStyle(original));
@@ -36,40 +42,164 @@
       if (!part.matches("th, td") || !copy.contains(part)) continue;
       part.style.cssText = styleOf(part, textAlign);
       const text = part.firstChild;
-      if (text?.data) text.data = text.data.replace(/^\u2212(?=[\d.])/, "-");
+      if (text?.data) text.data = asTyped(text.data);
     }
     return copy;
   };
 
-  // The content as one line of plain text, without note letters.
-  const lineOf = (element) => {
-    const line = element.cloneNode(true);
-    for (const part of all("br, sup", line)) part.replaceWith(part.matches("br") ? " " : "");
-    return line.textContent.replace(/\s+/g, " ").trim();
+  const copyRich = (figure) => {
+    const table = copyOf(figure.querySelector("table"));
+    table.style.borderCollapse = "collapse";
+    return `<p><b>${copyOf(figure.querySelector("caption")).innerHTML}</b></p>${table.outerHTML}`
+      + notesOf(figure).map((note) => `<p>${copyOf(note).innerHTML}</p>`).join("");
   };
 
-  // A cell of several columns or rows fills the first field, a header of several rows the last, right above its data.
-  const sectionAsText = (section) => {
-    const lines = Array.from(section.rows, () => []);
-    Array.from(section.rows, (row, index) => {
+  // ---- Tables as text. A spelling says how a format has a text, the end of a line and the letter of a note.
+
+  const whole = { text: (text) => text, line: "\n", letter: () => "" };
+  const markdown = {
+    text: (text) => text.replace(/[\\`*_[\]<>|~$&]/g, "\\$&"),
+    line: "<br>",
+    letter: (letter) => `<sup>${letter}</sup>`,
+  };
+  const signs = { "\\": "\\textbackslash{}", "~": "\\textasciitilde{}", "^": "\\textasciicircum{}", "\"": "\\char34{}",
+    "<": "$<$", ">": "$>$", "|": "$|$", "\u2212": "$-$", "\u2013": "--", "-": "-{}" };
+  const latex = {
+    text: (text) => text.replace(/[\\~^<>|"\u2212\u2013#$%&_{}]|-(?=-)/g, (sign) => signs[sign] ?? `\\${sign}`),
+    line: " ",
+    letter: (letter) => `\\textsuperscript{${letter}}`,
+  };
+
+  const spell = (element, spelling) => Array.from(element.childNodes, (node) => {
+    if (node.localName === "br") return spelling.line;
+    if (node.localName === "sup") return node.textContent.split(", ").map(spelling.letter).join("");
+    return node.data === undefined ? spell(node, spelling) : spelling.text(node.data);
+  }).join("");
+  const wordsOf = (cell, spelling) => spell(cell, { ...spelling, letter: whole.letter });
+  const lettersOf = (cell, spelling) => spell({ childNodes: all("sup", cell) }, spelling);
+
+  // The cell in each place of the rows that are shown.
+  const gridOf = (section) => {
+    const rows = Array.from(section?.rows ?? []);
+    const grid = rows.map(() => []);
+    rows.forEach((row, index) => {
       let column = 0;
       for (const cell of row.cells) {
-        while (lines[index][column] !== undefined) ++column;
-        const covered = lines.slice(index, index + cell.rowSpan);
-        for (const line of covered) {
-          for (let beside = 0; beside < cell.colSpan; ++beside) line[column + beside] = "";
+        while (grid[index][column]) ++column;
+        for (const line of grid.slice(index, index + cell.rowSpan)) {
+          for (let beside = 0; beside < cell.colSpan; ++beside) line[column + beside] = cell;
         }
-        covered.at(section.localName === "thead" ? -1 : 0)[column] = lineOf(cell);
       }
     });
-    return lines.map((fields) => fields.join("\t") + "\n").join("");
+    return grid.filter((line, index) => isShown(rows[index]));
   };
 
-  // The event that every copying raises takes what it is given as it is.
-  const copyByEvent = (html, text) => {
+  const readTable = (figure) => {
+    const { caption, tHead, tBodies } = figure.querySelector("table");
+    const groups = Array.from(tBodies, gridOf).filter((grid) => grid.length);
+    const rows = groups.flat();
+    const levels = rows.reduce((most, row) => Math.max(most, row.findLastIndex((cell) => cell.matches("th")) + 1), 0);
+    const areTexts = rows[0].map((cell, column) => column < levels || rows.some((row) => row[column].matches(".t")));
+    return { title: caption.firstChild, head: gridOf(tHead), groups, rows, levels, areTexts, notes: notesOf(figure) };
+  };
+
+  const asLines = (list, end = "\n") => list.map((line) => line + end).join("");
+  const isHeader = (cell) => cell.closest("thead");
+
+  // As rows are laid out, what is several rows high stands in the first, a header in the last, right above its data.
+  const layOut = (grid, divider, write) => grid.map((row, index) => row.flatMap((cell, column) => {
+    if (cell === row[column - 1]) return [];
+    const words = cell === grid[index + (isHeader(cell) ? 1 : -1)]?.[column] ? "" : write(cell);
+    return [words || divider.repeat(cell.colSpan - 1)];
+  }).join(divider));
+
+  const asText = ({ head, groups }) => asLines([head, ...groups].flatMap((grid) => layOut(grid, "\t", (cell) => {
+    const words = asTyped(spell(cell, whole).replace(/\s+/g, " ").trim());
+    return words && words + "\t".repeat(cell.colSpan - 1);
+  })));
+
+  // Where nothing spans: names from the outermost inwards, labels in every row.
+  const nameColumns = ({ head, rows, levels }, spelling) => rows[0].map((first, column) => {
+    const cells = Array.from(new Set(head.map((row) => row[column])));
+    const name = cells.map((cell) => wordsOf(cell, spelling)).filter(Boolean).join(", ");
+    const level = name && column < levels ? column - head.at(-1).indexOf(cells.at(-1)) : 0;
+    return name + (level ? ` ${level + 1}` : "") + cells.map((cell) => lettersOf(cell, spelling)).join("");
+  });
+  const spellRows = (rows, write) =>
+    rows.map((row) => row.map((cell, column) => (cell === row[column - 1] ? "" : write(cell))));
+
+  const asMarkdown = (table) => {
+    const line = (fields) => `| ${fields.join(" | ")} |`;
+    const begin = /^(\d+(?=[.)])|(?=[-+=:#]))/;  // of a list, a rule or a heading
+    return asLines([
+      `**${spell(table.title, markdown)}**\n`,
+      line(nameColumns(table, markdown)),
+      `|${asLines(table.areTexts.map((isText) => (isText ? ":---" : "---:")), "|")}`,
+      ...spellRows(table.rows, (cell) => spell(cell, markdown)).map(line),
+      ...table.notes.map((note) => `\n${spell(note, markdown).replace(begin, "$1\\")}`),
+    ]);
+  };
+
+  const asLatex = ({ title, head, groups, areTexts, notes }) => {
+    const write = (cell) => {
+      const { pad } = cell.dataset;
+      const letters = lettersOf(cell, latex);
+      const words = wordsOf(cell, latex) + (letters && cell.matches("td:not(.t)") ? `\\rlap{${letters}}` : letters)
+        + (pad ? `\\phantom{${latex.text(pad)}}` : "");
+      if (!words || cell.colSpan === 1) return words;
+      return `\\multicolumn{${cell.colSpan}}{${isHeader(cell) ? "c" : "l"}}{${words}}`;
+    };
+    // What begins a line must not be taken for an option of the end of the one before.
+    const lay = (grid) => layOut(grid, " & ", write).map((line) => `${line.replace(/^[[*]/, "{$&}")} \\\\`);
+    const underline = (row, next) => row.map((cell, column) =>
+      (cell.scope === "colgroup" && cell !== row[column - 1] && cell !== next?.[column] && next
+        ? `\\cmidrule(lr){${column + 1}-${column + cell.colSpan}}` : "")).join("");
+    return asLines([
+      "% \\usepackage{booktabs}\n\\begin{table}\n\\centering",
+      `\\caption{${spell(title, latex)}}`,
+      `\\begin{tabular}{${areTexts.map((isText) => (isText ? "l" : "r")).join("")}}\n\\toprule`,
+      ...lay(head).flatMap((line, index) => [line, underline(head[index], head[index + 1])]),
+      head.length ? "\\midrule" : "",
+      groups.map((grid) => lay(grid).join("\n")).join("\n\\addlinespace\n"),
+      "\\bottomrule\n\\end{tabular}",
+      notes.length ? "\\par\\smallskip\\footnotesize" : "",
+      ...notes.map((note) => `${spell(note, latex)}\\par`),
+      "\\end{table}",
+    ].filter(Boolean));
+  };
+
+  const makeUnique = (names) => {
+    const taken = new Set(names);
+    const counts = Object.create(null);
+    return names.map((name) => {
+      let unique = name;
+      while (counts[name] && taken.has(unique)) unique = `${name} (${++counts[name]})`;
+      counts[name] ??= 1;
+      taken.add(unique);
+      return unique;
+    });
+  };
+
+  // A figure has all its digits where the page knows more than it shows; a missing one is an empty field.
+  const asCsv = (table) => {
+    const names = nameColumns(table, whole);
+    if (names.length === table.levels + 1) names[table.levels] ||= "Value";
+    const write = (cell) => {
+      const words = wordsOf(cell, whole);
+      if (cell.localName === "th") return words;
+      return cell.dataset.value ?? (words === "." ? "" : asTyped(words));
+    };
+    const quote = (field) => (/[",\r\n]/.test(field) ? `"${field.replaceAll("\"", "\"\"")}"` : field);
+    return asLines([makeUnique(names), ...spellRows(table.rows, write)]
+      .map((fields) => fields.map(quote).join() || "\"\""));
+  };
+
+  // ---- Copying and saving
+
+  // The event that every copying raises takes what it is given as it is. It takes contents by their type.
+  const copyByEvent = (contents) => {
     const fill = (event) => {
-      event.clipboardData.setData("text/html", html);
-      event.clipboardData.setData("text/plain", text);
+      for (const [type, content] of Object.entries(contents)) event.clipboardData.setData(type, content);
       event.preventDefault();
     };
     document.addEventListener("copy", fill, { once: true });
@@ -81,54 +211,114 @@
   };
 
   // It comes second, since browsers apply the page's policy, which allows no styles, to what they put there.
-  const copyByClipboard = async (html, text) => {
-    const asBlob = (type, content) => ({ [type]: new Blob([content], { type }) });
+  const copyByClipboard = async (contents) => {
+    const blobs = Object.entries(contents).map(([type, content]) => [type, new Blob([content], { type })]);
     try {
-      const item = { ...asBlob("text/html", html), ...asBlob("text/plain", text) };
-      await navigator.clipboard.write([new ClipboardItem(item)]);
+      await navigator.clipboard.write([new ClipboardItem(Object.fromEntries(blobs))]);
       return true;
     } catch {
       return false;
     }
   };
 
-  const make = (name, className) => Object.assign(document.createElement(name), { className });
+  const copy = async (text, html) => {
+    const contents = { ...html && { "text/html": html }, "text/plain": text };
+    return words[copyByEvent(contents) || await copyByClipboard(contents) ? "copied" : "notCopied"];
+  };
+
+  const make = (name, className = "") => Object.assign(document.createElement(name), { className });
   const status = make("div", "unseen");
   give(status, { role: "status" });
 
+  // A button keeps its width while it tells what became of it.
   const tell = (button, word) => {
+    if (!word) return;
+    button.style.minWidth = `${button.offsetWidth}px`;
     button.textContent = status.textContent = word;
     clearTimeout(button.timer);
     button.timer = setTimeout(() => {
-      button.textContent = words.copy;
+      button.textContent = words[button.className];
       status.textContent = "";
     }, 2000);
   };
 
-  const makeButton = (name, act) => {
-    const button = Object.assign(make("button", name), { type: "button", textContent: words[name] });
-    button.addEventListener("click", () => act(button));
+  const makeButton = (className, act, attributes, textContent = "") => {
+    const button = Object.assign(make("button", className), { type: "button", textContent });
+    give(button, attributes);
+    button.addEventListener("click", act);
     return button;
   };
 
-  const addCopyButton = (figure) => {
-    figure.prepend(makeButton("copy", async (button) => {
-      const table = copyOf(figure.querySelector("table"));
-      table.style.borderCollapse = "collapse";
-      const notes = all("figcaption p:not(.switch)", figure).filter((note) => getComputedStyle(note).display !== "none");
-      const title = copyOf(figure.querySelector("caption")).innerHTML;
-      const html = `<p><b>${title}</b></p>${table.outerHTML}`
-        + notes.map((note) => `<p>${copyOf(note).innerHTML}</p>`).join("");
-      const text = all("thead, tbody", table).map(sectionAsText).join("");
-      const isCopied = copyByEvent(html, text) || await copyByClipboard(html, text);
-      tell(button, isCopied ? words.copied : words.notCopied);
-    }));
+  // ---- A button for what is done most, and one beside it for a menu of all. The one menu goes where it is opened.
+
+  const menu = make("div", "menu");
+  give(menu, { role: "menu", tabindex: -1, "aria-label": words.more });
+
+  const closeMenu = () => {
+    if (!menu.isConnected) return;
+    give(menu.previousSibling, { "aria-expanded": false });
+    menu.remove();
   };
 
-  const saveFile = (name, content) => {
-    const link = Object.assign(document.createElement("a"), { href: URL.createObjectURL(content), download: name });
-    link.click();
-    setTimeout(() => URL.revokeObjectURL(link.href), 60_000);
+  // Focus goes back before the menu goes, or it would be lost.
+  const leaveMenu = () => {
+    menu.previousSibling.focus();
+    closeMenu();
+  };
+
+  const openMenu = (button, actions) => {
+    menu.replaceChildren(...Object.entries(actions).map(([name, act]) => makeButton("", async () => {
+      leaveMenu();
+      tell(button.previousSibling, await act());
+    }, { role: "menuitem", tabindex: -1 }, words[name])));
+    button.after(menu);
+    give(button, { "aria-expanded": true });
+    menu.firstChild.focus();
+  };
+
+  menu.addEventListener("keydown", (event) => {
+    const { key } = event;
+    const items = Array.from(menu.children);
+    const place = items.indexOf(document.activeElement);
+    const next = { ArrowDown: (place + 1) % items.length, ArrowUp: place - 1, Home: 0, End: -1 }[key];
+    if (key === "Tab" || key === "Escape") leaveMenu();
+    if (next === undefined) return;
+    event.preventDefault();
+    items.at(next).focus();
+  });
+  menu.addEventListener("focusout", ({ relatedTarget }) => {
+    if (relatedTarget !== menu.previousSibling && !menu.contains(relatedTarget)) closeMenu();
+  });
+
+  const makeTools = (name, actions) => {
+    const tools = make("div", "tools");
+    const button = makeButton(name, async () => tell(button, await Object.values(actions)[0]()), {}, words[name]);
+    const more = makeButton("more", () => (more.nextSibling ? leaveMenu() : openMenu(more, actions)),
+      { "aria-label": words.more, "aria-haspopup": "menu", "aria-expanded": false, tabindex: 0 });
+    more.addEventListener("keydown", (event) => {
+      if (event.key !== "ArrowDown") return;
+      event.preventDefault();
+      openMenu(more, actions);
+    });
+    tools.append(button, more);
+    return tools;
+  };
+
+  const saveFile = (figure, ending, type, content) => {
+    const href = URL.createObjectURL(new Blob([content], { type }));
+    Object.assign(make("a"), { href, download: `${figure.closest("[id]").id}.${ending}` }).click();
+    setTimeout(() => URL.revokeObjectURL(href), 60_000);
+  };
+
+  const addTableTools = (figure) => {
+    const copyAs = (write) => () => copy(write(readTable(figure)));
+    figure.prepend(makeTools("copy", {
+      asTable: () => copy(asText(readTable(figure)), copyRich(figure)),
+      asMarkdown: copyAs(asMarkdown),
+      asLatex: copyAs(asLatex),
+      asCsv: copyAs(asCsv),
+      csv: () => saveFile(figure, "csv", "text/csv", asCsv(readTable(figure))),
+    }));
   };
 
   // ---- Pictures. A mark has a name, which is its tip, and keys; what shares a key goes together. An entry of a legend has
@@ -164,7 +354,7 @@
   };
 
   // The picture as it would be on paper: its colours are attributes, and only the page's style makes dark ones of them.
-  const savePicture = (figure) => {
+  const asSvg = (figure) => {
     const picture = figure.querySelector(".desk").cloneNode(true);
     picture.removeAttribute("class");
     for (const element of all(".on, .at", picture)) element.classList.remove("on", "at");
@@ -181,7 +371,33 @@
     addFirst(picture, "rect", "", { width: "100%", height: "100%", fill: "#ffffff" });
     addFirst(picture, "desc", document.getElementById(`${figure.id}-sentence`)?.textContent ?? "");
     addFirst(picture, "title", figure.querySelector(".title").textContent);
-    saveFile(`${figure.id}.svg`, new Blob([new XMLSerializer().serializeToString(picture)], { type: "image/svg+xml" }));
+    return new XMLSerializer().serializeToString(picture);
+  };
+
+  // Two pixels to each of the page, if a browser draws that much. The page's policy takes images from data alone.
+  const savePng = async (figure) => {
+    const image = new Image();
+    image.src = `data:image/svg+xml,${encodeURIComponent(asSvg(figure))}`;
+    try {
+      await image.decode();
+      const { width, height } = image;
+      const scale = Math.min(2, 2 ** 12 / Math.sqrt(width * height));
+      const canvas = Object.assign(make("canvas"), { width: width * scale, height: height * scale });
+      canvas.getContext("2d").drawImage(image, 0, 0, canvas.width, canvas.height);
+      const content = await new Promise((done) => { canvas.toBlob(done); });
+      return content ? saveFile(figure, "png", "image/png", content) : words.notSaved;
+    } catch {
+      return words.notSaved;
+    }
+  };
+
+  const makeChartTools = (figure) => {
+    const values = all(".values", figure);
+    return makeTools("save", {
+      svg: () => saveFile(figure, "svg", "image/svg+xml", asSvg(figure)),
+      png: () => savePng(figure),
+      ...values.length && { values: () => copy(values.map((one) => asCsv(readTable(one))).join("\n")) },
+    });
   };
 
   const tip = make("div", "tip");
@@ -294,7 +510,7 @@
   const enliven = (drawing) => {
     labelMarks(drawing);
     drawing.tabIndex = 0;
-    drawing.after(makeButton("save", () => savePicture(drawing.parentElement)));
+    drawing.after(makeChartTools(drawing.parentElement));
     const listeners = {
       pointermove: point,
       pointerdown: touch,
@@ -320,7 +536,7 @@
   const resizing = new ResizeObserver((changes) => changes.forEach((change) => setStop(change.target)));
   for (const frame of frames) {
     frame.dataset.label = frame.getAttribute("aria-label");
-    addCopyButton(frame.parentElement);
+    addTableTools(frame.parentElement);
     resizing.observe(frame);
   }
   all(".drawing").forEach(enliven);
@@ -330,6 +546,7 @@
   const paper = 680;
   const printed = 10 * 96 / 72 / 16;
   addEventListener("beforeprint", () => {
+    closeMenu();
     for (const frame of frames) {
       const width = frame.firstElementChild.offsetWidth * printed;
       frame.style.zoom = Math.min(1, paper / width);

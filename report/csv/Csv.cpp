@@ -1,11 +1,9 @@
 #include "report/csv/Csv.h"
 
-#include <charconv>
-#include <cmath>
+#include <optional>
 #include <string_view>
 #include <vector>
 
-#include "host/SystemMissing.h"
 #include "report/items/Entries.h"
 #include "report/layout/CellContent.h"
 #include "report/layout/FlatNames.h"
@@ -20,7 +18,7 @@ constexpr std::string_view kNoColumn = "Value";
 class Records {
   public:
     void Add(std::string_view field) {
-        BeginField();
+        if (fFields++ > 0) fOut += ',';
         const bool isQuoted = field.find_first_of(",\"\r\n") != std::string_view::npos;
         if (!isQuoted) {
             fOut += field;
@@ -34,15 +32,6 @@ class Records {
         fOut += '"';
     }
 
-    void Add(double number) {
-        if (std::isnan(number)) return Add("NaN");
-        if (std::isinf(number)) return Add(number > 0 ? "Inf" : "-Inf");
-        if (number == kSystemMissing) return BeginField();
-        BeginField();
-        char digits[32];
-        fOut.append(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
-    }
-
     /// A record of one empty field is no empty line, which readers skip.
     void End() {
         if (fFields == 1 && fOut.size() == fBegin) fOut += "\"\"";
@@ -54,20 +43,14 @@ class Records {
     std::string Take() { return std::move(fOut); }
 
   private:
-    void BeginField() {
-        if (fFields++ > 0) fOut += ',';
-    }
-
     std::string fOut;
     std::size_t fBegin = 0;  ///< of the record
     int fFields = 0;
 };
 
 void AddContent(Records& records, const document::Text& text) {
-    if (const auto* number = std::get_if<document::NumberSource>(&text.fFrom)) return records.Add(number->fNumber);
-    const auto* value = std::get_if<document::ValueSource>(&text.fFrom);
-    if (value && IsNumber(text)) return records.Add(std::get<double>(value->fValue));
-    records.Add(text.fWords);
+    const std::optional<double> number = FindNumber(text);
+    records.Add(number ? SpellNumber(*number) : text.fWords);
 }
 
 void AddHeader(Records& records, const Grid& grid) {

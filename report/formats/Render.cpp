@@ -93,7 +93,9 @@ std::variant<std::string, RenderError> Render(const document::Document& document
         case Format::Html:
             break;
     }
-    return MakeHtmlReport(document, settings.fHtml);
+    HtmlSettings html = settings.fHtml;
+    html.fValues = settings.fStyle.IsOwn() ? FullValues::Yes : FullValues::No;
+    return MakeHtmlReport(document, html);
 }
 
 }  // namespace hierfit::report

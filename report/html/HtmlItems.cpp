@@ -19,7 +19,7 @@ int HeadingLevel(int depth) { return std::min(depth + 2, 6); }
 
 class ItemWriter {
   public:
-    explicit ItemWriter(std::string& out) : fOut(out) {}
+    ItemWriter(std::string& out, FullValues values) : fOut(out), fValues(values) {}
 
     void Append(const items::Entry& entry, const Repeat& repeat) {
         CloseSections(entry.fDepth);
@@ -44,7 +44,7 @@ class ItemWriter {
 
     void operator()(const document::Table& table) {
         if (fRepeat.fpFirst) BeginRepeat();
-        AppendTable(fOut, table, items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables);
+        AppendTable(fOut, table, items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, ++fTables, fValues);
         if (fRepeat.fpFirst) fOut += "</details>\n";
     }
 
@@ -72,6 +72,7 @@ class ItemWriter {
     }
 
     std::string& fOut;
+    FullValues fValues;
     const items::Entry* fpEntry = nullptr;
     Repeat fRepeat;
     int fDepth = 0;  ///< open sections
@@ -92,8 +93,8 @@ void AppendDiagnostic(std::string& out, const document::Document& document, cons
 
 }  // namespace
 
-void AppendItems(std::string& out, const std::vector<items::Entry>& entries) {
-    ItemWriter writer(out);
+void AppendItems(std::string& out, const std::vector<items::Entry>& entries, FullValues values) {
+    ItemWriter writer(out, values);
     const std::vector<Repeat> repeats = FindRepeats(entries);
     for (std::size_t at = 0; at < entries.size(); ++at) writer.Append(entries[at], repeats[at]);
     writer.CloseSections(0);

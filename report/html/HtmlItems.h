@@ -4,11 +4,12 @@
 #include <vector>
 
 #include "report/html/Contents.h"
+#include "report/html/HtmlSettings.h"
 
 namespace hierfit::report::html {
 
 /// Appends the items of a page, headings as nested sections.
-void AppendItems(std::string& out, const std::vector<items::Entry>& entries);
+void AppendItems(std::string& out, const std::vector<items::Entry>& entries, FullValues values);
 
 /// Appends the section of what the host noticed; nothing if there is none.
 void AppendDiagnostics(std::string& out, const document::Document& document);

@@ -1,5 +1,6 @@
 #include "report/html/HtmlReport.h"
 
+#include <utility>
 #include <variant>
 
 #include "report/html/Assets.h"
@@ -18,15 +19,31 @@ namespace {
 constexpr std::size_t kMany = 60;
 
 // The script finds its words at the body, so that all words of the page come from one place.
+constexpr std::pair<std::string_view, std::string_view> kScriptWords[] = {
+    {"copy", html::words::kCopy},
+    {"copied", html::words::kCopied},
+    {"not-copied", html::words::kNotCopied},
+    {"save", html::words::kSave},
+    {"not-saved", html::words::kNotSaved},
+    {"more", html::words::kMoreWays},
+    {"as-table", html::words::kAsTable},
+    {"as-markdown", html::words::kAsMarkdown},
+    {"as-latex", html::words::kAsLatex},
+    {"as-csv", html::words::kAsCsv},
+    {"csv", html::words::kSaveCsv},
+    {"svg", html::words::kSaveSvg},
+    {"png", html::words::kSavePng},
+    {"values", html::words::kCopyValues},
+};
+
 void AppendBodyTag(std::string& out, Scripts scripts) {
-    if (scripts == Scripts::No) {
-        out += "<body>\n";
-        return;
+    out += "<body";
+    if (scripts == Scripts::Yes) {
+        for (const auto& [name, word] : kScriptWords) {
+            out.append(" data-").append(name).append("=\"").append(word).append("\"");
+        }
     }
-    out.append("<body data-copy=\"").append(html::words::kCopy);
-    out.append("\" data-copied=\"").append(html::words::kCopied);
-    out.append("\" data-not-copied=\"").append(html::words::kNotCopied);
-    out.append("\" data-save=\"").append(html::words::kSave).append("\">\n");
+    out += ">\n";
 }
 
 void AppendFooter(std::string& out, const document::Document& document) {
@@ -63,7 +80,7 @@ std::string MakeHtmlReport(const document::Document& document, const HtmlSetting
     html::AppendHeader(out, document, entries, facts, settings);
     html::AppendContents(out, entries, !document.fvDiagnostics.empty());
     out += entries.size() > kMany ? "<main id=\"main\" class=\"many\">\n" : "<main id=\"main\">\n";
-    html::AppendItems(out, entries);
+    html::AppendItems(out, entries, settings.fValues);
     html::AppendDiagnostics(out, document);
     out += "</main>\n";
     AppendFooter(out, document);

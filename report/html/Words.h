@@ -35,6 +35,16 @@ inline constexpr std::string_view kCopy = "Copy";
 inline constexpr std::string_view kCopied = "Copied";
 inline constexpr std::string_view kNotCopied = "Not copied";
 inline constexpr std::string_view kSave = "Save picture";
+inline constexpr std::string_view kNotSaved = "Not saved";
+inline constexpr std::string_view kMoreWays = "More ways to copy or save";
+inline constexpr std::string_view kAsTable = "Copy as table";
+inline constexpr std::string_view kAsMarkdown = "Copy as Markdown";
+inline constexpr std::string_view kAsLatex = "Copy as LaTeX";
+inline constexpr std::string_view kAsCsv = "Copy as CSV";
+inline constexpr std::string_view kSaveCsv = "Save as CSV";
+inline constexpr std::string_view kSaveSvg = "Save as SVG";
+inline constexpr std::string_view kSavePng = "Save as PNG";
+inline constexpr std::string_view kCopyValues = "Copy values as CSV";
 
 /// How grave a message or diagnostic is.
 struct Level {

@@ -1,5 +1,6 @@
 #include "report/html/table/HtmlTable.h"
 
+#include "host/SystemMissing.h"
 #include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
@@ -27,8 +28,32 @@ TEST(HtmlTable, GoesOnWhereSpansEnd) {
         const document::Table table =
             SketchTable(side + " 1 -name D :" + Repeated(" All::x", span) + "\ncells" + Repeated(" 1", span));
         std::string html;
-        AppendTable(html, table, "T", "A-1", 1);
+        AppendTable(html, table, "T", "A-1", 1, FullValues::No);
         for (const std::string& part : parts) EXPECT_NE(html.find(part), std::string::npos) << part;
+    }
+}
+
+TEST(HtmlTable, CarriesNumbersOfWhichItShowsLess) {
+    using document::FormatName;
+    using document::Text;
+    const std::pair<Text, const char*> cases[] = {
+        {{"\u22121.2", document::NumberSource{-1.25, {FormatName::Coefficient}}},
+         "<td data-value=\"-1.25\">\u22121.2<"},
+        {{"<.001", document::NumberSource{1e-300, {FormatName::Significance}}}, "<td data-value=\"1e-300\">&lt;.001<"},
+        {{".", document::NumberSource{kSystemMissing, {FormatName::Count}}}, "<td data-value=\"\">.<"},
+        {{"2.5", document::NumberSource{2.5, {FormatName::Coefficient}}}, "<td>2.5<"},
+        {{"2.0", document::ValueSource{2.04, "dose", 2}}, "<td data-value=\"2.04\">2.0<"},
+        {{"low", document::ValueSource{1.0, "dose", 2}}, "<td class=\"t\">low<"},
+    };
+    for (const auto& [text, cell] : cases) {
+        document::Table table = SketchTable("cells 0");
+        table.fvCells.front().fContent = text;
+        std::string html;
+        AppendTable(html, table, "T", "A-1", 1, FullValues::Yes);
+        EXPECT_NE(html.find(cell), std::string::npos) << html;
+        html.clear();
+        AppendTable(html, table, "T", "A-1", 1, FullValues::No);
+        EXPECT_EQ(html.find("data-value"), std::string::npos);
     }
 }
 

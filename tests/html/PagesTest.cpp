@@ -3,8 +3,10 @@
 #include <filesystem>
 #include <fstream>
 
+#include "report/formats/Render.h"
 #include "report/html/HtmlReport.h"
 #include "report/index/IndexPage.h"
+#include "report/markdown/MarkdownReport.h"
 #include "tests/support/TableSketch.h"
 
 namespace hierfit::report {
@@ -96,6 +98,7 @@ cells 0.588 0.4511 1.304 .198 -0.317 1.493 3.21E-05 0.4701 0.000 .999 -0.943 0.9
 cells 0.000*Redundant. .*Redundant. . . . .
 )");
     for (document::Cell& cell : coefficients.fvCells) {
+        if (cell.fContent.fWords == "<.001") std::get<document::NumberSource>(cell.fContent.fFrom).fNumber = 4.21e-5;
         if (cell.fContent.fWords.front() == '-') cell.fContent.fWords.replace(0, 1, "\u2212");
         for (document::Text& note : cell.fvNotes)
             note.fFrom = document::StringSource{"Redundant coefficient, zero ...", true};
@@ -212,9 +215,9 @@ Index MakeIndex() {
     return index;
 }
 
-void WritePage(const std::string& name, const std::string& page) {
-    std::ofstream file(HIERFIT_PAGES "/" + name + ".html", std::ios::binary);
-    file << page;
+void WriteFile(const std::string& name, const std::string& text) {
+    std::ofstream file(HIERFIT_PAGES "/" + name, std::ios::binary);
+    file << text;
     EXPECT_TRUE(file.flush()) << name;
 }
 
@@ -224,10 +227,17 @@ TEST(Pages, AreWritten) {
         {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}};
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
-        WritePage(name, MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""}));
+        WriteFile(name + ".html", MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""}));
+        WriteFile(name + ".md", MakeMarkdownReport(document, {}));
     }
-    WritePage("index", MakeIndexPage(MakeIndex(), {}));
-    WritePage("index-empty", MakeIndexPage({"hierfit 0.1.0", {}, {}}, {Scripts::No, HostileLabels()[1], "A. Author"}));
+    document::Document styled = MakeReport();
+    RenderSettings settings;
+    settings.fStyle.fStyle = style::StyleName::Apa;
+    ASSERT_FALSE(Prepare(styled, Format::Html, settings));
+    WriteFile("styled.html", std::get<std::string>(Render(styled, Format::Html, settings)));
+    WriteFile("index.html", MakeIndexPage(MakeIndex(), {}));
+    WriteFile("index-empty.html",
+              MakeIndexPage({"hierfit 0.1.0", {}, {}}, {Scripts::No, HostileLabels()[1], "A. Author"}));
 }
 
 }  // namespace

@@ -1,5 +1,7 @@
 // What holds of single pages among the hand-made ones. Each check gives a list of faults.
 
+import * as copies from "./copies.mjs";
+
 /** Compares those members of an object that are expected. */
 function compare(actual, expected) {
   return Object.entries(expected).filter(([what, value]) => actual[what] !== value)
@@ -215,9 +217,14 @@ const checkCrowd = (page) => page.evaluate(() => {
 
 /** By name of the page. */
 export const sampleChecks = {
-  report: async (page, browser, url) => [...await checkReport(page), ...await checkFolds(page), ...await checkFallbacks(browser, url),
+  report: async (page, browser, url) => [...await checkReport(page), ...await copies.checkMarkdown(page, url),
+    ...await copies.checkFormats(page), ...await copies.checkPng(page), ...await copies.checkKeyboard(page),
+    ...await copies.checkPointer(page), ...await checkFolds(page), ...await checkFallbacks(browser, url),
     ...await checkWithoutScripts(browser, url)],
-  hostile: checkHostile,
-  large: checkScrolling,
-  charts: async (page, browser, url) => [...await checkCrowd(page), ...await checkTouch(page, browser, url)],
+  nested: (page, browser, url) => copies.checkMarkdown(page, url),
+  styled: (page) => copies.checkFullValues(page),
+  hostile: async (page) => [...await checkHostile(page), ...await copies.checkHostileCopies(page)],
+  large: async (page, browser, url) => [...await checkScrolling(page), ...await copies.checkOnPhone(browser, url)],
+  charts: async (page, browser, url) => [...await checkCrowd(page), ...await checkTouch(page, browser, url),
+    ...await copies.checkOnPhone(browser, url)],
 };

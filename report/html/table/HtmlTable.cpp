@@ -17,10 +17,11 @@ constexpr int kLongRows = 40;
 constexpr int kWidthStep = 25;
 constexpr int kWidthSteps = 16;
 
-TableParts MakeParts(std::string& out, const Grid& grid, int number) {
+TableParts MakeParts(std::string& out, const Grid& grid, int number, FullValues values) {
     const std::string prefix = 't' + std::to_string(number);
     return {
-        out, grid, HeaderIds(prefix, grid), NoteMarks(prefix, grid.fvNotes), NumberColumns(grid), FindRedundant(grid)};
+        out,   grid, HeaderIds(prefix, grid), NoteMarks(prefix, grid.fvNotes), NumberColumns(grid), FindRedundant(grid),
+        values};
 }
 
 void AppendFrame(TableParts& parts, std::string_view title, int number) {
@@ -113,14 +114,14 @@ void AppendWithoutCells(std::string& out, std::string_view title) {
 
 void AppendPlainTable(std::string& out, const document::Table& table, std::string_view title, int number) {
     const Grid grid = MakeGrid(table);
-    TableParts parts = MakeParts(out, grid, number);
+    TableParts parts = MakeParts(out, grid, number, FullValues::No);
     AppendGrid(parts, title, number);
 }
 
 void AppendTable(std::string& out, const document::Table& table, std::string_view title, std::string_view anchor,
-                 int number) {
+                 int number, FullValues values) {
     const Grid grid = MakeGrid(table);
-    TableParts parts = MakeParts(out, grid, number);
+    TableParts parts = MakeParts(out, grid, number, values);
     out.append("<figure class=\"table\" id=\"").append(anchor).append("\">\n");
     if (grid.fRows > 0) {
         AppendGrid(parts, title, number);

@@ -1,6 +1,7 @@
 #include "report/html/table/TableBody.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "report/layout/CellContent.h"
 #include "report/markup/Escape.h"
@@ -115,8 +116,16 @@ void TableBody::AppendContent(int column, const document::Text& text) {
         AppendCharacters(fOut, padding);
         fOut += '"';
     }
+    if (fParts.fValues == FullValues::Yes) AppendFullValue(text);
     fOut += '>';
     AppendText(fOut, text.fWords);
+}
+
+void TableBody::AppendFullValue(const document::Text& text) {
+    const std::optional<double> number = FindNumber(text);
+    if (!number) return;
+    const std::string digits = SpellNumber(*number);
+    if (digits != text.fWords) fOut.append(" data-value=\"").append(digits).append("\"");
 }
 
 }  // namespace hierfit::report::html

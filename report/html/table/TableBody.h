@@ -23,6 +23,7 @@ class TableBody {
     void AppendCell(int column, const DataCell& cell);
     void AppendHeadersAttribute(int column);
     void AppendContent(int column, const document::Text& text);
+    void AppendFullValue(const document::Text& text);
 
     TableParts& fParts;
     std::string& fOut;

@@ -3,10 +3,11 @@
 #include <string>
 #include <string_view>
 
+#include "report/html/HtmlSettings.h"
 #include "report/html/table/HeaderIds.h"
 #include "report/html/table/NoteMarks.h"
-#include "report/layout/NumberColumns.h"
 #include "report/layout/Grid.h"
+#include "report/layout/NumberColumns.h"
 #include "report/layout/Redundant.h"
 
 namespace hierfit::report::html {
@@ -19,6 +20,7 @@ struct TableParts {
     NoteMarks fMarks;
     NumberColumns fColumns;
     Redundant fRedundant;
+    FullValues fValues;
 };
 
 /// HTML allows a cell to span so many columns and rows. A longer one goes on in a blank cell.

@@ -1,0 +1,197 @@
+// What the menus beside tables and charts do. Each check gives a list of faults.
+
+import { readFileSync } from "node:fs";
+import { fileURLToPath } from "node:url";
+
+const differ = (what, actual, expected) =>
+  (actual === expected ? [] : [`${what}:\n--- expected\n${expected}\n--- actual\n${actual}`]);
+
+async function choose(page, anchor, name) {
+  await page.locator(`#${anchor} > .tools .more`).click();
+  await page.getByRole("menuitem", { name, exact: true }).click();
+}
+
+async function copy(page, anchor, name) {
+  await page.bringToFront();
+  await page.evaluate(() => navigator.clipboard.writeText(""));
+  await choose(page, anchor, name);
+  await page.waitForFunction((id) => document.querySelector(`#${id} > .tools`).textContent === "Copied", anchor);
+  const text = await page.waitForFunction(() => navigator.clipboard.readText());  // one before may have left the word "Copied"
+  return text.jsonValue();
+}
+
+async function save(page, anchor, name) {
+  const [download] = await Promise.all([page.waitForEvent("download"), choose(page, anchor, name)]);
+  return { name: download.suggestedFilename(), content: readFileSync(await download.path()) };
+}
+
+/** Markdown is what the program writes, which lies beside the page, and remarks that stand on the page alone. */
+export async function checkMarkdown(page, url) {
+  const written = readFileSync(fileURLToPath(url).replace(/html$/, "md"), "utf8");
+  const faults = [];
+  for (const anchor of await page.locator("figure.table:has(.tools)").evaluateAll((figures) => figures.map(({ id }) => id))) {
+    const copied = await copy(page, anchor, "Copy as Markdown");
+    const expected = copied.replace(/^(Figures that would|Reference levels,).*\n\n?/gm, "").trim();
+    if (!copied.startsWith("**") || !written.includes(expected)) faults.push(`the program does not write\n${copied}`);
+  }
+  return faults;
+}
+
+const classification = {
+  "Copy as LaTeX": String.raw`% \usepackage{booktabs}
+\begin{table}
+\centering
+\caption{Classification}
+\begin{tabular}{llrr}
+\toprule
+ &  & \multicolumn{2}{c}{Predicted} \\
+\cmidrule(lr){3-4}
+Observed &  & No & Yes \\
+\midrule
+No & Count & 12 & 31 \\
+ & \% within Observed & 27.9\% & 72.1\% \\
+\addlinespace
+Yes & Count & 9 & 168 \\
+ & \% within Observed & 5.1\% & 94.9\% \\
+\bottomrule
+\end{tabular}
+\end{table}
+`,
+  "Copy as CSV": `Observed,,"Predicted, No","Predicted, Yes"
+No,Count,12,31
+No,% within Observed,27.9%,72.1%
+Yes,Count,9,168
+Yes,% within Observed,5.1%,94.9%
+`,
+};
+
+const header = `Model Term,Coefficient,Std. Error,t,Sig.,"95% Confidence Interval, Lower","95% Confidence Interval, Upper"\n`;
+const folded = `${header}Intercept,-2.978,0.5123,-5.812,<.001,-4.006,-1.950
+period=1,1.580,0.4321,3.656,.001,0.713,2.447
+period=2,0.588,0.4511,1.304,.198,-0.317,1.493
+period=3,3.21E-05,0.4701,0.000,.999,-0.943,0.943
+`;
+
+// Marks hang over, and what begins a line is no option of the one before.
+const lastRow = String.raw`{[}period=4]\textsuperscript{a}\textsuperscript{b} & 0.000\rlap{\textsuperscript{a}}\phantom{E-05}`
+  + String.raw` & .\rlap{\textsuperscript{a}}\phantom{0000} & .\phantom{000} & .\phantom{000} & .\phantom{000} & .\phantom{000} \\`;
+
+/** Spans, groups and notes; rows behind the switch are copied as they are shown. */
+export async function checkFormats(page) {
+  const faults = [];
+  for (const [name, expected] of Object.entries(classification)) {
+    faults.push(...differ(name, await copy(page, "Classification-1", name), expected));
+  }
+  const anchor = "FixedCoefficients-1";
+  await page.locator(".switch input").first().uncheck();
+  faults.push(...differ("folded", await copy(page, anchor, "Copy as CSV"), folded));
+  await page.locator(".switch input").first().check();
+  const { name, content } = await save(page, anchor, "Save as CSV");
+  faults.push(...differ(name, content.toString(), `${folded}[period=4],0.000,,,,,\n`));
+  faults.push(...differ("file", name, `${anchor}.csv`));
+  const latex = await copy(page, anchor, "Copy as LaTeX");
+  faults.push(...differ("last row", latex.split("\n").find((line) => line.includes("period=4]")), lastRow));
+  if (!latex.includes(String.raw`\textsuperscript{b} Reference category. The last one.\par`)) faults.push("no note b");
+  faults.push(...differ("values", await copy(page, "Chart-1", "Copy values as CSV"), "Covariances,Mean\nCovariances,1.50\n,\n"));
+  return faults;
+}
+
+/** Where a style shows less, CSV has all digits, and other formats what is shown. */
+export async function checkFullValues(page) {
+  const [, csv] = (await copy(page, "FixedCoefficients-1", "Copy as CSV")).split("\n");
+  const markdown = (await copy(page, "FixedCoefficients-1", "Copy as Markdown")).split("\n")[4];
+  return [...differ("CSV", csv, "Intercept,-2.978,0.5123,-5.812,4.21e-05,-4.006,-1.95"),
+    ...differ("Markdown", markdown, "| Intercept | \u22122.98 | 0.51 | \u22125.81 | \\< .001 | \u22124.01 | \u22121.95 |")];
+}
+
+/** Whatever texts are, they are one field, and no markup. */
+export async function checkHostileCopies(page) {
+  const figures = await page.locator("figure.table").evaluateAll((all) => all.map((figure) =>
+    ({ id: figure.id, title: figure.querySelector("caption").textContent })));
+  const faults = [];
+  const titled = (begin) => figures.find(({ title }) => title.startsWith(begin)).id;
+  const csv = await copy(page, titled("\" onmouseover"), "Copy as CSV");
+  const label = `\" onmouseover=\"alert(3)\" x='`.replaceAll("\"", "\"\"");
+  if (!csv.startsWith(`"${label}","${label}, ${label}, `)) faults.push(`quotes: ${csv}`);
+  const lines = await copy(page, titled("twolines"), "Copy as CSV");
+  if (!lines.startsWith("\"two\nlines\ttab  two blanks\",\"two\nlines")) faults.push(`lines: ${lines}`);
+  const latex = await copy(page, titled("&lt;b&gt;"), "Copy as LaTeX");
+  if (!latex.includes(String.raw`\caption{\&lt;b\&gt; \&amp; \&\#60;i\&\#62;}`)) faults.push(`signs: ${latex}`);
+  return faults;
+}
+
+/** A picture in pixels has two to each of the page. */
+export async function checkPng(page) {
+  const { name, content } = await save(page, "Chart-1", "Save as PNG");
+  const [width, height] = [content.readUInt32BE(16), content.readUInt32BE(20)];
+  const natural = await page.locator("#Chart-1 .desk").evaluate((picture) =>
+    [picture.width.baseVal.value, picture.height.baseVal.value].map((length) => 2 * Math.round(length)).join());
+  const isPng = content.subarray(1, 4).toString() === "PNG";
+  return [...differ(name, `${width},${height}`, natural), ...isPng ? [] : [`${name} is no PNG`]];
+}
+
+/** The menu by the keyboard: open, round, away and back. */
+export async function checkKeyboard(page) {
+  const more = page.locator("#Classification-1 .more");
+  const faults = [];
+  const at = () => page.evaluate(() => document.activeElement.className || document.activeElement.textContent);
+  await more.focus();
+  const steps = [
+    ["ArrowDown", "Copy as table", "true"], ["ArrowUp", "Save as CSV", "true"], ["ArrowDown", "Copy as table", "true"],
+    ["End", "Save as CSV", "true"], ["Home", "Copy as table", "true"], ["ArrowDown", "Copy as Markdown", "true"],
+    ["Escape", "more", "false"], ["Enter", "Copy as table", "true"], ["Shift+Tab", "copy", "false"], ["Tab", "more", "false"],
+    ["Space", "Copy as table", "true"], ["Tab", "skip", "false"],
+  ];
+  for (const [key, place, isOpen] of steps) {
+    await page.keyboard.press(key);
+    faults.push(...differ(`focus after ${key}`, await at(), place));
+    if (await more.getAttribute("aria-expanded") !== isOpen) faults.push(`${key} leaves the menu ${isOpen ? "closed" : "open"}`);
+    if (await page.getByRole("menu").count() !== (isOpen === "true" ? 1 : 0)) faults.push(`${key}: there is a menu or none`);
+  }
+  return faults;
+}
+
+/** By the pointer: the button closes it, too, as does a click elsewhere. Nothing moves, and nothing of it is printed. */
+export async function checkPointer(page) {
+  const more = page.locator("#Classification-1 .more");
+  const menu = page.getByRole("menu");
+  const measure = () => page.evaluate(() => [document.documentElement.scrollHeight, document.documentElement.scrollWidth,
+    ...Array.from(document.querySelectorAll("figure"), (figure) => figure.offsetTop + figure.offsetHeight)].join());
+  const faults = [];
+  await more.scrollIntoViewIfNeeded();
+  const before = await measure();
+  await more.click();
+  faults.push(...differ("places", await measure(), before));
+  await page.emulateMedia({ media: "print" });
+  if (await menu.isVisible() || await more.isVisible()) faults.push("the menu is printed");
+  await page.emulateMedia({ media: null });
+  await page.evaluate(() => dispatchEvent(new Event("beforeprint")));
+  await page.evaluate(() => dispatchEvent(new Event("afterprint")));
+  for (const close of [() => {}, () => more.click(), () => page.locator("h1").click()]) {
+    await close();
+    if (await menu.count() > 0) faults.push(`${close} leaves the menu`);
+    await more.click();
+  }
+  await page.keyboard.press("Escape");
+  return faults;
+}
+
+/** On a phone every menu is within the page and on top, and a finger does not miss what it aims at. */
+export async function checkOnPhone(browser, url) {
+  const context = await browser.newContext({ viewport: { width: 360, height: 740 }, hasTouch: true, isMobile: true });
+  const page = await context.newPage();
+  await page.goto(url);
+  const faults = [];
+  for (const more of await page.locator(".more").filter({ visible: true }).all()) {
+    await more.tap();
+    faults.push(...await page.getByRole("menuitem").evaluateAll((items) => items.flatMap((item) => {
+      item.scrollIntoView({ block: "nearest" });
+      const { left, right, top, bottom, height } = item.getBoundingClientRect();
+      const isOnTop = document.elementFromPoint((left + right) / 2, (top + bottom) / 2) === item;
+      return left >= 0 && right <= innerWidth && height >= 36 && isOnTop ? [] : [`${item.textContent}: ${left} to ${right}, ${height} high`];
+    })));
+    await page.keyboard.press("Escape");
+  }
+  await context.close();
+  return faults;
+}
