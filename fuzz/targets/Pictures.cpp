@@ -8,7 +8,6 @@
 
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
-#include "host/xml/Document.h"
 #include "report/charts/layout/LayOut.h"
 #include "report/charts/svg/Svg.h"
 #include "report/json/JsonDocument.h"
@@ -19,12 +18,6 @@ namespace {
 
 using report::charts::Point;
 using report::charts::Scene;
-
-constexpr std::string_view kAhead =
-    R"({"format": "hierfit-output", "version": 2, "producer": "", "language": "en", "title": "", "sources": [],)"
-    R"( "diagnostics": [], "items": [{"kind": "chart", "description": "", "sendArguments": [true, true, true],)"
-    R"( "editor": 0, "template": "", "xml": "", "data": [], "variables": [], "picture": )";
-constexpr std::string_view kBehind = "}]}";
 
 // The last is odd and narrow, where there is no room for anything.
 constexpr std::array kWidths = {report::charts::kDeskWidth, report::charts::kPhoneWidth, 97.3};
@@ -93,11 +86,6 @@ std::vector<Mark> MarksOf(const Scene& scene) {
     return marks;
 }
 
-void CheckXml(const std::string& svg) {
-    const auto parsed = xml::Document::Parse(svg);
-    if (const auto* error = std::get_if<xml::ParseError>(&parsed)) Fail(error->fReason + ":\n" + error->fExcerpt);
-}
-
 void CheckPicture(const document::Picture& picture, std::size_t most) {
     const std::vector<Mark> marks = MarksOf(report::charts::LayOut(picture, report::charts::kDeskWidth));
     for (const double width : kWidths) {
@@ -130,7 +118,7 @@ std::span<const Form* const> FormsOfInput() {
 }
 
 void RunInput(std::string_view input) {
-    const auto read = report::ReadJson(std::string(kAhead).append(input).append(kBehind));
+    const auto read = report::ReadJson(PutPicture(input));
     if (const auto* document = std::get_if<document::Document>(&read)) {
         CheckItems(document->fItems, kMostForNothing + kMostForAByte * input.size());
         CheckJson(*document);

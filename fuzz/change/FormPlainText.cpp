@@ -1,7 +1,7 @@
 #include <algorithm>
 
-#include "fuzz/Form.h"
-#include "fuzz/Parts.h"
+#include "fuzz/change/Form.h"
+#include "fuzz/change/Parts.h"
 
 namespace hierfit::fuzz {
 

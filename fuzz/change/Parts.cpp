@@ -1,4 +1,4 @@
-#include "fuzz/Parts.h"
+#include "fuzz/change/Parts.h"
 
 #include <algorithm>
 

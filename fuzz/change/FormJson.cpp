@@ -2,7 +2,7 @@
 #include <array>
 #include <cstdio>
 
-#include "fuzz/Form.h"
+#include "fuzz/change/Form.h"
 
 namespace hierfit::fuzz {
 

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "fuzz/Form.h"
+#include "fuzz/change/Form.h"
 
 namespace hierfit::fuzz {
 

@@ -6,8 +6,8 @@
 #include <cstring>
 #include <random>
 
-#include "fuzz/Parts.h"
 #include "fuzz/Target.h"
+#include "fuzz/change/Parts.h"
 
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t* data, std::size_t size, std::size_t maxSize);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);

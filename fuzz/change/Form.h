@@ -15,8 +15,9 @@ struct Piece {
         Attribute,  ///< from the blank before its name through the closing quote
         Member,     ///< of a JSON object, from its key through its value
         Item,       ///< of a JSON list
+        Line,       ///< from the line feed before it
         Name,       ///< leaf: of an attribute
-        Word,       ///< leaf: of XML's characters, an attribute's value, a JSON string, or all of a plain text
+        Word,       ///< leaf: of XML's characters, an attribute's value, a JSON string, a line, or all of a plain text
         Number,     ///< leaf: of JSON, or one of its words
     };
     Kind fKind;
@@ -42,5 +43,6 @@ class Form {
 extern const Form& kXml;
 extern const Form& kJson;
 extern const Form& kPlainText;
+extern const Form& kLines;
 
 }  // namespace hierfit::fuzz

@@ -5,8 +5,8 @@
 #include <optional>
 
 #include "fuzz/Checks.h"
-#include "fuzz/Parts.h"
 #include "fuzz/Target.h"
+#include "fuzz/change/Parts.h"
 #include "host/VarDataProcessor.h"
 #include "host/XDocument.h"
 #include "host/chart/data/DataStream.h"
