@@ -87,10 +87,12 @@ def documents_or_error(fit, folder, **options):
 
 
 def is_finite(fit):
-    """Whether the fit has all that a report shows, and no square of it is infinite."""
+    """Whether the fit has all that a report shows, and neither squares nor exponentials of it are infinite."""
     if not np.all(np.abs(fit.model.endog) < 1e60) or not fit.scale > 0:
         return False
-    return bool(np.isfinite(fit.params).all() and np.isfinite(fit.bse).all() and np.all(fit.bse > 0))
+    if isinstance(fit.model, sm.GLM) and not np.all(fit.bse < 100):
+        return False
+    return bool(np.all(fit.pvalues < 1) and np.isfinite(fit.params).all() and np.isfinite(fit.bse).all() and np.all(fit.bse > 0))
 
 
 @hypothesis.settings(
