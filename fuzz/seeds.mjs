@@ -85,24 +85,29 @@ const smallDocuments = [
     .map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
 ];
 const savedWords = [
-  ...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800",
+  ...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g),
+  "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800",
 ];
 writeTarget("saved", smallDocuments, savedWords);
 
 // The same for papers, in each style, and one whose words are what is markup there.
 const markup = [
-  "|", "\\|", "\\", "\\\\|", "\n| a |\n|---|", "{", "}", "\\end{document}", "%", "$x_1^2$", "#", "~", "=1+1", "@SUM(A1)", "+1", "\t=1", "\u0001",
-  "\u0000", "\u001b[1m", "\ufffe", "\u202e abc", "\u05d0\u05d1", "\u0627\u0644", "\r\n", "\r", "\"\"", "\"", ",", "</w:t>", "]]>", "```", "`", "<b>",
-  "[a](b)", "---", "1. a", "_x000D_", "&amp;", "\u2028", "\ud83d\ude00", "e\u0301", "w".repeat(40_000 / 40), "*a*_b_", "a  ", "\u00a0", "",
+  "|", "\\|", "\\", "\\\\|",
+  "\n| a |\n|---|", "{", "}", "\\end{document}", "%", "$x_1^2$", "#", "~", "=1+1", "@SUM(A1)", "+1", "\t=1", "\u0001",
+  "\u0000", "\u001b[1m", "\ufffe", "\u202e abc", "\u05d0\u05d1", "\u0627\u0644",
+  "\r\n", "\r", "\"\"", "\"", ",", "</w:t>", "]]>", "```", "`", "<b>",
+  "[a](b)", "---", "1. a", "_x000D_", "&amp;", "\u2028", "\ud83d\ude00", "e\u0301",
+  "w".repeat(1000), "*a*_b_", "a  ", "\u00a0", "",
 ];
 let count = 0;
-const full = JSON.parse(JSON.stringify({ ...frame, items: ["FixedCoefficients", "CovarianceParameters", "Classification", "GLMMEmMeans", "heading", "message"]
-  .map((name) => items.get(`${name}-small`)?.item).filter(Boolean) }), (key, value) =>
-  (key === "text" && typeof value === "string" ? `${markup[count++ % markup.length]}${count % 3 ? "" : value}` : value));
+const markedItems = ["FixedCoefficients", "CovarianceParameters", "Classification", "GLMMEmMeans", "heading", "message"]
+  .map((name) => items.get(`${name}-small`).item);
+const marked = JSON.parse(JSON.stringify({ ...frame, items: markedItems }), (key, value) =>
+  (key === "text" ? markup[count++ % markup.length] + (count % 3 ? "" : value) : value));
 writeTarget(
   "papers",
-  [...smallDocuments, ["markup", JSON.stringify(full)]].map(([name, document], index) =>
-    [name, `${markup[index % markup.length].replaceAll("\u0000", "").replaceAll("\u0001", "")}${String.fromCharCode(index % 9)}${document}`]),
+  [...smallDocuments, ["markup", JSON.stringify(marked)]].map(([name, document], index) =>
+    [name, `${markup[index % markup.length].replaceAll(/[\0-\b]/g, "")}${String.fromCharCode(index % 9)}${document}`]),
   [...savedWords, ...markup],
 );
 
@@ -147,8 +152,10 @@ writeTarget(
     return [[name, `${xml}${mark}\x00`], [`${name}-fragments`, `${parts[0]}${mark}${parts[1]}\x00${parts[2]}`]];
   }),
   [
-    ...templates.flatMap((name) => wordsOfXml(read("template", name))), "<use fragment=\"one\"/>", "<use fragment=\"two\"/>", "<fragment>",
-    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g), ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
+    ...templates.flatMap((name) => wordsOfXml(read("template", name))),
+    "<use fragment=\"one\"/>", "<use fragment=\"two\"/>", "<fragment>",
+    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
+    ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
   ],
 );
 
@@ -169,7 +176,11 @@ const smallPictures = [
   ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
     [`${name}-histogram`, { kind: "histogram", ...histogram }]),
 ];
-writeTarget("pictures", [...smallPictures, ...crowds].map(([name, picture]) => [name, JSON.stringify(picture)]), savedWords);
+writeTarget(
+  "pictures",
+  [...smallPictures, ...crowds].map(([name, picture]) => [name, JSON.stringify(picture)]),
+  savedWords,
+);
 writeTarget(
   "crowds",
   smallPictures.map(([name, picture], index) => [name, `${String.fromCharCode(index % 6)}${JSON.stringify(picture)}`]),
@@ -201,5 +212,6 @@ const lines = [
 writeTarget(
   "commands",
   lines.map((line, index) => [`line${index}`, line.join("\n")]),
-  [...options, ...words, ...formats, ...items.keys(), "report", "render", "check", "list", "batch", "=", "de", ".html", ".tex"],
+  [...options, ...words, ...formats, ...items.keys(), "report", "render", "check", "list", "batch", "=",
+    "de", ".html", ".tex"],
 );

@@ -83,8 +83,8 @@ token_text <- function(text) {
   text <- legible(text)
   quoted <- missing | text == "" | grepl("[[:space:]\"]", text) | text == "__MISSING__"
   unfit <- quoted & !missing & (endsWith(text, "\\") | grepl("\\\"", text, fixed = TRUE))
-  if (any(unfit)) stop("The value ", dQuote(text[unfit][1L], FALSE), " cannot be written: it has blanks or quotes, and a ",
-    "backslash before a quote or at its end; rename it.", call. = FALSE)
+  if (any(unfit)) stop("The value ", dQuote(text[unfit][1L], FALSE), " cannot be written: it has blanks or quotes, ",
+    "and a backslash before a quote or at its end; rename it.", call. = FALSE)
   text[quoted] <- paste0("\"", gsub("\"", "\\\"", text[quoted], fixed = TRUE), "\"")
   text[missing] <- "__MISSING__"
   text

@@ -1,12 +1,13 @@
-# Frames with names and levels of any kind: either documents that are read without a remark, or an error of the package's
-# own. HIERFIT_CASES says how many are tried, HIERFIT_SEED where they begin.
+# Frames with names and levels of any kind: either documents that are read without a remark, or an error of the
+# package's own. HIERFIT_CASES says how many are tried, HIERFIT_SEED where they begin.
 
 skip_if_not_installed("emmeans")
 skip_if_not_installed("jsonlite")
 
 # What is markup, a quote, a blank, no character, or of another direction somewhere on the way.
-odd <- c(" ", "\t", "\n", "\r", "\"", "'", "\\", "<", ">", "&", "=", "|", "%", "#", "$", "~", "^", "{", "]", ";", ",", ".",
-  "-", "_", "*", ":", "\x01", "\x1f", "\x7f", "\u0085", "\u00a0", "\u00e9", "e\u0301", "\u200b", "\u2028", "\u202e",
+odd <- c(" ", "\t", "\n", "\r", "\"", "'", "\\", "<", ">", "&", "=", "|", "%", "#", "$", "~", "^", "{", "]", ";", ",",
+  ".", "-", "_", "*", ":", "\x01", "\x1f", "\x7f",
+  "\u0085", "\u00a0", "\u00e9", "e\u0301", "\u200b", "\u2028", "\u202e",
   "\u05d0", "\ufeff", "\ufffe", "\U0001f600", "__MISSING__", "]]>", "\\\"", "a", "b", "1", "1.0", "NA", "NaN", "TRUE",
   "(Intercept)", strrep("x", 300))
 
@@ -51,7 +52,9 @@ hostile_fit <- function(frame, kind) {
 # The fit has all that a report shows, and no square or exponential of it is infinite.
 is_regular <- function(fit) {
   table <- coef(summary(fit))
-  all(is.finite(table)) && nrow(table) == length(if (isS4(fit)) lme4::fixef(fit) else coef(fit)) && all(table[, 2L] > 0) && max(table[, 2L]) < 1e20 && all(table[, ncol(table)] < 1) &&
+  estimates <- if (isS4(fit)) lme4::fixef(fit) else coef(fit)
+  all(is.finite(table)) && nrow(table) == length(estimates) && all(table[, 2L] > 0) && max(table[, 2L]) < 1e20 &&
+    all(table[, ncol(table)] < 1) &&
     (!inherits(fit, "glm") || max(table[, 2L]) < 100)
 }
 

@@ -24,7 +24,8 @@ test_that("levels and columns that read alike are refused", {
 
 test_that("a name that another package stumbles over is told with what to do", {
   data <- stats::setNames(warpbreaks, c("y", "b{", "h"))
-  expect_error(suppressWarnings(written(lm(y ~ `b{` * h, data))), "emmeans cannot take this fit .*columns of the data names")
+  expect_error(suppressWarnings(written(lm(y ~ `b{` * h, data))),
+    "emmeans cannot take this fit .*columns of the data names")
 })
 
 test_that("coefficients keep their places under every coding", {
