@@ -15,7 +15,10 @@
 #endif
 
 #ifdef HIERFIT_HAS_HOOKS
-#include <sanitizer/allocator_interface.h>
+// As in sanitizer/allocator_interface.h, which not every compiler has at hand.
+extern "C" std::size_t __sanitizer_get_allocated_size(const volatile void* place);
+extern "C" int __sanitizer_install_malloc_and_free_hooks(void (*take)(const volatile void*, std::size_t),
+                                                         void (*give)(const volatile void*));
 #endif
 
 namespace {
