@@ -91,6 +91,11 @@ const Case kCases[] = {
     {"cbpp", {{kFixed, "expCIUpper", "0.05"}}, true, "?"},
 };
 
+TEST(Contradictions, AreNotInTheExamples) {
+    for (const std::string& example : ListExamples())
+        EXPECT_EQ(LinesOf(Find(ReadExample(example, "model.statxml"))), "") << example;
+}
+
 TEST(Contradictions, AreToldWithTheirPlace) {
     for (const Case& one : kCases) {
         const std::string text = Changed(one);

@@ -29,6 +29,8 @@ enum class Kind : std::uint8_t {
     Share,             ///< a share of records is not what its table gives
     // Below here: not told unless asked for.
     Fraction,      ///< a count is not whole
+    Difference,        ///< a contrast is not the difference of its means
+    Width,         ///< an interval is not one of the level that it is said to have
     MeanBound,     ///< a bound of a mean is outside its range
     Overadjusted,  ///< an adjusted p value is larger than the adjustment can make it
     Parameter,     ///< a parameter of the target's distribution has an impossible value

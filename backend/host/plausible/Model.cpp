@@ -49,6 +49,7 @@ Model::Model(const xml::Document& document)
         if (name == "DistributionOfTarget") fDistribution = value;
         if (name == "LinkFunctionType") fLink = value;
         if (name == "pAdjustment") fAdjustment = value;
+        if (name == "CIn") fLevel = ReadFigure(value);
         if (name == "UseTrials") fUseTrials = value == "true";
         if (name == "TrialsField") fHasTrialsField = !value.empty();
     }

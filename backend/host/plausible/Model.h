@@ -45,6 +45,7 @@ struct Model {
     std::string_view fDistribution;
     std::string_view fLink;
     std::string_view fAdjustment;
+    MaybeFigure fLevel;  ///< of confidence
     bool fUseTrials = false;
     bool fHasTrialsField = false;
 };

@@ -9,7 +9,7 @@
 
 namespace hierfit::plausible {
 
-/// The numbers of an element's `Array`. Figures are good as long as it lives and is not read again.
+/// The values of an element's `Array`. Texts and figures are good as long as it lives and is not read again.
 class Column {
   public:
     /// Empty where there is no array.
@@ -17,8 +17,13 @@ class Column {
 
     std::size_t Size() const { return fvTokens.size(); }
 
+    /// Empty behind the end.
+    std::string_view TextAt(std::size_t row) const {
+        return row < fvTokens.size() ? fvTokens[row] : std::string_view();
+    }
+
     /// Nothing for a missing figure or behind the end.
-    MaybeFigure At(std::size_t row) const { return row < fvTokens.size() ? ReadFigure(fvTokens[row]) : std::nullopt; }
+    MaybeFigure At(std::size_t row) const { return ReadFigure(TextAt(row)); }
 
   private:
     std::vector<std::string> fvTokens;

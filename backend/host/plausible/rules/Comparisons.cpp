@@ -115,21 +115,46 @@ std::string ShowT(const Named& t, const MaybeFigure& df) {
 
 std::string Show(const Figure& figure) { return unicode::Excerpt(figure.fText, 40); }
 
-void JudgeInterval(Findings& findings, const Item& item, const Named& estimate, const Named& lower,
-                   const Named& upper) {
+void JudgeInterval(Findings& findings, const Item& item, const Interval& interval) {
+    const auto& [estimate, lower, upper] = interval;
     const MaybeFigure& value = estimate.fFigure;
     if (lower.fFigure && upper.fFigure && IsLarger(*lower.fFigure, *upper.fFigure, value ? *value : *upper.fFigure)) {
         findings.Add(Kind::Bounds, item, fmt::format("{} is above {}", Show(lower), Show(upper)));
         return;
     }
     if (!value) return;
-    const auto tell = [&](const char* where, const Named& bound) {
-        findings.Add(Kind::Interval, item, fmt::format("{} is {} {}", Show(estimate), where, Show(bound)));
-    };
     const MaybeFigure& low = lower.fFigure;
     const MaybeFigure& high = upper.fFigure;
-    if (low && IsLarger(*low, *value, high ? *high : *low)) tell("below", lower);
-    if (high && IsLarger(*value, *high, low ? *low : *high)) tell("above", upper);
+    if (low && IsLarger(*low, *value, high ? *high : *low))
+        findings.Add(Kind::Interval, item, fmt::format("{} is below {}", Show(estimate), Show(lower)));
+    if (high && IsLarger(*value, *high, low ? *low : *high))
+        findings.Add(Kind::Interval, item, fmt::format("{} is above {}", Show(estimate), Show(upper)));
+}
+
+void JudgeWidth(Findings& findings, const Item& item, const Interval& interval, const Named& error, const Named& df,
+                const MaybeFigure& level) {
+    const auto& [estimate, lower, upper] = interval;
+    if (!findings.Wants(Kind::Width) || !estimate.fFigure || !lower.fFigure || !upper.fFigure) return;
+    if (!error.fFigure || !(error.fFigure->fValue > 0) || !df.fFigure || !(df.fFigure->fValue > 0)) return;
+    if (!level || !(level->fValue > 0 && level->fValue < 1)) return;
+    const double half = (upper.fFigure->fValue - lower.fFigure->fValue) / 2;
+    const double shift = upper.fFigure->fValue - half - estimate.fFigure->fValue;
+    const double rounding = RoundingBeside(*lower.fFigure, {*upper.fFigure, *estimate.fFigure}) +
+                            RoundingBeside(*upper.fFigure, {*lower.fFigure, *estimate.fFigure}) + kAlike * half;
+    if (!(half > 0) || std::abs(shift) > rounding) return;
+
+    const double ofError = RoundingBeside(*error.fFigure, {*estimate.fFigure}) + kAlike * error.fFigure->fValue;
+    const double ofDf = RoundingOf(*df.fFigure, kMostRoundingOfDf);
+    const double least = std::max(0.0, half - rounding) / (error.fFigure->fValue + ofError);
+    const double most = (half + rounding) / std::max(error.fFigure->fValue - ofError, 0.0);
+    const double low = TwoSidedT(most, df.fFigure->fValue + ofDf).value_or(0);
+    const double high = TwoSidedT(least, std::max(df.fFigure->fValue - ofDf, df.fFigure->fValue / 2)).value_or(1);
+    const double outside = 1 - level->fValue;
+    if (low <= outside + kAlike && high >= outside - kAlike) return;
+    const double exact = TwoSidedT(half / error.fFigure->fValue, df.fFigure->fValue).value_or(kNone);
+    findings.Add(Kind::Width, item,
+                 fmt::format("{} to {} are bounds at level {:.4g} by {} with {}, not {}", Show(lower), Show(upper),
+                             1 - exact, Show(error), Show(df), Show(*level)));
 }
 
 void JudgeError(Findings& findings, const Item& item, const Named& error) {
@@ -184,6 +209,21 @@ void JudgeRatio(Findings& findings, const Item& item, const Named& statistic, co
         findings.Add(Kind::Statistic, item,
                      fmt::format("{} contradicts {} / {}, which is {:.4g}", Show(statistic), Show(estimate),
                                  Show(error), ratio));
+}
+
+void JudgeDifference(Findings& findings, const Item& item, const Named& contrast, const Named& first,
+                     const Named& second) {
+    if (!contrast.fFigure || !first.fFigure || !second.fFigure) return;
+    const Figure& figure = *contrast.fFigure;
+    const double expected = first.fFigure->fValue - second.fFigure->fValue;
+    const double noise = kAlike * Scale(first.fFigure->fValue, second.fFigure->fValue);
+    const double rounding = RoundingBeside(figure, {*first.fFigure, *second.fFigure}) +
+                            RoundingBeside(*first.fFigure, {figure, *second.fFigure}) +
+                            RoundingBeside(*second.fFigure, {figure, *first.fFigure});
+    if (std::abs(figure.fValue - expected) <= noise + rounding) return;
+    findings.Add(Kind::Difference, item,
+                 fmt::format("{} is not the difference of the means {} and {}, which is {:.4g}", Show(contrast),
+                             Show(*first.fFigure), Show(*second.fFigure), expected));
 }
 
 void JudgeCovarianceAmong(Findings& findings, const Item& item, const Figure& covariance, const Figure& row,

@@ -12,12 +12,23 @@ struct Named {
     MaybeFigure fFigure;
 };
 
+struct Interval {
+    Named fEstimate;
+    Named fLower;
+    Named fUpper;
+};
+
 /// A figure as a message shows it: as it is written, a long one by its two ends.
 std::string Show(const Figure& figure);
 
 /// Rules for figures that belong together. A missing figure leaves out those rules that need it.
 
-void JudgeInterval(Findings& findings, const Item& item, const Named& estimate, const Named& lower, const Named& upper);
+void JudgeInterval(Findings& findings, const Item& item, const Interval& interval);
+
+/// An interval that lies evenly about its estimate and has an error and degrees of freedom, against the level of
+/// confidence. Others are not of that kind and may be as wide as they like.
+void JudgeWidth(Findings& findings, const Item& item, const Interval& interval, const Named& error, const Named& df,
+                const MaybeFigure& level);
 
 void JudgeError(Findings& findings, const Item& item, const Named& error);
 
@@ -32,6 +43,10 @@ void JudgeRange(Findings& findings, Kind kind, const Item& item, const Named& va
 /// A test statistic against the quotient of estimate and standard error.
 void JudgeRatio(Findings& findings, const Item& item, const Named& statistic, const Named& estimate,
                 const Named& error);
+
+/// A contrast against the two means that it compares.
+void JudgeDifference(Findings& findings, const Item& item, const Named& contrast, const Named& first,
+                     const Named& second);
 
 /// A covariance against the variances of its row and column, which leave its correlation within [-1, 1].
 void JudgeCovarianceAmong(Findings& findings, const Item& item, const Figure& covariance, const Figure& row,

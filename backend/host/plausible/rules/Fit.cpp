@@ -32,7 +32,7 @@ class FitStatistics {
   private:
     void JudgeGrandMean() const {
         const Range range = fModel.Means();
-        JudgeInterval(fFindings, {fMean.fNode, {}}, fMean.fNamed, fLower.fNamed, fUpper.fNamed);
+        JudgeInterval(fFindings, {fMean.fNode, {}}, {fMean.fNamed, fLower.fNamed, fUpper.fNamed});
         JudgeError(fFindings, {fError.fNode, {}}, fError.fNamed);
         JudgeRange(fFindings, Kind::Mean, {fMean.fNode, {}}, fMean.fNamed, range);
         JudgeRange(fFindings, Kind::MeanBound, {fLower.fNode, {}}, fLower.fNamed, range);

@@ -29,7 +29,7 @@ bool IsCorrelation(std::string_view pattern) { return pattern.ends_with(" rho") 
 class Set {
   public:
     Set(const Model& model, Findings& findings, std::string_view type)
-        : fDocument(model.fDocument), fFindings(findings), fType(type) {}
+        : fModel(model), fDocument(model.fDocument), fFindings(findings), fType(type) {}
 
     void Judge(Node parameters) {
         for (Node each = fDocument.FirstChild(parameters, "ParameterStats"); each != kNone;
@@ -50,9 +50,11 @@ class Set {
 
     Item ItemOf(Node node) const { return {node, fDocument.Attribute(node, "paramLabel").value_or("")}; }
 
+    Interval GetInterval() const { return {Get("estimate"), Get("confIntervalLower"), Get("confIntervalUpper")}; }
+
     /// What all parameters have.
-    void JudgeCommon(const Item& item, const Named& estimate, const Named& error) const {
-        JudgeInterval(fFindings, item, estimate, Get("confIntervalLower"), Get("confIntervalUpper"));
+    void JudgeCommon(const Item& item, const Named& error) const {
+        JudgeInterval(fFindings, item, GetInterval());
         JudgeError(fFindings, item, error);
         JudgeProbability(fFindings, item, Get("sig"));
         JudgeDf(fFindings, item, Get("df"));
@@ -65,7 +67,8 @@ class Set {
         const Named estimate = Get("estimate");
         const Named error = Get("stdError");
         const Named t = Get("tTest");
-        JudgeCommon(item, estimate, error);
+        JudgeCommon(item, error);
+        JudgeWidth(fFindings, item, GetInterval(), error, Get("df"), fModel.fLevel);
         JudgeRatio(fFindings, item, t, estimate, error);
         JudgeT(fFindings, item, Get("sig"), t, Get("df").fFigure, Relation::Equal);
         JudgeExponents(item, estimate);
@@ -76,7 +79,7 @@ class Set {
         if (!exponent.fFigure) return;
         const Named lower = Get("expCILower");
         const Named upper = Get("expCIUpper");
-        JudgeInterval(fFindings, item, exponent, lower, upper);
+        JudgeInterval(fFindings, item, {exponent, lower, upper});
         JudgeExponent(item, exponent, estimate);
         JudgeExponent(item, lower, Get("confIntervalLower"));
         JudgeExponent(item, upper, Get("confIntervalUpper"));
@@ -104,7 +107,7 @@ class Set {
         if (IsRedundant()) return;
         const Named error = Get("stdError");
         const Named z = Get("zTest");
-        JudgeCommon(item, estimate, error);
+        JudgeCommon(item, error);
         JudgeRatio(fFindings, item, z, estimate, error);
         JudgeZ(fFindings, item, Get("sig"), z, Sides::OneOrTwo);
     }
@@ -147,6 +150,7 @@ class Set {
         JudgeCovarianceAmong(fFindings, ItemOf(node), *covariance, row->second, column->second);
     }
 
+    const Model& fModel;
     const xml::Document& fDocument;
     Findings& fFindings;
     std::string_view fType;
