@@ -46,7 +46,10 @@ const knows = {
   "backend/host/chart/picture/graphs": [
     ...host("document", "chart/specification"), ...host("chart/picture", "chart/picture/histogram"),
   ],
-  "backend/host/session": host("contract", "document", "context", "xml", "language", "framework", "pmml"),
+  "backend/host/plausible": host("xml", "data", "framework"),
+  "backend/host/session": [
+    ...host("contract", "document", "context", "xml", "language"), ...host("framework", "pmml", "plausible"),
+  ],
   "report/layout": report(),
   "report/style": report(),
   "report/markup": [],

@@ -29,7 +29,7 @@ enum class Kind : std::uint8_t {
     Share,             ///< a share of records is not what its table gives
     // Below here: not told unless asked for.
     Fraction,      ///< a count is not whole
-    Difference,        ///< a contrast is not the difference of its means
+    Difference,    ///< a contrast is not the difference of its means
     Width,         ///< an interval is not one of the level that it is said to have
     MeanBound,     ///< a bound of a mean is outside its range
     Overadjusted,  ///< an adjusted p value is larger than the adjustment can make it
@@ -42,7 +42,7 @@ struct Item {
     static constexpr std::size_t kWhole = static_cast<std::size_t>(-1);
 
     xml::Document::Node fNode;
-    std::string_view fName;     ///< as its row in the report is labelled; may be empty
+    std::string_view fName;     ///< by which the document calls it; may be empty
     std::size_t fRow = kWhole;  ///< from 0
 };
 

@@ -58,8 +58,6 @@ bool IsIn(const Figure& significance, const Tail& tail) {
     return !IsBelow(significance, tail.fLow) && !IsAbove(significance, tail.fHigh);
 }
 
-bool IsProbability(const MaybeFigure& figure) { return figure && figure->fValue >= 0 && figure->fValue <= 1; }
-
 std::string ShowP(const Tail& tail) {
     const std::string low = fmt::format("{:.3g}", tail.fLow);
     const std::string high = fmt::format("{:.3g}", tail.fHigh);
@@ -112,6 +110,8 @@ std::string ShowT(const Named& t, const MaybeFigure& df) {
 }
 
 }  // namespace
+
+bool IsProbability(const MaybeFigure& figure) { return figure && figure->fValue >= 0 && figure->fValue <= 1; }
 
 std::string Show(const Figure& figure) { return unicode::Excerpt(figure.fText, 40); }
 
@@ -191,11 +191,12 @@ void JudgeRange(Findings& findings, Kind kind, const Item& item, const Named& va
 
 void JudgeRatio(Findings& findings, const Item& item, const Named& statistic, const Named& estimate,
                 const Named& error) {
-    if (!statistic.fFigure || !estimate.fFigure || !error.fFigure || !(error.fFigure->fValue > 0)) return;
+    if (!statistic.fFigure || !estimate.fFigure || !error.fFigure || !(error.fFigure->fValue >= 0)) return;
+    if (error.fFigure->fValue == 0 && estimate.fFigure->fValue == 0) return;
     const double size = std::abs(estimate.fFigure->fValue);
     const double ratio = estimate.fFigure->fValue / error.fFigure->fValue;
     const double value = statistic.fFigure->fValue;
-    if (std::abs(ratio - value) <= kAlike * std::max(1.0, Scale(ratio, value))) return;
+    if (std::abs(ratio - value) <= kAlike * std::max(1.0, std::abs(value))) return;
 
     const double ofEstimate = RoundingBeside(*estimate.fFigure, {*error.fFigure});
     const double ofError = RoundingBeside(*error.fFigure, {*estimate.fFigure});

@@ -21,6 +21,9 @@ struct Interval {
 /// A figure as a message shows it: as it is written, a long one by its two ends.
 std::string Show(const Figure& figure);
 
+/// Whether a figure is there and from 0 to 1.
+bool IsProbability(const MaybeFigure& figure);
+
 /// Rules for figures that belong together. A missing figure leaves out those rules that need it.
 
 void JudgeInterval(Findings& findings, const Item& item, const Interval& interval);

@@ -73,23 +73,25 @@ void JudgeCovariances(const Model& model, Findings& findings, Node node) {
     }
 }
 
-/// Counts, and the share of those on the diagonal.
+/// Counts and, where all are there, the share of those on the diagonal.
 void JudgeClassification(const Model& model, Findings& findings, Node node, const Named& accuracy) {
     const Matrix matrix(model.fDocument, node);
+    if (!matrix.IsFull()) return;
     const Item item{node, {}};
     double total = 0;
     double right = 0;
+    bool isWhole = true;
     for (std::size_t row = 0; row < matrix.Size(); ++row) {
         for (std::size_t column = 0; column < matrix.Size(); ++column) {
-            if (!matrix.IsFull() && column > row) continue;
-            const Named count{"count", matrix.IsDiagonal() && column != row ? std::nullopt : matrix.At(row, column)};
+            const Named count{"count", matrix.At(row, column)};
             JudgeCount(findings, item, count);
-            const double value = count.fFigure ? count.fFigure->fValue : 0;
-            total += !matrix.IsFull() && row != column ? 2 * value : value;
+            const double value = count.fFigure ? count.fFigure->fValue : -1;
+            isWhole = isWhole && value >= 0;
+            total += value;
             if (row == column) right += value;
         }
     }
-    if (!accuracy.fFigure || !(total > 0)) return;
+    if (!isWhole || !IsProbability(accuracy.fFigure) || !(total > 0)) return;
     const double share = right / total;
     if (std::abs(accuracy.fFigure->fValue - share) <= RoundingOf(*accuracy.fFigure, 0.005) + 1e-6) return;
     findings.Add(Kind::Share, item,
