@@ -22,8 +22,8 @@ constexpr double kMostRoundingOfStatistic = 0.05;
 constexpr double kMostRoundingOfP = 0.005;
 constexpr double kMostRoundingOfDf = 0.5;
 
-/// Between which p values the one of a statistic lies, by the rounding of what it is computed from.
-struct Tail {
+/// From one value to another, such as those p values that a statistic can have by the rounding of its figures.
+struct Span {
     double fLow;
     double fHigh;
 };
@@ -32,7 +32,7 @@ struct Tail {
 constexpr double kNone = std::numeric_limits<double>::quiet_NaN();
 
 /// What a message shows: the p value of the figures as they stand or, without one, the range.
-Tail Shown(double exact, const Tail& tail) { return std::isnan(exact) ? tail : Tail{exact, exact}; }
+Span Shown(double exact, const Span& span) { return std::isnan(exact) ? span : Span{exact, exact}; }
 
 double Scale(double a, double b) { return std::max(std::abs(a), std::abs(b)); }
 
@@ -54,55 +54,55 @@ bool IsAbove(const Figure& significance, double p) {
     return significance.fValue - RoundingOf(significance, kMostRoundingOfP) - kAlike > p;
 }
 
-bool IsIn(const Figure& significance, const Tail& tail) {
-    return !IsBelow(significance, tail.fLow) && !IsAbove(significance, tail.fHigh);
+bool IsIn(const Figure& significance, const Span& span) {
+    return !IsBelow(significance, span.fLow) && !IsAbove(significance, span.fHigh);
 }
 
-std::string ShowP(const Tail& tail) {
-    const std::string low = fmt::format("{:.3g}", tail.fLow);
-    const std::string high = fmt::format("{:.3g}", tail.fHigh);
+std::string ShowP(const Span& span) {
+    const std::string low = fmt::format("{:.3g}", span.fLow);
+    const std::string high = fmt::format("{:.3g}", span.fHigh);
     return low == high ? low : low + " to " + high;
 }
 
 std::string Show(const Named& named) { return std::string(named.fName) + " " + Show(*named.fFigure); }
 
 /// Nothing where there is no such distribution.
-std::optional<Tail> TailOfT(const Figure& t, const MaybeFigure& df) {
+std::optional<Span> SpanOfT(const Figure& t, const MaybeFigure& df) {
     const double size = std::abs(t.fValue);
     const double rounding = RoundingOfStatistic(t);
     const double nearer = std::max(0.0, size - rounding);
     if (!df) {
         const std::optional<double> high = TwoSidedT(nearer, 1);
-        return high ? std::optional(Tail{TwoSidedNormal(size + rounding), *high}) : std::nullopt;
+        return high ? std::optional(Span{TwoSidedNormal(size + rounding), *high}) : std::nullopt;
     }
     const double ofDf = RoundingOf(*df, kMostRoundingOfDf);
     const std::optional<double> low = TwoSidedT(size + rounding, df->fValue + ofDf);
     const std::optional<double> high = TwoSidedT(nearer, std::max(df->fValue - ofDf, df->fValue / 2));
-    return low && high ? std::optional(Tail{*low, *high}) : std::nullopt;
+    return low && high ? std::optional(Span{*low, *high}) : std::nullopt;
 }
 
 /// Degrees of freedom of the denominator may be missing. The p value need not fall when they rise, so that both ends
 /// of their range count.
-std::optional<Tail> TailOfF(const Figure& f, const Figure& df1, const MaybeFigure& df2) {
-    constexpr Tail kAnyDf{1, 1e7};
+std::optional<Span> SpanOfF(const Figure& f, const Figure& df1, const MaybeFigure& df2) {
+    constexpr Span kAnyDf{1, 1e7};
     const double ofDf = df2 ? RoundingOf(*df2, kMostRoundingOfDf) : 0;
-    const Tail range = df2 ? Tail{std::max(df2->fValue - ofDf, df2->fValue / 2), df2->fValue + ofDf} : kAnyDf;
+    const Span range = df2 ? Span{std::max(df2->fValue - ofDf, df2->fValue / 2), df2->fValue + ofDf} : kAnyDf;
     const double rounding = RoundingOfStatistic(f);
-    Tail tail{1, 0};
+    Span span{1, 0};
     for (const double value : {std::max(0.0, f.fValue - rounding), f.fValue + rounding}) {
         for (const double df : {range.fLow, range.fHigh}) {
             const std::optional<double> p = UpperF(value, df1.fValue, df);
             if (!p) return std::nullopt;
-            tail = {std::min(tail.fLow, *p), std::max(tail.fHigh, *p)};
+            span = {std::min(span.fLow, *p), std::max(span.fHigh, *p)};
         }
     }
-    return tail;
+    return span;
 }
 
 void TellSignificance(Findings& findings, const Item& item, const Named& significance, const std::string& of,
-                      const Tail& tail) {
+                      const Span& span) {
     findings.Add(Kind::Significance, item,
-                 fmt::format("{} contradicts {}, which gives {}", Show(significance), of, ShowP(tail)));
+                 fmt::format("{} contradicts {}, which gives {}", Show(significance), of, ShowP(span)));
 }
 
 std::string ShowT(const Named& t, const MaybeFigure& df) {
@@ -217,11 +217,13 @@ void JudgeDifference(Findings& findings, const Item& item, const Named& contrast
     if (!contrast.fFigure || !first.fFigure || !second.fFigure) return;
     const Figure& figure = *contrast.fFigure;
     const double expected = first.fFigure->fValue - second.fFigure->fValue;
+    const double difference = std::abs(figure.fValue - expected);
     const double noise = kAlike * Scale(first.fFigure->fValue, second.fFigure->fValue);
+    if (difference <= noise) return;
     const double rounding = RoundingBeside(figure, {*first.fFigure, *second.fFigure}) +
                             RoundingBeside(*first.fFigure, {figure, *second.fFigure}) +
                             RoundingBeside(*second.fFigure, {figure, *first.fFigure});
-    if (std::abs(figure.fValue - expected) <= noise + rounding) return;
+    if (difference <= noise + rounding) return;
     findings.Add(Kind::Difference, item,
                  fmt::format("{} is not the difference of the means {} and {}, which is {:.4g}", Show(contrast),
                              Show(*first.fFigure), Show(*second.fFigure), expected));
@@ -249,19 +251,19 @@ void JudgeT(Findings& findings, const Item& item, const Named& significance, con
     const Figure& p = *significance.fFigure;
     const double exact = df ? TwoSidedT(t.fFigure->fValue, df->fValue).value_or(kNone) : kNone;
     if (std::abs(exact - p.fValue) <= kAlike) return;
-    const std::optional<Tail> tail = TailOfT(*t.fFigure, df);
-    if (!tail) return;
-    const Tail shown = Shown(exact, *tail);
+    const std::optional<Span> span = SpanOfT(*t.fFigure, df);
+    if (!span) return;
+    const Span shown = Shown(exact, *span);
     if (relation == Relation::Equal) {
-        if (!IsIn(p, *tail)) TellSignificance(findings, item, significance, ShowT(t, df), shown);
+        if (!IsIn(p, *span)) TellSignificance(findings, item, significance, ShowT(t, df), shown);
         return;
     }
-    if (IsBelow(p, tail->fLow)) {
+    if (IsBelow(p, span->fLow)) {
         findings.Add(Kind::Adjusted, item,
                      fmt::format("{} is below {}, the unadjusted p value of {}", Show(significance), ShowP(shown),
                                  ShowT(t, df)));
     }
-    if (relation == Relation::Multiple && IsAbove(p, static_cast<double>(comparisons) * tail->fHigh)) {
+    if (relation == Relation::Multiple && IsAbove(p, static_cast<double>(comparisons) * span->fHigh)) {
         findings.Add(Kind::Overadjusted, item,
                      fmt::format("{} is above {} times {}, the unadjusted p value of {}", Show(significance),
                                  comparisons, ShowP(shown), ShowT(t, df)));
@@ -273,8 +275,8 @@ void JudgeZ(Findings& findings, const Item& item, const Named& significance, con
     const Figure& p = *significance.fFigure;
     const double size = std::abs(z.fFigure->fValue);
     const double rounding = RoundingOfStatistic(*z.fFigure);
-    const Tail tail{TwoSidedNormal(size + rounding), TwoSidedNormal(std::max(0.0, size - rounding))};
-    if (IsIn(p, tail) || (sides == Sides::OneOrTwo && IsIn(p, {tail.fLow / 2, tail.fHigh / 2}))) return;
+    const Span span{TwoSidedNormal(size + rounding), TwoSidedNormal(std::max(0.0, size - rounding))};
+    if (IsIn(p, span) || (sides == Sides::OneOrTwo && IsIn(p, {span.fLow / 2, span.fHigh / 2}))) return;
     const double exact = TwoSidedNormal(size);
     TellSignificance(findings, item, significance, Show(z), {exact, exact});
 }
@@ -294,10 +296,10 @@ void JudgeF(Findings& findings, const xml::Document& document, const Item& item,
     const double exact =
         df2.fFigure ? UpperF(f.fFigure->fValue, df1.fFigure->fValue, df2.fFigure->fValue).value_or(kNone) : kNone;
     if (std::abs(exact - significance.fFigure->fValue) <= kAlike) return;
-    const std::optional<Tail> tail = TailOfF(*f.fFigure, *df1.fFigure, df2.fFigure);
-    if (!tail || IsIn(*significance.fFigure, *tail)) return;
+    const std::optional<Span> span = SpanOfF(*f.fFigure, *df1.fFigure, df2.fFigure);
+    if (!span || IsIn(*significance.fFigure, *span)) return;
     const std::string dfs = df2.fFigure ? Show(df1) + " and " + Show(df2) : Show(df1) + " and any df2";
-    TellSignificance(findings, item, significance, Show(f) + " with " + dfs, Shown(exact, *tail));
+    TellSignificance(findings, item, significance, Show(f) + " with " + dfs, Shown(exact, *span));
 }
 
 }  // namespace hierfit::plausible

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 #include "host/plausible/figures/Columns.h"
 #include "host/plausible/rules/Comparisons.h"
@@ -47,27 +48,32 @@ class Matrix {
     bool fIsTriangle = false;
 };
 
+/// Whether two places that mirror each other differ, and not by rounding alone.
+bool AreDifferent(const Figure& a, const Figure& b) {
+    const double difference = std::abs(a.fValue - b.fValue);
+    if (difference <= 1e-6 * std::max(std::abs(a.fValue), std::abs(b.fValue))) return false;
+    return difference > RoundingBeside(a, {b}) + RoundingBeside(b, {a});
+}
+
 void JudgeCovariances(const Model& model, Findings& findings, Node node) {
     const Matrix matrix(model.fDocument, node);
     const Item item{node, {}};
+    std::vector<MaybeFigure> variances;
     for (std::size_t row = 0; row < matrix.Size(); ++row) {
-        const MaybeFigure variance = matrix.At(row, row);
+        const MaybeFigure& variance = variances.emplace_back(matrix.At(row, row));
         if (variance && variance->fValue < 0)
             findings.Add(Kind::Variance, item,
                          fmt::format("row {}: {} is a negative variance", row + 1, Show(*variance)));
         for (std::size_t column = 0; column < row && !matrix.IsDiagonal(); ++column) {
             const MaybeFigure covariance = matrix.At(row, column);
-            const MaybeFigure other = matrix.At(column, column);
             const MaybeFigure mirrored = matrix.IsFull() ? matrix.At(column, row) : covariance;
             if (!covariance || !mirrored) continue;
-            const double rounding = RoundingBeside(*covariance, {*mirrored}) + RoundingBeside(*mirrored, {*covariance});
-            const double noise = 1e-6 * std::max(std::abs(covariance->fValue), std::abs(mirrored->fValue));
-            if (std::abs(covariance->fValue - mirrored->fValue) > std::max(rounding, noise)) {
+            if (AreDifferent(*covariance, *mirrored)) {
                 findings.Add(Kind::Symmetry, item,
                              fmt::format("row {}, column {} is {}, and the other way round {}", row + 1, column + 1,
                                          Show(*covariance), Show(*mirrored)));
-            } else if (variance && other) {
-                JudgeCovarianceAmong(findings, item, *covariance, *variance, *other);
+            } else if (variance && variances[column]) {
+                JudgeCovarianceAmong(findings, item, *covariance, *variance, *variances[column]);
             }
         }
     }
