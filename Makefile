@@ -7,14 +7,15 @@
 #   make build       build the release: build/release/bin/hierfit
 #   make bench       build, and measure
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
+#   make coverage    build with Clang, run tests and kept inputs, and tell which lines run
 #
-# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
+# EXAMPLE=NAME chooses the example of `make report`, MINUTES=N how long all fuzz targets run altogether.
 
 EXAMPLE ?= bacteria
-SECONDS ?= 60
+MINUTES ?= 10
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build bench fuzz format clean
+.PHONY: report gallery test test-quick build bench fuzz coverage format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
@@ -42,9 +43,13 @@ bench: setup-test
 	@scripts/build release $(JOBS)
 	bench/measure
 
-fuzz: setup-test
+fuzz: setup-fuzz
 	@scripts/build fuzz $(JOBS)
-	fuzz/run $(SECONDS)
+	JOBS=$(JOBS) fuzz/run $(MINUTES)
+
+coverage: setup-fuzz
+	@scripts/build coverage $(JOBS)
+	scripts/coverage
 
 setup-%:
 	@scripts/setup $*

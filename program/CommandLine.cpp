@@ -177,8 +177,14 @@ std::optional<std::string> CheckJson(const OutputOptions& output) {
     return {};
 }
 
+std::optional<std::string> CheckName(const OutputOptions& output) {
+    if (output.fFile.empty()) return std::string("--output: an empty name");
+    return {};
+}
+
 /// Many files need a folder.
 std::optional<std::string> CheckOutput(OutputOptions& output) {
+    if (auto wrong = CheckName(output)) return wrong;
     if (auto wrong = SettleFormat(output)) return wrong;
     const bool isFolder = output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder;
     const bool isOneTable = output.fFormat == Format::Csv && !output.fvOnly.empty();
@@ -213,6 +219,7 @@ Command Finish(RenderCommand command) {
 
 Command Finish(BatchCommand command) {
     if (command.fOutput.fFile == "-") return Wrong("--output must name a folder");
+    if (const auto wrong = CheckName(command.fOutput)) return Wrong(*wrong);
     if (const auto wrong = CheckJson(command.fOutput)) return Wrong(*wrong);
     if (const auto wrong = CheckLanguage(command.fSettings.fLanguage)) return Wrong(*wrong);
     return command;

@@ -94,8 +94,10 @@ TEST(LatexText, BoxesWhatIsWrittenFromRightToLeft) {
 
 TEST(LatexText, NamesFiles) {
     std::string out;
-    AppendPath(out, "my_100%#1 charts");
-    EXPECT_EQ(out, "\\detokenize{my_100}\\csname @percentchar\\endcsname{}\\string#\\detokenize{1 charts}");
+    AppendPath(out, "my_100%#1 charts}");
+    EXPECT_EQ(out,
+              "\\detokenize{my_100}\\csname c_percent_str\\endcsname\\csname c_hash_str\\endcsname"
+              "\\detokenize{1 charts}\\csname c_right_brace_str\\endcsname");
 }
 
 TEST(LatexFigure, TakesFormatFromColumn) {
