@@ -2,6 +2,10 @@
 
 import { readFileSync } from "node:fs";
 
+/** Lets what was done be drawn, and the page hear of it: that it was scrolled, say, which takes tips away. */
+const settle = (page) =>
+  page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
+
 const hasScript = (page) => page.evaluate(() => document.querySelector("script") !== null);
 
 /** Each figure has a name and one picture that is seen, whose title stands there once; no id stands twice. */
@@ -61,6 +65,7 @@ async function pointAtEntry(page, drawing) {
   const entry = drawing.locator("svg.desk [data-e]").first();
   if (await entry.count() === 0) return [];
   await entry.scrollIntoViewIfNeeded();
+  await settle(page);
   await entry.locator("> *").first().hover({ force: true });
   const [wrong, dimmed] = await entry.evaluate((element) => {
     const keys = element.dataset.e.split(" ");
@@ -79,8 +84,10 @@ async function pointAtEntry(page, drawing) {
 async function pointAtMark(page, drawing) {
   const mark = drawing.locator("svg.desk [role=img]").last();
   if (await mark.count() === 0) return [];
+  await mark.scrollIntoViewIfNeeded();
+  await settle(page);
   await mark.hover({ force: true });
-  const text = await page.locator(".tip").textContent();
+  const text = await page.locator(".tip").evaluate((tip) => (tip.hidden ? "" : tip.textContent));
   const isTip = await drawing.evaluate((element, tip) =>
     Array.from(element.querySelectorAll("svg.desk [role=img]"), (one) => one.getAttribute("aria-label")).includes(tip), text);
   await page.mouse.move(0, 0);
@@ -148,7 +155,7 @@ const checkInTheDark = (page) => page.evaluate(() =>
 export async function checkPlaces(page) {
   const faults = await findWordsOutside(page);
   await page.setViewportSize({ width: 360, height: 740 });
-  await page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
+  await settle(page);
   faults.push(...await checkOnPhone(page, await hasScript(page)), ...await findWordsOutside(page));
   await page.setViewportSize({ width: 1280, height: 900 });
   await page.emulateMedia({ media: "print" });
