@@ -437,18 +437,27 @@
     for (const one of lit) one.classList.add(one === picture ? "lit" : "on");
   };
 
-  // What the keyboard or a finger is at.
+  // What the keyboard or a finger is at, and what the pointer is at.
   let mark = null;
+  let hovered = null;
+  let leaving;
+  const stay = () => { leaving = clearTimeout(leaving); };
   const leave = () => {
+    stay();
     mark?.classList.remove("at");
-    mark = null;
+    mark = hovered = null;
     tip.hidden = true;
     dim();
   };
 
+  // The pointer has time to go from a mark to its tip, which stays as long as it is there.
+  const leaveSoon = () => { if (!mark) leaving ??= setTimeout(leave, 300); };
+  tip.addEventListener("pointerenter", stay);
+  tip.addEventListener("pointerleave", leaveSoon);
+
   const showBeside = () => {
     const { left, top, width, height } = mark.getBoundingClientRect();
-    showTip(mark.getAttribute("aria-label"), left + width / 2, top + height / 2);
+    showTip(mark.getAttribute("aria-label") ?? mark.textContent, left + width / 2, top + height / 2);
   };
 
   const goTo = (next) => {
@@ -475,8 +484,11 @@
   const point = ({ clientX, clientY, pointerType, movementX, movementY }) => {
     if (pointerType === "touch" || (mark && movementX === 0 && movementY === 0)) return;
     const found = findAt(clientX, clientY, ".drawing svg [role=img], .drawing [data-e]");
-    if (mark || !found) leave();
-    if (!found) return;
+    if (mark) leave();
+    if (!found) return leaveSoon();
+    stay();
+    if (found === hovered) return;
+    hovered = found;
     const text = found.getAttribute("aria-label");
     if (text) showTip(text, clientX, clientY);
     else tip.hidden = true;
@@ -490,12 +502,12 @@
     else leave();
   };
 
+  // With Shift the way leads through the legend.
   const walk = (event) => {
-    if (event.key === "Escape") return leave();
     const step = { ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1 }[event.key];
     if (!step || event.ctrlKey || event.altKey || event.metaKey) return;
     const picture = Array.from(event.currentTarget.children).find((one) => one.getClientRects().length);
-    const marks = marksIn(picture);
+    const marks = event.shiftKey ? all("[data-e]", picture) : marksIn(picture);
     if (marks.length === 0) return;
     event.preventDefault();
     const place = marks.indexOf(mark);
@@ -506,17 +518,26 @@
   const enliven = (drawing) => {
     labelMarks(drawing);
     drawing.tabIndex = 0;
+    give(drawing, { "aria-description": words.way });
     drawing.after(makeChartTools(drawing.parentElement));
     const listeners = {
       pointermove: point,
       pointerdown: touch,
-      pointerleave: () => mark || leave(),
+      pointerleave: leaveSoon,
       keydown: walk,
       focusout: () => drawing.contains(mark) && leave(),
     };
     for (const [name, listener] of Object.entries(listeners)) drawing.addEventListener(name, listener);
     naming.observe(drawing);
   };
+
+  // What is left by the keyboard while the pointer is there is left until that goes elsewhere.
+  addEventListener("keydown", ({ key }) => {
+    if (key !== "Escape") return;
+    const left = hovered;
+    leave();
+    hovered = left;
+  });
 
   // A tip beside a mark goes with it, one by the pointer goes away.
   addEventListener("scroll", () => { mark ? showBeside() : leave(); }, { passive: true, capture: true });

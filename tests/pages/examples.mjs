@@ -6,10 +6,12 @@ import { existsSync, mkdirSync, readFileSync, readdirSync } from "node:fs";
 import { createRequire } from "node:module";
 import { join, resolve } from "node:path";
 import { fileURLToPath, pathToFileURL } from "node:url";
+import { gzipSync } from "node:zlib";
 import { checkCopies } from "./copies.mjs";
 import { readItems, run, tablesOf } from "./document.mjs";
 import { checkHeaders } from "./headers.mjs";
 import { checkMarks } from "./marks.mjs";
+import { checkStates } from "./states.mjs";
 
 const [program, chromium, examples, work, ...chosen] = process.argv.slice(2);
 const web = fileURLToPath(new URL("../../web/", import.meta.url));
@@ -17,9 +19,20 @@ if (!existsSync(join(web, "node_modules", "playwright-core")) || !existsSync(chr
   console.log("skipped: there is no browser, or no `npm ci` in web/");
   process.exit(77);
 }
-const { chromium: browserType } = createRequire(join(web, "package.json"))("playwright-core");
+const require = createRequire(join(web, "package.json"));
+const { chromium: browserType } = require("playwright-core");
+const axeSource = require("axe-core").source;
 
-/** As for a reader whose software asks for everything, and who has opened what can be opened. */
+// The page of an example that others are measured by: bytes, and compressed.
+const limits = { oats: [400_000, 80_000] };
+
+function checkSize(name, path) {
+  const content = readFileSync(path);
+  const actual = [content.length, gzipSync(content).length];
+  return (limits[name] ?? []).some((limit, at) => actual[at] > limit) ? [`${actual} bytes, at most ${limits[name]}`] : [];
+}
+
+/** As for a reader who has opened what can be opened. */
 async function open(browser, path) {
   const context = await browser.newContext({ viewport: { width: 1280, height: 900 },
     permissions: ["clipboard-read", "clipboard-write"] });
@@ -41,9 +54,10 @@ async function judge(browser, name) {
   const [cells, ofHeaders] = await checkHeaders(page, tablesOf(items));
   const [records, ofCopies] = await checkCopies(page, (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
   const [marks, ofMarks] = await checkMarks(page, items);
+  const ofStates = await checkStates(page, axeSource);
   await page.context().close();
   console.log(`${name}: ${cells} cells, ${records} records, ${marks} marks`);
-  return [...ofHeaders, ...ofCopies, ...ofMarks];
+  return [...checkSize(name, path), ...ofHeaders, ...ofCopies, ...ofMarks, ...ofStates];
 }
 
 mkdirSync(work, { recursive: true });
