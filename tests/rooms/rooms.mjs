@@ -56,7 +56,7 @@ const knows = {
   "report/items": report(),
   "report/text": report("items", "layout"),
   "report/json": report(),
-  "report/html": report("items", "layout", "markup", "charts/layout", "charts/svg"),
+  "report/html": report("items", "layout", "markup", "csv", "charts/layout", "charts/svg"),
   "report/charts": report("items", "charts/layout", "charts/svg"),
   "report/charts/layout": report("markup"),
   "report/charts/layout/diagrams": report("charts/layout"),
