@@ -17,12 +17,15 @@ constexpr double kTwentiethsToAPixel = 15;
 constexpr double kUnitsToAPixel = 9525;
 constexpr int kCaptionRoom = 1500;     // below the picture, in twentieths of a point
 constexpr double kLeastShrink = 0.75;  // of what can be read upright
+constexpr double kHighPicture = 6800;  // upright; one that is higher is shown smaller, for it leaves a page half empty
+constexpr double kShrinkOfHigh = 0.8;
 constexpr int kMostHalvings = 8;
 
 double ShrinkOf(const DrawnPicture& picture, Page page) {
     const double width = WidthOf(page) / kTwentiethsToAPixel;
     const double height = (HeightOf(page) - kCaptionRoom) / kTwentiethsToAPixel;
-    return std::min({1.0, width / picture.fWidth, height / picture.fHeight});
+    const double high = page == Page::Upright ? kHighPicture / kTwentiethsToAPixel / picture.fHeight : 1;
+    return std::min({1.0, width / picture.fWidth, height / picture.fHeight, std::max(high, kShrinkOfHigh)});
 }
 
 std::optional<std::string> MakePng(const std::string& svg, const DocxSettings& settings) {
