@@ -105,7 +105,7 @@ void Body::WriteMessage(Page page, int level, std::string_view text) {
 }
 
 void Body::WriteDiagnostics(const document::Document& document) {
-    WriteHeading(1, words::kDiagnostics);
+    WriteHeading(1, items::kDiagnostics);
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
         WriteMessage(Page::Upright, diagnostic.fLevel,
                      diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));
