@@ -5,7 +5,8 @@ import pathlib
 
 STRANGE = [
     "=1+1", "@SUM", "</w:t> <b>&amp;</b> \\end{x} %", "a\u0001b\u001b[0m", "\u202eturned", "NA",
-    "\u05e9\u05dc\u05d5\u05dd (12) \u0627 abc", "x" * 10000, "word " * 1999 + "word", "a\nb", "| a | *b* | `c`", "_x0041_",
+    "\u05e9\u05dc\u05d5\u05dd (12) \u0627 abc", "x" * 10000, "word " * 1999 + "word", "a\nb",
+    "| a | *b* | `c`", "_x0041_",
 ]
 
 
