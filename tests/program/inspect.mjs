@@ -41,6 +41,9 @@ const remarks = [
   ["no records", "cbpp", without(/<StructuredData description="first[^]*?<\/StructuredData>/),
     [lacks('table "Data Structure"',
       'ModelDiagnostics has no StructuredData "firstSubjectRecordsForDataStructure" with a FieldInfo')]],
+  ["no records of crossed blocks", "cbpp",
+    (text) => without(/<StructuredData description="first[^]*?<\/StructuredData>/)(text)
+      .replace(/(name="numOfCommonSubjects" value=)"\d+"/, '$1"1"'), []],
   ["no plots", "sleepstudy", without(/<UnivariateData[^]*<\/BivariateData>/),
     [lacks('chart "Predicted by Observed"', 'ModelDiagnostics has no BivariateData "observedByPredicted"'),
       lacks('the target\'s histogram in the charts "Fixed Effects" and "Fixed Coefficients"',
