@@ -67,9 +67,9 @@ const knows = {
   "report/index": report("items", "markup", "html"),
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
-  "report/latex": report("items", "layout", "charts/layout"),
+  "report/latex": report("items", "layout", "charts", "charts/layout"),
   "report/archive": ["report/modules"],
-  "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
+  "report/docx": report("items", "layout", "markup", "archive", "charts", "charts/layout", "charts/svg"),
   "report/formats": report(
     "items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx", "charts",
     "charts/raster",
