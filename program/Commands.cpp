@@ -5,13 +5,13 @@
 
 #include <string>
 
-#include "Documents.h"
-#include "OutputFile.h"
 #include "Pager.h"
 #include "Rendering.h"
 #include "ReportFiles.h"
-#include "StandardError.h"
 #include "Terminal.h"
+#include "program/documents/Documents.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Render.h"
 #include "report/text/TextReport.h"
 
@@ -58,7 +58,12 @@ int Write(document::Document& document, const OutputOptions& output) {
     if (const auto error = report::Prepare(document, format, settings)) {
         return Fail(StatusOf(error->fFault), error->fText);
     }
-    if (!isTerminal || format != Format::Text) return Conclude(WriteReport(document, format, settings, output.fFile));
+    if (!isTerminal || format != Format::Text) {
+        ProgressLine progress(ProgressLine::Begin::Late);
+        const std::vector<WriteFailure> failures = WriteReport(document, format, settings, output.fFile, &progress);
+        progress.Erase();
+        return Conclude(failures);
+    }
     const std::string text = report::MakeTextReport(document, settings.fText);
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
 }
@@ -76,7 +81,7 @@ int Run(const ReportCommand& command) {
 }
 
 int Run(const RenderCommand& command) {
-    auto document = ReadSaved(command.fDocument);
+    auto document = ReadSaved(command.fvDocuments.front());
     if (const auto* error = std::get_if<FileError>(&document)) return Fail(kUnreadable, error->fText);
     return Write(std::get<document::Document>(document), command.fOutput);
 }
