@@ -3,7 +3,9 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 
 #include "Pager.h"
 #include "Rendering.h"
@@ -68,6 +70,17 @@ int Write(document::Document& document, const OutputOptions& output) {
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
 }
 
+/// On a terminal, where reports stand one below the other, the title of a folder's report says which it is. Elsewhere a
+/// title is the document's own, so that a saved document looks as a fresh one does.
+void TitleByFolder(document::Document& document, const ReportCommand& command) {
+    const bool isTerminal = GoesToTerminal(command.fOutput);
+    if (!isTerminal || ChooseFormat(command.fOutput, isTerminal) != Format::Text) return;
+    if (command.fvDocuments.size() != 1) return;
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::canonical(command.fvDocuments.front(), error);
+    if (!error && folder.has_filename()) document.fTitle = folder.filename().string() + ": " + document.fTitle;
+}
+
 }  // namespace
 
 int Run(const ReportCommand& command) {
@@ -76,6 +89,7 @@ int Run(const ReportCommand& command) {
     auto& model = std::get<ModelRun>(run);
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     PrintRun(model);
+    TitleByFolder(model.fResult.fDocument, command);
     malloc_trim(0);  // What was read is gone; its memory is not lost to what is rendered.
     return Write(model.fResult.fDocument, command.fOutput);
 }

@@ -82,9 +82,10 @@ Explanation Wrong(const std::string& what) {
     return {"hierfit: " + unicode::Excerpt(what, kMostOfText) + "\nTry: hierfit --help\n", true};
 }
 
-Command Check(std::optional<std::string> wrong, auto command) {
+/// The command unless something is wrong with it.
+Command Check(const std::optional<std::string>& wrong, auto&& command) {
     if (wrong) return Wrong(*wrong);
-    return command;
+    return std::move(command);
 }
 
 /// The first of what is wrong.
@@ -94,9 +95,9 @@ std::optional<std::string> FirstOf(std::initializer_list<std::optional<std::stri
 }
 
 Command Finish(ReportCommand command) {
-    auto wrong = FirstOf({CheckDocuments("report", command.fvDocuments), CheckOutput(command.fOutput),
+    const auto wrong = FirstOf({CheckDocuments("report", command.fvDocuments), CheckOutput(command.fOutput),
                           CheckSettings(command.fSettings)});
-    return Check(std::move(wrong), std::move(command));
+    return Check(wrong, std::move(command));
 }
 
 Command Finish(RenderCommand command) {
