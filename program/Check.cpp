@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "Documents.h"
-#include "ExitStatus.h"
 #include "ItemIndex.h"
 #include "MissingItems.h"
-#include "OutputFile.h"
-#include "StandardError.h"
+#include "program/documents/Documents.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/text/VisibleText.h"
 
 namespace hierfit::program {

@@ -115,7 +115,7 @@ expect("check, unreadable", run("check", "d"), 2, "",
   'd/model.statxml:1:1: StatXML: element "PMMLModel/PredictiveSummary" expected\n');
 expect("list, unreadable", run("list", "d"), 2, "", /^hierfit: error: [^\n]*\nd\/model.statxml:1:1: [^\n]*\n$/);
 expect("check, no folder", run("check", "none"), 2, "",
-  "hierfit: none: one argument must be a folder with model.pmml and model.statxml\n");
+  "hierfit: none: No such file or directory\n");
 
 // ---- list
 

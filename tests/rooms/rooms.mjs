@@ -76,7 +76,15 @@ const knows = {
   ),
   "report/xlsx": report("items", "layout", "text", "charts", "modules"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
-  "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
+  "program": [
+    ...report("items", "index", "formats", "modules", "text", "json"), ...host("session"), "program/arguments",
+    "program/documents", "program/files",
+  ],
+  "program/arguments": [
+    "report/items", "report/formats", "report/style", ...host("session"), "program/documents", "program/files",
+  ],
+  "program/documents": ["report/items", "report/json", ...host("session"), "program/files"],
+  "program/files": report("text"),
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not

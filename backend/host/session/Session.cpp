@@ -137,10 +137,12 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
     if (settings.fLanguage != kNoCatalogue) {
         const std::string path = LanguageFolder(paths) + "/" + settings.fLanguage + ".mo";
         catalogue = language::Catalogue::Open(path);
-        if (!catalogue) return NotSetUp("there is no readable catalogue " + path);
+        if (!catalogue)
+            return NotSetUp("there is no readable catalogue " + path + "; install hierfit again, with its languages");
     }
     const auto module = LoadModule(paths.fModule);
-    if (const auto* reason = std::get_if<std::string>(&module)) return NotSetUp(*reason);
+    if (const auto* reason = std::get_if<std::string>(&module))
+        return NotSetUp(*reason + "; install hierfit again, with its procedure");
 
     Host host(paths, settings, std::move(catalogue));
     host.Describe(pmml, statXml);
