@@ -1,6 +1,7 @@
 # The front door: each of these sets up what is missing first.
 #
-#   make report      build, and write the report of an example
+#   make help        say this
+#   make report      build what reports as HTML, text and JSON take, and write the report of an example
 #   make test        build, and run every test
 #   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
@@ -15,9 +16,14 @@ EXAMPLE ?= bacteria
 MINUTES ?= 10
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build bench fuzz coverage format clean
+.DEFAULT_GOAL := report
+.PHONY: help report gallery test test-quick build bench fuzz coverage format clean
 
-report: build
+help:
+	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
+
+report: setup-build
+	@scripts/build release $(JOBS) -D HIERFIT_TESTS=OFF -D HIERFIT_BENCH=OFF -- report
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
 	@echo "The report lies in $(CURDIR)/report.html"
 

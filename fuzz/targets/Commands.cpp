@@ -7,7 +7,7 @@
 
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
-#include "program/CommandLine.h"
+#include "program/arguments/CommandLine.h"
 #include "program/Rendering.h"
 #include "program/StandardError.h"
 #include "report/formats/Files.h"

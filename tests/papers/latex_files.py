@@ -10,6 +10,7 @@ import shutil
 import subprocess
 import sys
 
+import hostile
 import latex_source
 import tables
 
@@ -152,6 +153,9 @@ def check_folder(program, example, work):
 def check_hostile(program, work):
     faults = typeset("lualatex", write_hostile(program, work, "hostile", HOSTILE + FOREIGN, ["--standalone"]))
     faults += check_parts(work, [write_hostile(program, work, "hostile-part", HOSTILE[1:], [])], "hostile-parts")
+    for path, _ in hostile.write(work, ["missing", "wide"]):
+        tables.run(program, "render", "--standalone", "-o", path.with_suffix(".tex"), path)
+        faults += typeset("lualatex", path.with_suffix(".tex"))
     if not any("Missing character" in fault for fault in
                typeset("lualatex", write_hostile(program, work, "missing", ["\u6f22"], ["--standalone"]))):
         faults.append("nobody tells that a glyph is missing")

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double kThinnest = 1;
 constexpr double kWidest = 7;
-constexpr double kLinkOpacity = 0.8;
+constexpr double kLinkOpacity = 0.85;
 constexpr double kBesideNode = 2;   // between a node and its link
 constexpr double kBelowEdge = 4;    // what a link goes on below the box, which hides its slanted end
 constexpr double kSwatch = 24;      // the length of lines in legends

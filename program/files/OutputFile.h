@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "Files.h"
+#include "program/files/Files.h"
 
 namespace hierfit::program {
 

@@ -41,7 +41,7 @@ struct ReportCommand {
 
 /// `hierfit render`: a saved document; "-" is standard input.
 struct RenderCommand {
-    std::string fDocument;
+    std::vector<std::string> fvDocuments;  ///< one
     OutputOptions fOutput;
 };
 
@@ -61,9 +61,15 @@ struct ListCommand {
 struct BatchCommand {
     std::vector<std::string> fvFolders;  ///< none: standard input lists them
     session::Settings fSettings;
-    OutputOptions fOutput;   ///< `fFile` is the folder that the reports go to
+    OutputOptions fOutput;   ///< `fFile` is the folder that the reports go to, empty if none is named
     int fJobs = 0;           ///< models at a time; 0: as many as the machine does at once
     bool fIsForced = false;  ///< reports that are newer than their documents are made again
+};
+
+/// `hierfit --version`
+struct VersionCommand {
+    bool fIsAsked = false;
+    bool fIsVerbose = false;  ///< of libraries, too, and where the program's parts lie
 };
 
 /// Nothing to run: what the user asked to see, or what is wrong with the command line.
@@ -72,8 +78,7 @@ struct Explanation {
     bool fIsError;
 };
 
-using Command = std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, BatchCommand, Explanation>;
-
-Command ParseCommandLine(int argumentCount, const char* const* arguments);
+using Command =
+    std::variant<ReportCommand, RenderCommand, CheckCommand, ListCommand, BatchCommand, VersionCommand, Explanation>;
 
 }  // namespace hierfit::program

@@ -1,4 +1,4 @@
-#include "Files.h"
+#include "program/files/Files.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -7,9 +7,9 @@
 #include <cerrno>
 #include <cstring>
 
-#include "Descriptor.h"
-#include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "program/files/Descriptor.h"
+#include "program/files/StandardError.h"
 
 namespace hierfit::program {
 
@@ -54,6 +54,16 @@ std::variant<std::string, FileError> ReadFile(const std::string& path, std::size
     const Descriptor file(open(path.c_str(), O_RDONLY | O_CLOEXEC));
     if (!file.IsOpen()) return SystemError(path);
     return ReadAll(file.Get(), path, limit);
+}
+
+bool Exists(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0;
+}
+
+FileError DescribeAbsence(const std::string& path) {
+    if (Exists(path)) errno = ENOENT;  // it has come meanwhile
+    return SystemError(path);
 }
 
 bool IsFolder(const std::string& path) {

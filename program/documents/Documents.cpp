@@ -1,12 +1,14 @@
-#include "Documents.h"
+#include "program/documents/Documents.h"
 
 #include <fmt/format.h>
 
 #include <utility>
 
-#include "ExitStatus.h"
-#include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "program/documents/FindDocuments.h"
+#include "program/documents/Suggestion.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/StandardError.h"
 #include "report/json/JsonDocument.h"
 
 namespace hierfit::program {
@@ -15,17 +17,6 @@ namespace {
 
 constexpr std::size_t kLargestDocument = std::size_t{256} << 20;
 constexpr std::size_t kLargestSaved = std::size_t{1} << 30;
-
-std::variant<std::vector<std::string>, FileError> FindDocuments(const std::vector<std::string>& documents) {
-    if (documents.size() == 2) return documents;
-    const std::string& folder = documents.front();
-    if (!IsFolder(folder)) {
-        return FileError{unicode::Excerpt(folder, kMostOfText) +
-                         ": one argument must be a folder with model.pmml and model.statxml"};
-    }
-    const std::string base = folder.ends_with('/') ? folder : folder + "/";
-    return std::vector{base + "model.pmml", base + "model.statxml"};
-}
 
 std::string DescribeJsonError(const std::string& file, const report::JsonError& error) {
     if (error.fLine > 0) return fmt::format("{}:{}:{}: {}", file, error.fLine, error.fColumn, error.fText);
@@ -40,10 +31,14 @@ std::variant<ModelRun, FileError> RunModel(const std::vector<std::string>& docum
     if (auto* error = std::get_if<FileError>(&found)) return std::move(*error);
     auto& paths = std::get<std::vector<std::string>>(found);
     std::vector<session::Input> inputs;
-    for (const std::string& path : paths) {
+    for (std::string& path : paths) {
         auto text = ReadFile(path, kLargestDocument);
         if (auto* error = std::get_if<FileError>(&text)) return std::move(*error);
+        if (path == "-") path = "standard input";
         inputs.push_back({path, std::get<std::string>(std::move(text))});
+    }
+    if (std::string swap = DescribeSwap(paths, inputs[0].fText, inputs[1].fText); !swap.empty()) {
+        return FileError{std::move(swap)};
     }
     session::Result result = session::Run(std::move(inputs[0]), std::move(inputs[1]), settings);
     return ModelRun{std::move(paths), std::move(result)};
@@ -65,6 +60,7 @@ int TellFailure(const ModelRun& run) {
 }
 
 std::variant<document::Document, FileError> ReadSaved(const std::string& path) {
+    if (path != "-" && !Exists(path)) return DescribeMissing(path);
     const auto text = ReadFile(path, kLargestSaved);
     if (const auto* error = std::get_if<FileError>(&text)) return *error;
     auto document = report::ReadJson(std::get<std::string>(text));

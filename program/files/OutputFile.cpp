@@ -1,4 +1,4 @@
-#include "OutputFile.h"
+#include "program/files/OutputFile.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -8,10 +8,10 @@
 #include <cstdlib>
 #include <cstring>
 
-#include "Descriptor.h"
-#include "ExitStatus.h"
-#include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "program/files/Descriptor.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/StandardError.h"
 
 namespace hierfit::program {
 

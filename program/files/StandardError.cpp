@@ -1,4 +1,4 @@
-#include "StandardError.h"
+#include "program/files/StandardError.h"
 
 #include <fmt/format.h>
 

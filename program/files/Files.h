@@ -17,4 +17,10 @@ std::variant<std::string, FileError> ReadFile(const std::string& path, std::size
 
 bool IsFolder(const std::string& path);
 
+/// Whether there is a file, folder or other thing at a path that can be looked at.
+bool Exists(const std::string& path);
+
+/// Why there is nothing to be looked at at a path.
+FileError DescribeAbsence(const std::string& path);
+
 }  // namespace hierfit::program

@@ -4,8 +4,8 @@
 #include <variant>
 #include <vector>
 
-#include "Files.h"
 #include "host/session/Session.h"
+#include "program/files/Files.h"
 
 namespace hierfit::program {
 
