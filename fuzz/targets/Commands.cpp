@@ -1,15 +1,15 @@
 // Feeds command lines, an argument a line, to the command's parser. What it takes for a request is rendered from a
 // small document, into memory alone.
 
+#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <variant>
 
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
-#include "program/arguments/CommandLine.h"
 #include "program/Rendering.h"
-#include "program/StandardError.h"
+#include "program/arguments/CommandLine.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/formats/Render.h"
 #include "tests/support/ExampleFile.h"
@@ -67,7 +67,7 @@ void Render(const program::OutputOptions& output) {
 /// What comes of each kind of command.
 struct Judge {
     void operator()(const program::Explanation& told) const {
-        if (told.fText.empty() || told.fText.back() != '\n') Fail("no line says what is wrong");
+        if (told.fText.empty() ? told.fIsError : told.fText.back() != '\n') Fail("no line says what is wrong");
         if (!told.fIsError) return;
         if (!told.fText.starts_with("hierfit: ")) Fail("an error without the program's name: " + told.fText);
         constexpr std::size_t kMostBytes = 4 * program::kMostOfText + 200;
@@ -78,7 +78,13 @@ struct Judge {
         CheckLanguage(command.fSettings);
         Render(command.fOutput);
     }
-    void operator()(const program::RenderCommand& command) const { Render(command.fOutput); }
+    void operator()(const program::RenderCommand& command) const {
+        CheckDocuments(command.fvDocuments);
+        Render(command.fOutput);
+    }
+    void operator()(const program::VersionCommand& command) const {
+        if (!command.fIsAsked) Fail("a version that nobody asked for");
+    }
     void operator()(const program::CheckCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::BatchCommand& command) const {
@@ -106,6 +112,11 @@ std::span<const Form* const> FormsOfInput() {
     return forms;
 }
 
-void RunInput(std::string_view input) { std::visit(Judge(), Parse(SplitLines(input))); }
+void RunInput(std::string_view input) {
+    const std::vector<std::string> lines = SplitLines(input);
+    // A completion looks into the documents that stand in the line; here it must not wait for standard input.
+    if (lines[1] == "--complete" && std::ranges::count(lines, "-") > 0) return;
+    std::visit(Judge(), Parse(lines));
+}
 
 }  // namespace hierfit::fuzz
