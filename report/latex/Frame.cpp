@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <iterator>
 
 #include "host/unicode/Utf8.h"
@@ -11,7 +12,8 @@ namespace hierfit::report::latex {
 
 namespace {
 
-constexpr std::size_t kFloatsOfClass = 50;  // that may wait for their place
+constexpr std::size_t kFloatsOfClass = 50;     // that may wait for their place
+constexpr std::size_t kMostExtraFloats = 500;  // at once: TeX reckons one inside the other, 1,000 deep at most
 
 std::string ListPackages(const Needs& needs) {
     std::string list = needs.fHasTables ? "array,booktabs,makecell,siunitx,threeparttable" : "";
@@ -29,7 +31,10 @@ void AppendPackages(std::string& out, const Needs& needs, std::string_view begin
     if (needs.fHasFigures) out.append(begin).append("\\usepackage[export]{adjustbox}\n");
     if (needs.fFloats <= kFloatsOfClass) return;
     const std::string floats = std::to_string(needs.fFloats);
-    out.append(begin).append("\\extrafloats{").append(floats).append("}\n");
+    for (std::size_t left = needs.fFloats; left > 0; left -= std::min(left, kMostExtraFloats)) {
+        const std::string extra = std::to_string(std::min(left, kMostExtraFloats));
+        out.append(begin).append("\\extrafloats{").append(extra).append("}\n");
+    }
     out.append(begin).append("\\maxdeadcycles=").append(floats).append("\n");
 }
 

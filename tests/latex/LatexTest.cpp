@@ -268,6 +268,14 @@ TEST(LatexReport, WritesItemsOfEachKind) {
     EXPECT_NE(MakeLatexReport(document, {"\U0001D4B3", {}, {}, true}).find(" /Title <FEFFD835DCB3> }\n"), whole.npos);
 }
 
+TEST(LatexReport, AsksForAsManyFloatsAsItHasStepByStep) {
+    document::Document document;
+    for (int chart = 0; chart < 1100; ++chart) document.fItems.push_back({document::Chart{}});
+    EXPECT_NE(MakeLatexReport(document, {{}, {}, "c", true})
+                  .find("\\extrafloats{500}\n\\extrafloats{500}\n\\extrafloats{100}\n\\maxdeadcycles=1100\n"),
+              std::string::npos);
+}
+
 TEST(LatexReport, TellsDiagnosticsInPrintOrInComments) {
     document::Document document;
     document.fvDiagnostics = {{2, "50 % & more\n\\input{x}", {}}, {3, "Bad", {}}};
