@@ -184,7 +184,8 @@ constexpr Rule kRules[] = {
      "TrainingSummary has no ParameterEstimates \"fixed\""},
     {"chart \"Fixed Coefficients\"",
      [](const ItemIndex& items) { return items.FindTable("FixedCoefficients") && !FindDiagram(items, true); },
-     "no ParameterStats that is not redundant is an intercept, or has a Statistic \"fixedEffectIndex\" below 10"},
+     "no ParameterStats is an intercept with a sig below 1, or not redundant with a Statistic \"fixedEffectIndex\" below "
+     "10"},
     {"table \"Random Effect Covariances\"",
      [](const ItemIndex& items) {
          return items.TablesOf("RandomEffects").size() < items.TablesOf("CovarianceParameters").size();

@@ -13,7 +13,6 @@ inline constexpr std::string_view kLanguage = "en";
 
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
-inline constexpr std::string_view kDiagnostics = "Diagnostics";
 inline constexpr std::string_view kTarget = "Target";
 inline constexpr std::string_view kOutOf = " out of ";
 inline constexpr std::string_view kRecords = "Records";

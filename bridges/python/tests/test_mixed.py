@@ -202,6 +202,12 @@ def test_no_convergence_is_said(data):
     assert "kGLMM_C18" not in texts(logit.fit(disp=0))[1]
 
 
+def test_variances_whose_squares_are_infinite_have_no_errors(data):
+    big = data.assign(y=1e100 * data.y)
+    text = texts(mixed("y ~ 1", big, groups="s"))[1]
+    assert re.search(r'paramLabel="Residual" estimate="[^"]+" stdError=""', text)
+
+
 def test_errors_that_the_hessian_does_not_give_are_missing(data):
     with warnings.catch_warnings():
         warnings.simplefilter("ignore")
