@@ -110,7 +110,7 @@ async function pointAtTip(page) {
   return [...stays ? [] : ["a tip does not stay below the pointer"], ...isLeft ? ["Escape leaves a tip"] : []];
 }
 
-/** With Shift the arrows lead through the entries of the legend, each of which is read out and sets off what it explains. */
+/** With Shift the arrows lead through the legend's entries, each of which is read out and sets off what it explains. */
 async function walkLegend(page, drawing) {
   const expected = await drawing.evaluate((element) => {
     const picture = Array.from(element.children).find((one) => one.getClientRects().length);
@@ -122,7 +122,7 @@ async function walkLegend(page, drawing) {
   const read = await page.locator("[role=status]").textContent();
   const isLit = await drawing.locator(".lit").count() > 0;
   await page.keyboard.press("Escape");
-  return [...read === expected[0] ? [] : [`${JSON.stringify(read)} is read out of a legend, not ${JSON.stringify(expected[0])}`],
+  return [...read === expected[0] ? [] : [`"${read}" is read out of a legend, not "${expected[0]}"`],
     ...isLit ? [] : ["the keyboard sets off nothing by a legend"]];
 }
 
