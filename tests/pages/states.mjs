@@ -118,7 +118,7 @@ async function checkContrast(page) {
       const faint = Array.from(document.querySelectorAll(".drawing svg [role=img]"))
         .filter((mark) => isSeen(mark)
           && !/\n.*\nFrequency: /.test(mark.getAttribute("aria-label")) && best(mark) < 2.995)
-        .map((mark) => `${mark.closest("figure").id}: ${best(mark).toFixed(2)}:1 has ${mark.getAttribute("aria-label")}`);
+        .map((mark) => `${mark.closest("figure").id}: ${best(mark).toFixed(2)}:1 has ${mark.ariaLabel}`);
       const pale = Array.from(document.querySelectorAll(".drawing svg text"))
         .filter((text) => isSeen(text) && contrastOf(getComputedStyle(text).fill, opacityOf(text)) < 4.5)
         .map((text) => `${text.closest("figure").id}: "${text.textContent}" is pale`);
