@@ -8,15 +8,16 @@
 #   make build       build the release: build/release/bin/hierfit
 #   make bench       build, and measure
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
+#   make coverage    build with Clang, run tests and kept inputs, and tell which lines run
 #
-# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
+# EXAMPLE=NAME chooses the example of `make report`, MINUTES=N how long all fuzz targets run altogether.
 
 EXAMPLE ?= bacteria
-SECONDS ?= 60
+MINUTES ?= 10
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := report
-.PHONY: help report gallery test test-quick build bench fuzz format clean
+.PHONY: help report gallery test test-quick build bench fuzz coverage format clean
 
 help:
 	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
@@ -48,9 +49,13 @@ bench: setup-test
 	@scripts/build release $(JOBS)
 	bench/measure
 
-fuzz: setup-test
+fuzz: setup-fuzz
 	@scripts/build fuzz $(JOBS)
-	fuzz/run $(SECONDS)
+	JOBS=$(JOBS) fuzz/run $(MINUTES)
+
+coverage: setup-fuzz
+	@scripts/build coverage $(JOBS)
+	scripts/coverage
 
 setup-%:
 	@scripts/setup $*

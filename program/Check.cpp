@@ -35,7 +35,9 @@ std::string MakeLine(std::string remark) {
 }  // namespace
 
 int Run(const CheckCommand& command) {
-    const auto run = RunModel(command.fvDocuments, {});
+    session::Settings settings;
+    settings.fTellsAll = true;
+    const auto run = RunModel(command.fvDocuments, settings);
     if (const auto* error = std::get_if<FileError>(&run)) {
         PrintError(error->fText);
         return kUnreadable;

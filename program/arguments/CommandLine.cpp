@@ -43,6 +43,7 @@ std::optional<std::string> CheckJson(const OutputOptions& output) {
 
 /// Many files need a folder.
 std::optional<std::string> CheckOutput(OutputOptions& output) {
+    if (output.fFile.empty()) return std::string("--output: an empty name");
     if (auto wrong = SettleFormat(output)) return wrong;
     const bool isFolder = output.fFormat && report::ExtentOf(*output.fFormat) == report::Extent::Folder;
     const bool isOneTable = output.fFormat == Format::Csv && !output.fvOnly.empty();

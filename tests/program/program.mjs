@@ -117,6 +117,7 @@ const refused = [
     `hierfit: --digits: ${digits} is no number from 0 to 15\nTry: hierfit --help\n`]),
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["an empty name", ["report", "-o", "", example], 1, `hierfit: --output: an empty name\n${usage}`],
   ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
     `hierfit: --format png: --output must name a folder\n${usage}`],
   ...["0", "-1", "20.5", "nan", "inf", "2x", ""].map((scale) => ["a wrong scale",

@@ -10,6 +10,7 @@
 #include "host/CFProcCustom.h"
 #include "host/framework/MissText.h"
 #include "host/language/Catalogue.h"
+#include "host/plausible/Plausible.h"
 #include "host/pmml/Dictionary.h"
 #include "host/session/BackEndMessages.h"
 #include "host/session/Module.h"
@@ -70,6 +71,17 @@ class Host {
         return procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
     }
 
+    void TellContradictions() {
+        const std::shared_ptr<const xml::Document>& statXml = fContext.GetLastXml();
+        if (!statXml) return;
+        for (plausible::Finding& finding : plausible::FindContradictions(*statXml, fContext.GetSettings().fTellsAll)) {
+            if (!fContext.TakeRoomForWarning()) return;
+            const auto [line, column] = finding.fPosition;
+            fContext.AddDiagnostic(2, std::move(finding.fText),
+                                   document::Place{document::kStatXmlSource, line, column});
+        }
+    }
+
     void TellUnseenMessages() { fUnseenMessages = DiagnoseUnseenMessages(fContext); }
 
     std::size_t CountUnseenMessages() const { return fUnseenMessages; }
@@ -108,6 +120,7 @@ bool RunGuarded(Host& host, CFProcCustomFactory factory, Input& pmml, Input& sta
                                             document::Place{document::kStatXmlSource, 1, 1});
         }
         if (!host.RunProcedure(factory, std::move(pmml.fText), std::move(statXml.fText))) return false;
+        host.TellContradictions();
         host.TellUnseenMessages();
         return true;
     } catch (const std::exception& error) {
