@@ -6,15 +6,18 @@
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
 #   make build       build the release: build/release/bin/hierfit
 #   make bench       build, and measure
+#   make torture     build, and run with every fault that is tried: memory, disk, signals, threads; docs/reliability.md
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
 #
-# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
+# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs, RUNS=N how many places
+# `make torture` takes for each fault and command.
 
 EXAMPLE ?= bacteria
 SECONDS ?= 60
+RUNS ?= 1000000
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build bench fuzz format clean
+.PHONY: report gallery test test-quick build bench torture fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
@@ -41,6 +44,15 @@ test-quick: setup-quick
 bench: setup-test
 	@scripts/build release $(JOBS)
 	bench/measure
+
+torture: export HIERFIT_FAULT_RUNS = $(RUNS)
+torture: setup-test
+	@scripts/build release $(JOBS)
+	@scripts/build sanitize $(JOBS)
+	@scripts/build thread $(JOBS)
+	ctest --preset release -V -R '^(allocation_test|faults_.*)$$' --timeout 100000
+	ctest --preset sanitize -V -R '^allocation_test$$' --timeout 100000
+	ctest --preset thread --timeout 100000
 
 fuzz: setup-test
 	@scripts/build fuzz $(JOBS)

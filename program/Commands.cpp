@@ -3,6 +3,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <new>
 #include <string>
 
 #include "Documents.h"
@@ -51,7 +52,7 @@ bool IsShownByPager(const std::string& text, const OutputOptions& output) {
     return pager && ShowWithPager(*pager, text);
 }
 
-int Write(document::Document& document, const OutputOptions& output) {
+int WriteRendered(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = GoesToTerminal(output);
     const Format format = ChooseFormat(output, isTerminal);
     const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
@@ -61,6 +62,15 @@ int Write(document::Document& document, const OutputOptions& output) {
     if (!isTerminal || format != Format::Text) return Conclude(WriteReport(document, format, settings, output.fFile));
     const std::string text = report::MakeTextReport(document, settings.fText);
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
+}
+
+int Write(document::Document& document, const OutputOptions& output) {
+    try {
+        return WriteRendered(document, output);
+    } catch (const std::bad_alloc&) {
+        PrintShortMemory();
+        return kUnwritable;
+    }
 }
 
 }  // namespace

@@ -1,11 +1,14 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "Check.h"
 #include "Commands.h"
 #include "List.h"
+#include "StandardError.h"
+#include "TemporaryFile.h"
 #include "batch/Batch.h"
 
 namespace hierfit::program {
@@ -32,10 +35,14 @@ int Main(int argumentCount, const char* const* arguments) {
     // A closed pipe and a limit of file size are told by the operation that writes.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+    TemporaryFile::RemoveAtSignals();
     try {
         return RunCommandLine(argumentCount, arguments);
+    } catch (const std::bad_alloc&) {
+        PrintShortMemory();
+        return kUnreadable;
     } catch (const std::exception& error) {
-        Print(stderr, std::string("hierfit: ") + error.what() + "\n");
+        std::fprintf(stderr, "hierfit: %s\n", error.what());
         return kUnreadable;
     }
 }

@@ -1,6 +1,5 @@
 #include "program/batch/Progress.h"
 
-#include <fmt/format.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -46,13 +45,13 @@ void Progress::Tell(std::size_t model) {
 
 void Progress::Erase() {
     if (!std::exchange(fIsDrawn, false)) return;
-    fmt::print(stderr, "\r\x1b[K");
+    std::fputs("\r\x1b[K", stderr);
 }
 
 void Progress::Draw() {
     const auto now = std::chrono::steady_clock::now();
     if (!fIsTerminal || (fIsDrawn && now - fDrawn < kBetween)) return;
-    fmt::print(stderr, "\r\x1b[K{} of {} models, {} failed", fDone, fvResults.size(), fFailed);
+    std::fprintf(stderr, "\r\x1b[K%zu of %zu models, %zu failed", fDone, fvResults.size(), fFailed);
     fIsDrawn = true;
     fDrawn = now;
 }

@@ -8,13 +8,16 @@
 #include <vector>
 
 #include "report/xlsx/book/Book.h"
+#include "report/xlsx/book/module/PartFiles.h"
 
 namespace {
 
 using hierfit::report::xlsx::Align;
 using hierfit::report::xlsx::Book;
+using hierfit::report::xlsx::ForgetPartFailure;
 using hierfit::report::xlsx::Look;
 using hierfit::report::xlsx::Page;
+using hierfit::report::xlsx::PartFailure;
 using hierfit::report::xlsx::Properties;
 using hierfit::report::xlsx::Rule;
 using hierfit::report::xlsx::Sheet;
@@ -40,6 +43,7 @@ uint8_t AlignmentOf(Align align) {
 
 lxw_format* MakeFormat(lxw_workbook* workbook, const Look& look) {
     lxw_format* format = workbook_add_format(workbook);
+    if (!format) return nullptr;
     if (!look.fCode.empty()) format_set_num_format(format, look.fCode.c_str());
     format_set_align(format, AlignmentOf(look.fAlign));
     format_set_align(format, look.fIsTop ? LXW_ALIGN_VERTICAL_TOP : LXW_ALIGN_VERTICAL_BOTTOM);
@@ -141,6 +145,8 @@ class MemoryFile {
         if (fFile >= 0) close(fFile);
     }
 
+    bool IsOpen() const { return fFile >= 0; }
+
     std::string Path() const { return "/proc/self/fd/" + std::to_string(fFile); }
 
     std::optional<std::string> Read() const {
@@ -162,6 +168,8 @@ class MemoryFile {
 class LibraryBook : public Book {
   public:
     explicit LibraryBook(const Properties& properties) {
+        ForgetPartFailure();
+        if (!fFile.IsOpen()) return;
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
         fpWorkbook = workbook_new_opt(fFile.Path().c_str(), &options);
@@ -184,6 +192,7 @@ class LibraryBook : public Book {
 
     int AddLook(const Look& look) override {
         fvFormats.push_back(fpWorkbook ? MakeFormat(fpWorkbook, look) : nullptr);
+        if (fpWorkbook && !fvFormats.back()) Note(LXW_ERROR_MEMORY_MALLOC_FAILED);
         return static_cast<int>(fvFormats.size()) - 1;
     }
 
@@ -209,6 +218,10 @@ class LibraryBook : public Book {
         fpWorkbook = nullptr;
         if (error != LXW_NO_ERROR) {
             reason = std::string(lxw_strerror(error)) + (errno ? std::string(" ") + std::strerror(errno) : "");
+            return {};
+        }
+        if (PartFailure() != 0) {
+            reason = std::string("a part of the workbook: ") + std::strerror(PartFailure());
             return {};
         }
         auto bytes = fFile.Read();
