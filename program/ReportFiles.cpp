@@ -24,7 +24,7 @@ WriteFailure MakeFailure(const RenderError& error) { return {StatusOf(error.fFau
 std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const std::string& folder) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (error) return {{kUnwritable, unicode::Excerpt(folder, kMostOfText) + ": " + error.message()}};
+    if (error) return {{kUnwritable, unicode::Excerpt(folder, kMostOfText) + ": " + error.message(), true}};
     std::vector<WriteFailure> failures;
     for (const FileMaker& file : files) {
         const std::string path = (std::filesystem::path(folder) / file.fName).string();
@@ -32,7 +32,7 @@ std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const 
         if (const auto* fault = std::get_if<RenderError>(&made)) {
             failures.push_back({StatusOf(fault->fFault), unicode::Excerpt(path, kMostOfText) + ": " + fault->fText});
         } else if (auto failure = WriteOutput(path, std::get<std::string>(made))) {
-            failures.push_back({kUnwritable, std::move(failure->fText)});
+            failures.push_back({kUnwritable, std::move(failure->fText), true});
             break;
         }
     }
@@ -62,6 +62,7 @@ std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document,
     settings.fChartFolder = path.stem().string() + "-charts";
     const std::string folder = (path.parent_path() / settings.fChartFolder).string();
     std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder);
+    if (!failures.empty() && failures.back().fIsLast) return failures;
     for (WriteFailure& failure : WriteFile(document, format, settings, path.string())) {
         failures.push_back(std::move(failure));
     }

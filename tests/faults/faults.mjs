@@ -57,8 +57,8 @@ const plain = /^lib(faults|hierfit_faults|c|m|stdc\+\+|gcc_s)\.so/;
 const isOfLibrary = (got) => !ours.test(got.stack.find((name) => !plain.test(name)) ?? "hierfit");
 
 function judgeAllocation(test, got) {
+  if (draws.has(test.format) && isOfLibrary(got) && (got.signal || got.status === 0)) return [];
   if (got.status === 0) return got.err === "" ? [] : ["words on standard error without a failure"];
-  if (draws.has(test.format) && got.signal && isOfLibrary(got)) return [];
   return checkRefusal(got, [2, 3, 4]);
 }
 

@@ -165,6 +165,10 @@ class MemoryFile {
     int fFile;
 };
 
+/// The library does not look at each write. What one of them failed for is what the system said last, since calls that
+/// succeed say nothing.
+bool IsOfWriting(int failure) { return failure != 0 && failure != EINTR && failure != ENOTTY && failure != ENOENT; }
+
 class LibraryBook : public Book {
   public:
     explicit LibraryBook(const Properties& properties) {
@@ -220,8 +224,8 @@ class LibraryBook : public Book {
             reason = std::string(lxw_strerror(error)) + (errno ? std::string(" ") + std::strerror(errno) : "");
             return {};
         }
-        if (PartFailure() != 0) {
-            reason = std::string("a part of the workbook: ") + std::strerror(PartFailure());
+        if (const int failure = PartFailure() != 0 ? PartFailure() : errno; IsOfWriting(failure)) {
+            reason = std::string("the workbook: ") + std::strerror(failure);
             return {};
         }
         auto bytes = fFile.Read();
