@@ -50,7 +50,7 @@ const all = [...files, ...others, ...batches];
 
 // ---- allocations
 
-// These end the process where memory is short: GLib and librsvg by design. What they leave behind is judged all the same.
+// These end the process where memory is short, GLib and librsvg by design, or wait for a thread that could not begin. What they leave behind is judged all the same.
 const draws = new Set(["png", "latex", "docx", "xlsx"]);
 const ours = /^(libhierfit|hierfit$)/;
 const plain = /^lib(faults|hierfit_faults|c|m|stdc\+\+|gcc_s)\.so/;

@@ -5,6 +5,7 @@ import { cpSync, existsSync, mkdirSync, readdirSync, readFileSync, rmSync, statS
 import { join, relative } from "node:path";
 
 const workers = 2;
+const longest = 30000; // milliseconds; a run takes some ten
 const old = "what stood here before\n";
 
 /** All files below a folder by their path in it. */
@@ -31,7 +32,9 @@ export function run({ program, library }, test, folder, fault) {
     for (const at of [1, 2, 3]) child.stdio[at].setEncoding("latin1").on("data", (text) => (texts[at] += text));
     child.stdin.on("error", () => {});
     child.stdin.end(test.input ?? "");
+    const stop = setTimeout(() => child.kill("SIGKILL"), longest);
     child.on("close", (status, signal) => {
+      clearTimeout(stop);
       const report = texts[3];
       const [, call, stack] = /^fault (\S+) (.*)$/m.exec(report) ?? [];
       const count = Number(/^count (\d+)$/m.exec(report)?.[1] ?? NaN);
