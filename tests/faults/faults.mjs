@@ -79,7 +79,9 @@ async function* failOutput() {
   const judge = (got) => (got.status === 0 && got.err === "" ? [] : checkRefusal(got, [1, 3, 4]));
   const fail = (name, how = "once") => ({ FAULT_WHAT: "output", FAULT_HOW: how, FAULT_NUMBER: `${errno[name]}` });
   for (const test of [...all, ...streams]) {
-    for (const name of failures) yield [test, name, await faultEach(setting, test, fail(name), judge)];
+    // A workbook is written to memory first, where the other failures cannot be.
+    const possible = test.format === "xlsx" ? failures.slice(0, 3) : failures;
+    for (const name of possible) yield [test, name, await faultEach(setting, test, fail(name), judge)];
     yield [test, "half", await faultEach(setting, test, fail("ENOSPC", "short"), judge)];
   }
   const judgeClosed = (got) => (got.status === 141 && got.err === "" ? [] : [`status ${got.signal ?? got.status}`]);

@@ -165,9 +165,11 @@ class MemoryFile {
     int fFile;
 };
 
-/// The library does not look at each write. What one of them failed for is what the system said last, since calls that
-/// succeed say nothing.
-bool IsOfWriting(int failure) { return failure != 0 && failure != EINTR && failure != ENOTTY && failure != ENOENT; }
+/// The library does not look at each write. What one of them failed for is what the system said last; of what it may
+/// say for other reasons nothing counts.
+bool IsOfWriting(int failure) {
+    return failure == ENOSPC || failure == EDQUOT || failure == EFBIG || failure == EIO || failure == ENOMEM;
+}
 
 class LibraryBook : public Book {
   public:
@@ -224,7 +226,7 @@ class LibraryBook : public Book {
             reason = std::string(lxw_strerror(error)) + (errno ? std::string(" ") + std::strerror(errno) : "");
             return {};
         }
-        if (const int failure = PartFailure() != 0 ? PartFailure() : errno; IsOfWriting(failure)) {
+        if (const int failure = IsOfWriting(errno) ? errno : PartFailure()) {
             reason = std::string("the workbook: ") + std::strerror(failure);
             return {};
         }
