@@ -92,7 +92,7 @@ struct Outcome {
 
 std::uint64_t MostRuns() {
     const char* given = std::getenv("HIERFIT_FAULT_RUNS");
-    return given ? std::strtoull(given, nullptr, 10) : 100;
+    return given ? std::strtoull(given, nullptr, 10) : 60;
 }
 
 /// An operation with the allocations from the first to the last failing, counted from 1.

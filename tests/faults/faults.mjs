@@ -10,7 +10,7 @@ import { join } from "node:path";
 import { checkRefusal, faultEach } from "./runner.mjs";
 
 const [kind, program, library, examples, work] = process.argv.slice(2);
-const most = Number(process.env.HIERFIT_FAULT_RUNS ?? 24);
+const most = Number(process.env.HIERFIT_FAULT_RUNS ?? 16);
 const setting = { program, library, examples, work, models: ["sleepstudy", "oats"], most };
 const { errno, signals } = constants;
 
