@@ -50,7 +50,8 @@ const all = [...files, ...others, ...batches];
 
 // ---- allocations
 
-// These end the process where memory is short, GLib and librsvg by design, or wait for a thread that could not begin. What they leave behind is judged all the same.
+// These end the process where memory is short, GLib and librsvg by design, or wait for a thread that could not begin.
+// What they leave behind is judged all the same.
 const draws = new Set(["png", "latex", "docx", "xlsx"]);
 const ours = /^(libhierfit|hierfit$)/;
 const plain = /^lib(faults|hierfit_faults|c|m|stdc\+\+|gcc_s)\.so/;
@@ -95,7 +96,8 @@ async function* failOutput() {
 async function* failInput() {
   const judge = (got) => (got.status === 0 ? [] : checkRefusal(got, [2]));
   // A document that ends too soon is shown with the place.
-  const judgeEnd = (got) => (got.status === 0 || (got.status === 2 && got.err) ? [] : [`status ${got.signal ?? got.status}`]);
+  const isTold = (got) => got.status === 0 || (got.status === 2 && got.err !== "");
+  const judgeEnd = (got) => (isTold(got) ? [] : [`status ${got.signal ?? got.status}`]);
   for (const test of all) {
     for (const name of ["EIO", "EINTR", "EACCES", "EMFILE", "end of file"]) {
       const number = errno[name] ?? 0;

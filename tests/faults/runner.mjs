@@ -27,7 +27,8 @@ export function run({ program, library }, test, folder, fault) {
   return new Promise((resolve) => {
     const temporary = join(folder, "tmp");
     const environment = { ...process.env, LD_PRELOAD: library, TMPDIR: temporary, ...fault };
-    const child = spawn(program, test.arguments, { cwd: folder, env: environment, stdio: ["pipe", "pipe", "pipe", "pipe"] });
+    const stdio = ["pipe", "pipe", "pipe", "pipe"];
+    const child = spawn(program, test.arguments, { cwd: folder, env: environment, stdio });
     const texts = ["", "", "", ""];
     for (const at of [1, 2, 3]) child.stdio[at].setEncoding("latin1").on("data", (text) => (texts[at] += text));
     child.stdin.on("error", () => {});
@@ -76,8 +77,9 @@ export async function faultEach(setting, test, fault, judge) {
   const folder = (worker) => join(setting.work, `${worker}`);
   for (let worker = 0; worker < workers; ++worker) {
     mkdirSync(folder(worker), { recursive: true });
-    for (const model of setting.models) cpSync(join(setting.examples, model), join(folder(worker), model), { recursive: true });
-    if (test.setUp) test.setUp(folder(worker));
+    for (const model of setting.models) {
+      cpSync(join(setting.examples, model), join(folder(worker), model), { recursive: true });
+    }
   }
   prepare(folder(0), test);
   const clean = await run(setting, test, folder(0), { FAULT_WHAT: fault.FAULT_WHAT, FAULT_FOLDER: fault.FAULT_FOLDER });
@@ -101,8 +103,8 @@ export async function faultEach(setting, test, fault, judge) {
       if (isDone && got.out !== expected.out && !test.isOutFree) faults.push("another output than without the fault");
       for (const one of faults) {
         const what = Object.values(fault).join(" ");
-        result.faults.push(`${test.name}, ${what} at ${at} (${got.call}; ${got.stack.slice(0, 8).join(" ")}): ${one}\n` +
-          `  ended with ${end}: ${got.err.slice(0, 300)}`);
+        const place = `${got.call}; ${got.stack.slice(0, 8).join(" ")}`;
+        result.faults.push(`${test.name}, ${what} at ${at} (${place}): ${one}\n  ended with ${end}: ${got.err.slice(0, 300)}`);
       }
     }
   };
