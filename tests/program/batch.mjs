@@ -153,7 +153,7 @@ const refused = [
   [["-o", "/proc/none", "m/oats"], 3, /^hierfit: \/proc\/none: No such file or directory\n$/],
   [["-f", "html", "m/oats"], 1, /^hierfit: --output is required: /],
   [["-o", "-", "m/oats"], 1, /^hierfit: --output must name a folder\n/],
-  [["-o", "", "m/oats"], 1, /^hierfit: --output: an empty name\n/],
+  [["-o", "", "m/oats"], 1, /^hierfit: --output is required: the folder/],
   [["-o", "never", "-f", "docs", "m/oats"], 1, /Try: hierfit --help\n$/],
   [["-o", "never", "-f", "json", "--only", "FixedEffects", "m/oats"], 1, /^hierfit: --only: json holds/],
   [["-o", "never", "--lang", "xx", "m/oats"], 1, /^hierfit: --lang: xx: no such language/],
