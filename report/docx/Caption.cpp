@@ -2,7 +2,7 @@
 
 #include "report/docx/Runs.h"
 #include "report/docx/Styles.h"
-#include "report/docx/Words.h"
+#include "report/items/Words.h"
 
 namespace hierfit::report::docx {
 
@@ -23,8 +23,9 @@ void AppendMark(std::string& out, std::string_view kind, int number, bool isStar
 
 void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Keep keep) {
     const bool isNamed = keep == Keep::WithNextAndNamed;
-    AppendParagraphStart(out, styles::kCaption, keep == Keep::Not ? "" : kKeepNext);
-    AppendRuns(out, std::string(kind) + " ", kBold);
+    const std::string_view together = keep == Keep::Not ? "" : kKeepNext;
+    AppendParagraphStart(out, styles::kCaption, std::string(together).append(DirectionOf(items::Say(kind))));
+    AppendRuns(out, std::string(items::Say(kind)) + " ", kBold);
     if (isNamed) AppendMark(out, kind, number, true);
     AppendField(out, "SEQ " + std::string(kind) + " \\* ARABIC", std::to_string(number), kBold);
     if (isNamed) AppendMark(out, kind, number, false);
@@ -34,10 +35,10 @@ void AppendCaption(std::string& out, std::string_view kind, int number, std::str
 }
 
 void AppendContinuedCaption(std::string& out, std::string_view kind, int number) {
-    AppendParagraphStart(out, styles::kContinued);
-    AppendRuns(out, std::string(kind) + " ", kBold);
+    AppendParagraphStart(out, styles::kContinued, DirectionOf(items::Say(kind)));
+    AppendRuns(out, std::string(items::Say(kind)) + " ", kBold);
     AppendField(out, "REF " + MarkOf(kind, number) + " \\h", std::to_string(number), kBold);
-    AppendRuns(out, words::kContinued);
+    AppendRuns(out, " (" + std::string(items::Say(items::kContinued)) + ")");
     out += kParagraphEnd;
 }
 

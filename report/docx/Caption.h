@@ -13,7 +13,8 @@ enum class Keep : unsigned char {
     WithNextAndNamed,  ///< its number can be repeated by `AppendContinuedCaption`
 };
 
-/// Appends "Table 3. Title", whose number is a field.
+/// Appends "Table 3. Title", whose number is a field. The kind is the English word, which is the counter's name in
+/// every language.
 void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Keep keep);
 
 /// Appends "Table 3 (continued)", which no list finds, and whose number is that of the table's caption.

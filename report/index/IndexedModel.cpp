@@ -24,7 +24,7 @@ void Describe(IndexedModel& model, const document::Document& document) {
     const std::vector<items::Entry> entries = items::ListEntries(document);
     html::Facts facts = html::FindFacts(entries);
     model.fTarget = std::move(facts.fTarget);
-    if (!facts.fTrials.empty()) model.fTarget.append(html::words::kOutOf).append(facts.fTrials);
+    if (!facts.fTrials.empty()) model.fTarget.append(" ").append(html::words::kOutOf).append(" ").append(facts.fTrials);
     model.fRecords = facts.fRecords;
     model.fAkaike = facts.fAkaike;
     model.fBayesian = facts.fBayesian;

@@ -62,7 +62,9 @@ class Writer {
     }
 
     void operator()(const document::Message& message) {
-        fOut.append("\\noindent\\textbf{").append(items::WordOfLevel(message.fLevel)).append(":} ");
+        fOut += "\\noindent\\textbf{";
+        AppendText(fOut, items::WordOfLevel(message.fLevel), latex::kProse, fNeeds.fScripts);
+        fOut += ":} ";
         AppendText(fOut, message.fText.fWords, latex::kProse, fNeeds.fScripts);
         fOut += '\n';
     }

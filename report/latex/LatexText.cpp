@@ -96,10 +96,10 @@ bool IsUnseen(char32_t code) {
 /// "\u{1B}"
 std::string SpellCode(char32_t code) { return fmt::format("\\u{{{:02X}}}", static_cast<unsigned>(code)); }
 
-/// Latin letters and what encodings of text fonts hold besides.
+/// Latin letters and what encodings of text fonts hold besides; the marks of direction, which stand in other texts.
 bool IsCommon(char32_t code) {
     constexpr std::u32string_view kMore = U"\u20AC\u2122\u2116\u2030\u2020\u2021\u2022\u2026\u2039\u203A\u2044\u2126";
-    return code < 0x250 || IsBetween(code, 0x1E00, 0x1EFF) || IsBetween(code, 0x2010, 0x201E) ||
+    return code < 0x250 || IsBetween(code, 0x1E00, 0x1EFF) || IsBetween(code, 0x200E, 0x201E) ||
            kMore.find(code) != std::u32string_view::npos;
 }
 

@@ -51,7 +51,7 @@ const knows = {
   "report/style": report(),
   "report/markup": [],
   "report/items": report(),
-  "report/text": report("items", "layout"),
+  "report/text": [...report("items", "layout"), ...host("language")],
   "report/json": report(),
   "report/html": report("items", "layout", "markup", "charts/layout", "charts/svg"),
   "report/charts": report("items", "charts/layout", "charts/svg"),
@@ -67,11 +67,11 @@ const knows = {
   "report/latex": report("items", "layout", "charts/layout"),
   "report/archive": ["report/modules"],
   "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
-  "report/formats": report(
-    "items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx", "charts",
-    "charts/raster",
-  ),
-  "report/xlsx": report("items", "layout", "text", "charts", "modules"),
+  "report/formats": [
+    ...report("items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx"),
+    ...report("charts", "charts/raster"), ...host("language"),
+  ],
+  "report/xlsx": report("items", "layout", "markup", "text", "charts", "modules"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
   "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
 };
