@@ -5,6 +5,7 @@
 #   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
 #   make build       build the release: build/release/bin/hierfit
+#   make languages   tell of each language how far it is, and what is wrong with it
 #   make bench       build, and measure
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
 #
@@ -14,7 +15,7 @@ EXAMPLE ?= bacteria
 SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build bench fuzz format clean
+.PHONY: report gallery test test-quick build languages bench fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
@@ -37,6 +38,9 @@ test-quick: setup-quick
 	ctest --preset release -LE outside
 	@echo "Left out, since they run R, Python packages, TeX or office:"
 	@ctest --preset release -N -L outside | sed -n 's/^ *Test *#[0-9]*: /  /p'
+
+languages:
+	@node tests/language/keys.mjs . --list
 
 bench: setup-test
 	@scripts/build release $(JOBS)

@@ -28,8 +28,7 @@ std::string MakeTitle(const document::Document& document, const Facts& facts, co
 
 void AppendFacts(std::string& out, const document::Document& document, const Facts& facts) {
     if (facts.fTarget.empty() && !facts.fRecords && document.fvSources.empty()) return;
-    std::string target = facts.fTarget;
-    if (!facts.fTrials.empty()) target.append(" ").append(items::Say(words::kOutOf)).append(" ").append(facts.fTrials);
+    const std::string target = SpellTarget(facts);
     out += "<dl class=\"facts\">\n";
     if (!target.empty()) AppendFact(out, words::Spell(words::kTarget), {target});
     if (facts.fRecords) {

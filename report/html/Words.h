@@ -13,7 +13,7 @@ namespace hierfit::report::html::words {
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kTarget = "Target";
-inline constexpr std::string_view kOutOf = "out of";
+inline constexpr std::string_view kOutOf = "^1 out of ^2";
 inline constexpr std::string_view kRecords = "Records";
 inline constexpr std::string_view kSources = "Documents";
 inline constexpr std::string_view kMore = "more";

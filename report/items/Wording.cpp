@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "host/language/Catalogue.h"
+
 namespace hierfit::report::items {
 
 namespace {
@@ -16,6 +18,10 @@ Wording::~Wording() { gpWording = fpBefore; }
 
 std::string_view Say(std::string_view english) {
     return gpWording && gpWording->fFind ? gpWording->fFind(english).value_or(english) : english;
+}
+
+std::string Say(std::string_view english, const std::vector<std::string_view>& values) {
+    return language::FillMarks(Say(english), values);
 }
 
 }  // namespace hierfit::report::items

@@ -2,7 +2,9 @@
 
 #include <functional>
 #include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace hierfit::report::items {
 
@@ -27,5 +29,8 @@ class Wording {
 
 /// A text in the language of the rendering.
 std::string_view Say(std::string_view english);
+
+/// The same with values in the places of its marks ^1 and so on.
+std::string Say(std::string_view english, const std::vector<std::string_view>& values);
 
 }  // namespace hierfit::report::items

@@ -1,6 +1,5 @@
 #include "report/text/ChartText.h"
 
-#include "host/language/Catalogue.h"
 #include "report/items/Words.h"
 #include "report/layout/ShownTable.h"
 #include "report/text/TableText.h"
@@ -16,8 +15,8 @@ void WriteValues(const document::ChartTable& shown, int width, Sink& sink) {
     WriteTable(MakeShownTable(shown, kMostRows), width, sink);
     if (shown.fvRows.size() <= kMostRows) return;
     const std::size_t more = shown.fvRows.size() - kMostRows;
-    const std::string_view words = items::Say(more == 1 ? items::kMoreRow : items::kMoreRows);
-    sink.WriteParagraph(Role::Plain, "", language::FillMarks(words, {std::to_string(more)}), width);
+    const std::string words = items::Say(more == 1 ? items::kMoreRow : items::kMoreRows, {std::to_string(more)});
+    sink.WriteParagraph(Role::Plain, "", words, width);
 }
 
 }  // namespace

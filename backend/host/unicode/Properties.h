@@ -11,6 +11,9 @@ constexpr bool TurnsOrParts(char32_t code) {
     return code == 0x061C || (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
 
+/// Whether a character is but a mark of direction, and takes no room.
+constexpr bool IsDirectionMark(char32_t code) { return code == 0x200E || code == 0x200F; }
+
 /// Columns that a character takes where all others take one: 0 for those that stand on or between others, 2 for wide
 /// ones.
 int WidthOf(char32_t code);
