@@ -112,7 +112,8 @@ void AddAppearance(CLI::App& app, OutputOptions& output) {
     AddNumber<double>(
         app, "--scale", &report::ReadScale, [&output](double scale) { output.fScale = scale; },
         "number above 0 and up to 20",
-        "Pixels of a png, or of a picture in a docx or xlsx, to a\npixel of the page: 2 by default, above 0 and up to 20");
+        "Pixels of a png, or of a picture in a docx or xlsx, to a\npixel of the page: 2 by default, above 0 and up to "
+        "20");
     app.add_flag("--static", output.fIsStatic, "HTML without the script; other formats stay as they are");
     app.add_flag("--standalone", output.fIsStandalone,
                  "LaTeX that compiles by itself, with lualatex; else it is\na fragment for \\input");
@@ -138,8 +139,16 @@ void AddOutputOptions(CLI::App& app, OutputOptions& output) {
     AddAppearance(app, output);
 }
 
+/// "C, de, en"
+std::string SpellLanguages() {
+    std::string list;
+    for (const std::string& language : session::Languages()) list += (list.empty() ? "" : ", ") + language;
+    return list;
+}
+
 void AddSettings(CLI::App& app, session::Settings& settings) {
-    app.add_option("--lang", settings.fLanguage, "Language of the report (default en); C shows source texts\nand keys")
+    app.add_option("--lang", settings.fLanguage,
+                   "Language of the report (default en); C shows source texts\nand keys. There are " + SpellLanguages())
         ->option_text("LANG");
     AddChoice<Labels, Labels>(app, "--variables", settings.fVariables,
                               {{"name", Labels::Name}, {"label", Labels::Label}, {"both", Labels::Both}}, "WHAT",
@@ -191,9 +200,7 @@ std::optional<std::string> CheckOutput(OutputOptions& output) {
 std::optional<std::string> CheckLanguage(const std::string& language) {
     const std::vector<std::string> languages = session::Languages();
     if (std::ranges::find(languages, language) != languages.end()) return {};
-    std::string list;
-    for (const std::string& one : languages) list += (list.empty() ? "" : ", ") + one;
-    return "--lang: " + language + ": no such language; there are " + list;
+    return "--lang: " + language + ": no such language; there are " + SpellLanguages();
 }
 
 Explanation Wrong(const std::string& what) {

@@ -8,6 +8,7 @@
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::latex {
 
@@ -109,9 +110,13 @@ class Writer {
     Writer(std::string& out, const TextPlace& place, Scripts& scripts) : fOut(out), fPlace(place), fScripts(scripts) {}
 
     void Append(std::string_view text) {
+        const std::size_t begin = fOut.size();
         AppendWords(text);
-        if (!fRightToLeft || fPlace.fIsParagraph) return;
-        fOut.insert(*fRightToLeft, "\\mbox{");
+        if (!fRightToLeft) return;
+        const bool isWhole = fPlace.fIsParagraph && BeginsRightToLeft(text);
+        if (!isWhole && fPlace.fIsParagraph) return;
+        const std::string_view language = fIsHebrew ? "\\foreignlanguage{hebrew}{" : "\\foreignlanguage{arabic}{";
+        fOut.insert(isWhole ? begin : *fRightToLeft, isWhole ? language : "\\mbox{");
         fOut += '}';
     }
 
@@ -178,6 +183,7 @@ class Writer {
             fScripts.fHasGreek = true;
         } else if (unicode::DirectionOf(code) == unicode::Direction::RightToLeft) {
             const bool isHebrew = IsBetween(code, 0x590, 0x5FF) || IsBetween(code, 0xFB1D, 0xFB4F);
+            if (!fRightToLeft) fIsHebrew = isHebrew;
             if (!fRightToLeft) fRightToLeft = fOut.size();
             (isHebrew ? fScripts.fHasHebrew : fScripts.fHasArabic) = true;
         } else {
@@ -188,6 +194,7 @@ class Writer {
     std::string& fOut;
     const TextPlace& fPlace;
     Scripts& fScripts;
+    bool fIsHebrew = false;                   ///< that letter
     std::optional<std::size_t> fRightToLeft;  ///< where the first letter stands that is written from right to left
 };
 

@@ -64,7 +64,7 @@ const knows = {
   "report/index": report("items", "markup", "html"),
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
-  "report/latex": report("items", "layout", "charts/layout"),
+  "report/latex": report("items", "layout", "markup", "charts/layout"),
   "report/archive": ["report/modules"],
   "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
   "report/formats": [
