@@ -16,7 +16,7 @@ inline constexpr std::string_view kUntitled = "Untitled";
 inline constexpr std::string_view kDiagnostics = "Diagnostics";
 inline constexpr std::string_view kContinued = "continued";
 inline constexpr std::string_view kChart = "Chart";
-inline constexpr std::string_view kMoreRow = "... and one more row";
+inline constexpr std::string_view kMoreRow = "... and ^1 more row";
 inline constexpr std::string_view kMoreRows = "... and ^1 more rows";
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 

@@ -200,6 +200,7 @@ async function checkMirrored(page) {
     const label = (words) => Array.from(document.querySelectorAll("tbody th bdi"), ({ firstChild }) => firstChild)
       .find(({ data }) => data === words);
     const beyond = Math.abs(box("tbody th").right - frame.getBoundingClientRect().right);
+    for (const header of document.querySelectorAll("tbody th")) header.style.whiteSpace = "nowrap";
     frame.scrollTo(-200, 0);
     const pinned = Math.abs(box("tbody th").right - frame.getBoundingClientRect().right);
     return {
