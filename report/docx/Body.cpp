@@ -87,7 +87,7 @@ void Body::WriteChart(const document::Chart& chart, std::string_view title) {
         AppendRuns(fOut, noPicture);
     }
     fOut += kParagraphEnd;
-    AppendCaption(fOut, words::kFigure, ++fFigures, title, Keep::Not);
+    AppendCaptionBelow(fOut, words::kFigure, ++fFigures, title);
 }
 
 void Body::AppendDrawing(DrawnPicture picture, Page page, std::string_view sentence) {

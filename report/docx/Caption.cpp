@@ -19,12 +19,7 @@ void AppendMark(std::string& out, std::string_view kind, int number, bool isStar
     out += "/>";
 }
 
-}  // namespace
-
-void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Keep keep) {
-    const bool isNamed = keep == Keep::WithNextAndNamed;
-    const std::string_view together = keep == Keep::Not ? "" : kKeepNext;
-    AppendParagraphStart(out, styles::kCaption, std::string(together).append(DirectionOf(items::Say(kind))));
+void AppendWords(std::string& out, std::string_view kind, int number, std::string_view title, bool isNamed) {
     AppendRuns(out, std::string(items::Say(kind)) + " ", kBold);
     if (isNamed) AppendMark(out, kind, number, true);
     AppendField(out, "SEQ " + std::string(kind) + " \\* ARABIC", std::to_string(number), kBold);
@@ -32,6 +27,19 @@ void AppendCaption(std::string& out, std::string_view kind, int number, std::str
     AppendRuns(out, ". ", kBold);
     AppendRuns(out, title);
     out += kParagraphEnd;
+}
+
+}  // namespace
+
+void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Continued continued) {
+    AppendParagraphStart(out, styles::kCaption, std::string(kKeepNext).append(DirectionOf(items::Say(kind))));
+    AppendWords(out, kind, number, title, continued == Continued::Yes);
+}
+
+void AppendCaptionBelow(std::string& out, std::string_view kind, int number, std::string_view title) {
+    constexpr std::string_view kNear = "<w:spacing w:before=\"80\" w:after=\"320\"/>";
+    AppendParagraphStart(out, styles::kCaption, std::string(DirectionInMiddle(items::Say(kind))).append(kNear));
+    AppendWords(out, kind, number, title, false);
 }
 
 void AppendContinuedCaption(std::string& out, std::string_view kind, int number) {

@@ -28,6 +28,7 @@ inline constexpr std::string_view kShowHere = "Show it here";
 inline constexpr std::string_view kIsChart = "chart";
 inline constexpr std::string_view kValues = "Values";
 inline constexpr std::string_view kPicture = "Picture";
+inline constexpr std::string_view kWay = "Arrow keys lead through its marks, with Shift through its legend";
 
 inline constexpr std::string_view kCopy = "Copy";
 inline constexpr std::string_view kCopied = "Copied";

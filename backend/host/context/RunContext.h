@@ -29,6 +29,7 @@ struct Settings {
     Labels fValues = Labels::Label;
     std::string fTemplateFolder;          ///< looked into before the installed templates; empty for none
     bool fMachineRefusesToStart = false;  ///< the chart stage's virtual machine; for tests
+    bool fTellsAll = false;               ///< also contradictions of the documents that mislead no reader of a report
 };
 
 /// Finds the translation of a source text or key.
