@@ -61,13 +61,19 @@ std::vector<WriteFailure> WriteFile(const document::Document& document, Format f
     return {};
 }
 
-/// The charts come first, so that none is missing where there is a file.
+/// The charts come first, so that none is missing where there is a file. Without any there is no folder for them.
 std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document, Format format,
                                              report::RenderSettings settings, const std::filesystem::path& path,
                                              ProgressLine* progress) {
     settings.fChartFolder = path.stem().string() + "-charts";
     const std::string folder = (path.parent_path() / settings.fChartFolder).string();
-    std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder, progress);
+    const auto charts = report::ListFiles(document, format, settings);
+    std::vector<WriteFailure> failures;
+    if (const auto* error = std::get_if<RenderError>(&charts)) {
+        failures.push_back(MakeFailure(*error));
+    } else if (const auto& files = std::get<std::vector<FileMaker>>(charts); !files.empty()) {
+        failures = WriteFiles(files, folder, progress);
+    }
     for (WriteFailure& failure : WriteFile(document, format, settings, path.string())) {
         failures.push_back(std::move(failure));
     }

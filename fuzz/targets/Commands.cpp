@@ -9,7 +9,7 @@
 #include "fuzz/Target.h"
 #include "program/arguments/CommandLine.h"
 #include "program/Rendering.h"
-#include "program/StandardError.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/formats/Render.h"
 #include "tests/support/ExampleFile.h"
@@ -73,12 +73,18 @@ struct Judge {
         constexpr std::size_t kMostBytes = 4 * program::kMostOfText + 200;
         if (told.fText.size() > kMostBytes) Fail("a long error: " + told.fText);
     }
+    void operator()(const program::VersionCommand& command) const {
+        if (!command.fIsAsked) Fail("a version that nobody asked for");
+    }
     void operator()(const program::ReportCommand& command) const {
         CheckDocuments(command.fvDocuments);
         CheckLanguage(command.fSettings);
         Render(command.fOutput);
     }
-    void operator()(const program::RenderCommand& command) const { Render(command.fOutput); }
+    void operator()(const program::RenderCommand& command) const {
+        if (command.fvDocuments.size() != 1) Fail("a number of documents out of its range");
+        Render(command.fOutput);
+    }
     void operator()(const program::CheckCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::BatchCommand& command) const {
