@@ -128,7 +128,7 @@ for (const args of [["--version", "--verbose"], ["--verbose", "--version"]]) {
   const { status, out } = run(...args);
   expect("versions", [status, out.split("\n")[0]], [0, run("--version").out.trim()]);
   for (const part of ["expat.\\d", "fmt \\d", "utf8proc \\d", "libhierfit.so\n", "librsvg \\d+\\.\\d+\\.\\d+ and cairo \\d",
-    "libzip \\d", "libxlsxwriter \\d", "languages: C en\n"]) expect("versions", out, new RegExp(part));
+    "libzip \\d", "libxlsxwriter \\d", "languages: C de en he\n"]) expect("versions", out, new RegExp(part));
 }
 for (const args of ["--help", "--version", "help report", "list models/oats", "models/oats"]) {
   const closed = spawn("bash", ["-c", `{ sleep 0.1; "$0" ${args}; echo $? >&2; } | true`, program]);
@@ -178,7 +178,7 @@ const wanted = [
   [["report", "--format=do"], ["--format=docx"]],
   [["list", "-f", ""], ["text", "json"]],
   [["models/oats", "--style", ""], ["plain", "apa", "ama"]],
-  [["batch", "--lang", ""], ["C", "en"]],
+  [["batch", "--lang", ""], ["C", "de", "en", "he"]],
   [["report", "models/oats", "--only", "FixedC"], names.filter((name) => name.startsWith("FixedC"))],
   [["report", "models/oats", "--only=ModelSummary-1,FixedE"], ["--only=ModelSummary-1,FixedEffects-1"]],
   [["render", "oats.json", "--only", "Classif"], names.filter((name) => name.startsWith("Classif"))],
