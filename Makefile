@@ -6,6 +6,7 @@
 #   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
 #   make build       build the release: build/release/bin/hierfit
+#   make languages   tell of each language how far it is, and what is wrong with it
 #   make bench       build, and measure
 #   make torture     build, and run with every fault that is tried: memory, disk, signals, threads; docs/reliability.md
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
@@ -20,7 +21,7 @@ RUNS ?= 1000000
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := report
-.PHONY: help report gallery test test-quick build bench torture fuzz coverage format clean
+.PHONY: help report gallery test test-quick build languages bench torture fuzz coverage format clean
 
 help:
 	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
@@ -47,6 +48,9 @@ test-quick: setup-quick
 	ctest --preset release -LE outside
 	@echo "Left out, since they run R, Python packages, TeX or office:"
 	@ctest --preset release -N -L outside | sed -n 's/^ *Test *#[0-9]*: /  /p'
+
+languages:
+	@node tests/language/keys.mjs . --list
 
 bench: setup-test
 	@scripts/build release $(JOBS)

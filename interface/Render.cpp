@@ -72,7 +72,9 @@ int hf_render(hf_run_t* run, const char* format, const hf_settings* settings, ch
     try {
         run->fError.clear();
         hierfit::report::RenderSettings given = settings ? settings->fRender : hierfit::report::RenderSettings{};
-        given.fModuleFolder = hierfit::session::FindPaths().fModuleFolder;
+        const hierfit::session::Paths paths = hierfit::session::FindPaths();
+        given.fModuleFolder = paths.fModuleFolder;
+        given.fLanguageFolder = paths.LanguageFolder();
         return interface::RenderTo(*run, format, given, bytes, size);
     } catch (const std::bad_alloc&) {
         return interface::Fail(*run, HF_UNWRITABLE, interface::kShortMemory);

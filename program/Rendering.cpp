@@ -6,6 +6,7 @@
 namespace hierfit::program {
 
 report::RenderSettings MakeRenderSettings(const OutputOptions& output, bool isTerminal) {
+    const session::Paths paths = session::FindPaths();
     return {output.fvOnly,
             {output.fStyle.value_or(report::style::StyleName::Plain), output.fDigits},
             {output.fIsStatic ? report::Scripts::No : report::Scripts::Yes, output.fTitle, output.fAuthor},
@@ -13,7 +14,8 @@ report::RenderSettings MakeRenderSettings(const OutputOptions& output, bool isTe
             output.fScale,
             {},
             output.fIsStandalone,
-            session::FindPaths().fModuleFolder};
+            paths.fModuleFolder,
+            paths.LanguageFolder()};
 }
 
 ExitStatus StatusOf(report::RenderFault fault) {

@@ -2,6 +2,7 @@
 "use strict";
 (() => {
   const words = document.body.dataset;
+  const isMirrored = document.documentElement.dir === "rtl";
   const all = (selector, root = document) => Array.from(root.querySelectorAll(selector));
   const give = (element, attributes) => Object.entries(attributes).forEach(([name, value]) => {
     if (value === null) element.removeAttribute(name);
@@ -28,19 +29,24 @@
       + (isLast ? `;border-bottom:${rule}` : "");
   };
 
+  // What a copy needs of a style, in words that all programs know.
+  const pick = ({ display, direction, textAlign }) =>
+    ({ display, direction, textAlign: textAlign !== "start" ? textAlign : isMirrored ? "right" : "left" });
+
   // What is shown of an element, with styles of its own.
   const copyOf = (element) => {
     const copy = element.cloneNode(true);
     const originals = all("*", element).map((original) => getComputedStyle(original));
-    const styled = all("*", copy).map((part, index) => [part, originals[index].textAlign, originals[index].display]);
-    for (const [part, , display] of styled) {
+    const styled = all("*", copy).map((part, index) => ({ part, ...pick(originals[index]) }));
+    for (const { part, display } of styled) {
       if (display === "none" || part.matches("caption, colgroup")) part.remove();
-      else if (part.matches("a, bdi, span")) part.replaceWith(...part.childNodes);
+      else if (part.matches("a, bdi:not([dir]), span")) part.replaceWith(...part.childNodes);
     }
-    for (const [part, textAlign] of styled) {
-      for (const name of part.getAttributeNames()) if (!name.endsWith("span")) part.removeAttribute(name);
+    for (const { part, textAlign, direction } of styled) {
+      for (const name of part.getAttributeNames()) if (!/span$|^dir$/.test(name)) part.removeAttribute(name);
       if (!part.matches("th, td") || !copy.contains(part)) continue;
       part.style.cssText = styleOf(part, textAlign);
+      if (isMirrored && direction === "ltr") part.dir = direction;
       const text = part.firstChild;
       if (text?.data) text.data = asTyped(text.data);
     }
@@ -50,8 +56,9 @@
   const copyRich = (figure) => {
     const table = copyOf(figure.querySelector("table"));
     table.style.borderCollapse = "collapse";
-    return `<p><b>${copyOf(figure.querySelector("caption")).innerHTML}</b></p>${table.outerHTML}`
+    const html = `<p><b>${copyOf(figure.querySelector("caption")).innerHTML}</b></p>${table.outerHTML}`
       + notesOf(figure).map((note) => `<p>${copyOf(note).innerHTML}</p>`).join("");
+    return isMirrored ? `<div dir="rtl">${html}</div>` : html;
   };
 
   // ---- Tables as text. A spelling says how a format has a text, the end of a line and the letter of a note.

@@ -89,9 +89,18 @@ void AddOutputOptions(OptionList& options, OutputOptions& output) {
     AddAppearance(options, output);
 }
 
+/// "C, de, en"
+std::string SpellLanguages() {
+    std::string list;
+    for (const std::string& language : session::Languages()) list += (list.empty() ? "" : ", ") + language;
+    return list;
+}
+
 void AddSettings(OptionList& options, session::Settings& settings) {
-    options.AddText("--lang", settings.fLanguage, "LANG",
-                    "Language of the report (default en); C shows source texts\nand keys", Kind::Languages);
+    options.AddText(
+        "--lang", settings.fLanguage, "LANG",
+        "Language of the report (default en); C shows source texts\nand keys. There are " + SpellLanguages(),
+        Kind::Languages);
     options.AddChoice<Labels, Labels>("--variables", settings.fVariables,
                                       {{"name", Labels::Name}, {"label", Labels::Label}, {"both", Labels::Both}},
                                       "WHAT", "choice", "Show variables by name, label (default) or both");

@@ -78,12 +78,13 @@ void Body::WriteChart(const document::Chart& chart, std::string_view title) {
     DrawnPicture picture = Draw(chart, title, fSettings);
     const Page page = ChoosePage(picture);
     Turn(page);
-    AppendParagraphStart(fOut, styles::kPicture);
+    const std::string_view noPicture = items::Say(words::kNoPicture);
+    AppendParagraphStart(fOut, styles::kPicture, DirectionOf(picture.fPng ? std::string_view() : noPicture));
     if (picture.fPng) {
         const std::string& sentence = chart.fPicture.fSentence;
         AppendDrawing(std::move(picture), page, sentence.empty() ? title : sentence);
     } else {
-        AppendRuns(fOut, words::kNoPicture);
+        AppendRuns(fOut, noPicture);
     }
     fOut += kParagraphEnd;
     AppendCaptionBelow(fOut, words::kFigure, ++fFigures, title);
@@ -98,14 +99,15 @@ void Body::AppendDrawing(DrawnPicture picture, Page page, std::string_view sente
 
 void Body::WriteMessage(Page page, int level, std::string_view text) {
     Turn(page);
-    AppendParagraphStart(fOut, styles::kMessage);
-    AppendRuns(fOut, std::string(items::WordOfLevel(level)) + ": ", kBold);
+    const std::string lead = std::string(items::WordOfLevel(level)) + ": ";
+    AppendParagraphStart(fOut, styles::kMessage, DirectionOf(lead));
+    AppendRuns(fOut, lead, kBold);
     AppendRuns(fOut, text);
     fOut += kParagraphEnd;
 }
 
 void Body::WriteDiagnostics(const document::Document& document) {
-    WriteHeading(1, items::kDiagnostics);
+    WriteHeading(1, items::Say(items::kDiagnostics));
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
         WriteMessage(Page::Upright, diagnostic.fLevel,
                      diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));

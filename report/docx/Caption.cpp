@@ -2,7 +2,7 @@
 
 #include "report/docx/Runs.h"
 #include "report/docx/Styles.h"
-#include "report/docx/Words.h"
+#include "report/items/Words.h"
 
 namespace hierfit::report::docx {
 
@@ -20,7 +20,7 @@ void AppendMark(std::string& out, std::string_view kind, int number, bool isStar
 }
 
 void AppendWords(std::string& out, std::string_view kind, int number, std::string_view title, bool isNamed) {
-    AppendRuns(out, std::string(kind) + " ", kBold);
+    AppendRuns(out, std::string(items::Say(kind)) + " ", kBold);
     if (isNamed) AppendMark(out, kind, number, true);
     AppendField(out, "SEQ " + std::string(kind) + " \\* ARABIC", std::to_string(number), kBold);
     if (isNamed) AppendMark(out, kind, number, false);
@@ -32,20 +32,21 @@ void AppendWords(std::string& out, std::string_view kind, int number, std::strin
 }  // namespace
 
 void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Continued continued) {
-    AppendParagraphStart(out, styles::kCaption, kKeepNext);
+    AppendParagraphStart(out, styles::kCaption, std::string(kKeepNext).append(DirectionOf(items::Say(kind))));
     AppendWords(out, kind, number, title, continued == Continued::Yes);
 }
 
 void AppendCaptionBelow(std::string& out, std::string_view kind, int number, std::string_view title) {
-    AppendParagraphStart(out, styles::kCaption, "<w:spacing w:before=\"80\" w:after=\"320\"/>");
+    constexpr std::string_view kNear = "<w:spacing w:before=\"80\" w:after=\"320\"/>";
+    AppendParagraphStart(out, styles::kCaption, std::string(DirectionInMiddle(items::Say(kind))).append(kNear));
     AppendWords(out, kind, number, title, false);
 }
 
 void AppendContinuedCaption(std::string& out, std::string_view kind, int number) {
-    AppendParagraphStart(out, styles::kContinued);
-    AppendRuns(out, std::string(kind) + " ", kBold);
+    AppendParagraphStart(out, styles::kContinued, DirectionOf(items::Say(kind)));
+    AppendRuns(out, std::string(items::Say(kind)) + " ", kBold);
     AppendField(out, "REF " + MarkOf(kind, number) + " \\h", std::to_string(number), kBold);
-    AppendRuns(out, words::kContinued);
+    AppendRuns(out, " (" + std::string(items::Say(items::kContinued)) + ")");
     out += kParagraphEnd;
 }
 

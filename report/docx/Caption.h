@@ -9,7 +9,8 @@ namespace hierfit::report::docx {
 /// Whether `AppendContinuedCaption` repeats a caption's number.
 enum class Continued : bool { No, Yes };
 
-/// Appends "Table 3. Title", whose number is a field, above a table.
+/// Appends "Table 3. Title", whose number is a field, above a table. The kind is the English word, which is the
+/// counter's name in every language.
 void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Continued continued);
 
 /// The same below a picture: nearer to it than to what follows.

@@ -10,6 +10,7 @@
 #include "report/items/Entries.h"
 #include "report/markup/Escape.h"
 #include "report/markup/LanguageTag.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report {
 
@@ -75,6 +76,7 @@ ArchiveFile MakeFooter() {
 }  // namespace
 
 std::vector<ArchiveFile> MakeDocxFiles(const document::Document& document, const DocxSettings& settings) {
+    const PageDirection direction(IsWrittenRightToLeft(document.fLanguage));
     Body body(settings);
     body.Write(document);
     std::vector<ArchiveFile> pictures = body.TakePictures();

@@ -2,6 +2,7 @@
 
 #include "report/docx/Relations.h"
 #include "report/docx/Runs.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report::docx {
 
@@ -12,7 +13,8 @@ void AppendSection(std::string& out, Page page) {
     if (page == Page::Turned) out += " w:orient=\"landscape\"";
     out += "/><w:pgMar";
     for (const char* side : {"w:top", "w:right", "w:bottom", "w:left"}) AppendNumber(out, side, kMargin);
-    out += " w:header=\"720\" w:footer=\"720\" w:gutter=\"0\"/></w:sectPr>";
+    out += " w:header=\"720\" w:footer=\"720\" w:gutter=\"0\"/>";
+    out += PageDirection::IsRightToLeft() ? "<w:bidi/></w:sectPr>" : "</w:sectPr>";
 }
 
 }  // namespace hierfit::report::docx

@@ -5,6 +5,7 @@
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
 #include "report/markup/Escape.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report::docx {
 
@@ -35,29 +36,31 @@ void AppendRun(std::string& out, std::string_view text, std::string_view propert
     out += "</w:t></w:r>";
 }
 
-/// What has no direction of its own goes from right to left where both sides of it do.
+bool IsDigit(char byte) { return byte >= '0' && byte <= '9'; }
+
+/// Parts a text at turns of its direction. What has no direction of its own goes with both its sides where they agree,
+/// else with the paragraph; digits stay with letters before them.
 void AppendByDirection(std::string& out, std::string_view text, std::string_view properties) {
+    const bool isBase = BeginsRightToLeft(text);
+    bool isRightToLeft = isBase;
     std::size_t begin = 0;
-    std::size_t strongEnd = 0;  // behind the last character that has a direction
-    bool isRightToLeft = false;
+    std::size_t strongEnd = 0;  // behind the last character that the run must hold
     for (std::size_t at = 0; at < text.size();) {
         const unicode::Character character = unicode::CharacterAt(text, at);
         const unicode::Direction direction = unicode::DirectionOf(character.fCode);
-        if (direction != unicode::Direction::Neither) {
-            const bool turns = (direction != unicode::Direction::LeftToRight) != isRightToLeft;
-            const std::size_t end = isRightToLeft ? strongEnd : at;
-            if (turns) {
-                AppendRun(out, text.substr(begin, end - begin), properties, isRightToLeft);
-                isRightToLeft = !isRightToLeft;
-                begin = end;
-            }
-            strongEnd = at + character.fLength;
+        const bool isNeutral = direction == unicode::Direction::Neither;
+        if (!isNeutral && (direction != unicode::Direction::LeftToRight) != isRightToLeft) {
+            const std::size_t end = isRightToLeft == isBase ? at : strongEnd;
+            AppendRun(out, text.substr(begin, end - begin), properties, isRightToLeft);
+            isRightToLeft = !isRightToLeft;
+            begin = end;
         }
         at += character.fLength;
+        if (!isNeutral || (!isRightToLeft && IsDigit(text[at - 1]))) strongEnd = at;
     }
-    const std::size_t end = isRightToLeft ? strongEnd : text.size();
+    const std::size_t end = isRightToLeft == isBase ? text.size() : strongEnd;
     AppendRun(out, text.substr(begin, end - begin), properties, isRightToLeft);
-    AppendRun(out, text.substr(end), properties, false);
+    AppendRun(out, text.substr(end), properties, isBase);
 }
 
 }  // namespace
@@ -71,9 +74,15 @@ void AppendParagraphStart(std::string& out, std::string_view style, std::string_
     out.append("<w:p><w:pPr><w:pStyle w:val=\"").append(style).append("\"/>").append(properties).append("</w:pPr>");
 }
 
+std::string_view DirectionOf(std::string_view text) {
+    if (BeginsRightToLeft(text)) return "<w:bidi/>";
+    return PageDirection::IsRightToLeft() ? "<w:jc w:val=\"right\"/>" : "";
+}
+
+std::string_view DirectionInMiddle(std::string_view text) { return BeginsRightToLeft(text) ? "<w:bidi/>" : ""; }
+
 void AppendParagraph(std::string& out, std::string_view style, std::string_view text, std::string_view properties) {
-    const std::string_view direction = BeginsRightToLeft(text) ? "<w:bidi/>" : "";
-    AppendParagraphStart(out, style, std::string(properties).append(direction));
+    AppendParagraphStart(out, style, std::string(properties).append(DirectionOf(text)));
     AppendRuns(out, text);
     out += kParagraphEnd;
 }

@@ -18,6 +18,13 @@ void AppendRuns(std::string& out, std::string_view text, std::string_view proper
 /// the style among a paragraph's properties, up to `w:tabs`.
 void AppendParagraphStart(std::string& out, std::string_view style, std::string_view properties = {});
 
+/// Properties of a paragraph by the direction of its text, which follow the others. A text from left to right begins at
+/// the right of a page from right to left, so that figures and names in it keep their order.
+std::string_view DirectionOf(std::string_view text);
+
+/// The same of a paragraph in the middle.
+std::string_view DirectionInMiddle(std::string_view text);
+
 /// Appends a paragraph of a text alone, in the text's own direction.
 void AppendParagraph(std::string& out, std::string_view style, std::string_view text, std::string_view properties = {});
 

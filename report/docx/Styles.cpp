@@ -4,6 +4,7 @@
 
 #include "report/docx/Parts.h"
 #include "report/docx/Runs.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report::docx {
 
@@ -82,6 +83,7 @@ void AppendHeading(std::string& out, int level) {
 void AppendDefaults(std::string& out, std::string_view language) {
     out.append("<w:docDefaults><w:rPrDefault><w:rPr>").append(kFonts);
     out.append("<w:sz w:val=\"21\"/><w:szCs w:val=\"21\"/><w:lang w:val=\"").append(language);
+    if (PageDirection::IsRightToLeft()) out.append("\" w:bidi=\"").append(language);
     out.append("\"/></w:rPr></w:rPrDefault><w:pPrDefault><w:pPr><w:spacing w:after=\"120\" w:line=\"264\" ");
     out += "w:lineRule=\"auto\"/></w:pPr></w:pPrDefault></w:docDefaults>\n";
     out +=

@@ -1,7 +1,10 @@
 #include "report/formats/Render.h"
 
+#include <algorithm>
+#include <memory>
 #include <utility>
 
+#include "host/language/Catalogue.h"
 #include "report/charts/Pictures.h"
 #include "report/csv/Csv.h"
 #include "report/formats/Docx.h"
@@ -10,6 +13,7 @@
 #include "report/html/HtmlReport.h"
 #include "report/items/Entries.h"
 #include "report/items/Selection.h"
+#include "report/items/Wording.h"
 #include "report/json/JsonDocument.h"
 #include "report/latex/LatexReport.h"
 #include "report/markdown/MarkdownReport.h"
@@ -57,6 +61,14 @@ std::optional<RenderError> CheckChoice(const document::Document& document, Forma
     return {};
 }
 
+/// A document may come from anywhere: its language is but a name among those that there are.
+std::unique_ptr<language::Catalogue> OpenCatalogue(const std::string& language, const std::string& folder) {
+    if (folder.empty()) return nullptr;
+    const std::vector<std::string> languages = language::ListLanguages(folder);
+    if (std::ranges::find(languages, language) == languages.end()) return nullptr;
+    return language::Catalogue::Open(folder + "/" + language + ".mo");
+}
+
 }  // namespace
 
 std::optional<RenderError> Prepare(document::Document& document, Format format, const RenderSettings& settings) {
@@ -71,6 +83,9 @@ std::optional<RenderError> Prepare(document::Document& document, Format format, 
 
 std::variant<std::string, RenderError> Render(const document::Document& document, Format format,
                                               const RenderSettings& settings) {
+    const auto catalogue = OpenCatalogue(document.fLanguage, settings.fLanguageFolder);
+    const items::Wording wording(catalogue ? [&](std::string_view english) { return catalogue->Find(english); }
+                                           : items::Wording::Find());
     switch (format) {
         case Format::Text:
             return MakeTextReport(document, settings.fText);

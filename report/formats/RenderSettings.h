@@ -17,10 +17,11 @@ struct RenderSettings {
     style::FigureStyle fStyle;
     HtmlSettings fHtml;
     TextOptions fText;
-    double fScale = 2;           ///< pixels of a PNG to a pixel of its picture, as `ReadScale` takes it
-    std::string fChartFolder;    ///< beside the file, as its links name it; empty: no charts are beside it
-    bool fIsStandalone = false;  ///< LaTeX that compiles by itself
-    std::string fModuleFolder;   ///< where formats that take a library of their own find it
+    double fScale = 2;            ///< pixels of a PNG to a pixel of its picture, as `ReadScale` takes it
+    std::string fChartFolder;     ///< beside the file, as its links name it; empty: no charts are beside it
+    bool fIsStandalone = false;   ///< LaTeX that compiles by itself
+    std::string fModuleFolder;    ///< where formats that take a library of their own find it
+    std::string fLanguageFolder;  ///< catalogues, for a report's own words in the document's language; else in English
 };
 
 enum class RenderFault {

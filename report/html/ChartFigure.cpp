@@ -40,11 +40,13 @@ void AppendBoth(std::string& out, const Scene& desk, const Scene& phone) {
     AppendSvg(out, desk, Names::Marks, " class=\"desk" + room);
     out += '\n';
     AppendSvg(out, phone, Names::None,
-              " class=\"phone" + room + " role=\"img\" aria-label=\"" + std::string(words::kPicture) + '"');
+              " class=\"phone" + room + " role=\"img\" aria-label=\"" + words::Spell(words::kPicture) + '"');
 }
 
 void AppendDrawing(std::string& out, const document::Picture& picture, const Scene& desk) {
-    out.append("<div class=\"drawing\" role=\"group\" aria-label=\"").append(words::kPicture).append("\">\n");
+    out.append("<div class=\"drawing\" role=\"group\" aria-label=\"")
+        .append(words::Spell(words::kPicture))
+        .append("\">\n");
     const Scene phone = desk.fWidth > charts::kPhoneWidth ? charts::LayOut(picture, charts::kPhoneWidth) : Scene{};
     if (phone.fWidth > 0 && phone.fWidth < desk.fWidth) {
         AppendBoth(out, desk, phone);
@@ -64,7 +66,7 @@ void AppendSentence(std::string& out, const std::string& sentence, const ChartPl
 void AppendValues(std::string& out, const document::Picture& picture, const ChartPlace& place) {
     const std::vector<const document::ChartTable*> tables = FindShownTables(picture);
     if (tables.empty()) return;
-    out.append("<details><summary>").append(words::kValues).append("</summary>\n");
+    out.append("<details><summary>").append(words::Spell(words::kValues)).append("</summary>\n");
     int number = place.fTable;
     for (const document::ChartTable* table : tables) {
         out += "<div class=\"values\">\n";

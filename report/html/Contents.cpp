@@ -23,12 +23,13 @@ void AppendLink(std::string& out, std::string_view anchor, std::string_view befo
 void AppendEntry(std::string& out, const Entry& entry) {
     std::string level;
     if (const auto* message = std::get_if<document::Message>(&entry.fpItem->fContent)) {
-        level = words::LevelOf(message->fLevel).fWord;
+        level = words::Spell(words::LevelOf(message->fLevel).fWord);
         level += ": ";
     }
     // Tables and their charts have the same titles.
     const bool isChart = std::holds_alternative<document::Chart>(entry.fpItem->fContent);
-    AppendLink(out, entry.fAnchor, level, items::TitleOf(*entry.fpItem), isChart ? words::kIsChart : "");
+    AppendLink(out, entry.fAnchor, level, items::TitleOf(*entry.fpItem),
+               isChart ? " (" + words::Spell(words::kIsChart) + ")" : "");
 }
 
 // From an entry to one at another depth; an entry goes at most one deeper than the one before.
@@ -45,9 +46,9 @@ void AppendStep(std::string& out, int from, int to) {
 
 void AppendContents(std::string& out, const std::vector<Entry>& entries, bool hasDiagnostics) {
     if (entries.empty() && !hasDiagnostics) return;
-    out.append("<nav id=\"").append(kContentsAnchor).append("\" aria-label=\"").append(words::kContents);
+    out.append("<nav id=\"").append(kContentsAnchor).append("\" aria-label=\"").append(words::Spell(words::kContents));
     out += "\">\n<details open>\n<summary>";
-    out += words::kContents;
+    out += words::Spell(words::kContents);
     out += "</summary>";
     int depth = -1;
     for (const Entry& entry : entries) {
@@ -57,7 +58,7 @@ void AppendContents(std::string& out, const std::vector<Entry>& entries, bool ha
     }
     if (hasDiagnostics) {
         AppendStep(out, depth, 0);
-        AppendLink(out, kDiagnosticsAnchor, {}, items::kDiagnostics);
+        AppendLink(out, kDiagnosticsAnchor, {}, items::Say(items::kDiagnostics));
         depth = 0;
     }
     for (; depth >= 0; --depth) out += "</li>\n</ol>\n";

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "host/SystemMissing.h"
+#include "report/html/Words.h"
 
 namespace hierfit::report::html {
 
@@ -117,6 +118,10 @@ Facts FindFacts(const std::vector<items::Entry>& entries) {
     }
     if (!facts.fRecords && !facts.fTarget.empty() && facts.fTrials.empty()) facts.fRecords = classified;
     return facts;
+}
+
+std::string SpellTarget(const Facts& facts) {
+    return facts.fTrials.empty() ? facts.fTarget : items::Say(words::kOutOf, {facts.fTarget, facts.fTrials});
 }
 
 }  // namespace hierfit::report::html

@@ -21,4 +21,7 @@ struct Facts {
 /// of the predicted by the observed values, else in a classification of a target that is no count of events.
 Facts FindFacts(const std::vector<items::Entry>& entries);
 
+/// The target with what its events are counted out of.
+std::string SpellTarget(const Facts& facts);
+
 }  // namespace hierfit::report::html

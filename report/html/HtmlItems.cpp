@@ -35,7 +35,7 @@ class ItemWriter {
     void operator()(const document::Heading&) {
         const std::string level = std::to_string(HeadingLevel(fDepth));
         fOut.append("<section id=\"").append(fpEntry->fAnchor).append("\">\n<a class=\"skip\" href=\"#");
-        fOut.append(kContentsAnchor).append("\">").append(words::kContents).append("</a>\n");
+        fOut.append(kContentsAnchor).append("\">").append(words::Spell(words::kContents)).append("</a>\n");
         fOut.append("<details open class=\"fold\"><summary><h").append(level).append(">");
         AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
         fOut.append("</h").append(level).append("></summary>\n");
@@ -56,7 +56,7 @@ class ItemWriter {
     void operator()(const document::Message& message) {
         const words::Level& level = words::LevelOf(message.fLevel);
         fOut.append("<p class=\"message ").append(level.fClass).append("\" id=\"").append(fpEntry->fAnchor);
-        fOut.append("\"><strong>").append(level.fWord).append("</strong> ");
+        fOut.append("\"><strong>").append(words::Spell(level.fWord)).append("</strong> ");
         AppendText(fOut, message.fText.fWords);
         fOut += "</p>\n";
     }
@@ -66,9 +66,15 @@ class ItemWriter {
     void BeginRepeat() {
         fOut += "<p class=\"repeat\">";
         AppendText(fOut, items::TitleOf(*fpEntry->fpItem));
-        fOut.append(words::kSameTable).append("<a href=\"#").append(fRepeat.fpFirst->fAnchor).append("\">");
+        fOut.append(": ")
+            .append(words::Spell(words::kSameTable))
+            .append(" <a href=\"#")
+            .append(fRepeat.fpFirst->fAnchor)
+            .append("\">");
         AppendText(fOut, items::TitleOf(*(fRepeat.fpHeading ? fRepeat.fpHeading : fRepeat.fpFirst)->fpItem));
-        fOut.append("</a>.</p>\n<details class=\"repeat\"><summary>").append(words::kShowHere).append("</summary>\n");
+        fOut.append("</a>.</p>\n<details class=\"repeat\"><summary>")
+            .append(words::Spell(words::kShowHere))
+            .append("</summary>\n");
     }
 
     std::string& fOut;
@@ -81,7 +87,11 @@ class ItemWriter {
 
 void AppendDiagnostic(std::string& out, const document::Document& document, const document::Diagnostic& diagnostic) {
     const words::Level& level = words::LevelOf(diagnostic.fLevel);
-    out.append("<li class=\"").append(level.fClass).append("\"><strong>").append(level.fWord).append("</strong> ");
+    out.append("<li class=\"")
+        .append(level.fClass)
+        .append("\"><strong>")
+        .append(words::Spell(level.fWord))
+        .append("</strong> ");
     AppendText(out, diagnostic.fText);
     if (diagnostic.fPlace) {
         out += " <span class=\"place\">";
@@ -103,7 +113,7 @@ void AppendItems(std::string& out, const std::vector<items::Entry>& entries, Ful
 void AppendDiagnostics(std::string& out, const document::Document& document) {
     if (document.fvDiagnostics.empty()) return;
     out.append("<section class=\"diagnostics\" id=\"").append(kDiagnosticsAnchor).append("\">\n<h2>");
-    out.append(items::kDiagnostics).append("</h2>\n<ul>\n");
+    out.append(words::Spell(items::kDiagnostics)).append("</h2>\n<ul>\n");
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) AppendDiagnostic(out, document, diagnostic);
     out += "</ul>\n</section>\n";
 }

@@ -10,6 +10,7 @@
 #include "report/html/Words.h"
 #include "report/markup/Escape.h"
 #include "report/markup/LanguageTag.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report {
 
@@ -41,7 +42,7 @@ void AppendBodyTag(std::string& out, Scripts scripts) {
     out += "<body";
     if (scripts == Scripts::Yes) {
         for (const auto& [name, word] : kScriptWords) {
-            out.append(" data-").append(name).append("=\"").append(word).append("\"");
+            out.append(" data-").append(name).append("=\"").append(html::words::Spell(word)).append("\"");
         }
     }
     out += ">\n";
@@ -67,11 +68,13 @@ std::size_t RoomFor(const std::vector<items::Entry>& entries) {
 std::string MakeHtmlReport(const document::Document& document, const HtmlSettings& settings) {
     const std::vector<items::Entry> entries = items::ListEntries(document);
     const html::Facts facts = html::FindFacts(entries);
+    const bool isRightToLeft = IsWrittenRightToLeft(document.fLanguage);
+    const PageDirection direction(isRightToLeft);
     std::string out;
     out.reserve(RoomFor(entries));
     out.append("<!DOCTYPE html>\n<html lang=\"")
         .append(MakeLanguageTag(document.fLanguage))
-        .append("\" data-running=\"");
+        .append(isRightToLeft ? "\" dir=\"rtl\" data-running=\"" : "\" data-running=\"");
     AppendCharacters(out, html::RunningTitle(document, facts, settings));
     out += "\" data-producer=\"";
     AppendCharacters(out, document.fProducer);

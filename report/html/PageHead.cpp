@@ -28,14 +28,14 @@ std::string MakeTitle(const document::Document& document, const Facts& facts, co
 
 void AppendFacts(std::string& out, const document::Document& document, const Facts& facts) {
     if (facts.fTarget.empty() && !facts.fRecords && document.fvSources.empty()) return;
-    std::string target = facts.fTarget;
-    if (!facts.fTrials.empty()) target.append(words::kOutOf).append(facts.fTrials);
+    const std::string target = SpellTarget(facts);
     out += "<dl class=\"facts\">\n";
-    if (!target.empty()) AppendFact(out, words::kTarget, {target});
+    if (!target.empty()) AppendFact(out, words::Spell(words::kTarget), {target});
     if (facts.fRecords) {
-        AppendFact(out, words::kRecords, {document::FormatNumber(*facts.fRecords, {document::FormatName::Count})});
+        AppendFact(out, words::Spell(words::kRecords),
+                   {document::FormatNumber(*facts.fRecords, {document::FormatName::Count})});
     }
-    AppendFact(out, words::kSources, document.fvSources);
+    AppendFact(out, words::Spell(words::kSources), document.fvSources);
     out += "</dl>\n";
 }
 
@@ -49,7 +49,7 @@ class AlertList {
         if (fCount > kMostAlerts) return;
         if (fCount == 1) fOut += "<ul class=\"alerts\">\n";
         const words::Level& name = words::LevelOf(level);
-        fOut.append("<li class=\"").append(name.fClass).append("\"><strong>").append(name.fWord);
+        fOut.append("<li class=\"").append(name.fClass).append("\"><strong>").append(words::Spell(name.fWord));
         fOut.append("</strong> <a href=\"#").append(anchor).append("\">");
         AppendText(fOut, unicode::Excerpt(text));
         fOut += "</a></li>\n";
@@ -57,7 +57,11 @@ class AlertList {
 
     void End() {
         if (fCount > kMostAlerts) {
-            fOut.append("<li>").append(std::to_string(fCount - kMostAlerts)).append(words::kMore).append("</li>\n");
+            fOut.append("<li>")
+                .append(std::to_string(fCount - kMostAlerts))
+                .append(" ")
+                .append(words::Spell(words::kMore))
+                .append("</li>\n");
         }
         if (fCount > 0) fOut += "</ul>\n";
     }
@@ -74,7 +78,8 @@ void AppendAlerts(std::string& out, const document::Document& document, const st
         if (message) alerts.Add(message->fLevel, items::TitleOf(*entry.fpItem), entry.fAnchor);
     }
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-        alerts.Add(diagnostic.fLevel, diagnostic.fText.empty() ? items::kUntitled : diagnostic.fText,
+        alerts.Add(diagnostic.fLevel,
+                   diagnostic.fText.empty() ? std::string(items::Say(items::kUntitled)) : diagnostic.fText,
                    kDiagnosticsAnchor);
     }
     alerts.End();
@@ -101,7 +106,7 @@ void AppendHead(std::string& out, const document::Document& document, const Fact
 
 void AppendHeader(std::string& out, const document::Document& document, const std::vector<items::Entry>& entries,
                   const Facts& facts, const HtmlSettings& settings) {
-    out.append("<a class=\"skip\" href=\"#main\">").append(words::kSkip).append("</a>\n<header>\n<h1>");
+    out.append("<a class=\"skip\" href=\"#main\">").append(words::Spell(words::kSkip)).append("</a>\n<header>\n<h1>");
     AppendText(out, settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle);
     out += "</h1>\n";
     AppendByline(out, document, settings);

@@ -2,31 +2,30 @@
 
 #include <algorithm>
 #include <array>
+#include <string>
 #include <string_view>
 
 #include "report/items/Words.h"
 
-/// The page's own words, all of them; what the document holds is in its own language.
+/// The page's own words, all of them, in English; `Spell` gives those of the report's language.
 namespace hierfit::report::html::words {
-
-inline constexpr std::string_view kLanguage = "en";
 
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
 inline constexpr std::string_view kTarget = "Target";
-inline constexpr std::string_view kOutOf = " out of ";
+inline constexpr std::string_view kOutOf = "^1 out of ^2";
 inline constexpr std::string_view kRecords = "Records";
 inline constexpr std::string_view kSources = "Documents";
-inline constexpr std::string_view kMore = " more";
+inline constexpr std::string_view kMore = "more";
 inline constexpr std::string_view kTable = "table";
 inline constexpr std::string_view kSmall = "Figures that would show as zero are given with three significant digits.";
-inline constexpr std::string_view kReferences = "Reference levels, whose coefficients are zero: ";
+inline constexpr std::string_view kReferences = "Reference levels, whose coefficients are zero:";
 inline constexpr std::string_view kShowRedundant = "Show redundant coefficients";
 inline constexpr std::string_view kOnPaper = "Print them";
-inline constexpr std::string_view kSameTable = ": the same table as in ";
+inline constexpr std::string_view kSameTable = "the same table as in";
 inline constexpr std::string_view kShowHere = "Show it here";
 
-inline constexpr std::string_view kIsChart = " (chart)";
+inline constexpr std::string_view kIsChart = "chart";
 inline constexpr std::string_view kValues = "Values";
 inline constexpr std::string_view kPicture = "Picture";
 inline constexpr std::string_view kWay = "Arrow keys lead through its marks, with Shift through its legend";
@@ -45,6 +44,9 @@ inline constexpr std::string_view kSaveCsv = "Save as CSV";
 inline constexpr std::string_view kSaveSvg = "Save as SVG";
 inline constexpr std::string_view kSavePng = "Save as PNG";
 inline constexpr std::string_view kCopyValues = "Copy values as CSV";
+
+/// A text in the language of the page, as characters of an element or of an attribute.
+std::string Spell(std::string_view english);
 
 /// How grave a message or diagnostic is.
 struct Level {

@@ -127,7 +127,7 @@ void AppendHeader(std::string& out, const Index& index, const HtmlSettings& sett
 std::string MakeIndexPage(const Index& index, const HtmlSettings& settings) {
     const std::string_view title = settings.fTitle.empty() ? kTitle : std::string_view(settings.fTitle);
     std::string out = "<!DOCTYPE html>\n<html lang=\"";
-    out.append(html::words::kLanguage).append("\" data-running=\"");
+    out.append("en").append("\" data-running=\"");
     AppendCharacters(out, title);
     out += "\">\n";
     html::AppendHeadElement(out, title, index.fProducer, {Scripts::No, {}, settings.fAuthor});

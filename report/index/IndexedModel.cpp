@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "report/html/Facts.h"
-#include "report/html/Words.h"
 #include "report/items/Entries.h"
 
 namespace hierfit::report {
@@ -22,9 +21,8 @@ bool IsWarning(const items::Entry& entry) {
 
 void Describe(IndexedModel& model, const document::Document& document) {
     const std::vector<items::Entry> entries = items::ListEntries(document);
-    html::Facts facts = html::FindFacts(entries);
-    model.fTarget = std::move(facts.fTarget);
-    if (!facts.fTrials.empty()) model.fTarget.append(html::words::kOutOf).append(facts.fTrials);
+    const html::Facts facts = html::FindFacts(entries);
+    model.fTarget = html::SpellTarget(facts);
     model.fRecords = facts.fRecords;
     model.fAkaike = facts.fAkaike;
     model.fBayesian = facts.fBayesian;

@@ -24,7 +24,7 @@ class Lister {
 };
 
 std::string_view OrUntitled(std::string_view title) {
-    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? kUntitled : title;
+    return title.find_first_not_of(" \t\r\n") == std::string_view::npos ? Say(kUntitled) : title;
 }
 
 struct Title {

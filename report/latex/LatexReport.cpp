@@ -73,7 +73,10 @@ class Writer {
     void AppendDiagnostics(const document::Document& document) {
         if (document.fvDiagnostics.empty()) return;
         const bool isOwn = fNeeds.fPage == latex::Page::Own;
-        fOut.append(isOwn ? "\n\\section*{" : "\n% ").append(items::kDiagnostics).append(isOwn ? "}\n" : ":\n");
+        fOut += isOwn ? "\n\\section*{" : "\n% ";
+        if (isOwn) AppendText(fOut, items::Say(items::kDiagnostics), latex::kTitle, fNeeds.fScripts);
+        if (!isOwn) fOut += items::Say(items::kDiagnostics);
+        fOut += isOwn ? "}\n" : ":\n";
         for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
             const std::string text = diagnostic.fText + document::SpellPlaceBehind(document, diagnostic);
             if (!isOwn) {
@@ -96,7 +99,9 @@ class Writer {
     }
 
     void AppendMessage(int level, std::string_view text) {
-        fOut.append("\\noindent\\textbf{").append(items::WordOfLevel(level)).append(":} ");
+        fOut += "\\noindent\\textbf{";
+        AppendText(fOut, items::WordOfLevel(level), latex::kProse, fNeeds.fScripts);
+        fOut += ":} ";
         AppendText(fOut, text, latex::kProse, fNeeds.fScripts);
         fOut += '\n';
     }

@@ -10,7 +10,6 @@ namespace hierfit::report::latex {
 namespace {
 
 constexpr double kNarrowest = 0.6;  // of the line: what is narrower is stretched to this, for the sake of its notes
-constexpr std::string_view kContinued = " (continued)";
 constexpr std::string_view kSmall = "\\footnotesize\\setlength{\\tabcolsep}{4pt}";
 constexpr std::string_view kWholeDigits = "\\sisetup{group-digits=none}\n";
 
@@ -39,7 +38,8 @@ class Writer {
         fOut.append("\\begin{table}").append(PlacementOn(fNeeds.fPage)).append("\n\\centering\n");
         fOut += "\\begin{threeparttable}\n";
         AppendCaption();
-        fOut.append(items::kNoCells).append("\n");
+        AppendText(fOut, items::Say(items::kNoCells), kProse, fNeeds.fScripts);
+        fOut += '\n';
         AppendNotes(fNotes.MakeItems(true));
         fOut += "\\end{threeparttable}\n\\end{table}\n";
         fNotes.AppendLongTexts(fOut);
@@ -51,11 +51,15 @@ class Writer {
 
     void AppendTitle() { fNotes.AppendShown(fOut, fTitle, kTitle); }
 
+    void AppendContinued() {
+        AppendText(fOut, " (" + std::string(items::Say(items::kContinued)) + ")", kTitle, fNeeds.fScripts);
+    }
+
     // Parts of a table have one number.
     void AppendCaption() {
         fOut += "\\caption{";
         AppendTitle();
-        if (!IsFirst()) fOut += kContinued;
+        if (!IsFirst()) AppendContinued();
         fOut += '}';
         if (IsFirst()) fOut.append("\\label{tab:").append(fAnchor).append("}");
         fOut += '\n';
@@ -114,10 +118,8 @@ class Writer {
         fOut.back() = '\\';
         fOut.append("\\\n").append(head).append("\\endfirsthead\n\\caption[]{");
         AppendTitle();
-        fOut.append(kContinued)
-            .append("}\\\\\n")
-            .append(head)
-            .append("\\endhead\n\\bottomrule\n\\endfoot\n\\bottomrule\n");
+        AppendContinued();
+        fOut.append("}\\\\\n").append(head).append("\\endhead\n\\bottomrule\n\\endfoot\n\\bottomrule\n");
         if (!items.empty()) fOut += "\\insertTableNotes\n";
         fOut.append("\\endlastfoot\n").append(body).append("\\end{longtable}\n\\end{ThreePartTable}\n");
         if (setting.fIsSideways) fOut += "\\end{landscape}\n";

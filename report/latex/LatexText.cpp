@@ -9,6 +9,7 @@
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::latex {
 
@@ -97,10 +98,10 @@ bool IsUnseen(char32_t code) {
 /// "\u{1B}"
 std::string SpellCode(char32_t code) { return fmt::format("\\u{{{:02X}}}", static_cast<unsigned>(code)); }
 
-/// Latin letters and what encodings of text fonts hold besides.
+/// Latin letters and what encodings of text fonts hold besides; the marks of direction, which stand in other texts.
 bool IsCommon(char32_t code) {
     constexpr std::u32string_view kMore = U"\u20AC\u2122\u2116\u2030\u2020\u2021\u2022\u2026\u2039\u203A\u2044\u2126";
-    return code < 0x250 || IsBetween(code, 0x1E00, 0x1EFF) || IsBetween(code, 0x2010, 0x201E) ||
+    return code < 0x250 || IsBetween(code, 0x1E00, 0x1EFF) || IsBetween(code, 0x200E, 0x201E) ||
            kMore.find(code) != std::u32string_view::npos;
 }
 
@@ -110,9 +111,13 @@ class Writer {
     Writer(std::string& out, const TextPlace& place, Scripts& scripts) : fOut(out), fPlace(place), fScripts(scripts) {}
 
     void Append(std::string_view text) {
+        const std::size_t begin = fOut.size();
         AppendWords(text);
-        if (!fRightToLeft || fPlace.fIsParagraph) return;
-        fOut.insert(*fRightToLeft, "\\mbox{");
+        if (!fRightToLeft) return;
+        const bool isWhole = fPlace.fIsParagraph && BeginsRightToLeft(text);
+        if (!isWhole && fPlace.fIsParagraph) return;
+        const std::string_view language = fIsHebrew ? "\\foreignlanguage{hebrew}{" : "\\foreignlanguage{arabic}{";
+        fOut.insert(isWhole ? begin : *fRightToLeft, isWhole ? language : "\\mbox{");
         fOut += '}';
     }
 
@@ -179,6 +184,7 @@ class Writer {
             fScripts.fHasGreek = true;
         } else if (unicode::DirectionOf(code) == unicode::Direction::RightToLeft) {
             const bool isHebrew = IsBetween(code, 0x590, 0x5FF) || IsBetween(code, 0xFB1D, 0xFB4F);
+            if (!fRightToLeft) fIsHebrew = isHebrew;
             if (!fRightToLeft) fRightToLeft = fOut.size();
             (isHebrew ? fScripts.fHasHebrew : fScripts.fHasArabic) = true;
         } else {
@@ -189,6 +195,7 @@ class Writer {
     std::string& fOut;
     const TextPlace& fPlace;
     Scripts& fScripts;
+    bool fIsHebrew = false;                   ///< that letter
     std::optional<std::size_t> fRightToLeft;  ///< where the first letter stands that is written from right to left
 };
 

@@ -84,7 +84,7 @@ void AppendLine(std::string& out, std::string_view words) {
 void AppendTable(std::string& out, const document::Table& table) {
     const Grid grid = MakeGrid(table);
     if (grid.fRows == 0) {
-        out.append(items::kNoCells).append("\n");
+        out.append(items::Say(items::kNoCells)).append("\n");
     } else {
         AppendHeader(out, grid);
         AppendRows(out, grid);

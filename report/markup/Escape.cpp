@@ -4,6 +4,7 @@
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report {
 
@@ -120,8 +121,9 @@ void AppendText(std::string& out, std::string_view text) {
     const std::size_t begin = out.size();
     Escape escape(out, text, "<br>");
     escape.Append();
-    if (!escape.HasRightToLeft()) return;
-    out.insert(begin, "<bdi>");
+    const bool isForeign = PageDirection::IsRightToLeft() && !text.empty() && !BeginsRightToLeft(text);
+    if (!isForeign && !escape.HasRightToLeft()) return;
+    out.insert(begin, isForeign ? "<bdi dir=\"ltr\">" : "<bdi>");
     out += "</bdi>";
 }
 

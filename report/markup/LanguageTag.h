@@ -8,4 +8,8 @@ namespace hierfit::report {
 /// English.
 std::string MakeLanguageTag(std::string language);
 
+/// Whether a language is written from right to left: by the script of its tag, else by the one that it is mostly
+/// written in.
+bool IsWrittenRightToLeft(const std::string& language);
+
 }  // namespace hierfit::report

@@ -5,6 +5,7 @@
 
 #include "report/charts/Pictures.h"
 #include "report/items/Entries.h"
+#include "report/markup/LanguageTag.h"
 #include "report/xlsx/cells/CellText.h"
 #include "report/xlsx/sheets/ContentsSheet.h"
 #include "report/xlsx/sheets/SheetNames.h"
@@ -23,7 +24,7 @@ class WorkbookWriter {
         : fDocument(document),
           fSettings(settings),
           fProperties{settings.fTitle.empty() ? std::string(items::TitleOf(document)) : settings.fTitle,
-                      settings.fAuthor, document.fProducer} {
+                      settings.fAuthor, document.fProducer, IsWrittenRightToLeft(document.fLanguage)} {
         for (std::string* words : {&fProperties.fTitle, &fProperties.fAuthor, &fProperties.fProducer}) {
             *words = MakeCellText(*words);
         }

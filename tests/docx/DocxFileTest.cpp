@@ -59,9 +59,11 @@ TEST(DocxFile, RunsGoInTheDirectionOfTheirLetters) {
           "1.5"},
          false},
         {hebrew, {"<" + hebrew}, true},
-        {hebrew + " " + arabic + ", 12", {"<" + hebrew + " " + arabic, ", 12"}, true},
+        {hebrew + " " + arabic + ", 12", {"<" + hebrew + " " + arabic + ", 12"}, true},
+        {hebrew + " a 12 (b), " + hebrew, {"<" + hebrew + " ", "a 12 (b", "<), " + hebrew}, true},
+        {hebrew + " \u200E-2.", {"<" + hebrew + " ", "\u200E-2", "<."}, true},
         {"abc " + hebrew + " (x)", {"abc ", "<" + hebrew, " (x)"}, false},
-        {"(1) " + hebrew, {"(1) ", "<" + hebrew}, true},
+        {"(1) " + hebrew, {"<(1) " + hebrew}, true},
     };
     for (const auto& [words, runs, isTurned] : cases) {
         const std::string text = test::MakeText({{SketchTable("cells @", words)}});
@@ -69,6 +71,31 @@ TEST(DocxFile, RunsGoInTheDirectionOfTheirLetters) {
         ASSERT_GE(all.size(), runs.size());
         EXPECT_EQ(std::vector(all.end() - static_cast<std::ptrdiff_t>(runs.size()), all.end()), runs) << words;
         EXPECT_EQ(text.find("<w:bidi/>") != std::string::npos, isTurned) << words;
+    }
+}
+
+TEST(DocxFile, TakesTheDirectionOfItsLanguage) {
+    const struct {
+        std::string fLanguage;
+        std::vector<std::string> fvThere;
+        std::vector<std::string> fvMissing;
+    } cases[] = {
+        {"de", {"<w:pStyle w:val=\"Heading1\"/></w:pPr>"}, {"<w:bidiVisual/>", "<w:bidi/></w:sectPr>", "\"right\""}},
+        {"he",
+         {"<w:tblStyle w:val=\"ReportTable\"/><w:bidiVisual/>", "<w:bidi/></w:sectPr>",
+          "<w:pStyle w:val=\"Heading1\"/><w:jc w:val=\"right\"/></w:pPr>",
+          "<w:pStyle w:val=\"TableHeader\"/><w:keepNext/></w:pPr>"},
+         {"<w:pStyle w:val=\"TableHeader\"/><w:keepNext/><w:jc"}},
+    };
+    for (const auto& [language, there, missing] : cases) {
+        document::Document document{"hierfit", language, "Report", {}, {}, {}};
+        document.fItems = {{document::Heading{test::MakeText("0.2 - 0.4"), {}}},
+                           {SketchTable("columns 1 -name C : Mean\ncells 1.5")}};
+        const auto files = MakeDocxFiles(document, {});
+        const auto text = std::ranges::find(files, "word/document.xml", &ArchiveFile::fName);
+        ASSERT_NE(text, files.end());
+        for (const std::string& markup : there) EXPECT_NE(text->fBytes.find(markup), std::string::npos) << markup;
+        for (const std::string& markup : missing) EXPECT_EQ(text->fBytes.find(markup), std::string::npos) << markup;
     }
 }
 

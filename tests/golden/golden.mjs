@@ -29,6 +29,9 @@ const papers = ["oats", "cbpp", "wine", "sleepstudy"];
 const styled = "sleepstudy";
 const paperFormats = { markdown: "md", latex: "tex" };
 
+// What stands in other languages, one from left to right and one from right to left, of an example with all kinds of tables.
+const translated = { cbpp: ["de", "he"] };
+
 function run(args, input) {
   return execFileSync(program, args, { input, encoding: "utf8", maxBuffer: 1 << 28, stdio: ["pipe", "pipe", "ignore"] });
 }
@@ -83,6 +86,17 @@ for (const name of papers.filter((one) => chosen.length === 0 || chosen.includes
   }
   run(["report", "-f", "csv", "-o", join(work, name), example]);
   for (const file of readdirSync(join(work, name))) judge(`${name}-${file}`, readFileSync(join(work, name, file), "utf8"));
+}
+for (const [name, languages] of Object.entries(translated)) {
+  if (chosen.length > 0 && !chosen.includes(name)) continue;
+  for (const language of languages) {
+    const saved = run(["report", "-f", "json", "--lang", language, join(examples, name)]);
+    for (const format of ["text", "html"]) {
+      const whole = run(["report", "-f", format, "--lang", language, join(examples, name)]);
+      if (whole !== run(["render", "-f", format, "-"], saved)) faults.push(`${name}, ${language}: ${format} of the saved document differs`);
+      judge(`${name}-${language}.${endings[format]}`, format === "html" ? withoutAssets(whole) : whole);
+    }
+  }
 }
 rmSync(work, { recursive: true });
 

@@ -1,5 +1,8 @@
 #include "report/markup/Escape.h"
 
+#include "report/markup/LanguageTag.h"
+#include "report/markup/PageDirection.h"
+
 namespace hierfit::report {
 
 namespace {
@@ -39,6 +42,29 @@ TEST(Escape, KeepsTextsTexts) {
         AppendCharacters(attribute, each.fText);
         EXPECT_EQ(attribute, each.fAttribute.empty() ? each.fContent : each.fAttribute);
     }
+}
+
+TEST(Escape, SetsApartWhatIsForeignToThePage) {
+    const std::pair<std::string, std::string> cases[] = {{"0.2 - 0.4", "<bdi dir=\"ltr\">0.2 - 0.4</bdi>"},
+                                                         {"a \u05D0", "<bdi dir=\"ltr\">a \u05D0</bdi>"},
+                                                         {"\u200Fa - b", "<bdi>\u200Fa - b</bdi>"},
+                                                         {"", ""}};
+    const PageDirection direction(true);
+    for (const auto& [text, content] : cases) {
+        std::string out;
+        AppendText(out, text);
+        EXPECT_EQ(out, content);
+    }
+    const PageDirection inner(false);
+    EXPECT_FALSE(PageDirection::IsRightToLeft());
+}
+
+TEST(LanguageTag, TellsTheDirection) {
+    const std::pair<std::string, bool> cases[] = {
+        {"he", true},  {"ar_EG", true},    {"fa-IR", true}, {"az-Arab", true}, {"uz_Arab_AF", true}, {"ku", false},
+        {"de", false}, {"he-Latn", false}, {"C", false},    {"heb.mo", false}, {"", false}};
+    for (const auto& [language, isRightToLeft] : cases)
+        EXPECT_EQ(IsWrittenRightToLeft(language), isRightToLeft) << language;
 }
 
 TEST(Escape, TellsWhereATextBegins) {

@@ -124,8 +124,9 @@ TEST(HtmlReport, GivesEveryInkThatIsNotSeenInTheDarkAnotherColour) {
 }
 
 TEST(HtmlReport, NamesItsLanguage) {
-    const std::pair<std::string, std::string> cases[] = {{"C", "en"},    {"de", "de"}, {"pt_BR", "pt-BR"}, {"", "en"},
-                                                         {"\" x", "en"}, {"x", "en"},  {"de-", "en"}};
+    const std::pair<std::string, std::string> cases[] = {
+        {"C", "en"}, {"de", "de"},   {"pt_BR", "pt-BR"}, {"he", "he\" dir=\"rtl"},
+        {"", "en"},  {"\" x", "en"}, {"x", "en"},        {"de-", "en"}};
     for (const auto& [language, tag] : cases) {
         document::Document document;
         document.fLanguage = language;

@@ -80,6 +80,34 @@ document::Document MakeCharts() {
     return MakeDocument("Charts", std::move(items));
 }
 
+std::string CountUp(const std::string& word, int count) {
+    std::string labels;
+    for (int number = 1; number <= count; ++number) labels += ' ' + word + std::to_string(number);
+    return labels;
+}
+
+std::string MakeFigures(int count) {
+    constexpr const char* kTails[] = {"", ".5", ".25", ".125"};
+    std::string figures;
+    for (int index = 0; index < count; ++index) {
+        figures += ' ' + std::to_string(index * 37 % 1001) + kTails[index / 3 % 4];
+    }
+    return figures;
+}
+
+/// A page from right to left, whose labels are of both directions.
+document::Document MakeMirrored() {
+    const std::string mean = "\u05DE\u05DE\u05D5\u05E6\u05E2";
+    document::Table table = SketchTable("title Estimates\nrows 1 @ : 0.2_-_0.4 a+b=1 p_<_.001 " + CountUp("level_", 9) +
+                                            "\ncolumns 1 -name S :" + CountUp("@_", 24) + "\ncells" + MakeFigures(288),
+                                        mean);
+    table.fvCells.front().fContent.fWords = "\u22121.23";
+    document::Document document = MakeDocument(
+        mean, {{Heading{MakeText(mean), {{table}, MakeChart(mean)}}}, MakeMessage(2, "The means are not shown.")});
+    document.fLanguage = "he";
+    return document;
+}
+
 document::Document MakeReport() {
     const document::Table classification = SketchTable(R"(
 title Classification
@@ -161,21 +189,6 @@ document::Document MakeHostile() {
     return document;
 }
 
-std::string CountUp(const std::string& word, int count) {
-    std::string labels;
-    for (int number = 1; number <= count; ++number) labels += ' ' + word + std::to_string(number);
-    return labels;
-}
-
-std::string MakeFigures(int count) {
-    constexpr const char* kTails[] = {"", ".5", ".25", ".125"};
-    std::string figures;
-    for (int index = 0; index < count; ++index) {
-        figures += ' ' + std::to_string(index * 37 % 1001) + kTails[index / 3 % 4];
-    }
-    return figures;
-}
-
 document::Document MakeLarge() {
     const std::string sketch = "title Large\nrows 1 Cask :" + CountUp("batch_", 60) +
                                "\ncolumns 1 -name S :" + CountUp("UN_", 30) + "\ncells" + MakeFigures(1800);
@@ -223,8 +236,8 @@ void WriteFile(const std::string& name, const std::string& text) {
 
 TEST(Pages, AreWritten) {
     const std::pair<std::string, document::Document> pages[] = {
-        {"report", MakeReport()}, {"hostile", MakeHostile()}, {"large", MakeLarge()},  {"nested", MakeNested()},
-        {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}};
+        {"report", MakeReport()}, {"hostile", MakeHostile()}, {"large", MakeLarge()},   {"nested", MakeNested()},
+        {"bare", MakeBare()},     {"charts", MakeCharts()},   {"static", MakeReport()}, {"mirrored", MakeMirrored()}};
     std::filesystem::create_directories(HIERFIT_PAGES);
     for (const auto& [name, document] : pages) {
         WriteFile(name + ".html", MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""}));

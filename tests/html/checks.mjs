@@ -112,8 +112,9 @@ export async function checkPhone(page) {
     const isBeyond = (frame) => {
       const figure = frame.querySelector("tbody tr:last-child > th:last-of-type + td:not(.t)");
       if (!figure?.offsetParent) return false;
-      const { left, width } = figure.getBoundingClientRect();
-      return left + Math.min(width, 40) > frame.getBoundingClientRect().right + 1;
+      const [inner, outer] = [figure.getBoundingClientRect(), frame.getBoundingClientRect()];
+      const hidden = document.dir === "rtl" ? outer.left - inner.right : inner.left - outer.right;
+      return hidden + Math.min(inner.width, 40) > 1;
     };
     const frames = Array.from(document.querySelectorAll(".table .scroll")).filter(isBeyond);
     return [document.documentElement.scrollWidth, frames.map((frame) => frame.ariaLabel)];

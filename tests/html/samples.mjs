@@ -181,6 +181,39 @@ async function checkScrolling(page) {
   return isPinned(below) && isPinned(beside) ? [] : [`what should stay in view is ${below} and ${beside} px off`];
 }
 
+/** On a page from right to left, contents, labels and shadows stand at the right, and figures read as ever. */
+async function checkMirrored(page) {
+  return compare(await page.evaluate(() => {
+    const frame = document.querySelector(".table .scroll");
+    const box = (selector) => document.querySelector(selector).getBoundingClientRect();
+    const isOrdered = (node, first, second) => {
+      const places = [first, second].map((part) => {
+        const range = document.createRange();
+        range.setStart(node, node.data.indexOf(part));
+        range.setEnd(node, range.startOffset + part.length);
+        return range.getBoundingClientRect().left;
+      });
+      return places[0] < places[1];
+    };
+    const label = (words) => Array.from(document.querySelectorAll("tbody th bdi"), ({ firstChild }) => firstChild)
+      .find(({ data }) => data === words);
+    const beyond = Math.abs(box("tbody th").right - frame.getBoundingClientRect().right);
+    for (const header of document.querySelectorAll("tbody th")) header.style.whiteSpace = "nowrap";
+    frame.scrollTo(-200, 0);
+    const pinned = Math.abs(box("tbody th").right - frame.getBoundingClientRect().right);
+    return {
+      contents: box("nav").left > box("main").right,
+      labels: beyond < 1 && pinned < 1,
+      header: box("thead th:last-child").left < box("tbody th").left,
+      minus: isOrdered(document.querySelector("tbody td").firstChild, "\u2212", "1.23"),
+      range: isOrdered(label("0.2 - 0.4"), "0.2", "0.4"),
+      sum: isOrdered(label("a+b=1"), "a", "1"),
+      below: isOrdered(label("p < .001"), "p", ".001"),
+      copy: box(".table .copy").left < box("caption span").left,
+    };
+  }), { contents: true, labels: true, header: true, minus: true, range: true, sum: true, below: true, copy: true });
+}
+
 /** A finger shows the tip of the mark that it touches, in the layout for a phone; it stays until another place is touched. */
 async function checkTouch(page, browser, url) {
   const context = await browser.newContext({ viewport: { width: 360, height: 740 }, hasTouch: true });
@@ -223,6 +256,7 @@ export const sampleChecks = {
   styled: (page) => copies.checkFullValues(page),
   hostile: async (page) => [...await checkHostile(page), ...await copies.checkHostileCopies(page)],
   large: async (page, browser, url) => [...await checkScrolling(page), ...await copies.checkOnPhone(browser, url)],
+  mirrored: (page) => checkMirrored(page),
   charts: async (page, browser, url) => [...await checkCrowd(page), ...await checkTouch(page, browser, url),
     ...await copies.checkOnPhone(browser, url)],
 };

@@ -82,6 +82,21 @@ TEST(LatexText, TellsScripts) {
     }
 }
 
+TEST(LatexText, TurnsParagraphsThatBeginSo) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"\u05D0 (12), a", "\\foreignlanguage{hebrew}{\u05D0 (12), a}"},
+        {"1 \u0627", "\\foreignlanguage{arabic}{1 \u0627}"},
+        {"a \u05D0", "a \u05D0"},
+        {"\u200Fa - b", "\u200Fa - b"},
+    };
+    for (const auto& [text, markup] : cases) {
+        std::string out;
+        Scripts scripts;
+        AppendText(out, text, kProse, scripts);
+        EXPECT_EQ(out, markup);
+    }
+}
+
 TEST(LatexText, BoxesWhatIsWrittenFromRightToLeft) {
     for (const bool isParagraph : {true, false}) {
         std::string out = "| ";

@@ -65,7 +65,7 @@ const wrong = [
   [["report", "--style", "aap", "models/oats"], '--style: aap: no such style; there are plain, apa, ama'],
   [["report", "--style", "ap", "models/oats"],
     '--style: ap: no such style; did you mean "apa"? There are plain, apa, ama'],
-  [["report", "--lang", "eng", "models/oats"], '--lang: eng: no such language; did you mean "en"? There are C, en'],
+  [["report", "--lang", "eng", "models/oats"], '--lang: eng: no such language; did you mean "en"? There are C, de, en, he'],
   [["report", "--templates", "modles", "models/oats"],
     '--templates: modles: No such file or directory; did you mean "models"?'],
   [["report", "models/oats", "models/wine"],
@@ -140,7 +140,7 @@ for (const args of [["--version", "--verbose"], ["--verbose", "--version"]]) {
   expect("versions", [status, out.split("\n")[0]], [0, run("--version").out.trim()]);
   for (const part of ["expat.\\d", "fmt \\d", "utf8proc \\d", "libhierfit.so\n",
     "librsvg \\d+\\.\\d+\\.\\d+ and cairo \\d",
-    "libzip \\d", "libxlsxwriter \\d", "languages: C en\n"]) expect("versions", out, new RegExp(part));
+    "libzip \\d", "libxlsxwriter \\d", "languages: C de en he\n"]) expect("versions", out, new RegExp(part));
 }
 for (const args of ["--help", "--version", "help report", "list models/oats", "models/oats"]) {
   const closed = spawn("bash", ["-c", `{ sleep 0.1; "$0" ${args}; echo $? >&2; } | true`, program]);
@@ -191,7 +191,7 @@ const wanted = [
   [["report", "--format=do"], ["--format=docx"]],
   [["list", "-f", ""], ["text", "json"]],
   [["models/oats", "--style", ""], ["plain", "apa", "ama"]],
-  [["batch", "--lang", ""], ["C", "en"]],
+  [["batch", "--lang", ""], ["C", "de", "en", "he"]],
   [["report", "models/oats", "--only", "FixedC"], names.filter((name) => name.startsWith("FixedC"))],
   [["report", "models/oats", "--only=ModelSummary-1,FixedE"], ["--only=ModelSummary-1,FixedEffects-1"]],
   [["render", "oats.json", "--only", "Classif"], names.filter((name) => name.startsWith("Classif"))],

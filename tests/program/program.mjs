@@ -102,7 +102,7 @@ const refused = [
   ["a saved document of long texts", ["render", "long.json"], 2, 'hierfit: long.json: /format: "hierfit-output" expected\n'],
   ["a missing saved document", ["render", "no.json"], 2, "hierfit: no.json: No such file or directory\n"],
   ["an unknown language", ["report", "--lang", "xx", example], 1,
-    `hierfit: --lang: xx: no such language; there are C, en\n${usage}`],
+    `hierfit: --lang: xx: no such language; there are C, de, en, he\n${usage}`],
   ["an unknown ending", ["report", "-o", "a.odt", example], 1,
     `hierfit: --output: a.odt: no format has the ending .odt; say which by --format\n${usage}`],
   ["no folder to write to", ["report", "-o", "none/a.html", example], 3, "hierfit: none/a.html: No such file or directory\n"],

@@ -12,7 +12,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
         {"delete\x7F", "delete␡"},
         {"\u009B31m", "\\u{9B}31m"},
         {"right\u202Eto left", "right\\u{202E}to left"},
-        {"\u200F\u2066\u061C\u2028", "\\u{200F}\\u{2066}\\u{061C}\\u{2028}"},
+        {"\u200F\u2066\u061C\u2028", "\u200F\\u{2066}\\u{061C}\\u{2028}"},
         {"Größe 身長 e\u0301", "Größe 身長 e\u0301"},
         {"bad \xFF\xC3", "bad \uFFFD\uFFFD"},
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},

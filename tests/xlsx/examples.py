@@ -190,6 +190,11 @@ def main():
         elsewhere = {**os.environ, "TZ": "Asia/Tokyo"}
         later = run("report", "-f", "xlsx", "--style", "plain", "--scale", 0.2, folder, env=elsewhere)
         expect(folder.name, "same bytes", file.read_bytes(), later)
+        for language in ("de", "he"):
+            turned = work / f"{language}.xlsx"
+            run("report", "--lang", language, "--scale", 0.2, "-o", turned, folder)
+            directions = {bool(sheet.sheet_view.rightToLeft) for sheet in openpyxl.load_workbook(turned)}
+            expect(language, "sheets from right to left", {language == "he"}, directions)
     print("\n".join(fault[:1500] for fault in faults[:40]))
     sys.exit(1 if faults else 0)
 

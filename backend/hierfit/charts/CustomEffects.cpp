@@ -134,7 +134,7 @@ void HFITChartOutput::PatchCustomEffects(std::string& xml, const EmmeansData& bl
                                          const std::vector<const KEST_Variable*>& variables) const {
     const std::size_t title = xml.find(">TitleText");
     if (title != std::string::npos) {
-        ReplaceFirst(xml, "TitleText", XUtility::ChartStringFromOLANG("Estimates").toUTF8(), title);
+        ReplaceFirst(xml, "TitleText", LookUpText("Estimates").toUTF8(), title);
     }
     ReplaceFirst(xml, "FootnoteText", MakeFixedAtFootnote(block).toUTF8());
     const std::string firstName = variables.empty() ? "" : VariableDisplayName(*variables.front()).toUTF8();

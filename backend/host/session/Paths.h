@@ -10,6 +10,8 @@ struct Paths {
     std::string fShareDirectory;  ///< holds `template/` and `languages/`
     std::string fModuleFolder;    ///< holds the procedure's module and those of formats
     std::string fModule;          ///< the procedure's
+
+    std::string LanguageFolder() const { return fShareDirectory + "/languages"; }
 };
 
 Paths FindPaths();

@@ -27,8 +27,6 @@ constexpr const char* kNoCatalogue = "C";
 
 std::string LastComponent(const std::string& path) { return std::filesystem::path(path).filename().string(); }
 
-std::string LanguageFolder(const Paths& paths) { return paths.fShareDirectory + "/languages"; }
-
 /// Everything that one run needs beside the procedure.
 class Host {
   public:
@@ -138,7 +136,7 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
     const Paths paths = FindPaths();
     std::unique_ptr<language::Catalogue> catalogue;
     if (settings.fLanguage != kNoCatalogue) {
-        const std::string path = LanguageFolder(paths) + "/" + settings.fLanguage + ".mo";
+        const std::string path = paths.LanguageFolder() + "/" + settings.fLanguage + ".mo";
         catalogue = language::Catalogue::Open(path);
         if (!catalogue)
             return NotSetUp("there is no readable catalogue " + path + "; install hierfit again, with its languages");
@@ -155,6 +153,6 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
             host.CountUnseenMessages()};
 }
 
-std::vector<std::string> Languages() { return language::ListLanguages(LanguageFolder(FindPaths())); }
+std::vector<std::string> Languages() { return language::ListLanguages(FindPaths().LanguageFolder()); }
 
 }  // namespace hierfit::session

@@ -5,11 +5,14 @@ namespace hierfit::unicode {
 /// Whether a character is a control character: U+0000 to U+001F and U+007F to U+009F.
 constexpr bool IsControl(char32_t code) { return code < 0x20 || (code >= 0x7F && code < 0xA0); }
 
-/// Whether a character turns the direction of what stands about it, or parts lines, and is not seen itself.
+/// Whether a character turns the direction of letters about it, or parts lines, and is not seen itself. The marks
+/// U+200E and U+200F are none of them: they turn punctuation alone, which translations need.
 constexpr bool TurnsOrParts(char32_t code) {
-    return code == 0x061C || code == 0x200E || code == 0x200F || (code >= 0x2028 && code <= 0x202E) ||
-           (code >= 0x2066 && code <= 0x2069);
+    return code == 0x061C || (code >= 0x2028 && code <= 0x202E) || (code >= 0x2066 && code <= 0x2069);
 }
+
+/// Whether a character is but a mark of direction, and takes no room.
+constexpr bool IsDirectionMark(char32_t code) { return code == 0x200E || code == 0x200F; }
 
 /// Columns that a character takes where all others take one: 0 for those that stand on or between others, 2 for wide
 /// ones.

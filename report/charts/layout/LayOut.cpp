@@ -5,6 +5,7 @@
 #include "report/charts/layout/Content.h"
 #include "report/charts/layout/Shapes.h"
 #include "report/charts/layout/text/TextWidth.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::charts {
 
@@ -39,11 +40,13 @@ double WidthOf(const std::vector<Block>& blocks) {
     return width;
 }
 
-/// Sets blocks below each other from a height on.
-Element SetBlocks(const std::vector<Block>& blocks, double top) {
+/// Sets blocks below each other from a height on. What is read from right to left begins at the right.
+Element SetBlocks(const std::vector<Block>& blocks, double top, double right) {
     Element element;
     for (const Block& block : blocks) {
-        AddLines(element, block.fvLines, {0, top + Ascent(block.fStyle)}, block.fStyle, Anchor::Start, block.fInk);
+        const bool isRightToLeft = BeginsRightToLeft(block.fvLines.front());
+        AddLines(element, block.fvLines, {isRightToLeft ? right : 0, top + Ascent(block.fStyle)}, block.fStyle,
+                 isRightToLeft ? Anchor::End : Anchor::Start, block.fInk);
         top += static_cast<double>(block.fvLines.size()) * LineHeight(block.fStyle);
     }
     return element;
@@ -72,16 +75,17 @@ Scene LayOut(const document::Picture& picture, double width) {
     const double forWords = std::max(scene.fWidth, std::min(kLeastForWords, room));
     const std::vector<Block> above = WordsAbove(picture, forWords);
     const std::vector<Block> below = WordsBelow(picture, forWords);
+    const double right = std::max({scene.fWidth, WidthOf(above), WidthOf(below)});
     const double top = above.empty() ? 0 : HeightOf(above) + kBelowTitle;
     Move(scene, 0, top);
     scene.fHeight += top;
-    if (!above.empty()) scene.fvElements.insert(scene.fvElements.begin(), SetBlocks(above, 0));
+    if (!above.empty()) scene.fvElements.insert(scene.fvElements.begin(), SetBlocks(above, 0, right));
     if (!below.empty()) {
         scene.fHeight += kAboveNotes;
-        scene.fvElements.push_back(SetBlocks(below, scene.fHeight));
+        scene.fvElements.push_back(SetBlocks(below, scene.fHeight, right));
         scene.fHeight += HeightOf(below);
     }
-    scene.fWidth = std::max({scene.fWidth, WidthOf(above), WidthOf(below)}) + 2 * kMargin;
+    scene.fWidth = right + 2 * kMargin;
     scene.fHeight += 2 * kMargin;
     Move(scene, kMargin, kMargin);
     return scene;

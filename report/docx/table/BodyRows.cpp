@@ -5,7 +5,6 @@
 #include "report/docx/table/Cells.h"
 #include "report/docx/table/TableRows.h"
 #include "report/layout/CellContent.h"
-#include "report/markup/Escape.h"
 
 namespace hierfit::report::docx {
 
@@ -13,8 +12,6 @@ namespace {
 
 constexpr std::string_view kPropertiesEnd = "</w:pPr>";
 constexpr std::string_view kCellOfParagraphEnd = "</w:p></w:tc>\n";
-
-std::string_view DirectionOf(std::string_view words) { return BeginsRightToLeft(words) ? "<w:bidi/>" : ""; }
 
 }  // namespace
 

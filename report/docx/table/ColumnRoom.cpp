@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/unicode/Properties.h"
+#include "host/unicode/Utf8.h"
 #include "report/charts/layout/text/TextWidth.h"
 #include "report/docx/Styles.h"
 
@@ -12,7 +14,7 @@ namespace {
 constexpr double kTwentiethsToAPixel = 15;
 
 // Texts are measured in a font that is wider than the file's. Of its letters some are so by a thirtieth, of its digits
-// all by an eighth.
+// all by an eighth. Letters that go from right to left may come from the wider one, where the other lacks them.
 constexpr double kOfLetters = 0.96;
 constexpr double kOfDigits = 0.9;
 
@@ -25,9 +27,20 @@ constexpr double kMostOfSpanner = 600;      // that each of them gives for that
 constexpr double kMostLines = 12;           // of a text, where its column can be as wide as a long word
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
 
+bool HasRightToLeft(std::string_view words) {
+    for (std::size_t at = 0; at < words.size();) {
+        const unicode::Character character = unicode::CharacterAt(words, at);
+        if (unicode::DirectionOf(character.fCode) == unicode::Direction::RightToLeft) return true;
+        at += character.fLength;
+    }
+    return false;
+}
+
 /// The width of one line.
 double MeasureLine(std::string_view words) {
-    return charts::TextWidth(words.substr(0, kMostMeasured), {kTableSize, false}) * kTwentiethsToAPixel * kOfLetters;
+    words = words.substr(0, kMostMeasured);
+    const double wider = HasRightToLeft(words) ? 1 : kOfLetters;
+    return charts::TextWidth(words, {kTableSize, false}) * kTwentiethsToAPixel * wider;
 }
 
 /// The longest word, or more for a text of many words, and the longest line.

@@ -6,6 +6,7 @@
 #include "report/docx/Words.h"
 #include "report/docx/table/TableRows.h"
 #include "report/items/Words.h"
+#include "report/markup/PageDirection.h"
 
 namespace hierfit::report::docx {
 
@@ -21,7 +22,7 @@ DocxTable::DocxTable(const document::Table& table) : fGrid(MakeGrid(table)), fPl
 
 void DocxTable::Append(std::string& out, std::string_view title, int number) const {
     AppendCaption(out, words::kTable, number, title, fPlan.Parts().size() > 1 ? Continued::Yes : Continued::No);
-    if (fGrid.fRows == 0) AppendParagraph(out, styles::kNote, items::kNoCells);
+    if (fGrid.fRows == 0) AppendParagraph(out, styles::kNote, items::Say(items::kNoCells));
     AppendParts(out, number);
     AppendBelow(out);
 }
@@ -39,7 +40,8 @@ void DocxTable::AppendParts(std::string& out, int number) const {
 }
 
 void DocxTable::AppendStart(std::string& out, const TablePart& part) const {
-    out.append("<w:tbl><w:tblPr><w:tblStyle w:val=\"").append(fPlan.Styles().fTable).append("\"/><w:tblW");
+    out.append("<w:tbl><w:tblPr><w:tblStyle w:val=\"").append(fPlan.Styles().fTable).append("\"/>");
+    out += PageDirection::IsRightToLeft() ? "<w:bidiVisual/><w:tblW" : "<w:tblW";
     AppendNumber(out, "w:w", part.Width());
     out += " w:type=\"dxa\"/><w:tblLayout w:type=\"fixed\"/></w:tblPr><w:tblGrid>";
     for (const std::vector<int>* widths : {&part.fvLevels, &part.fvColumns}) {
@@ -64,7 +66,7 @@ void DocxTable::AppendBelow(std::string& out) const {
     }
     for (const document::Text& note : fGrid.fpTable->fvNotes) AppendParagraph(out, styles::kNote, note.fWords, keep());
     for (const Note& note : fGrid.fvNotes) {
-        AppendParagraphStart(out, styles::kNote, keep());
+        AppendParagraphStart(out, styles::kNote, std::string(keep()).append(DirectionOf(note.fpText->fWords)));
         AppendRuns(out, note.fLetter, kNoteMark);
         AppendRuns(out, " ");
         AppendRuns(out, note.fpText->fWords);

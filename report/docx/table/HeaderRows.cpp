@@ -5,7 +5,6 @@
 #include "report/docx/Styles.h"
 #include "report/docx/table/Cells.h"
 #include "report/docx/table/TableRows.h"
-#include "report/markup/Escape.h"
 
 namespace hierfit::report::docx {
 
@@ -99,8 +98,8 @@ void HeaderRows::AppendHeader(std::string& out, const TablePart& part, const Hea
     const TableStyles& styles = fPlan.Styles();
     const std::string_view style = hasRule ? styles.fSpanner : isOverText ? styles.fText : styles.fColumnHeader;
     const std::string_view words = header.fpLabel && isFirstRow ? std::string_view(header.fpLabel->fWords) : "";
-    const std::string_view direction = BeginsRightToLeft(words) ? "<w:keepNext/><w:bidi/>" : kKeepNext;
-    AppendParagraphStart(out, style, direction);
+    const std::string_view direction = style == styles.fText ? DirectionOf(words) : DirectionInMiddle(words);
+    AppendParagraphStart(out, style, std::string(kKeepNext).append(direction));
     AppendRuns(out, words);
     if (isFirstRow) AppendMarks(out, fGrid, header.fvNotes);
     out.append(kParagraphEnd).append(kCellEnd);

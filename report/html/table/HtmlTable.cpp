@@ -36,7 +36,7 @@ void AppendFrame(TableParts& parts, std::string_view title, int number) {
     out += " tabindex=\"0\" aria-label=\"";
     AppendCharacters(out, title);
     out += ", ";
-    out += words::kTable;
+    out += words::Spell(words::kTable);
     out += ' ';
     out += std::to_string(number);
     out += "\">\n";
@@ -66,7 +66,7 @@ void AppendLines(std::string& out, std::string_view kind, const std::vector<docu
 
 void AppendReferences(std::string& out, const std::vector<std::string>& levels) {
     if (levels.empty()) return;
-    out.append("<p class=\"remark\">").append(words::kReferences);
+    out.append("<p class=\"remark\">").append(words::Spell(words::kReferences)).append(" ");
     for (const std::string& level : levels) {
         if (&level != &levels.front()) out += ", ";
         AppendText(out, level);
@@ -77,11 +77,11 @@ void AppendReferences(std::string& out, const std::vector<std::string>& levels) 
 // Without a script: the style sheet hides the rows as long as the switch is off, on paper as long as both are.
 void AppendSwitch(std::string& out, int count) {
     if (count == 0) return;
-    out.append("<p class=\"switch\"><label><input type=\"checkbox\"> ").append(words::kShowRedundant);
+    out.append("<p class=\"switch\"><label><input type=\"checkbox\"> ").append(words::Spell(words::kShowRedundant));
     out.append(" (")
         .append(std::to_string(count))
         .append(")</label> <label><input type=\"checkbox\" class=\"paper\"> ");
-    out.append(words::kOnPaper).append("</label></p>\n");
+    out.append(words::Spell(words::kOnPaper)).append("</label></p>\n");
 }
 
 void AppendBelow(TableParts& parts) {
@@ -91,7 +91,7 @@ void AppendBelow(TableParts& parts) {
     parts.fOut += "<figcaption>\n";
     AppendLines(parts.fOut, "caption", table.fvCaptions);
     AppendLines(parts.fOut, "remark", table.fvNotes);
-    if (hasSmall) parts.fOut.append("<p class=\"remark\">").append(words::kSmall).append("</p>\n");
+    if (hasSmall) parts.fOut.append("<p class=\"remark\">").append(words::Spell(words::kSmall)).append("</p>\n");
     AppendReferences(parts.fOut, parts.fRedundant.fvReferences);
     parts.fMarks.AppendLines(parts.fOut, parts.fRedundant.fvNotes);
     AppendSwitch(parts.fOut, parts.fRedundant.fCount);
@@ -114,7 +114,7 @@ void AppendWithoutCells(std::string& out, std::string_view title) {
     out += "<p class=\"title\">";
     AppendText(out, title);
     out += "</p>\n<p>";
-    out += items::kNoCells;
+    out += words::Spell(items::kNoCells);
     out += "</p>\n";
 }
 

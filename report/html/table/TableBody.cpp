@@ -124,7 +124,12 @@ void TableBody::AppendContent(int column, const document::Text& text) {
     }
     if (fParts.fValues == FullValues::Yes) AppendFullValue(text);
     fOut += '>';
-    AppendText(fOut, text.fWords);
+    // The style sheet gives figures their direction, which keeps pages of many small.
+    if (isNumber) {
+        AppendCharacters(fOut, text.fWords);
+    } else {
+        AppendText(fOut, text.fWords);
+    }
 }
 
 void TableBody::AppendFullValue(const document::Text& text) {

@@ -15,6 +15,7 @@ inline constexpr int kMostColumns = 16384;
 inline constexpr int kMostCharacters = 32767;  ///< of a cell's text, in units of UTF-16
 inline constexpr int kMostOfName = 31;         ///< characters of a sheet's name
 
+/// Left is where a sheet begins: the right of one from right to left.
 enum class Align : unsigned char { Left, Right, Center };
 enum class Rule : unsigned char { None, Thin, Thick };
 
@@ -84,6 +85,7 @@ struct Properties {
     std::string fTitle;
     std::string fAuthor;
     std::string fProducer;
+    bool fIsRightToLeft = false;  ///< whether sheets begin at their right
 };
 
 /// The module's one export.

@@ -6,6 +6,7 @@
 #include "report/items/Words.h"
 #include "report/xlsx/cells/CellText.h"
 #include "report/xlsx/sheets/SheetWidths.h"
+#include "report/xlsx/sheets/Words.h"
 
 namespace hierfit::report::xlsx {
 
@@ -56,7 +57,8 @@ class ContentsWriter {
 
     void PutHeader() {
         const Look look{.fIsBold = true, .fAbove = Rule::Thick, .fBelow = Rule::Thin};
-        for (const char* name : {"Name", "Kind", "Title"}) fWriter.PutWords(fRow, fColumn++, name, look);
+        for (const std::string_view name : {words::kName, words::kKind, words::kTitle})
+            fWriter.PutWords(fRow, fColumn++, items::Say(name), look);
         ++fRow;
     }
 
@@ -87,7 +89,7 @@ class ContentsWriter {
     void PutDiagnostics(const document::Document& document) {
         const std::vector<std::string>& remarks = fParts.fvRemarks;
         if (document.fvDiagnostics.empty() && remarks.empty()) return;
-        fWriter.PutWords(++fRow, kNameColumn, items::kDiagnostics, {.fIsBold = true});
+        fWriter.PutWords(++fRow, kNameColumn, items::Say(items::kDiagnostics), {.fIsBold = true});
         ++fRow;
         for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
             PutDiagnostic(items::WordOfLevel(diagnostic.fLevel),

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "TextWidths.h"
+#include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
 #include "report/markup/Escape.h"
 
@@ -15,6 +16,7 @@ constexpr int kEm = 1000;
 
 /// In thousandths of an em.
 int CharacterWidth(char32_t code, bool isBold) {
+    if (unicode::IsDirectionMark(code)) return 0;
     const std::span<const widths::Run> bold(widths::kBoldRuns);
     const std::span<const widths::Run> runs = isBold ? bold : std::span<const widths::Run>(widths::kRegularRuns);
     const std::uint16_t* table = isBold ? widths::kBoldWidths : widths::kRegularWidths;

@@ -3,10 +3,13 @@
 
 #include "host/unicode/Utf8.h"
 #include "report/charts/layout/text/TextWidth.h"
+#include "report/markup/Escape.h"
 
 namespace hierfit::report::charts {
 
 namespace {
+
+constexpr std::string_view kRightToLeftMark = "\u200F";
 
 constexpr double kFilled = 0.85;  // of lines, by words that are cut to fit into them
 
@@ -111,13 +114,19 @@ std::string_view TakeParagraph(std::string_view& text) {
 
 std::vector<std::string> WrapText(std::string_view text, double width, const TextStyle& style, std::size_t mostLines) {
     Lines lines(width, style, std::max<std::size_t>(mostLines, 1));
+    const bool isRightToLeft = BeginsRightToLeft(text);
     while (!text.empty()) {
         if (!AddParagraph(lines, TakeParagraph(text))) {
             lines.Cut();
             break;
         }
     }
-    return lines.Take();
+    std::vector<std::string> taken = lines.Take();
+    // Each line is set by itself, and has the direction of the whole.
+    for (std::string& line : taken) {
+        if (isRightToLeft && !BeginsRightToLeft(line)) line.insert(0, kRightToLeftMark);
+    }
+    return taken;
 }
 
 bool DoesFit(std::string_view text, double width, const TextStyle& style, std::size_t mostLines) {

@@ -37,15 +37,16 @@ uint8_t BorderOf(Rule rule) {
     return rule == Rule::None ? LXW_BORDER_NONE : rule == Rule::Thin ? LXW_BORDER_THIN : LXW_BORDER_MEDIUM;
 }
 
-uint8_t AlignmentOf(Align align) {
-    return align == Align::Left ? LXW_ALIGN_LEFT : align == Align::Right ? LXW_ALIGN_RIGHT : LXW_ALIGN_CENTER;
+uint8_t AlignmentOf(Align align, bool isRightToLeft) {
+    if (align == Align::Center) return LXW_ALIGN_CENTER;
+    return align == Align::Left && !isRightToLeft ? LXW_ALIGN_LEFT : LXW_ALIGN_RIGHT;
 }
 
-lxw_format* MakeFormat(lxw_workbook* workbook, const Look& look) {
+lxw_format* MakeFormat(lxw_workbook* workbook, const Look& look, bool isRightToLeft) {
     lxw_format* format = workbook_add_format(workbook);
     if (!format) return nullptr;
     if (!look.fCode.empty()) format_set_num_format(format, look.fCode.c_str());
-    format_set_align(format, AlignmentOf(look.fAlign));
+    format_set_align(format, AlignmentOf(look.fAlign, isRightToLeft));
     format_set_align(format, look.fIsTop ? LXW_ALIGN_VERTICAL_TOP : LXW_ALIGN_VERTICAL_BOTTOM);
     if (look.fIndent > 0) format_set_indent(format, static_cast<uint8_t>(look.fIndent));
     if (look.fIsBold) format_set_bold(format);
@@ -173,7 +174,7 @@ bool IsOfWriting(int failure) {
 
 class LibraryBook : public Book {
   public:
-    explicit LibraryBook(const Properties& properties) {
+    explicit LibraryBook(const Properties& properties) : fIsRightToLeft(properties.fIsRightToLeft) {
         ForgetPartFailure();
         if (!fFile.IsOpen()) return;
         lxw_workbook_options options{};
@@ -197,7 +198,7 @@ class LibraryBook : public Book {
     }
 
     int AddLook(const Look& look) override {
-        fvFormats.push_back(fpWorkbook ? MakeFormat(fpWorkbook, look) : nullptr);
+        fvFormats.push_back(fpWorkbook ? MakeFormat(fpWorkbook, look, fIsRightToLeft) : nullptr);
         if (fpWorkbook && !fvFormats.back()) Note(LXW_ERROR_MEMORY_MALLOC_FAILED);
         return static_cast<int>(fvFormats.size()) - 1;
     }
@@ -211,6 +212,7 @@ class LibraryBook : public Book {
             if (fReason.empty()) fReason = "no sheet " + name + (errno ? std::string(": ") + std::strerror(errno) : "");
             return nullptr;
         }
+        if (fIsRightToLeft) worksheet_right_to_left(sheet);
         return &fSheets.emplace_back(sheet, fvFormats, fError);
     }
 
@@ -240,6 +242,7 @@ class LibraryBook : public Book {
         if (fError == LXW_NO_ERROR) fError = error;
     }
 
+    bool fIsRightToLeft;
     MemoryFile fFile;
     lxw_workbook* fpWorkbook = nullptr;
     std::vector<lxw_format*> fvFormats;
