@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <string>
+#include <variant>
 
 #include "Documents.h"
 #include "OutputFile.h"
@@ -13,7 +14,6 @@
 #include "StandardError.h"
 #include "Terminal.h"
 #include "report/formats/Render.h"
-#include "report/text/TextReport.h"
 
 namespace hierfit::program {
 
@@ -59,7 +59,7 @@ int Write(document::Document& document, const OutputOptions& output) {
         return Fail(StatusOf(error->fFault), error->fText);
     }
     if (!isTerminal || format != Format::Text) return Conclude(WriteReport(document, format, settings, output.fFile));
-    const std::string text = report::MakeTextReport(document, settings.fText);
+    const std::string text = std::get<std::string>(report::Render(document, format, settings));
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
 }
 

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "CommandLine.h"
-#include "report/text/TextReport.h"
+#include "report/text/TextOptions.h"
 
 namespace hierfit::program {
 
