@@ -5,6 +5,8 @@
 #   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
 #   make build       build the release: build/release/bin/hierfit
+#   make package     Debian packages of the last commit, in build/packages
+#   make reproduce   whether the last commit gives the same bytes in two folders; it builds four times
 #   make bench       build, and measure
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
 #
@@ -14,7 +16,7 @@ EXAMPLE ?= bacteria
 SECONDS ?= 60
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build bench fuzz format clean
+.PHONY: report gallery test test-quick build package reproduce bench fuzz format clean
 
 report: build
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
@@ -37,6 +39,12 @@ test-quick: setup-quick
 	ctest --preset release -LE outside
 	@echo "Left out, since they run R, Python packages, TeX or office:"
 	@ctest --preset release -N -L outside | sed -n 's/^ *Test *#[0-9]*: /  /p'
+
+package: setup-test
+	@scripts/package build/packages $(JOBS)
+
+reproduce: setup-test
+	@scripts/reproduce build/reproduce $(JOBS)
 
 bench: setup-test
 	@scripts/build release $(JOBS)
