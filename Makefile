@@ -1,6 +1,7 @@
 # The front door: each of these sets up what is missing first.
 #
-#   make report      build, and write the report of an example
+#   make help        say this
+#   make report      build what reports as HTML, text and JSON take, and write the report of an example
 #   make test        build, and run every test
 #   make test-quick  build, and run the tests that need no R, Python packages, TeX or office
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
@@ -9,16 +10,22 @@
 #   make reproduce   whether the last commit gives the same bytes in two folders; it builds four times
 #   make bench       build, and measure
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
+#   make coverage    build with Clang, run tests and kept inputs, and tell which lines run
 #
-# EXAMPLE=NAME chooses the example of `make report`, SECONDS=N how long each fuzz target runs.
+# EXAMPLE=NAME chooses the example of `make report`, MINUTES=N how long all fuzz targets run altogether.
 
 EXAMPLE ?= bacteria
-SECONDS ?= 60
+MINUTES ?= 10
 JOBS ?= $(shell nproc)
 
-.PHONY: report gallery test test-quick build package reproduce bench fuzz format clean
+.DEFAULT_GOAL := report
+.PHONY: help report gallery test test-quick build package reproduce bench fuzz coverage format clean
 
-report: build
+help:
+	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
+
+report: setup-build
+	@scripts/build release $(JOBS) -D HIERFIT_TESTS=OFF -D HIERFIT_BENCH=OFF -- report
 	build/release/bin/hierfit report -o report.html "examples/$(EXAMPLE)"
 	@echo "The report lies in $(CURDIR)/report.html"
 
@@ -50,9 +57,13 @@ bench: setup-test
 	@scripts/build release $(JOBS)
 	bench/measure
 
-fuzz: setup-test
+fuzz: setup-fuzz
 	@scripts/build fuzz $(JOBS)
-	fuzz/run $(SECONDS)
+	JOBS=$(JOBS) fuzz/run $(MINUTES)
+
+coverage: setup-fuzz
+	@scripts/build coverage $(JOBS)
+	scripts/coverage
 
 setup-%:
 	@scripts/setup $*

@@ -41,6 +41,12 @@ if(HIERFIT_FUZZ)
   add_link_options(-fsanitize=fuzzer-no-link,address,undefined)
 endif()
 
+# Each process adds to the counts when it ends; scripts/coverage reads them.
+if(HIERFIT_COVERAGE)
+  add_compile_options(-O1 -fprofile-instr-generate -fcoverage-mapping)
+  add_link_options(-fprofile-instr-generate)
+endif()
+
 # The common settings of a target of our own.
 function(hierfit_target target)
   # GCC 12 takes inlined string concatenations for overlapping copies (its bug 105651).

@@ -4,14 +4,22 @@
 #include <cstdlib>
 #include <variant>
 
+#include "host/xml/Document.h"
 #include "report/charts/Pictures.h"
 #include "report/html/HtmlReport.h"
 #include "report/json/JsonDocument.h"
 #include "report/text/TextReport.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::fuzz {
 
 namespace {
+
+constexpr std::string_view kAhead =
+    R"({"format": "hierfit-output", "version": 2, "producer": "", "language": "en", "title": "", "sources": [],)"
+    R"( "diagnostics": [], "items": [{"kind": "chart", "description": "", "sendArguments": [true, true, true],)"
+    R"( "editor": 0, "template": "", "xml": "", "data": [], "variables": [], "picture": )";
+constexpr std::string_view kBehind = "}]}";
 
 struct Renderings {
     std::string fPage;
@@ -46,6 +54,38 @@ void Compare(const std::string& fresh, const std::string& saved, const char* for
 void Fail(const std::string& fault) {
     std::fprintf(stderr, "%s\n", fault.c_str());
     std::abort();
+}
+
+void CheckXml(const std::string& text) {
+    const auto parsed = xml::Document::Parse(text);
+    if (const auto* error = std::get_if<xml::ParseError>(&parsed)) Fail(error->fReason + ":\n" + error->fExcerpt);
+}
+
+void JudgeRun(const session::Result& result) {
+    const auto& diagnostics = result.fDocument.fvDiagnostics;
+    for (const document::Diagnostic& diagnostic : diagnostics) {
+        if (diagnostic.fText.starts_with("the run broke off")) Fail(diagnostic.fText);
+    }
+    if (result.fOutcome == session::Outcome::NotSetUp) Fail(diagnostics.front().fText);
+    if (result.fOutcome == session::Outcome::Issued) return;
+    if (diagnostics.empty() || diagnostics.back().fLevel != 3) Fail("no error says why there is no report");
+}
+
+document::Document RunExample(const std::string& name) {
+    session::Result result = session::Run({"model.pmml", test::ReadExample(name, "model.pmml")},
+                                          {"model.statxml", test::ReadExample(name, "model.statxml")}, {});
+    if (result.fOutcome != session::Outcome::Issued) Fail("an example has no report: " + name);
+    return std::move(result.fDocument);
+}
+
+std::string PutPicture(std::string_view picture) { return std::string(kAhead).append(picture).append(kBehind); }
+
+std::optional<document::Picture> ReadPicture(std::string_view picture) {
+    const auto read = report::ReadJson(PutPicture(picture));
+    const auto* document = std::get_if<document::Document>(&read);
+    if (!document || document->fItems.empty()) return {};
+    const auto* chart = std::get_if<document::Chart>(&document->fItems.front().fContent);
+    return chart ? std::optional(chart->fPicture) : std::nullopt;
 }
 
 void RenderFreshAndSaved(const document::Document& document) {

@@ -3,7 +3,7 @@
 #include <span>
 #include <string_view>
 
-#include "fuzz/Form.h"
+#include "fuzz/change/Form.h"
 
 namespace hierfit::fuzz {
 

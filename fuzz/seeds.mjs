@@ -78,14 +78,37 @@ const saved = readdirSync(join(root, "tests/golden/approved")).filter((name) => 
 const documents = saved.map((name) => JSON.parse(read("tests/golden/approved", name)));
 documents.forEach((document) => document.items.forEach(collect));
 const [frame] = documents;
+const smallDocuments = [
+  ["small", read("tests/json/small.json")],
+  ["messages", read("tests/golden/approved/messages-only.json")],
+  ...[...items].filter(([, { size }]) => size < largestSaved)
+    .map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
+];
+const savedWords = [
+  ...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g),
+  "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800",
+];
+writeTarget("saved", smallDocuments, savedWords);
+
+// The same for papers, in each style, and one whose words are what is markup there.
+const markup = [
+  "|", "\\|", "\\", "\\\\|",
+  "\n| a |\n|---|", "{", "}", "\\end{document}", "%", "$x_1^2$", "#", "~", "=1+1", "@SUM(A1)", "+1", "\t=1", "\u0001",
+  "\u0000", "\u001b[1m", "\ufffe", "\u202e abc", "\u05d0\u05d1", "\u0627\u0644",
+  "\r\n", "\r", "\"\"", "\"", ",", "</w:t>", "]]>", "```", "`", "<b>",
+  "[a](b)", "---", "1. a", "_x000D_", "&amp;", "\u2028", "\ud83d\ude00", "e\u0301",
+  "w".repeat(1000), "*a*_b_", "a  ", "\u00a0", "",
+];
+let count = 0;
+const markedItems = ["FixedCoefficients", "CovarianceParameters", "Classification", "GLMMEmMeans", "heading", "message"]
+  .map((name) => items.get(`${name}-small`).item);
+const marked = JSON.parse(JSON.stringify({ ...frame, items: markedItems }), (key, value) =>
+  (key === "text" ? markup[count++ % markup.length] + (count % 3 ? "" : value) : value));
 writeTarget(
-  "saved",
-  [
-    ["small", read("tests/json/small.json")],
-    ["messages", read("tests/golden/approved/messages-only.json")],
-    ...[...items].filter(([, { size }]) => size < largestSaved).map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
-  ],
-  [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800"],
+  "papers",
+  [...smallDocuments, ["markup", JSON.stringify(marked)]].map(([name, document], index) =>
+    [name, `${markup[index % markup.length].replaceAll(/[\0-\b]/g, "")}${String.fromCharCode(index % 9)}${document}`]),
+  [...savedWords, ...markup],
 );
 
 /// The histogram within a diagram as a chart of its own, once for each distribution.
@@ -112,6 +135,30 @@ writeTarget(
   ],
 );
 
+// Each template by itself and with its parts in fragments. The marker is its place among the names.
+const templates = readdirSync(join(root, "template")).sort();
+const withFragments = (xml) => {
+  const [whole, open, inner, close] = xml.match(/^([^]*?<plot[^>]*>)([^]*)(<\/plot>[^]*)$/) ?? [];
+  if (!whole) return `${xml}\x00\x00`;
+  const second = "<fragment><points/><use fragment=\"one\"/></fragment>";
+  return `${open}<use fragment="one"/><use fragment="two"></use>${close}\x00<fragment>${inner}</fragment>\x00${second}`;
+};
+writeTarget(
+  "templates",
+  templates.flatMap((name, index) => {
+    const mark = String.fromCharCode(index);
+    const xml = read("template", name);
+    const parts = withFragments(xml).split("\x00");
+    return [[name, `${xml}${mark}\x00`], [`${name}-fragments`, `${parts[0]}${mark}${parts[1]}\x00${parts[2]}`]];
+  }),
+  [
+    ...templates.flatMap((name) => wordsOfXml(read("template", name))),
+    "<use fragment=\"one\"/>", "<use fragment=\"two\"/>", "<fragment>",
+    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
+    ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
+  ],
+);
+
 // The smallest picture of each chart, the largest that is not too large, the histogram of a diagram by itself, and more
 // marks or panels than are drawn in full.
 const pictures = charts.map(([name, { item }]) => [name, item.picture]);
@@ -124,19 +171,47 @@ const crowds = [
     marks: many(150, (index) => ({ panel: [index, 0], level: index, value: 1 })),
   }],
 ];
+const smallPictures = [
+  ...pictures.filter(([, picture]) => JSON.stringify(picture).length < largestPicture),
+  ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
+    [`${name}-histogram`, { kind: "histogram", ...histogram }]),
+];
 writeTarget(
   "pictures",
-  [
-    ...pictures.filter(([, picture]) => JSON.stringify(picture).length < largestPicture),
-    ...crowds,
-    ...pictures.filter(([, { histogram }]) => histogram).map(([name, { histogram }]) =>
-      [`${name}-histogram`, { kind: "histogram", ...histogram }]),
-  ].map(([name, picture]) => [name, JSON.stringify(picture)]),
-  [...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g), "\\ud800"],
+  [...smallPictures, ...crowds].map(([name, picture]) => [name, JSON.stringify(picture)]),
+  savedWords,
+);
+writeTarget(
+  "crowds",
+  smallPictures.map(([name, picture], index) => [name, `${String.fromCharCode(index % 6)}${JSON.stringify(picture)}`]),
+  savedWords,
 );
 
 writeTarget(
   "labels",
   hostile.map((label, index) => [`label${index}`, label]),
   [...allMatches(read("tests/chart/PatchedCharts.cpp"), /^ {4,}"((?:[^"\\]|\\.)+)",$/gm).map((word) => word.replaceAll("\\", "")), "\ufffe", "\xff"],
+);
+
+// Command lines, an argument a line: each option of the command with a value of its kind.
+const source = read("program/CommandLine.cpp");
+const options = allMatches(source, /"(-[-\w,]*)"/g).flatMap((names) => names.split(","));
+const words = allMatches(source, /\{"(\w+)", /g);
+const formats = allMatches(read("report/formats/Format.cpp"), /\{"(\w+)", Format/g);
+const lines = [
+  ...options.map((option) => ["report", "m", option, "1"]),
+  ...formats.map((format) => ["report", "a.pmml", "b.statxml", "-f", format, "-o", "x"]),
+  ...["apa", "ama", "plain"].map((style, index) => ["render", "-", `--style=${style}`, "--digits", `${index * 7}`]),
+  ["report", "m", "--only", "GrandMeans-1, FixedEffects", "--only", "CovarianceParameters", "-f", "csv"],
+  ["report", "m", "--lang", "C", "--title", "\u202e", "--author", "", "--scale", "0.5", "--standalone", "-o", "x.tex"],
+  ["batch", "-o", "x", "-f", "svg", "--jobs", "3", "--force", "a", "b"],
+  ["check", "--strict", "m"],
+  ["list", "-f", "json", "m.json"],
+  ["--help"], ["report", "--help"], ["--version"], [""], ["report", "--", "-o"],
+];
+writeTarget(
+  "commands",
+  lines.map((line, index) => [`line${index}`, line.join("\n")]),
+  [...options, ...words, ...formats, ...items.keys(), "report", "render", "check", "list", "batch", "=",
+    "de", ".html", ".tex"],
 );

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "Documents.h"
-#include "ExitStatus.h"
 #include "ItemIndex.h"
 #include "MissingItems.h"
-#include "OutputFile.h"
-#include "StandardError.h"
+#include "program/documents/Documents.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/text/VisibleText.h"
 
 namespace hierfit::program {
@@ -35,7 +35,9 @@ std::string MakeLine(std::string remark) {
 }  // namespace
 
 int Run(const CheckCommand& command) {
-    const auto run = RunModel(command.fvDocuments, {});
+    session::Settings settings;
+    settings.fTellsAll = true;
+    const auto run = RunModel(command.fvDocuments, settings);
     if (const auto* error = std::get_if<FileError>(&run)) {
         PrintError(error->fText);
         return kUnreadable;

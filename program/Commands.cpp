@@ -3,16 +3,18 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <filesystem>
 #include <string>
+#include <system_error>
 #include <variant>
 
-#include "Documents.h"
-#include "OutputFile.h"
 #include "Pager.h"
 #include "Rendering.h"
 #include "ReportFiles.h"
-#include "StandardError.h"
 #include "Terminal.h"
+#include "program/documents/Documents.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Render.h"
 
 namespace hierfit::program {
@@ -58,9 +60,25 @@ int Write(document::Document& document, const OutputOptions& output) {
     if (const auto error = report::Prepare(document, format, settings)) {
         return Fail(StatusOf(error->fFault), error->fText);
     }
-    if (!isTerminal || format != Format::Text) return Conclude(WriteReport(document, format, settings, output.fFile));
+    if (!isTerminal || format != Format::Text) {
+        ProgressLine progress(ProgressLine::Begin::Late);
+        const std::vector<WriteFailure> failures = WriteReport(document, format, settings, output.fFile, &progress);
+        progress.Erase();
+        return Conclude(failures);
+    }
     const std::string text = std::get<std::string>(report::Render(document, format, settings));
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
+}
+
+/// On a terminal, where reports stand one below the other, the title of a folder's report says which it is. Elsewhere a
+/// title is the document's own, so that a saved document looks as a fresh one does.
+void TitleByFolder(document::Document& document, const ReportCommand& command) {
+    const bool isTerminal = GoesToTerminal(command.fOutput);
+    if (!isTerminal || ChooseFormat(command.fOutput, isTerminal) != Format::Text) return;
+    if (command.fvDocuments.size() != 1) return;
+    std::error_code error;
+    const std::filesystem::path folder = std::filesystem::canonical(command.fvDocuments.front(), error);
+    if (!error && folder.has_filename()) document.fTitle = folder.filename().string() + ": " + document.fTitle;
 }
 
 }  // namespace
@@ -71,12 +89,13 @@ int Run(const ReportCommand& command) {
     auto& model = std::get<ModelRun>(run);
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     PrintRun(model);
+    TitleByFolder(model.fResult.fDocument, command);
     malloc_trim(0);  // What was read is gone; its memory is not lost to what is rendered.
     return Write(model.fResult.fDocument, command.fOutput);
 }
 
 int Run(const RenderCommand& command) {
-    auto document = ReadSaved(command.fDocument);
+    auto document = ReadSaved(command.fvDocuments.front());
     if (const auto* error = std::get_if<FileError>(&document)) return Fail(kUnreadable, error->fText);
     return Write(std::get<document::Document>(document), command.fOutput);
 }

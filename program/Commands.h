@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CommandLine.h"
-#include "ExitStatus.h"
+#include "program/arguments/Command.h"
+#include "program/files/ExitStatus.h"
 
 namespace hierfit::program {
 

@@ -2,10 +2,10 @@
 
 #include <algorithm>
 
-#include "Documents.h"
-#include "ExitStatus.h"
-#include "OutputFile.h"
-#include "StandardError.h"
+#include "program/documents/Documents.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/items/Entries.h"
 #include "report/json/JsonOutput.h"
 #include "report/text/VisibleText.h"

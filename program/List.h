@@ -1,6 +1,6 @@
 #pragma once
 
-#include "CommandLine.h"
+#include "program/arguments/Command.h"
 
 namespace hierfit::program {
 

@@ -6,13 +6,21 @@
 #include "Check.h"
 #include "Commands.h"
 #include "List.h"
+#include "Version.h"
 #include "batch/Batch.h"
+#include "program/arguments/CommandLine.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 
 namespace hierfit::program {
 
 namespace {
 
-void Print(std::FILE* stream, const std::string& text) { std::fwrite(text.data(), 1, text.size(), stream); }
+int Tell(const Explanation& explanation) {
+    if (!explanation.fIsError) return Conclude(WriteOutput("-", explanation.fText));
+    std::fwrite(explanation.fText.data(), 1, explanation.fText.size(), stderr);
+    return kWrongUsage;
+}
 
 int RunCommandLine(int argumentCount, const char* const* arguments) {
     const Command command = ParseCommandLine(argumentCount, arguments);
@@ -21,9 +29,8 @@ int RunCommandLine(int argumentCount, const char* const* arguments) {
     if (const auto* check = std::get_if<CheckCommand>(&command)) return Run(*check);
     if (const auto* list = std::get_if<ListCommand>(&command)) return Run(*list);
     if (const auto* batch = std::get_if<BatchCommand>(&command)) return Run(*batch);
-    const Explanation& explanation = std::get<Explanation>(command);
-    Print(explanation.fIsError ? stderr : stdout, explanation.fText);
-    return explanation.fIsError ? kWrongUsage : kWritten;
+    if (const auto* version = std::get_if<VersionCommand>(&command)) return Run(*version);
+    return Tell(std::get<Explanation>(command));
 }
 
 }  // namespace
@@ -35,7 +42,7 @@ int Main(int argumentCount, const char* const* arguments) {
     try {
         return RunCommandLine(argumentCount, arguments);
     } catch (const std::exception& error) {
-        Print(stderr, std::string("hierfit: ") + error.what() + "\n");
+        PrintError(error.what());
         return kUnreadable;
     }
 }

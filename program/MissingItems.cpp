@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <optional>
 #include <string_view>
 
 #include "ItemIndex.h"
@@ -132,13 +133,19 @@ bool HasTerms(const ItemIndex& items) {
     return !coefficients || HasRowBeside(coefficients, "Model Term", "");
 }
 
-double CountOfRandomParameters(const ItemIndex& items) {
+/// A figure of the summary of covariance parameters; nothing where it is unknown.
+std::optional<double> CountIn(const ItemIndex& items, std::string_view group, std::string_view label) {
     const Table* summary = items.FindTable("CovarianceParametersSummary");
     const document::Dimension* content = summary ? FindDimension(*summary, "Content") : nullptr;
-    const auto row = content ? FindCategory(*content, "Covariance Parameters", "Random Effects") : std::nullopt;
+    const auto row = content ? FindCategory(*content, group, label) : std::nullopt;
     const Text* cell = row ? FindCell(*summary, *content, *row) : nullptr;
-    const auto* number = cell ? std::get_if<document::NumberSource>(&cell->fFrom) : nullptr;
-    return number ? number->fNumber : 0;
+    const auto* number = cell && !IsUnknownNumber(*cell) ? std::get_if<document::NumberSource>(&cell->fFrom) : nullptr;
+    return number ? std::optional(number->fNumber) : std::nullopt;
+}
+
+/// Crossed blocks have all records as their one common subject, and no first one to show.
+bool HasFirstSubject(const ItemIndex& items) {
+    return HasSubjects(items) && CountIn(items, "", "Common Subjects").value_or(2) > 1;
 }
 
 /// An item of a report, when it is missing, and what it is made from.
@@ -150,7 +157,7 @@ struct Rule {
 
 constexpr Rule kRules[] = {
     {"table \"Data Structure\"",
-     [](const ItemIndex& items) { return !items.FindTable("DataStructure") && HasSubjects(items); },
+     [](const ItemIndex& items) { return !items.FindTable("DataStructure") && HasFirstSubject(items); },
      "ModelDiagnostics has no StructuredData \"firstSubjectRecordsForDataStructure\" with a FieldInfo"},
     {"table \"Classification\"",
      [](const ItemIndex& items) { return !items.FindTable("Classification") && HasClasses(items); },
@@ -177,7 +184,8 @@ constexpr Rule kRules[] = {
      "TrainingSummary has no ParameterEstimates \"fixed\""},
     {"chart \"Fixed Coefficients\"",
      [](const ItemIndex& items) { return items.FindTable("FixedCoefficients") && !FindDiagram(items, true); },
-     "no ParameterStats that is not redundant is an intercept, or has a Statistic \"fixedEffectIndex\" below 10"},
+     "no ParameterStats is an intercept with a sig below 1, or not redundant with a Statistic \"fixedEffectIndex\" below "
+     "10"},
     {"table \"Random Effect Covariances\"",
      [](const ItemIndex& items) {
          return items.TablesOf("RandomEffects").size() < items.TablesOf("CovarianceParameters").size();
@@ -189,7 +197,7 @@ constexpr Rule kRules[] = {
      [](const ItemIndex& items) {
          const std::size_t nTables = items.TablesOf("CovarianceParameters").size();
          return nTables < items.TablesOf("RandomEffects").size() ||
-                (nTables == 0 && CountOfRandomParameters(items) > 0);
+                (nTables == 0 && CountIn(items, "Covariance Parameters", "Random Effects").value_or(0) > 0);
      },
      "TrainingSummary has fewer ParameterEstimates \"random\" than random effect blocks"},
     {"chart \"Estimated Marginal Means for Top Significant Fixed Effects\"",

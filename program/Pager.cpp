@@ -11,8 +11,9 @@
 #include <csignal>
 #include <cstdlib>
 
-#include "Descriptor.h"
-#include "OutputFile.h"
+#include "program/files/Descriptor.h"
+#include "program/files/OutputFile.h"
+#include "program/files/ProgressLine.h"
 
 namespace hierfit::program {
 
@@ -25,7 +26,7 @@ constexpr const char* kLess = "less";
 constexpr int kNotRunnable = 126;
 constexpr int kNotFound = 127;
 
-std::string_view ReadEnvironment(const char* name, const char* otherwise) {
+std::string_view ReadEnvironment(const char* name, std::string_view otherwise) {
     const char* value = std::getenv(name);
     return value ? value : otherwise;
 }
@@ -100,7 +101,8 @@ int WaitFor(pid_t child) {
 }  // namespace
 
 std::optional<std::string> FindPager() {
-    const std::string_view pager = ReadEnvironment("PAGER", IsOnPath(kLess) ? kLess : "");
+    const std::string_view usual = !IsDumbTerminal() && IsOnPath(kLess) ? kLess : "";
+    const std::string_view pager = ReadEnvironment("HIERFIT_PAGER", ReadEnvironment("PAGER", usual));
     if (pager.empty() || pager == "cat") return {};
     return std::string(pager);
 }

@@ -6,8 +6,8 @@
 
 namespace hierfit::program {
 
-/// The command that shows text page by page: the environment's PAGER, else `less` where there is one. None where PAGER
-/// is empty or `cat`.
+/// The command that shows text page by page: the environment's HIERFIT_PAGER, else PAGER, else `less` where there is
+/// one and the terminal can do what it asks for. None where that is empty or `cat`.
 std::optional<std::string> FindPager();
 
 /// Shows a text with a pager, which the shell starts, and waits for its end. Whoever quits it early has seen enough.

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "CommandLine.h"
-#include "ExitStatus.h"
+#include "program/arguments/Command.h"
+#include "program/files/ExitStatus.h"
 #include "report/formats/RenderSettings.h"
 
 namespace hierfit::program {

@@ -1,14 +1,16 @@
 #include "ReportFiles.h"
 
+#include <fmt/format.h>
+
 #include <filesystem>
 #include <system_error>
 #include <utility>
 #include <variant>
 
-#include "OutputFile.h"
 #include "Rendering.h"
-#include "StandardError.h"
 #include "host/unicode/Excerpt.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/formats/Render.h"
 
@@ -21,12 +23,14 @@ using report::RenderError;
 
 WriteFailure MakeFailure(const RenderError& error) { return {StatusOf(error.fFault), error.fText}; }
 
-std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const std::string& folder) {
+std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const std::string& folder,
+                                     ProgressLine* progress) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
     if (error) return {{kUnwritable, unicode::Excerpt(folder, kMostOfText) + ": " + error.message()}};
     std::vector<WriteFailure> failures;
     for (const FileMaker& file : files) {
+        if (progress) progress->Show(fmt::format("{} of {} files", &file - files.data(), files.size()));
         const std::string path = (std::filesystem::path(folder) / file.fName).string();
         const auto made = file.fMake();
         if (const auto* fault = std::get_if<RenderError>(&made)) {
@@ -40,10 +44,11 @@ std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const 
 }
 
 std::vector<WriteFailure> WriteFolder(const document::Document& document, Format format,
-                                      const report::RenderSettings& settings, const std::string& folder) {
+                                      const report::RenderSettings& settings, const std::string& folder,
+                                      ProgressLine* progress) {
     const auto files = report::ListFiles(document, format, settings);
     if (const auto* error = std::get_if<RenderError>(&files)) return {MakeFailure(*error)};
-    return WriteFiles(std::get<std::vector<FileMaker>>(files), folder);
+    return WriteFiles(std::get<std::vector<FileMaker>>(files), folder, progress);
 }
 
 std::vector<WriteFailure> WriteFile(const document::Document& document, Format format,
@@ -58,10 +63,11 @@ std::vector<WriteFailure> WriteFile(const document::Document& document, Format f
 
 /// The charts come first, so that none is missing where there is a file.
 std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document, Format format,
-                                             report::RenderSettings settings, const std::filesystem::path& path) {
+                                             report::RenderSettings settings, const std::filesystem::path& path,
+                                             ProgressLine* progress) {
     settings.fChartFolder = path.stem().string() + "-charts";
     const std::string folder = (path.parent_path() / settings.fChartFolder).string();
-    std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder);
+    std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder, progress);
     for (WriteFailure& failure : WriteFile(document, format, settings, path.string())) {
         failures.push_back(std::move(failure));
     }
@@ -71,12 +77,13 @@ std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document,
 }  // namespace
 
 std::vector<WriteFailure> WriteReport(const document::Document& document, Format format,
-                                      const report::RenderSettings& settings, const std::string& path) {
+                                      const report::RenderSettings& settings, const std::string& path,
+                                      ProgressLine* progress) {
     const bool hasPlace = path != "-";
     const report::Extent extent = report::ExtentOf(format);
-    if (hasPlace && extent == report::Extent::Folder) return WriteFolder(document, format, settings, path);
+    if (hasPlace && extent == report::Extent::Folder) return WriteFolder(document, format, settings, path, progress);
     if (hasPlace && extent == report::Extent::FileAndCharts) {
-        return WriteFileAndCharts(document, format, settings, path);
+        return WriteFileAndCharts(document, format, settings, path, progress);
     }
     return WriteFile(document, format, settings, path);
 }

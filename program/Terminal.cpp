@@ -6,6 +6,8 @@
 #include <algorithm>
 #include <cstdlib>
 
+#include "program/files/ProgressLine.h"
+
 namespace hierfit::program {
 
 namespace {
@@ -19,7 +21,7 @@ struct winsize SizeOfTerminal() {
 /// NO_COLOR counts when it is set and not empty (no-color.org).
 bool IsColorForbidden() {
     const char* value = std::getenv("NO_COLOR");
-    return value && !std::string_view(value).empty();
+    return (value && !std::string_view(value).empty()) || IsDumbTerminal();
 }
 
 }  // namespace

@@ -10,7 +10,7 @@
 
   const isShown = (element) => getComputedStyle(element).display !== "none";
   // A figure's minus becomes that of a keyboard, so that programs know a number.
-  const asTyped = (text) => text.replace(/^\u2212(?=[\d.])/, "-");
+  const asTyped = (text) => text.replace(/(^|\()\u2212(?=[\d.])/, "$1-");
 
   const notesOf = (figure) => all("figcaption p:not(.switch)", figure).filter(isShown);
 
@@ -95,12 +95,12 @@
   };
 
   const readTable = (figure) => {
-    const { caption, tHead, tBodies } = figure.querySelector("table");
+    const { caption, tHead, tBodies, dataset: { fields } } = figure.querySelector("table");
     const groups = Array.from(tBodies, gridOf).filter((grid) => grid.length);
     const rows = groups.flat();
     const levels = rows.reduce((most, row) => Math.max(most, row.findLastIndex((cell) => cell.matches("th")) + 1), 0);
     const areTexts = rows[0].map((cell, column) => column < levels || rows.some((row) => row[column].matches(".t")));
-    return { title: caption.firstChild, head: gridOf(tHead), groups, rows, levels, areTexts, notes: notesOf(figure) };
+    return { title: caption.firstChild, head: gridOf(tHead), groups, rows, levels, areTexts, fields, notes: notesOf(figure) };
   };
 
   const asLines = (list, end = "\n") => list.map((line) => line + end).join("");
@@ -155,7 +155,8 @@
       (cell.scope === "colgroup" && cell !== row[column - 1] && cell !== next?.[column] && next
         ? `\\cmidrule(lr){${column + 1}-${column + cell.colSpan}}` : "")).join("");
     return asLines([
-      "% \\usepackage{booktabs}\n\\begin{table}\n\\centering",
+      `% \\usepackage{booktabs}${areTexts.length > 8 ? "; wide: \\small, or landscape of pdflscape" : ""}`,
+      "\\begin{table}\n\\centering",
       `\\caption{${spell(title, latex)}}`,
       `\\begin{tabular}{${areTexts.map((isText) => (isText ? "l" : "r")).join("")}}\n\\toprule`,
       ...lay(head).flatMap((line, index) => [line, underline(head[index], head[index + 1])]),
@@ -168,30 +169,22 @@
     ].filter(Boolean));
   };
 
-  const makeUnique = (names) => {
-    const taken = new Set(names);
-    const counts = Object.create(null);
-    return names.map((name) => {
-      let unique = name;
-      while (counts[name] && taken.has(unique)) unique = `${name} (${++counts[name]})`;
-      counts[name] ??= 1;
-      taken.add(unique);
-      return unique;
-    });
-  };
-
-  // A figure has all its digits where the page knows more than it shows; a missing one is an empty field.
+  // A figure has all its digits where the page knows more than it shows; a missing one is an empty field. Names and labels
+  // that are not shown stand ready as fields.
   const asCsv = (table) => {
-    const names = nameColumns(table, whole);
-    if (names.length === table.levels + 1) names[table.levels] ||= "Value";
+    const { fields, rows, levels } = table;
     const write = (cell) => {
       const words = wordsOf(cell, whole);
-      if (cell.localName === "th") return words;
+      if (cell.localName === "th") return asTyped(words).replace(" \u2013 ", " - ");  // between levels that are compared
       return cell.dataset.value ?? (words === "." ? "" : asTyped(words));
     };
     const quote = (field) => (/[",\r\n]/.test(field) ? `"${field.replaceAll("\"", "\"\"")}"` : field);
-    return asLines([makeUnique(names), ...spellRows(table.rows, write)]
-      .map((fields) => fields.map(quote).join() || "\"\""));
+    const records = spellRows(rows, write).map((record, index) => {
+      const labels = rows[index].at(-1).parentElement.dataset.fields;
+      const known = record.map(quote);
+      return (labels === undefined ? known : [labels, ...known.slice(levels)]).join() || "\"\"";
+    });
+    return asLines([fields ?? nameColumns(table, whole).map(quote).join(), ...records]);
   };
 
   // ---- Copying and saving
@@ -229,17 +222,20 @@
   const make = (name, className = "") => Object.assign(document.createElement(name), { className });
   const status = make("div", "unseen");
   give(status, { role: "status" });
+  const say = (text) => {
+    clearTimeout(status.timer);
+    status.textContent = text;
+  };
 
   // A button keeps its width while it tells what became of it.
   const tell = (button, word) => {
     if (!word) return;
     button.style.minWidth = `${button.offsetWidth}px`;
-    button.textContent = status.textContent = word;
+    button.textContent = word;
     clearTimeout(button.timer);
-    button.timer = setTimeout(() => {
-      button.textContent = words[button.className];
-      status.textContent = "";
-    }, 2000);
+    button.timer = setTimeout(() => { button.textContent = words[button.className]; }, 2000);
+    say(word);
+    status.timer = setTimeout(() => say(""), 2000);
   };
 
   const makeButton = (className, act, attributes, textContent = "") => {
@@ -441,18 +437,27 @@
     for (const one of lit) one.classList.add(one === picture ? "lit" : "on");
   };
 
-  // What the keyboard or a finger is at.
+  // What the keyboard or a finger is at, and what the pointer is at.
   let mark = null;
+  let hovered = null;
+  let leaving;
+  const stay = () => { leaving = clearTimeout(leaving); };
   const leave = () => {
+    stay();
     mark?.classList.remove("at");
-    mark = null;
+    mark = hovered = null;
     tip.hidden = true;
     dim();
   };
 
+  // The pointer has time to go from a mark to its tip, which stays as long as it is there.
+  const leaveSoon = () => { if (!mark) leaving ??= setTimeout(leave, 300); };
+  tip.addEventListener("pointerenter", stay);
+  tip.addEventListener("pointerleave", leaveSoon);
+
   const showBeside = () => {
     const { left, top, width, height } = mark.getBoundingClientRect();
-    showTip(mark.getAttribute("aria-label"), left + width / 2, top + height / 2);
+    showTip(mark.getAttribute("aria-label") ?? mark.textContent, left + width / 2, top + height / 2);
   };
 
   const goTo = (next) => {
@@ -462,7 +467,7 @@
     mark.scrollIntoView({ block: "nearest", inline: "nearest" });
     showBeside();
     light(mark);
-    status.textContent = tip.textContent;
+    say(tip.textContent);
   };
 
   // Lines are thin, so what is next to the pointer counts, too.
@@ -479,8 +484,11 @@
   const point = ({ clientX, clientY, pointerType, movementX, movementY }) => {
     if (pointerType === "touch" || (mark && movementX === 0 && movementY === 0)) return;
     const found = findAt(clientX, clientY, ".drawing svg [role=img], .drawing [data-e]");
-    if (mark || !found) leave();
-    if (!found) return;
+    if (mark) leave();
+    if (!found) return leaveSoon();
+    stay();
+    if (found === hovered) return;
+    hovered = found;
     const text = found.getAttribute("aria-label");
     if (text) showTip(text, clientX, clientY);
     else tip.hidden = true;
@@ -494,12 +502,12 @@
     else leave();
   };
 
+  // With Shift the way leads through the legend.
   const walk = (event) => {
-    if (event.key === "Escape") return leave();
     const step = { ArrowRight: 1, ArrowDown: 1, ArrowLeft: -1, ArrowUp: -1 }[event.key];
     if (!step || event.ctrlKey || event.altKey || event.metaKey) return;
     const picture = Array.from(event.currentTarget.children).find((one) => one.getClientRects().length);
-    const marks = marksIn(picture);
+    const marks = event.shiftKey ? all("[data-e]", picture) : marksIn(picture);
     if (marks.length === 0) return;
     event.preventDefault();
     const place = marks.indexOf(mark);
@@ -510,17 +518,26 @@
   const enliven = (drawing) => {
     labelMarks(drawing);
     drawing.tabIndex = 0;
+    give(drawing, { "aria-description": words.way });
     drawing.after(makeChartTools(drawing.parentElement));
     const listeners = {
       pointermove: point,
       pointerdown: touch,
-      pointerleave: () => mark || leave(),
+      pointerleave: leaveSoon,
       keydown: walk,
       focusout: () => drawing.contains(mark) && leave(),
     };
     for (const [name, listener] of Object.entries(listeners)) drawing.addEventListener(name, listener);
     naming.observe(drawing);
   };
+
+  // What is left by the keyboard while the pointer is there is left until that goes elsewhere.
+  addEventListener("keydown", ({ key }) => {
+    if (key !== "Escape") return;
+    const left = hovered;
+    leave();
+    hovered = left;
+  });
 
   // A tip beside a mark goes with it, one by the pointer goes away.
   addEventListener("scroll", () => { mark ? showBeside() : leave(); }, { passive: true, capture: true });

@@ -13,15 +13,15 @@
 #include <utility>
 
 #include "host/unicode/Excerpt.h"
-#include "program/ExitStatus.h"
-#include "program/OutputFile.h"
 #include "program/Rendering.h"
-#include "program/StandardError.h"
 #include "program/batch/EarlierReports.h"
 #include "program/batch/Interrupt.h"
 #include "program/batch/ModelReport.h"
 #include "program/batch/Models.h"
 #include "program/batch/Progress.h"
+#include "program/files/ExitStatus.h"
+#include "program/files/OutputFile.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/index/IndexPage.h"
 

@@ -3,7 +3,8 @@
 #include <system_error>
 #include <utility>
 
-#include "program/Files.h"
+#include "program/documents/FindDocuments.h"
+#include "program/files/Files.h"
 #include "report/index/IndexPage.h"
 
 namespace hierfit::program {
@@ -45,8 +46,10 @@ Work EarlierReports::WorkFor(const BatchModel& model) const {
     const fs::path report = fDirectory / model.fReport;
     const auto time = TimeOf(report);
     if (!time || !IsOfKind(report, fAreFolders)) return Work::Report;
-    for (const char* document : {"model.pmml", "model.statxml"}) {
-        const auto written = TimeOf(fs::path(model.fPath) / document);
+    const auto documents = FindDocuments({model.fPath});
+    if (!std::holds_alternative<std::vector<std::string>>(documents)) return Work::Report;
+    for (const std::string& document : std::get<std::vector<std::string>>(documents)) {
+        const auto written = TimeOf(document);
         if (!written || *written >= *time) return Work::Report;
     }
     const auto known = fModels.find(model.fReport);

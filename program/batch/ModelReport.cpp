@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "host/unicode/Excerpt.h"
-#include "program/Documents.h"
 #include "program/ReportFiles.h"
-#include "program/StandardError.h"
+#include "program/documents/Documents.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Render.h"
 
 namespace hierfit::program {
@@ -48,14 +48,13 @@ std::optional<BatchFailure> WriteModel(const BatchModel& model, document::Docume
     if (const auto error = report::Prepare(document, settings.fFormat, settings.fRender)) {
         return DescribeFailure(model, *error);
     }
-    const std::vector<WriteFailure> failures = WriteReport(document, settings.fFormat, settings.fRender, path);
+    const std::vector<WriteFailure> failures = WriteReport(document, settings.fFormat, settings.fRender, path, nullptr);
     if (!failures.empty()) return BatchFailure{failures.front().fStatus, failures.front().fText};
     return {};
 }
 
 BatchResult Make(const BatchModel& model, Work work, const BatchSettings& settings) {
-    const std::filesystem::path folder = model.fPath;
-    auto run = RunModel({(folder / "model.pmml").string(), (folder / "model.statxml").string()}, settings.fSession);
+    auto run = RunModel({model.fPath}, settings.fSession);
     if (auto* error = std::get_if<FileError>(&run)) return BatchFailure{kUnreadable, std::move(error->fText)};
     auto& read = std::get<ModelRun>(run);
     if (read.fResult.fOutcome != session::Outcome::Issued) return DescribeFailure(model, read);

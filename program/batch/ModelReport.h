@@ -4,9 +4,9 @@
 #include <variant>
 
 #include "host/session/Session.h"
-#include "program/ExitStatus.h"
 #include "program/batch/EarlierReports.h"
 #include "program/batch/Models.h"
+#include "program/files/ExitStatus.h"
 #include "report/formats/Format.h"
 #include "report/formats/RenderSettings.h"
 #include "report/index/IndexedModel.h"

@@ -5,7 +5,7 @@
 #include <variant>
 #include <vector>
 
-#include "program/Files.h"
+#include "program/files/Files.h"
 
 namespace hierfit::program {
 

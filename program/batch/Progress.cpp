@@ -1,25 +1,15 @@
 #include "program/batch/Progress.h"
 
 #include <fmt/format.h>
-#include <unistd.h>
 
 #include <algorithm>
-#include <cstdio>
 #include <utility>
 
-#include "program/StandardError.h"
+#include "program/files/StandardError.h"
 
 namespace hierfit::program {
 
-namespace {
-
-constexpr std::chrono::milliseconds kBetween{100};
-
-}  // namespace
-
-Progress::Progress(std::size_t models) : fvResults(models), fIsTerminal(isatty(STDERR_FILENO) == 1) {}
-
-Progress::~Progress() { Erase(); }
+Progress::Progress(std::size_t models) : fvResults(models), fLine(ProgressLine::Begin::AtOnce) {}
 
 void Progress::Take(std::size_t model, BatchResult result) {
     const std::lock_guard lock(fMutex);
@@ -27,7 +17,7 @@ void Progress::Take(std::size_t model, BatchResult result) {
     if (std::holds_alternative<BatchFailure>(result)) ++fFailed;
     fvResults[model] = std::move(result);
     for (; fTold < fvResults.size() && fvResults[fTold]; ++fTold) Tell(fTold);
-    Draw();
+    fLine.Show(fmt::format("{} of {} models, {} failed", fDone, fvResults.size(), fFailed));
 }
 
 void Progress::TellRest() {
@@ -38,23 +28,10 @@ void Progress::Tell(std::size_t model) {
     if (!fvResults[model]) return;
     const auto* failure = std::get_if<BatchFailure>(&*fvResults[model]);
     if (!failure) return;
-    Erase();
+    fLine.Erase();
     std::string line = failure->fReason;
     std::ranges::replace(line, '\n', ' ');
     PrintError(line);
-}
-
-void Progress::Erase() {
-    if (!std::exchange(fIsDrawn, false)) return;
-    fmt::print(stderr, "\r\x1b[K");
-}
-
-void Progress::Draw() {
-    const auto now = std::chrono::steady_clock::now();
-    if (!fIsTerminal || (fIsDrawn && now - fDrawn < kBetween)) return;
-    fmt::print(stderr, "\r\x1b[K{} of {} models, {} failed", fDone, fvResults.size(), fFailed);
-    fIsDrawn = true;
-    fDrawn = now;
 }
 
 }  // namespace hierfit::program

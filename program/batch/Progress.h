@@ -1,6 +1,5 @@
 #pragma once
 
-#include <chrono>
 #include <cstddef>
 #include <mutex>
 #include <optional>
@@ -8,6 +7,7 @@
 #include <vector>
 
 #include "program/batch/ModelReport.h"
+#include "program/files/ProgressLine.h"
 
 namespace hierfit::program {
 
@@ -16,9 +16,6 @@ namespace hierfit::program {
 class Progress {
   public:
     explicit Progress(std::size_t models);
-    Progress(const Progress&) = delete;
-    Progress& operator=(const Progress&) = delete;
-    ~Progress();
 
     void Take(std::size_t model, BatchResult result);
 
@@ -30,17 +27,13 @@ class Progress {
 
   private:
     void Tell(std::size_t model);
-    void Erase();
-    void Draw();
 
     std::mutex fMutex;
     std::vector<std::optional<BatchResult>> fvResults;
     std::size_t fDone = 0;
     std::size_t fFailed = 0;
     std::size_t fTold = 0;  ///< models, from the first, whose failures have been told
-    bool fIsTerminal;
-    bool fIsDrawn = false;
-    std::chrono::steady_clock::time_point fDrawn;
+    ProgressLine fLine;
 };
 
 }  // namespace hierfit::program

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "report/csv/Records.h"
 #include "report/items/Entries.h"
 #include "report/layout/CellContent.h"
 #include "report/layout/FlatNames.h"
@@ -14,61 +15,27 @@ namespace {
 
 constexpr std::string_view kNoColumn = "Value";
 
-/// Writes records field by field.
-class Records {
-  public:
-    void Add(std::string_view field) {
-        if (fFields++ > 0) fOut += ',';
-        const bool isQuoted = field.find_first_of(",\"\r\n") != std::string_view::npos;
-        if (!isQuoted) {
-            fOut += field;
-            return;
-        }
-        fOut += '"';
-        for (const char byte : field) {
-            if (byte == '"') fOut += '"';
-            fOut += byte;
-        }
-        fOut += '"';
-    }
-
-    /// A record of one empty field is no empty line, which readers skip.
-    void End() {
-        if (fFields == 1 && fOut.size() == fBegin) fOut += "\"\"";
-        fOut += '\n';
-        fBegin = fOut.size();
-        fFields = 0;
-    }
-
-    std::string Take() { return std::move(fOut); }
-
-  private:
-    std::string fOut;
-    std::size_t fBegin = 0;  ///< of the record
-    int fFields = 0;
-};
-
 void AddContent(Records& records, const document::Text& text) {
     const std::optional<double> number = FindNumber(text);
     records.Add(number ? SpellNumber(*number) : text.fWords);
 }
 
-void AddHeader(Records& records, const Grid& grid) {
+}  // namespace
+
+std::vector<std::string> NameFields(const Grid& grid) {
     std::vector<std::string> names = NameRowLevels(grid);
     for (std::string& name : JoinColumnNames(grid)) {
         names.push_back(grid.fColumnLevels == 0 ? std::string(kNoColumn) : std::move(name));
     }
     MakeUnique(names);
-    for (const std::string& name : names) records.Add(name);
-    records.End();
+    return names;
 }
-
-}  // namespace
 
 std::string MakeCsvTable(const document::Table& table) {
     const Grid grid = MakeFullGrid(table);
     Records records;
-    AddHeader(records, grid);
+    for (const std::string& name : NameFields(grid)) records.Add(name);
+    records.End();
     RowLabels labels(grid);
     for (int row = 0; row < grid.fRows; ++row) {
         for (const HeaderCell* label : labels.Next()) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "host/document/Document.h"
+#include "report/layout/Grid.h"
 
 namespace hierfit::report {
 
@@ -10,6 +12,9 @@ namespace hierfit::report {
 /// field for each level of row headers and one for each column. Numbers have all their digits, a missing one is an
 /// empty field, what is no number "NaN", "Inf" or "-Inf".
 std::string MakeCsvTable(const document::Table& table);
+
+/// The names of a table's fields, those of row levels first, and none of them twice.
+std::vector<std::string> NameFields(const Grid& grid);
 
 /// The items of a document: name, kind, title, and of a table its file.
 std::string MakeCsvIndex(const document::Document& document);

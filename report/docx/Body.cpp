@@ -86,7 +86,7 @@ void Body::WriteChart(const document::Chart& chart, std::string_view title) {
         AppendRuns(fOut, words::kNoPicture);
     }
     fOut += kParagraphEnd;
-    AppendCaption(fOut, words::kFigure, ++fFigures, title, Keep::Not);
+    AppendCaptionBelow(fOut, words::kFigure, ++fFigures, title);
 }
 
 void Body::AppendDrawing(DrawnPicture picture, Page page, std::string_view sentence) {
@@ -105,7 +105,7 @@ void Body::WriteMessage(Page page, int level, std::string_view text) {
 }
 
 void Body::WriteDiagnostics(const document::Document& document) {
-    WriteHeading(1, words::kDiagnostics);
+    WriteHeading(1, items::kDiagnostics);
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
         WriteMessage(Page::Upright, diagnostic.fLevel,
                      diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));

@@ -19,11 +19,7 @@ void AppendMark(std::string& out, std::string_view kind, int number, bool isStar
     out += "/>";
 }
 
-}  // namespace
-
-void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Keep keep) {
-    const bool isNamed = keep == Keep::WithNextAndNamed;
-    AppendParagraphStart(out, styles::kCaption, keep == Keep::Not ? "" : kKeepNext);
+void AppendWords(std::string& out, std::string_view kind, int number, std::string_view title, bool isNamed) {
     AppendRuns(out, std::string(kind) + " ", kBold);
     if (isNamed) AppendMark(out, kind, number, true);
     AppendField(out, "SEQ " + std::string(kind) + " \\* ARABIC", std::to_string(number), kBold);
@@ -31,6 +27,18 @@ void AppendCaption(std::string& out, std::string_view kind, int number, std::str
     AppendRuns(out, ". ", kBold);
     AppendRuns(out, title);
     out += kParagraphEnd;
+}
+
+}  // namespace
+
+void AppendCaption(std::string& out, std::string_view kind, int number, std::string_view title, Continued continued) {
+    AppendParagraphStart(out, styles::kCaption, kKeepNext);
+    AppendWords(out, kind, number, title, continued == Continued::Yes);
+}
+
+void AppendCaptionBelow(std::string& out, std::string_view kind, int number, std::string_view title) {
+    AppendParagraphStart(out, styles::kCaption, "<w:spacing w:before=\"80\" w:after=\"320\"/>");
+    AppendWords(out, kind, number, title, false);
 }
 
 void AppendContinuedCaption(std::string& out, std::string_view kind, int number) {

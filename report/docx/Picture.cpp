@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "report/charts/Pictures.h"
 #include "report/charts/layout/LayOut.h"
 #include "report/charts/svg/Svg.h"
 #include "report/docx/Relations.h"
@@ -22,7 +23,8 @@ constexpr int kMostHalvings = 8;
 double ShrinkOf(const DrawnPicture& picture, Page page) {
     const double width = WidthOf(page) / kTwentiethsToAPixel;
     const double height = (HeightOf(page) - kCaptionRoom) / kTwentiethsToAPixel;
-    return std::min({1.0, width / picture.fWidth, height / picture.fHeight});
+    const double most = page == Page::Upright ? ShrinkOnPaper(picture.fHeight) : 1;
+    return std::min({most, width / picture.fWidth, height / picture.fHeight});
 }
 
 std::optional<std::string> MakePng(const std::string& svg, const DocxSettings& settings) {
@@ -60,8 +62,7 @@ void AppendFiles(std::string& out, int number) {
 }  // namespace
 
 DrawnPicture Draw(const document::Chart& chart, std::string_view title, const DocxSettings& settings) {
-    document::Picture bare = chart.fPicture;
-    if (bare.fTitle == title) bare.fTitle.clear();
+    const document::Picture bare = Select(chart.fPicture, title, Titles::NotOfCaption);
     const charts::Scene scene = charts::LayOut(bare, WidthOf(Page::Upright) / kTwentiethsToAPixel);
     DrawnPicture picture{scene.fWidth, scene.fHeight, MakeSvgFile(scene, title, chart.fPicture.fSentence), {}};
     picture.fPng = MakePng(picture.fSvg, settings);

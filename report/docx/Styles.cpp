@@ -23,6 +23,8 @@ struct Style {
     std::string_view fRun;
 };
 
+constexpr std::string_view kSmall = "<w:sz w:val=\"16\"/><w:szCs w:val=\"16\"/>";
+
 // In a table the decimal sign is a point in every language, so its figures are English to the reader's program.
 constexpr Style kStyles[] = {
     {styles::kTitle, "Title", "Normal", "Normal",
@@ -35,13 +37,17 @@ constexpr Style kStyles[] = {
      "<w:keepLines/><w:spacing w:before=\"320\" w:after=\"100\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"20\"/><w:szCs w:val=\"20\"/>"},
     {styles::kContinued, "Caption Continued", styles::kCaption, "Normal", "<w:keepNext/>", ""},
-    {styles::kCellText, "Table Text", "Normal", "",
+    {kPlainTable.fText, "Table Text", "Normal", "",
      "<w:spacing w:before=\"30\" w:after=\"30\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"18\"/><w:szCs w:val=\"18\"/>"},
-    {styles::kFigure, "Table Figure", styles::kCellText, "", "", "<w:lang w:val=\"en-US\"/>"},
-    {styles::kColumnHeader, "Table Header", styles::kCellText, "", "<w:keepNext/><w:jc w:val=\"center\"/>", ""},
-    {styles::kSpanner, "Table Spanner", styles::kColumnHeader, "",
+    {kPlainTable.fFigure, "Table Figure", kPlainTable.fText, "", "", "<w:lang w:val=\"en-US\"/>"},
+    {kPlainTable.fColumnHeader, "Table Header", kPlainTable.fText, "", "<w:keepNext/><w:jc w:val=\"center\"/>", ""},
+    {kPlainTable.fSpanner, "Table Spanner", kPlainTable.fColumnHeader, "",
      "<w:pBdr><w:bottom w:val=\"single\" w:sz=\"4\" w:space=\"1\" w:color=\"auto\"/></w:pBdr>", ""},
+    {kSmallTable.fText, "Table Text Small", kPlainTable.fText, "", "", kSmall},
+    {kSmallTable.fFigure, "Table Figure Small", kPlainTable.fFigure, "", "", kSmall},
+    {kSmallTable.fColumnHeader, "Table Header Small", kPlainTable.fColumnHeader, "", "", kSmall},
+    {kSmallTable.fSpanner, "Table Spanner Small", kPlainTable.fSpanner, "", "", kSmall},
     {styles::kNote, "Table Note", "Normal", "",
      "<w:keepLines/><w:spacing w:before=\"40\" w:after=\"0\" w:line=\"240\" w:lineRule=\"auto\"/>",
      "<w:sz w:val=\"16\"/><w:szCs w:val=\"16\"/>"},
@@ -98,18 +104,23 @@ void AppendMargins(std::string& out, int side) {
 }
 
 // The rules at the top and the bottom; the one below the header stands in its cells.
-void AppendTableStyles(std::string& out) {
-    out +=
-        "<w:style w:type=\"table\" w:default=\"1\" w:styleId=\"TableNormal\"><w:name w:val=\"Normal Table\"/><w:tblPr>";
-    AppendMargins(out, kCellMargin);
-    out += "</w:tblPr></w:style>\n<w:style w:type=\"table\" w:styleId=\"";
-    out.append(styles::kTable)
-        .append("\"><w:name w:val=\"Report Table\"/><w:basedOn w:val=\"TableNormal\"/><w:qFormat/>");
+void AppendTableStyle(std::string& out, const TableStyles& table, std::string_view name) {
+    out.append("<w:style w:type=\"table\" w:styleId=\"").append(table.fTable).append("\"><w:name w:val=\"");
+    out.append(name).append("\"/><w:basedOn w:val=\"TableNormal\"/><w:qFormat/>");
     out +=
         "<w:tblPr><w:tblBorders><w:top w:val=\"single\" w:sz=\"8\" w:space=\"0\" w:color=\"auto\"/>"
         "<w:bottom w:val=\"single\" w:sz=\"8\" w:space=\"0\" w:color=\"auto\"/></w:tblBorders>";
-    AppendMargins(out, kCellMargin);
+    AppendMargins(out, table.fMargin);
     out += "</w:tblPr></w:style>\n";
+}
+
+void AppendTableStyles(std::string& out) {
+    out +=
+        "<w:style w:type=\"table\" w:default=\"1\" w:styleId=\"TableNormal\"><w:name w:val=\"Normal Table\"/><w:tblPr>";
+    AppendMargins(out, kPlainTable.fMargin);
+    out += "</w:tblPr></w:style>\n";
+    AppendTableStyle(out, kPlainTable, "Report Table");
+    AppendTableStyle(out, kSmallTable, "Report Table Small");
 }
 
 }  // namespace

@@ -9,6 +9,5 @@ inline constexpr std::string_view kTable = "Table";
 inline constexpr std::string_view kFigure = "Figure";
 inline constexpr std::string_view kContinued = " (continued)";
 inline constexpr std::string_view kNoPicture = "The picture is too large to be drawn.";
-inline constexpr std::string_view kDiagnostics = "Diagnostics";
 
 }  // namespace hierfit::report::docx::words

@@ -38,10 +38,10 @@ std::variant<ChartFiles, RenderError> FindChartFiles(Format format, const Render
                               scale = settings.fScale](const std::string& svg) { return raster.MakePng(svg, scale); }};
 }
 
-FileMaker MakeMaker(items::Entry chart, const ChartFiles& files) {
+FileMaker MakeMaker(items::Entry chart, const ChartFiles& files, Titles titles) {
     std::string name = chart.fAnchor + "." + files.fEnding;
-    const auto make = [chart = std::move(chart), files]() -> std::variant<std::string, RenderError> {
-        if (auto file = files.fPaint(MakePicture(chart))) return *std::move(file);
+    const auto make = [chart = std::move(chart), files, titles]() -> std::variant<std::string, RenderError> {
+        if (auto file = files.fPaint(MakePicture(chart, titles))) return *std::move(file);
         return RenderError{RenderFault::Unmakeable, "the picture is too large for " + files.fEnding};
     };
     return {std::move(name), make};
@@ -65,8 +65,9 @@ std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Docu
     auto found = FindChartFiles(format, settings);
     if (auto* error = std::get_if<RenderError>(&found)) return std::move(*error);
     std::vector<FileMaker> files;
+    const Titles titles = format == Format::Latex ? Titles::NotOfCaption : Titles::All;
     for (items::Entry& chart : ListCharts(document)) {
-        files.push_back(MakeMaker(std::move(chart), std::get<ChartFiles>(found)));
+        files.push_back(MakeMaker(std::move(chart), std::get<ChartFiles>(found), titles));
     }
     return files;
 }

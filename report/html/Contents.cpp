@@ -57,7 +57,7 @@ void AppendContents(std::string& out, const std::vector<Entry>& entries, bool ha
     }
     if (hasDiagnostics) {
         AppendStep(out, depth, 0);
-        AppendLink(out, kDiagnosticsAnchor, {}, words::kDiagnostics);
+        AppendLink(out, kDiagnosticsAnchor, {}, items::kDiagnostics);
         depth = 0;
     }
     for (; depth >= 0; --depth) out += "</li>\n</ol>\n";

@@ -103,7 +103,7 @@ void AppendItems(std::string& out, const std::vector<items::Entry>& entries, Ful
 void AppendDiagnostics(std::string& out, const document::Document& document) {
     if (document.fvDiagnostics.empty()) return;
     out.append("<section class=\"diagnostics\" id=\"").append(kDiagnosticsAnchor).append("\">\n<h2>");
-    out.append(words::kDiagnostics).append("</h2>\n<ul>\n");
+    out.append(items::kDiagnostics).append("</h2>\n<ul>\n");
     for (const document::Diagnostic& diagnostic : document.fvDiagnostics) AppendDiagnostic(out, document, diagnostic);
     out += "</ul>\n</section>\n";
 }

@@ -34,6 +34,7 @@ constexpr std::pair<std::string_view, std::string_view> kScriptWords[] = {
     {"svg", html::words::kSaveSvg},
     {"png", html::words::kSavePng},
     {"values", html::words::kCopyValues},
+    {"way", html::words::kWay},
 };
 
 void AppendBodyTag(std::string& out, Scripts scripts) {

@@ -13,7 +13,6 @@ inline constexpr std::string_view kLanguage = "en";
 
 inline constexpr std::string_view kSkip = "Skip to the output";
 inline constexpr std::string_view kContents = "Contents";
-inline constexpr std::string_view kDiagnostics = "Diagnostics";
 inline constexpr std::string_view kTarget = "Target";
 inline constexpr std::string_view kOutOf = " out of ";
 inline constexpr std::string_view kRecords = "Records";
@@ -30,6 +29,7 @@ inline constexpr std::string_view kShowHere = "Show it here";
 inline constexpr std::string_view kIsChart = " (chart)";
 inline constexpr std::string_view kValues = "Values";
 inline constexpr std::string_view kPicture = "Picture";
+inline constexpr std::string_view kWay = "Arrow keys lead through its marks, with Shift through its legend";
 
 inline constexpr std::string_view kCopy = "Copy";
 inline constexpr std::string_view kCopied = "Copied";

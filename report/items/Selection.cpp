@@ -1,39 +1,17 @@
 #include "report/items/Selection.h"
 
 #include <algorithm>
-#include <numeric>
 #include <unordered_map>
 #include <unordered_set>
 
 #include "host/unicode/Excerpt.h"
+#include "report/items/WordDistance.h"
 
 namespace hierfit::report::items {
 
 namespace {
 
 constexpr std::size_t kMostOfName = 200;  // characters that a message shows, and that are compared
-
-/// A name without its number.
-std::string_view KindOfName(std::string_view name) { return name.substr(0, name.rfind('-')); }
-
-char ToLower(char byte) { return byte >= 'A' && byte <= 'Z' ? static_cast<char>(byte - 'A' + 'a') : byte; }
-
-/// How many letters have to be put in, taken out or changed to make one word of the other (Levenshtein), whatever
-/// their case.
-std::size_t DistanceBetween(std::string_view from, std::string_view to) {
-    std::vector<std::size_t> row(to.size() + 1);
-    std::iota(row.begin(), row.end(), std::size_t{0});
-    for (std::size_t i = 0; i < from.size(); ++i) {
-        std::size_t before = row[0];
-        row[0] = i + 1;
-        for (std::size_t j = 0; j < to.size(); ++j) {
-            const std::size_t changed = before + (ToLower(from[i]) == ToLower(to[j]) ? 0 : 1);
-            before = row[j + 1];
-            row[j + 1] = std::min({changed, row[j] + 1, row[j + 1] + 1});
-        }
-    }
-    return row.back();
-}
 
 UnknownName FindNearest(const std::string& name, const std::vector<Entry>& entries) {
     const std::string word = name.substr(0, kMostOfName);
@@ -112,6 +90,8 @@ std::vector<std::string> SplitNames(std::string_view list) {
     }
     return names;
 }
+
+std::string_view KindOfName(std::string_view name) { return name.substr(0, name.rfind('-')); }
 
 bool Bears(const Entry& entry, std::string_view name) {
     return name == entry.fAnchor || name == KindOfName(entry.fAnchor);

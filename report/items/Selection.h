@@ -23,6 +23,9 @@ struct UnknownName {
 /// Names between commas; blanks around them do not count, and neither do empty ones.
 HIERFIT_EXPORT std::vector<std::string> SplitNames(std::string_view list);
 
+/// What stands before a name's last hyphen and number.
+std::string_view KindOfName(std::string_view name);
+
 /// Whether a name is the item's, or that of its kind.
 HIERFIT_EXPORT bool Bears(const Entry& entry, std::string_view name);
 

@@ -11,6 +11,8 @@ namespace hierfit::report::items {
 /// What stands in the place of a title that has no visible character.
 inline constexpr std::string_view kUntitled = "Untitled";
 
+inline constexpr std::string_view kDiagnostics = "Diagnostics";
+
 inline constexpr std::string_view kNoCells = "This table has no cells.";
 
 inline constexpr std::array<std::string_view, 3> kLevels{"Information", "Warning", "Error"};

@@ -1,8 +1,13 @@
 #include "report/latex/LatexReport.h"
 
+#include <fmt/format.h>
+
 #include <algorithm>
 #include <string_view>
 
+#include "host/document/SpellPlace.h"
+#include "report/charts/Pictures.h"
+#include "report/charts/layout/LayOut.h"
 #include "report/items/Entries.h"
 #include "report/items/Words.h"
 #include "report/latex/Frame.h"
@@ -49,11 +54,12 @@ class Writer {
         latex::AppendTable(fOut, table, items::TitleOf(*fpEntry->fpItem), fpEntry->fAnchor, fNeeds);
     }
 
-    void operator()(const document::Chart&) {
+    void operator()(const document::Chart& chart) {
         fNeeds.fHasFigures = true;
         ++fNeeds.fFloats;
         fOut.append("\\begin{figure}").append(latex::PlacementOn(fNeeds.fPage));
-        fOut += "\n\\centering\n\\includegraphics[max width=\\linewidth,max height=0.8\\textheight]{";
+        fOut.append("\n\\centering\n\\includegraphics[max width=\\linewidth,max height=").append(MostHeight(chart));
+        fOut += "]{";
         latex::AppendPath(fOut, fSettings.fChartFolder);
         fOut.append("/").append(fpEntry->fAnchor).append(".pdf}\n\\caption{");
         AppendTitle();
@@ -61,13 +67,49 @@ class Writer {
         AppendWholeTitle();
     }
 
-    void operator()(const document::Message& message) {
-        fOut.append("\\noindent\\textbf{").append(items::WordOfLevel(message.fLevel)).append(":} ");
-        AppendText(fOut, message.fText.fWords, latex::kProse, fNeeds.fScripts);
-        fOut += '\n';
+    void operator()(const document::Message& message) { AppendMessage(message.fLevel, message.fText.fWords); }
+
+    /// The paper whose fragment this is has no place for what the program found: its author reads it in the source.
+    void AppendDiagnostics(const document::Document& document) {
+        if (document.fvDiagnostics.empty()) return;
+        const bool isOwn = fNeeds.fPage == latex::Page::Own;
+        fOut.append(isOwn ? "\n\\section*{" : "\n% ").append(items::kDiagnostics).append(isOwn ? "}\n" : ":\n");
+        for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
+            const std::string text = diagnostic.fText + document::SpellPlaceBehind(document, diagnostic);
+            if (!isOwn) {
+                AppendComment(diagnostic.fLevel, text);
+                continue;
+            }
+            fOut += '\n';
+            AppendMessage(diagnostic.fLevel, text);
+        }
     }
 
   private:
+    std::string MostHeight(const document::Chart& chart) const {
+        constexpr double kPointsToAPixel = 0.7528;  // those of TeX are smaller than others
+        const document::Picture picture =
+            Select(chart.fPicture, items::TitleOf(*fpEntry->fpItem), Titles::NotOfCaption);
+        const double height = charts::LayOut(picture, charts::kDeskWidth).fHeight;
+        const double shrink = ShrinkOnPaper(height);
+        return shrink < 1 ? fmt::format("{:.0f}pt", height * shrink * kPointsToAPixel) : "0.8\\textheight";
+    }
+
+    void AppendMessage(int level, std::string_view text) {
+        fOut.append("\\noindent\\textbf{").append(items::WordOfLevel(level)).append(":} ");
+        AppendText(fOut, text, latex::kProse, fNeeds.fScripts);
+        fOut += '\n';
+    }
+
+    void AppendComment(int level, std::string_view text) {
+        fOut.append("% ").append(items::WordOfLevel(level)).append(": ");
+        for (const char byte : latex::MakeVisible(text)) {
+            fOut += byte;
+            if (byte == '\n') fOut += "% ";
+        }
+        fOut += '\n';
+    }
+
     void AppendTitle() {
         AppendText(fOut, latex::ShownInCell(items::TitleOf(*fpEntry->fpItem)), latex::kTitle, fNeeds.fScripts);
     }
@@ -100,11 +142,12 @@ std::string MakeLatexReport(const document::Document& document, const LatexSetti
     std::string text;
     Writer writer(text, settings, needs);
     for (const items::Entry& entry : items::ListEntries(document)) writer.Append(entry);
+    writer.AppendDiagnostics(document);
     // What stands before the text depends on it.
     if (!settings.fIsStandalone) return text.insert(0, latex::MakeComment(MarkUp(document.fProducer, needs), needs));
-    const std::string title = MarkUp(settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle, needs);
-    const std::string author = MarkUp(settings.fAuthor, needs);
-    return text.insert(0, latex::MakePreamble(title, author, needs)).append("\n\\end{document}\n");
+    const std::string_view title = settings.fTitle.empty() ? items::TitleOf(document) : settings.fTitle;
+    const latex::TitlePage page{title, settings.fAuthor, MarkUp(title, needs), MarkUp(settings.fAuthor, needs)};
+    return text.insert(0, latex::MakePreamble(page, needs)).append("\n\\end{document}\n");
 }
 
 }  // namespace hierfit::report

@@ -63,7 +63,7 @@ class Writer {
 
     void AppendNotes(const std::string& items) {
         if (items.empty()) return;
-        fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n")
+        fOut.append("\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\\labelsep=0pt\n")
             .append(items)
             .append("\\end{tablenotes}\n");
     }
@@ -105,7 +105,7 @@ class Writer {
         lines.AppendBody(body);
         const std::string items = fNotes.MakeItems(IsLast());
         if (!items.empty()) {
-            fOut.append("\\begin{TableNotes}[flushleft]\n\\footnotesize\\raggedright\n")
+            fOut.append("\\begin{TableNotes}[flushleft]\n\\footnotesize\\raggedright\\labelsep=0pt\n")
                 .append(items)
                 .append("\\end{TableNotes}\n");
         }

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <utility>
 
 #include "host/unicode/Properties.h"
 #include "host/unicode/Utf8.h"
@@ -214,10 +215,17 @@ std::string MakeVisible(std::string_view text) {
 }
 
 void AppendPath(std::string& out, std::string_view path) {
+    // What would be a comment, a parameter, a group's end or a character's code even there.
+    constexpr std::pair<char, std::string_view> kSpecial[] = {
+        {'%', "percent"}, {'#', "hash"}, {'{', "left_brace"}, {'}', "right_brace"}, {'^', "circumflex"}};
     for (std::size_t at = 0; at < path.size();) {
-        const std::size_t end = std::min(path.find_first_of("%#", at), path.size());
+        const std::size_t end = std::min(path.find_first_of("%#{}^", at), path.size());
         if (end > at) out.append("\\detokenize{").append(path.substr(at, end - at)).append("}");
-        if (end < path.size()) out += path[end] == '%' ? "\\csname @percentchar\\endcsname{}" : "\\string#";
+        for (const auto& [special, name] : kSpecial) {
+            if (end < path.size() && path[end] == special) {
+                out.append("\\csname c_").append(name).append("_str\\endcsname");
+            }
+        }
         at = end + 1;
     }
 }

@@ -34,7 +34,7 @@ std::string Notes::MarkUp(const std::vector<int>& notes) {
 }
 
 void Notes::AppendItem(std::string& out, std::string_view option, std::string_view words) {
-    out.append("\\item").append(option).append(" ");
+    out.append("\\item").append(option).append(option == "[]" ? " " : "\\,");
     AppendShown(out, words, kProse);
     out += '\n';
 }

@@ -93,7 +93,7 @@ TablePlan::TablePlan(const Grid& grid, Page page)
     MeasureHeaders();
     const Block all{0, grid.fColumns};
     for (const Setting& setting : fSettings) {
-        if (!Fit(setting, all, setting.fIsSideways ? kLeastCloseWidth : kLeastWidth)) continue;
+        if (!Fit(setting, all, setting.fIsSmall ? kLeastCloseWidth : kLeastWidth)) continue;
         fpSetting = &setting;
         fvBlocks = {all};
         break;

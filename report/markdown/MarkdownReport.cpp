@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/document/SpellPlace.h"
 #include "report/items/Entries.h"
 #include "report/items/Words.h"
 #include "report/markdown/MarkdownTable.h"
@@ -66,6 +67,16 @@ class Writer {
     const items::Entry* fpEntry = nullptr;
 };
 
+void AppendDiagnostics(std::string& out, const document::Document& document) {
+    if (document.fvDiagnostics.empty()) return;
+    out.append("\n## ").append(items::kDiagnostics).append("\n\n");
+    for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
+        out.append("- **").append(items::WordOfLevel(diagnostic.fLevel)).append(":** ");
+        AppendText(out, diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));
+        out += '\n';
+    }
+}
+
 }  // namespace
 
 std::string MakeMarkdownReport(const document::Document& document, const MarkdownSettings& settings) {
@@ -79,6 +90,7 @@ std::string MakeMarkdownReport(const document::Document& document, const Markdow
     }
     Writer writer(out, settings);
     for (const items::Entry& entry : items::ListEntries(document)) writer.Append(entry);
+    AppendDiagnostics(out, document);
     return out;
 }
 

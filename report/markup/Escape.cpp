@@ -13,7 +13,7 @@ constexpr char32_t kDelete = 0x7F;
 
 enum class Byte : unsigned char { Plain, Markup, LineFeed, CarriageReturn, Control, Multiple };
 
-constexpr std::array<Byte, 256> MakeBytes() {
+consteval std::array<Byte, 256> MakeBytes() {
     std::array<Byte, 256> bytes{};
     for (unsigned byte = 0; byte < 0x20; ++byte) bytes[byte] = Byte::Control;
     for (unsigned byte = 0x80; byte < 0x100; ++byte) bytes[byte] = Byte::Multiple;

@@ -71,7 +71,7 @@ class Writer {
 
     void WriteDiagnostics() {
         fSink.PartItems();
-        WriteTitle("Diagnostics", kHeavyRule);
+        WriteTitle(items::kDiagnostics, kHeavyRule);
         for (const document::Diagnostic& diagnostic : fDocument.fvDiagnostics) {
             const std::string text = MakeVisible(diagnostic.fText + document::SpellPlaceBehind(fDocument, diagnostic));
             fSink.WriteParagraph(RoleOf(diagnostic.fLevel), LeadOf(diagnostic.fLevel), text, fWidth);

@@ -70,15 +70,18 @@ TEST(DocxTable, PartsWhatIsTooWideAndLosesNothing) {
         int fColumns;
         std::string fCell;
         std::string fPage;
+        std::string fTableStyle;
         std::size_t fLeastParts;
-    } cases[] = {
-        {3, "1.5", "upright", 1}, {25, "1.25", "turned", 1}, {70, "1", "turned", 2}, {200, "-1234.567", "turned", 5}};
-    for (const auto& [columns, cell, page, leastParts] : cases) {
+    } cases[] = {{3, "1.5", "upright", "ReportTable", 1},  {18, "1.25", "upright", "ReportTableSmall", 1},
+                 {25, "1.25", "turned", "ReportTable", 1}, {29, "1.25", "turned", "ReportTableSmall", 1},
+                 {70, "1", "turned", "ReportTable", 2},    {200, "-1234.567", "turned", "ReportTable", 5}};
+    for (const auto& [columns, cell, page, style, leastParts] : cases) {
         const std::string text = TextOf(Columns(columns, cell));
         const std::vector<DrawnTable> tables = DrawTables(text);
         EXPECT_GE(tables.size(), leastParts) << columns;
         EXPECT_EQ(leastParts == 1, tables.size() == 1) << columns;
         EXPECT_EQ(test::DrawSections(text), std::vector<std::string>{page}) << columns;
+        EXPECT_NE(text.find("<w:tblStyle w:val=\"" + style + "\"/>"), std::string::npos) << columns;
         std::vector<std::string> names;
         std::vector<std::string> groups;
         for (const DrawnTable& table : tables) {

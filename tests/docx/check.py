@@ -11,6 +11,7 @@ import sys
 from collections import Counter
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "papers"))
+import hostile  # noqa: E402
 import tables as shown_tables  # noqa: E402
 
 try:
@@ -189,7 +190,7 @@ def check_table(name, reader, item, number):
         else:
             below.append(text)
     check(name, below == expected_below(item), f"below it stands {below}")
-    found = read_cells(name, parts, shown_tables.Side(item, 0).levels(hidden=False), notes, name.startswith("hostile"))
+    found = read_cells(name, parts, shown_tables.Side(item, 0).levels(hidden=False), notes, name.startswith("texts"))
     expected = expected_cells(item)
     blank = Counter({key: count for key, count in found.items() if key[2] == ("", ())})
     for key in (expected - found):
@@ -239,26 +240,11 @@ def check_orders(name, path):
 # ---- a document that asks for more than others
 
 
-def text(words_):
-    return {"text": words_, "from": {"string": words_, "translate": False}}
-
-
-def make_hostile(saved):
-    strange = ["</w:t>", "\u05d0\u05d1 (x) \u0627", "x" * 10000, "word " * 2000, "\u202eturned", "a\nb"]
-    members = [
-        {"kind": "category", "id": at, "label": text(strange[at] if at < len(strange) else f"Column {at}"), "notes": []}
-        for at in range(200)
-    ]
-    columns = {"name": text("Columns"), "sort": 2, "positioned": True, "place": 1, "index": 1, "flags": [True, False],
-               "members": members}
-    rows = {**columns, "name": text("Rows"), "place": 0, "members": members[:10]}
-    cells = [
-        {"at": [row, column], "content": {"text": f"-{row}.{column}", "from": {
-            "number": 1.5, "format": {"name": "Coefficient"}}}, "notes": [text("A note")] if column == 9 else []}
-        for row in range(10) for column in range(200)
-    ]
-    table = {"kind": "table", "subtype": text("Wide"), "title": text("Wide"), "flag": True, "minDataColumnWidth": None,
-             "captions": [], "notes": [], "dimensions": [rows, columns], "cells": cells}
+def make_hostile(saved, name):
+    """A table of another's strange texts, or of many columns, some of whose cells have notes."""
+    table = hostile.TABLES[name]
+    for cell in table["cells"]:
+        cell["notes"] = [hostile.text("A note")] if cell["at"][1] % 100 == 1 else []
     return {**saved, "items": [table], "diagnostics": []}
 
 
@@ -315,12 +301,13 @@ for name in sorted(os.listdir(examples)):
     sizes[name] = (tables, figures, tables + figures + 2)
     check_orders(name, path)
 
-hostile = make_hostile(saved)
-path = render("hostile", hostile)
-replaced = json.loads(json.dumps(hostile).replace("\\u202e", "\ufffd"))
-check_file("hostile", path, replaced)
-check_orders("hostile", path)
-sizes["hostile"] = (1, 0, 400)
+for name in ("texts", "missing", "wide"):
+    document = make_hostile(saved, name)
+    path = render(name, document)
+    seen = json.dumps(document).replace("\\u202e", "\ufffd").replace("\\u0001", "\u2401").replace("\\u001b", "\u241b")
+    check_file(name, path, json.loads(seen))
+    check_orders(name, path)
+    sizes[name] = (1, 0, 400)
 is_opened = check_pages(sizes)
 
 if faults:

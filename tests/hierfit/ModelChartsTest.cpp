@@ -194,8 +194,8 @@ TEST(TargetHistogram, NamesTheDistribution) {
         {DistributionOfTarget::POISSON, "<distributionStatistic parameter=\"3\"  distribution=\"poisson\""},
         {DistributionOfTarget::BINOMIAL, "<distributionStatistic distribution=\"normal\""},
     };
-    for (const auto& [distribution, xml] : cases) {
-        const ChartCase one{[&](ChartStage& stage) {
+    for (const auto& [type, xml] : cases) {
+        const ChartCase one{[distribution = type](ChartStage& stage) {
                                 stage.fStats.GetBuildSettings()->fDistribution = distribution;
                                 MakeEffects(stage, {{0, 0.5}});
                             },

@@ -2,6 +2,10 @@
 
 import { readFileSync } from "node:fs";
 
+/** Lets what was done be drawn, and the page hear of it: that it was scrolled, say, which takes tips away. */
+const settle = (page) =>
+  page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
+
 const hasScript = (page) => page.evaluate(() => document.querySelector("script") !== null);
 
 /** Each figure has a name and one picture that is seen, whose title stands there once; no id stands twice. */
@@ -61,6 +65,7 @@ async function pointAtEntry(page, drawing) {
   const entry = drawing.locator("svg.desk [data-e]").first();
   if (await entry.count() === 0) return [];
   await entry.scrollIntoViewIfNeeded();
+  await settle(page);
   await entry.locator("> *").first().hover({ force: true });
   const [wrong, dimmed] = await entry.evaluate((element) => {
     const keys = element.dataset.e.split(" ");
@@ -70,7 +75,7 @@ async function pointAtEntry(page, drawing) {
       marks.every((mark) => isExplained(mark) === (getComputedStyle(mark).opacity === "1"))];
   });
   await page.mouse.move(0, 0);
-  const isLit = await drawing.locator(".lit").count() > 0;
+  const isLit = await drawing.locator(".lit").waitFor({ state: "detached", timeout: 5000 }).then(() => false, () => true);
   return [...wrong > 0 ? [`a legend sets off ${wrong} marks wrongly`] : [], ...dimmed ? [] : ["a legend dims nothing"],
     ...isLit ? ["a legend stays lit"] : []];
 }
@@ -79,21 +84,57 @@ async function pointAtEntry(page, drawing) {
 async function pointAtMark(page, drawing) {
   const mark = drawing.locator("svg.desk [role=img]").last();
   if (await mark.count() === 0) return [];
+  await mark.scrollIntoViewIfNeeded();
+  await settle(page);
   await mark.hover({ force: true });
-  const text = await page.locator(".tip").textContent();
+  const text = await page.locator(".tip").evaluate((tip) => (tip.hidden ? "" : tip.textContent));
   const isTip = await drawing.evaluate((element, tip) =>
     Array.from(element.querySelectorAll("svg.desk [role=img]"), (one) => one.getAttribute("aria-label")).includes(tip), text);
   await page.mouse.move(0, 0);
   return isTip ? [] : [`the tip of a mark is ${JSON.stringify(text)}`];
 }
 
+/** A tip stays while the pointer is there, and Escape takes it away. */
+async function pointAtTip(page) {
+  const mark = page.locator(".drawing svg [role=img]").filter({ visible: true }).last();
+  if (await mark.count() === 0) return [];
+  await mark.scrollIntoViewIfNeeded();
+  await settle(page);
+  await mark.hover({ force: true });
+  const tip = page.locator(".tip");
+  const { x, y, width, height } = await tip.boundingBox();
+  await page.mouse.move(x + width / 2, y + height / 2);
+  await page.waitForTimeout(500);  // more than a tip has time to be reached
+  const stays = await tip.isVisible();
+  await page.keyboard.press("Escape");
+  const isLeft = await tip.isVisible();
+  await page.mouse.move(0, 0);
+  return [...stays ? [] : ["a tip does not stay below the pointer"], ...isLeft ? ["Escape leaves a tip"] : []];
+}
+
+/** With Shift the arrows lead through the entries of the legend, each of which is read out and sets off what it explains. */
+async function walkLegend(page, drawing) {
+  const expected = await drawing.evaluate((element) => {
+    const picture = Array.from(element.children).find((one) => one.getClientRects().length);
+    return Array.from(picture.querySelectorAll("[data-e]"), ({ textContent }) => textContent);
+  });
+  if (expected.length === 0) return [];
+  await drawing.focus();
+  await page.keyboard.press("Shift+ArrowRight");
+  const read = await page.locator("[role=status]").textContent();
+  const isLit = await drawing.locator(".lit").count() > 0;
+  await page.keyboard.press("Escape");
+  return [...read === expected[0] ? [] : [`${JSON.stringify(read)} is read out of a legend, not ${JSON.stringify(expected[0])}`],
+    ...isLit ? [] : ["the keyboard sets off nothing by a legend"]];
+}
+
 export async function checkTips(page) {
   if (!await hasScript(page)) return [];
   const faults = [];
   for (const drawing of (await page.locator(".drawing").all()).slice(0, 20)) {
-    for (const check of [walk, pointAtEntry, pointAtMark]) faults.push(...await check(page, drawing));
+    for (const check of [walk, walkLegend, pointAtEntry, pointAtMark]) faults.push(...await check(page, drawing));
   }
-  return faults;
+  return [...faults, ...await pointAtTip(page)];
 }
 
 /** No word of a picture is cut off at its edge. */
@@ -148,7 +189,7 @@ const checkInTheDark = (page) => page.evaluate(() =>
 export async function checkPlaces(page) {
   const faults = await findWordsOutside(page);
   await page.setViewportSize({ width: 360, height: 740 });
-  await page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
+  await settle(page);
   faults.push(...await checkOnPhone(page, await hasScript(page)), ...await findWordsOutside(page));
   await page.setViewportSize({ width: 1280, height: 900 });
   await page.emulateMedia({ media: "print" });

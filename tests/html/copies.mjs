@@ -2,6 +2,7 @@
 
 import { readFileSync } from "node:fs";
 import { fileURLToPath } from "node:url";
+import { tellAfter } from "./told.mjs";
 
 const differ = (what, actual, expected) =>
   (actual === expected ? [] : [`${what}:\n--- expected\n${expected}\n--- actual\n${actual}`]);
@@ -13,11 +14,8 @@ async function choose(page, anchor, name) {
 
 async function copy(page, anchor, name) {
   await page.bringToFront();
-  await page.evaluate(() => navigator.clipboard.writeText(""));
-  await choose(page, anchor, name);
-  await page.waitForFunction((id) => document.querySelector(`#${id} > .tools`).textContent === "Copied", anchor);
-  const text = await page.waitForFunction(() => navigator.clipboard.readText());  // one before may have left the word "Copied"
-  return text.jsonValue();
+  const told = await tellAfter(page, () => choose(page, anchor, name));
+  return told === "Copied" ? page.evaluate(() => navigator.clipboard.readText()) : told;
 }
 
 async function save(page, anchor, name) {
@@ -57,7 +55,7 @@ Yes & Count & 9 & 168 \\
 \end{tabular}
 \end{table}
 `,
-  "Copy as CSV": `Observed,,"Predicted, No","Predicted, Yes"
+  "Copy as CSV": `Observed,S,No,Yes
 No,Count,12,31
 No,% within Observed,27.9%,72.1%
 Yes,Count,9,168

@@ -1,6 +1,7 @@
 // What holds of single pages among the hand-made ones. Each check gives a list of faults.
 
 import * as copies from "./copies.mjs";
+import { tellAfter } from "./told.mjs";
 
 /** Compares those members of an object that are expected. */
 function compare(actual, expected) {
@@ -74,9 +75,7 @@ const unfolded = {
 async function copyTable(page, anchor) {
   const button = page.locator(`#${anchor} .copy`);
   await page.bringToFront();
-  await button.click();
-  await page.waitForFunction((id) => document.querySelector(`#${id} .copy`).textContent === "Copied", anchor);
-  const status = await page.locator("[role=status]").textContent();
+  const status = await tellAfter(page, () => button.click());
   return { status, ...await readClipboard(page) };
 }
 
@@ -122,7 +121,7 @@ async function checkFolds(page) {
   await page.keyboard.press("Tab");
   const back = await page.evaluate(() => document.activeElement.closest("nav") !== null);
   await page.locator("#Random-1").evaluate((section) => section.scrollIntoView());
-  await page.waitForFunction(() => document.querySelector("nav [aria-current]")?.hash === "#Chart-1", null, { timeout: 3000 })
+  await page.waitForFunction(() => document.querySelector("nav [aria-current]")?.hash === "#Chart-1", null, { timeout: 15_000 })
     .catch(() => {});
   const current = await page.evaluate(() => document.querySelector("nav [aria-current]")?.hash);
   return compare({ folded, unfolded, back, current }, { folded: false, unfolded: true, back: true, current: "#Chart-1" });
@@ -136,8 +135,7 @@ async function checkFallbacks(browser, url) {
   await page.evaluate(() => { document.execCommand = () => false; });
   const copied = await copyTable(page, "Classification-1");
   await page.evaluate(() => { navigator.clipboard.write = () => Promise.reject(new Error("refused")); });
-  await page.locator("#Classification-1 .copy").click();
-  const status = await page.locator("[role=status]").textContent();
+  const status = await tellAfter(page, () => page.locator("#Classification-1 .copy").click());
   await context.close();
   return compare({ ...copied, status }, { text: classification, lines: "Classification", status: "Not copied" });
 }

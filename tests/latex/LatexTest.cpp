@@ -94,8 +94,10 @@ TEST(LatexText, BoxesWhatIsWrittenFromRightToLeft) {
 
 TEST(LatexText, NamesFiles) {
     std::string out;
-    AppendPath(out, "my_100%#1 charts");
-    EXPECT_EQ(out, "\\detokenize{my_100}\\csname @percentchar\\endcsname{}\\string#\\detokenize{1 charts}");
+    AppendPath(out, "my_100%#1 charts}");
+    EXPECT_EQ(out,
+              "\\detokenize{my_100}\\csname c_percent_str\\endcsname\\csname c_hash_str\\endcsname"
+              "\\detokenize{1 charts}\\csname c_right_brace_str\\endcsname");
 }
 
 TEST(LatexFigure, TakesFormatFromColumn) {
@@ -155,12 +157,12 @@ g & c\tnote{b} & 12 &  &  &  \\
 \bottomrule
 \end{tabular*}
 \begin{tablenotes}[flushleft]
-\footnotesize\raggedright
+\footnotesize\raggedright\labelsep=0pt
 \item[] A caption
 \item[] A note
-\item[a] two
-\item[b] one
-\item[c] three
+\item[a]\,two
+\item[b]\,one
+\item[c]\,three
 \end{tablenotes}
 \end{threeparttable}
 )");
@@ -251,8 +253,8 @@ TEST(LatexReport, WritesItemsOfEachKind) {
                "\n\\FloatBarrier\n\\section[{Means {[}1]}]{\\raggedright Means {[}1]}\\label{sec:Means-1-1}\n"
                "\n\\begin{table}[!htp]\n\\centering\n\\begin{threeparttable}\n\\caption{No "
                "cells}\\label{tab:Nocells-1}\n"
-               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\n\\item[] A "
-               "note\n"
+               "This table has no cells.\n\\begin{tablenotes}[flushleft]\n\\footnotesize\\raggedright\\labelsep=0pt\n"
+               "\\item[] A note\n"
                "\\end{tablenotes}\n\\end{threeparttable}\n\\end{table}\n" +
                charts + "\n\\noindent\\textbf{Warning:} Careful \u03C3\n";
     };
@@ -261,7 +263,41 @@ TEST(LatexReport, WritesItemsOfEachKind) {
               make(figure, "%   \\usepackage{graphicx}\n%   \\usepackage[export]{adjustbox}\n"));
     const std::string whole = MakeLatexReport(document, {"A_B", "C&D", {}, true});
     EXPECT_NE(whole.find("\\title{A\\_B}\n\\author{C\\&D}\n"), whole.npos);
+    EXPECT_NE(whole.find("\\pdfextension info{ /Title <FEFF0041005F0042> /Author <FEFF004300260044> }\n"), whole.npos);
     EXPECT_TRUE(whole.ends_with("\n\\end{document}\n"));
+    EXPECT_NE(MakeLatexReport(document, {"\U0001D4B3", {}, {}, true}).find(" /Title <FEFFD835DCB3> }\n"), whole.npos);
+}
+
+TEST(LatexReport, AsksForAsManyFloatsAsItHasStepByStep) {
+    document::Document document;
+    for (int chart = 0; chart < 1100; ++chart) document.fItems.push_back({document::Chart{}});
+    EXPECT_NE(MakeLatexReport(document, {{}, {}, "c", true})
+                  .find("\\extrafloats{500}\n\\extrafloats{500}\n\\extrafloats{100}\n\\maxdeadcycles=1100\n"),
+              std::string::npos);
+}
+
+TEST(LatexReport, TellsDiagnosticsInPrintOrInComments) {
+    document::Document document;
+    document.fvDiagnostics = {{2, "50 % & more\n\\input{x}", {}}, {3, "Bad", {}}};
+    EXPECT_TRUE(MakeLatexReport(document, {})
+                    .ends_with("\n% Diagnostics:\n% Warning: 50 % & more\n% \\input{x}\n% Error: Bad\n"));
+    EXPECT_TRUE(MakeLatexReport(document, {{}, {}, {}, true})
+                    .ends_with("\n\\section*{Diagnostics}\n\n\\noindent\\textbf{Warning:} 50 \\% \\& more\\newline{}"
+                               "\\textbackslash{}input\\{x\\}\n\n\\noindent\\textbf{Error:} Bad\n\n\\end{document}\n"));
+}
+
+TEST(LatexReport, ShowsHighPicturesSmaller) {
+    const struct {
+        int fLines;
+        std::string fHeight;
+    } cases[] = {{1, "max height=0.8\\textheight"}, {22, "max height=341pt"}};
+    for (const auto& [lines, height] : cases) {
+        document::Chart chart;
+        chart.fPicture.fTitle = test::Repeated("A line\n", lines);
+        document::Document document;
+        document.fItems.push_back({chart});
+        EXPECT_EQ(Between(MakeLatexReport(document, {{}, {}, "c", false}), "max height", "]"), height);
+    }
 }
 
 }  // namespace

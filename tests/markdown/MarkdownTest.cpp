@@ -77,6 +77,9 @@ TEST(MarkdownReport, WritesItemsOfEachKind) {
     EXPECT_EQ(MakeMarkdownReport(document, {{}, {}, "my <charts>"}),
               begin + "\n**A \\[chart\\]**\n\n![Points: 3.](<my \\<charts\\>/Chart-1.svg>)\n" + end);
     EXPECT_EQ(MakeMarkdownReport(document, {"Mine", "1. Me", {}}).substr(0, 17), "# Mine\n\n1\\. Me\n\n#");
+    document.fvDiagnostics = {{2, "*Two*\nlines", {}}, {3, "Bad", {}}};
+    EXPECT_EQ(MakeMarkdownReport(document, {}),
+              begin + end + "\n## Diagnostics\n\n- **Warning:** \\*Two\\*<br>lines\n- **Error:** Bad\n");
 }
 
 }  // namespace

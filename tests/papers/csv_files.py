@@ -6,6 +6,7 @@ import math
 import pathlib
 import sys
 
+import hostile
 import tables
 
 try:
@@ -14,7 +15,7 @@ except ImportError:
     print("pandas is missing.")
     sys.exit(77)
 
-MISSING = {None, "NaN", "Infinity", "-Infinity"}
+SPELT = {None: "", "NaN": "NaN", "Infinity": "Inf", "-Infinity": "-Inf"}  # what is no number
 
 
 def expected(table):
@@ -51,8 +52,9 @@ def check(path, table, faults):
             if "number" in source and isinstance(value, (int, float)):
                 read = row[at] if isinstance(row[at], float) else float(record[at])
                 is_same = read == value
-            elif "number" in source and value is None:
-                is_same = record[at] == "" and (not isinstance(row[at], float) or math.isnan(row[at]))
+            elif "number" in source and value in SPELT:
+                is_read = not isinstance(row[at], float) or not math.isfinite(row[at])
+                is_same = record[at] == SPELT[value] and is_read
             elif "value" in source and isinstance(source["value"], (int, float)) and record[at] != content["text"]:
                 is_same = float(record[at]) == source["value"]
             else:
@@ -76,6 +78,9 @@ def main(program, examples, work):
             faults.append(f"{folder}/index.csv: lists other items than the program")
         for name, table in tables.named_tables(document, names):
             check(folder / f"{name}.csv", table, faults)
+    for path, table in hostile.write(work):
+        tables.run(program, "render", "-f", "csv", "-o", path.with_suffix(""), path)
+        check(path.with_suffix("") / "Hostile-1.csv", table, faults)
     print("\n".join(faults))
     return 1 if faults else 0
 

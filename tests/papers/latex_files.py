@@ -10,6 +10,7 @@ import shutil
 import subprocess
 import sys
 
+import hostile
 import latex_source
 import tables
 
@@ -140,9 +141,21 @@ def write_hostile(program, work, name, texts, options):
     return work / f"{name}.tex"
 
 
+def check_folder(program, example, work):
+    """Charts are found in a folder whose name has what is markup in LaTeX."""
+    folder = work / "folder"
+    folder.mkdir(exist_ok=True)
+    odd = folder / "o_d %#{}}^^41&~$.tex"
+    tables.run(program, "report", "--standalone", "--only", "GLMMCustomEffects", "-o", odd, example)
+    return typeset("lualatex", odd.rename(folder / "plain.tex"))
+
+
 def check_hostile(program, work):
     faults = typeset("lualatex", write_hostile(program, work, "hostile", HOSTILE + FOREIGN, ["--standalone"]))
     faults += check_parts(work, [write_hostile(program, work, "hostile-part", HOSTILE[1:], [])], "hostile-parts")
+    for path, _ in hostile.write(work, ["missing", "wide"]):
+        tables.run(program, "render", "--standalone", "-o", path.with_suffix(".tex"), path)
+        faults += typeset("lualatex", path.with_suffix(".tex"))
     if not any("Missing character" in fault for fault in
                typeset("lualatex", write_hostile(program, work, "missing", ["\u6f22"], ["--standalone"]))):
         faults.append("nobody tells that a glyph is missing")
@@ -161,6 +174,7 @@ def main(program, examples, work):
         faults = sum(pool.map(lambda example: check(program, example, work), tables.examples(examples)), [])
         parts = [work / f"{example.name}-part.tex" for example in tables.examples(examples)]
         faults += check_parts(work, parts, "parts")
+        faults += check_folder(program, pathlib.Path(examples) / "cbpp", work)
         faults += hostile.result()
     print("\n".join(faults))
     return 1 if faults else 0

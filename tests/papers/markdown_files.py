@@ -2,11 +2,13 @@
 markdown_files.py PROGRAM EXAMPLES WORK"""
 
 import html.parser
+import json
 import pathlib
 import shutil
 import subprocess
 import sys
 
+import hostile
 import tables
 
 
@@ -65,6 +67,13 @@ def check(name, table, found, faults):
         faults.append(f"{name}: {left} cells are missing")
 
 
+def read(path):
+    parser = ["cmark-gfm", "--unsafe", "-e", "table", "-e", "strikethrough", "-e", "autolink", path]
+    page = Page()
+    page.feed(subprocess.run(parser, check=True, capture_output=True, text=True).stdout)
+    return page
+
+
 def main(program, examples, work):
     if not shutil.which("cmark-gfm"):
         print("cmark-gfm is missing.")
@@ -75,9 +84,7 @@ def main(program, examples, work):
         path = pathlib.Path(work) / f"{example.name}.md"
         tables.run(program, "report", "-o", path, example)
         document, names = tables.read(program, example)
-        parser = ["cmark-gfm", "--unsafe", "-e", "table", "-e", "strikethrough", "-e", "autolink", path]
-        page = Page()
-        page.feed(subprocess.run(parser, check=True, capture_output=True, text=True).stdout)
+        page = read(path)
         with_cells = [(name, table) for name, table in tables.named_tables(document, names) if table["cells"]]
         if len(with_cells) != len(page.tables):
             faults.append(f"{path}: {len(page.tables)} tables, {len(with_cells)} expected")
@@ -87,6 +94,13 @@ def main(program, examples, work):
         missing = [chart for chart in page.pictures if not (path.parent / chart).is_file()]
         if page.pictures != charts or missing:
             faults.append(f"{path}: charts {page.pictures}, of which are missing {missing}")
+    for path, table in hostile.write(work):
+        tables.run(program, "render", "-o", path.with_suffix(".md"), path)
+        found = read(path.with_suffix(".md")).tables
+        # Signs that are not seen are spelt out.
+        seen = json.loads(json.dumps(table).replace("\\u202e", "\\\\u{202E}").replace("\\u0001", "\u2401")
+                          .replace("\\u001b", "\u241b"))
+        check(path.name, seen, found[0] if len(found) == 1 else [[]], faults)
     print("\n".join(faults))
     return 1 if faults else 0
 

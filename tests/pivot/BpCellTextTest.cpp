@@ -41,6 +41,17 @@ TEST_F(CellText, KeepsWordsAndSource) {
     for (const auto& [text, expected] : cases) EXPECT_EQ(text, expected) << text.fWords;
 }
 
+TEST_F(CellText, CopiesSayTheSame) {
+    const OBS female(std::string("f"));
+    const BpString word("word", true);
+    const BpNumber number(0.0312, BpProcedure::Significance());
+    const BpVariable variable(&fDose, BpShow::InText);
+    const BpDataValue value(&fSex, &female, BpPreference::AsHeader);
+    for (const BpCellText* text : std::initializer_list<const BpCellText*>{&word, &number, &variable, &value}) {
+        EXPECT_EQ(*text->Replicate()->GetText(), *text->GetText());
+    }
+}
+
 TEST_F(CellText, ShowsVariablesAndValuesAsTheUserWants) {
     const std::pair<Labels, std::string> cases[] = {
         {Labels::Label, "Dose given|sex|low|2.00|3.50|female|m|"},

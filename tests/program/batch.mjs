@@ -117,12 +117,12 @@ writeFileSync("f/2-empty/model.statxml", "");
 writeFileSync("f/3-broken/model.statxml", "data,1\n");
 writeFileSync("f/5-other/model.pmml", "<PMML/>");
 const failures = [
-  ["f/1-nothing", "f/1-nothing/model.pmml: No such file or directory"],
+  ["f/1-nothing", "f/1-nothing: the folder holds no PMML and no StatXML document (.pmml, .statxml)"],
   ["f/2-empty", "f/2-empty/model.statxml:1:1: the document is empty"],
   ["f/3-broken", "f/3-broken/model.statxml:1:1: syntax error"],
-  ["f/4-missing", "f/4-missing/model.pmml: No such file or directory"],
+  ["f/4-missing", "f/4-missing: No such file or directory"],
   ["f/5-other", "f/5-other/model.pmml:1:1: PMML: element \"DataDictionary\" expected"],
-  ["f/two\nlines", "f/two\nlines/model.pmml: No such file or directory"],
+  ["f/two\nlines", "f/two\nlines: No such file or directory"],
 ];
 const folders = [...failures.map(([folder]) => folder), "f/6-good"];
 const lines = failures.map(([, reason]) => `hierfit: ${reason.replace("\n", " ")}\n`).join("");
@@ -137,7 +137,7 @@ for (const jobs of ["1", "4"]) {
 mkdirSync("blocked/8-written.html", { recursive: true });
 const blocked = batch("-o", "blocked", "-f", "html", "f/1-nothing", "f/6-good", "f/8-written");
 check("a report that cannot be written", blocked,
-  { status: 3, out: "", err: "hierfit: f/1-nothing/model.pmml: No such file or directory\n" +
+  { status: 3, out: "", err: `hierfit: ${failures[0][1]}\n` +
     "hierfit: blocked/8-written.html: Is a directory\n" });
 check("the others", readIndex("blocked").links, ["6-good.html"]);
 const chosen = batch("-o", "chosen", "-f", "html", "--only", "Classification-1", "m/bacteria", "m/oats");
@@ -151,8 +151,9 @@ const refused = [
   [["-o", "file", "-f", "html", "m/oats"], 3, /^hierfit: file: Not a directory\n$/],
   [["-o", "file/deep", "m/oats"], 3, /^hierfit: file\/deep: Not a directory\n$/],
   [["-o", "/proc/none", "m/oats"], 3, /^hierfit: \/proc\/none: No such file or directory\n$/],
-  [["-f", "html", "m/oats"], 1, /--output is required/],
+  [["-f", "html", "m/oats"], 1, /^hierfit: --output is required: /],
   [["-o", "-", "m/oats"], 1, /^hierfit: --output must name a folder\n/],
+  [["-o", "", "m/oats"], 1, /^hierfit: --output: an empty name\n/],
   [["-o", "never", "-f", "docs", "m/oats"], 1, /Try: hierfit --help\n$/],
   [["-o", "never", "-f", "json", "--only", "FixedEffects", "m/oats"], 1, /^hierfit: --only: json holds/],
   [["-o", "never", "--lang", "xx", "m/oats"], 1, /^hierfit: --lang: xx: no such language/],
@@ -261,7 +262,7 @@ const shown = (command) => spawnSync("script", ["-qec", command, "/dev/null"], {
 const progress = shown(`${program} batch -o tty m/oats f/1-nothing`);
 check("progress", /\r\x1b\[K\d of 2 models, [01] failed/.test(progress), true);
 check("what stays", progress.split(/\r\x1b\[K/).filter((part) => !/^\d of 2/.test(part)).join(""),
-  "hierfit: f/1-nothing/model.pmml: No such file or directory\r\n");
+  `hierfit: ${failures[0][1]}\r\n`);
 check("no folder on a terminal", shown(`${program} batch -o tty; echo $?`),
   "hierfit: no folder is named; give them as arguments or list them on standard input\r\n1\r\n");
 

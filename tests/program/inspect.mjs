@@ -41,6 +41,9 @@ const remarks = [
   ["no records", "cbpp", without(/<StructuredData description="first[^]*?<\/StructuredData>/),
     [lacks('table "Data Structure"',
       'ModelDiagnostics has no StructuredData "firstSubjectRecordsForDataStructure" with a FieldInfo')]],
+  ["no records of crossed blocks", "cbpp",
+    (text) => without(/<StructuredData description="first[^]*?<\/StructuredData>/)(text)
+      .replace(/(name="numOfCommonSubjects" value=)"\d+"/, '$1"1"'), []],
   ["no plots", "sleepstudy", without(/<UnivariateData[^]*<\/BivariateData>/),
     [lacks('chart "Predicted by Observed"', 'ModelDiagnostics has no BivariateData "observedByPredicted"'),
       lacks('the target\'s histogram in the charts "Fixed Effects" and "Fixed Coefficients"',
@@ -79,6 +82,13 @@ const remarks = [
     (text) => text.replace("</DataGroup>\n    </Mod", '<Message><PrintableList pattern="kGLMM_C20"/></Message>$&'),
     ["d/model.statxml:XX: Estimated Marginal Means 1: Period: The chart of these estimated means cannot be drawn.",
       lacks('chart "Estimated Means: Custom Effects" of request 1 for means', "its DataGroup has the message kGLMM_C20")]],
+  ["figures that contradict each other", "cbpp",
+    (text) => text.replace('name="numOfCommonSubjects" value="15"', 'name="numOfCommonSubjects" value="15.5"')
+      .replace('sig="0.00010868950196765348"', 'sig="0.5"'),
+    ['d/model.statxml:XX: StatXML/PMMLModel/ModelDiagnostics/ModelTestStats[1]/FTest "correctedModel": ' +
+        "sig 0.5 contradicts fStatistic 8.496147941412827 with df1 3 and df2 52, which gives 0.000109",
+      'd/model.statxml:XX: StatXML/PMMLModel/ModelDiagnostics/Statistic[9] "numOfCommonSubjects": ' +
+        "value 15.5 is a count that is not whole"]],
   ["a message about the fit", "orchard", (text) => text, []],
   ["a text with a line feed", "cbpp", (text) => text.replace('CompareFactor" value="period"', 'CompareFactor" value="a&#10;b\u202e"'),
     [/^table "Contrasts" of request 1 for means is left out: .* compare factor "a b\\u\{202E\}"$/]],
@@ -105,7 +115,7 @@ expect("check, unreadable", run("check", "d"), 2, "",
   'd/model.statxml:1:1: StatXML: element "PMMLModel/PredictiveSummary" expected\n');
 expect("list, unreadable", run("list", "d"), 2, "", /^hierfit: error: [^\n]*\nd\/model.statxml:1:1: [^\n]*\n$/);
 expect("check, no folder", run("check", "none"), 2, "",
-  "hierfit: none: one argument must be a folder with model.pmml and model.statxml\n");
+  "hierfit: none: No such file or directory\n");
 
 // ---- list
 

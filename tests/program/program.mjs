@@ -92,10 +92,10 @@ writeFileSync("long.json", `{"${long}": "${long}", "format": "${long}"}`);
 const usage = "Try: hierfit --help\n";
 const refused = [
   ["a missing file", ["report", "no.pmml", "no.statxml"], 2, "hierfit: no.pmml: No such file or directory\n"],
-  ["a folder without documents", ["report", "empty"], 2, "hierfit: empty/model.pmml: No such file or directory\n"],
+  ["a folder without documents", ["report", "empty"], 2, "hierfit: empty: the folder holds no PMML and no StatXML document (.pmml, .statxml)\n"],
   ["one file alone", ["report", "bad.json"], 2,
-    "hierfit: bad.json: one argument must be a folder with model.pmml and model.statxml\n"],
-  ["a folder as a document", ["report", join(example, "model.pmml"), "empty"], 2, "hierfit: empty: Is a directory\n"],
+    "hierfit: bad.json: one argument must be a folder with the two documents; hierfit render takes a saved document\n"],
+  ["a folder as a document", ["report", join(example, "model.pmml"), "empty"], 2, "hierfit: empty: Is a directory; give a folder alone, or two documents\n"],
   ["a missing file of a long name", ["report", long.slice(0, 2000), "x"], 2,
     `hierfit: ${cut(long.slice(0, 2000), 1000)}: File name too long\n`],
   ["a language of a long name", ["report", "--lang", long.slice(0, 2000), example], 1, /^hierfit: --lang: [^]{1,1050}$/],
@@ -117,6 +117,7 @@ const refused = [
     `hierfit: --digits: ${digits} is no number from 0 to 15\nTry: hierfit --help\n`]),
   ["pictures without a folder", ["report", "-f", "svg", example], 1,
     `hierfit: --format svg: --output must name a folder\n${usage}`],
+  ["an empty name", ["report", "-o", "", example], 1, `hierfit: --output: an empty name\n${usage}`],
   ["pixels without a folder", ["report", "-f", "png", "--scale", "3", example], 1,
     `hierfit: --format png: --output must name a folder\n${usage}`],
   ...["0", "-1", "20.5", "nan", "inf", "2x", ""].map((scale) => ["a wrong scale",
@@ -183,14 +184,16 @@ check("a pipe closed before", got.err === "141\n", got.err);
 // ---- a pager on a terminal of 10 lines: [name, environment, arguments, what the pager gets, exit status]
 
 const paged = [
-  ["a pager", "PAGER='sed s/^/P:/'", "", /^P:Generalized[^]*\nP:a\. This[^]*$/, 0],
-  ["a pager that is quit", "PAGER='head -c 20'", "", /^Generalized Linear M$/, 0],
-  ["a pager that fails", "PAGER='head -c 20; exit 3 #'", "", /^Generalized Linear M$/, 0],
-  ["a pager that is not there", "PAGER=no-such-pager", "", /no-such-pager: not found\nGeneralized/, 0],
-  ["an empty pager", "PAGER=", "", /^Generalized/, 0],
-  ["no pager", "PAGER='sed s/^/P:/'", "--no-pager", /^Generalized/, 0],
+  ["a pager", "PAGER='sed s/^/P:/'", "", /^P:sleepstudy: Generalized[^]*\nP:a\. This[^]*$/, 0],
+  ["a pager of its own", "HIERFIT_PAGER='sed s/^/P:/' PAGER=false", "", /^P:sleepstudy: Generalized/, 0],
+  ["a terminal that only prints", "env -u PAGER TERM=dumb", "--color auto", /^sleepstudy: Generalized[^\x1b]*$/, 0],
+  ["a pager that is quit", "PAGER='head -c 20'", "", /^sleepstudy: Generali$/, 0],
+  ["a pager that fails", "PAGER='head -c 20; exit 3 #'", "", /^sleepstudy: Generali$/, 0],
+  ["a pager that is not there", "PAGER=no-such-pager", "", /no-such-pager: not found\nsleepstudy: Generalized/, 0],
+  ["an empty pager", "PAGER=", "", /^sleepstudy: Generalized/, 0],
+  ["no pager", "PAGER='sed s/^/P:/'", "--no-pager", /^sleepstudy: Generalized/, 0],
   ["a pager for text alone", "PAGER='sed s/^/P:/'", "-f json", /^\{/, 0],
-  ["a pager and a failure", "PAGER='sed s/^/P:/'", "no.pmml", /one argument must be a folder|No such file/, 2],
+  ["a pager and a failure", "PAGER='sed s/^/P:/'", "no.pmml", /^hierfit: no.pmml: No such file/, 2],
   ["less as it is set up", "PAGER='echo $LESS; cat > /dev/null'", "", /^FRX\n$/, 0],
   ["less as the user sets it up", "LESS=X PAGER='echo $LESS; cat > /dev/null'", "", /^X\n$/, 0],
 ];
@@ -199,7 +202,7 @@ const terminal = (lines, command) => {
   return { status, out: out.replaceAll("\r", "") };
 };
 for (const [name, environment, args, expected, status] of paged) {
-  got = terminal(10, `${environment} ${program} report --color never ${args} ${example}`);
+  got = terminal(10, `${environment} ${program} report ${args.includes("--color") ? "" : "--color never"} ${args} ${example}`);
   check(name, got.status === status && expected.test(got.out), `${got.status} ${got.out.slice(0, 300)}`);
 }
 got = terminal(5000, `PAGER='sed s/^/P:/' ${program} report ${example}`);
@@ -289,10 +292,10 @@ for (const part of ["bin/hierfit", "lib"]) {
 }
 symlinkSync(join(root, "share"), "nopixels/share");
 got = spawn("nopixels/bin/hierfit", ["report", "-f", "png", "-o", "none", example]);
-checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory\n$/);
+checkRefusal("a missing module", got, 4, /^hierfit: png takes libhierfit_raster\.so: .+: No such file or directory; install [^\n]+ librsvg2-dev [^\n]+\n$/);
 check("a missing module", !readdirSync(".").includes("none"), "there is output");
 got = spawn("nopixels/bin/hierfit", ["report", "-o", "none.docx", example]);
-checkRefusal("a missing module", got, 4, /^hierfit: docx takes libhierfit_raster\.so: .+: No such file or directory\n$/);
+checkRefusal("a missing module", got, 4, /^hierfit: docx takes libhierfit_raster\.so: .+: No such file or directory; install [^\n]+\n$/);
 check("a missing module", !readdirSync(".").includes("none.docx"), "there is output");
 got = spawn("nopixels/bin/hierfit", ["report", "-f", "svg", "-o", "vectors", example]);
 check("a missing module", got.status === 0, `SVG takes it: ${got.err}`);

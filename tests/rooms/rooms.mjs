@@ -46,14 +46,17 @@ const knows = {
   "backend/host/chart/picture/graphs": [
     ...host("document", "chart/specification"), ...host("chart/picture", "chart/picture/histogram"),
   ],
-  "backend/host/session": host("contract", "document", "context", "xml", "language", "framework", "pmml"),
+  "backend/host/plausible": host("xml", "data", "framework"),
+  "backend/host/session": [
+    ...host("contract", "document", "context", "xml", "language"), ...host("framework", "pmml", "plausible"),
+  ],
   "report/layout": report(),
   "report/style": report(),
   "report/markup": [],
   "report/items": report(),
   "report/text": report("items", "layout"),
   "report/json": report(),
-  "report/html": report("items", "layout", "markup", "charts/layout", "charts/svg"),
+  "report/html": report("items", "layout", "markup", "csv", "charts/layout", "charts/svg"),
   "report/charts": report("items", "charts/layout", "charts/svg"),
   "report/charts/layout": report("markup"),
   "report/charts/layout/diagrams": report("charts/layout"),
@@ -64,16 +67,24 @@ const knows = {
   "report/index": report("items", "markup", "html"),
   "report/csv": report("items", "layout"),
   "report/markdown": report("items", "layout", "text"),
-  "report/latex": report("items", "layout", "charts/layout"),
+  "report/latex": report("items", "layout", "charts", "charts/layout"),
   "report/archive": ["report/modules"],
-  "report/docx": report("items", "layout", "markup", "archive", "charts/layout", "charts/svg"),
+  "report/docx": report("items", "layout", "markup", "archive", "charts", "charts/layout", "charts/svg"),
   "report/formats": report(
     "items", "style", "text", "json", "html", "csv", "markdown", "latex", "xlsx", "archive", "docx", "charts",
     "charts/raster",
   ),
   "report/xlsx": report("items", "layout", "text", "charts", "modules"),
   "interface": [...report("items", "formats", "json"), ...host("session")],
-  "program": [...report("items", "index", "formats", "style", "text", "json"), ...host("session")],
+  "program": [
+    ...report("items", "index", "formats", "modules", "text", "json"), ...host("session"), "program/arguments",
+    "program/documents", "program/files",
+  ],
+  "program/arguments": [
+    "report/items", "report/formats", "report/style", ...host("session"), "program/documents", "program/files",
+  ],
+  "program/documents": ["report/items", "report/json", ...host("session"), "program/files"],
+  "program/files": report("text"),
 };
 
 // Other libraries than the standard's and the system's. They stand in headers only that no other room includes, and not

@@ -64,6 +64,27 @@ TEST(Session, TellsMessagesThatNobodyShows) {
     }
 }
 
+TEST(Session, TellsContradictionsBeforeMessages) {
+    const std::string statXml = Replaced(Replaced(Replaced(ReadExample("sleepstudy", "model.statxml"),
+                                                           "confIntervalLower=\"237", "confIntervalLower=\"252"),
+                                                  "totalFreq=\"10\"", "totalFreq=\"10.5\""),
+                                         "</TrainingSummary>", Message("x") + "</TrainingSummary>");
+    for (const bool tellsAll : {false, true}) {
+        Settings settings = kPlain;
+        settings.fTellsAll = tellsAll;
+        const Result result = RunTexts(ReadExample("sleepstudy", "model.pmml"), statXml, settings);
+        const auto& diagnostics = result.fDocument.fvDiagnostics;
+        ASSERT_EQ(diagnostics.size(), tellsAll ? 3U : 2U);
+        EXPECT_EQ(diagnostics[0].fText,
+                  "StatXML/PMMLModel/TrainingSummary/ParameterEstimates[1]/ParameterStats[1] \"Intercept\": estimate "
+                  "251.40510484848497 is below confIntervalLower 252.00646442903934");
+        EXPECT_EQ(diagnostics[0].fPlace, (document::Place{1, 190, 9}));
+        EXPECT_EQ(diagnostics[0].fLevel, 2);
+        EXPECT_EQ(diagnostics.back().fText, "x");
+        EXPECT_EQ(result.fUnseenMessages, 1U);
+    }
+}
+
 TEST(Session, TellsWhyThereIsNoOutput) {
     const std::string pmml = ReadExample("sleepstudy", "model.pmml");
     const std::string statXml = ReadExample("sleepstudy", "model.statxml");

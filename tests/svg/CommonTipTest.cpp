@@ -15,7 +15,8 @@ struct TipsCase {
 TEST(CommonTip, LeavesOutWhatAllSay) {
     const TipsCase cases[] = {
         {{"Dose: low\nMean: 1.5", "Dose: low\nMean: 1.25"}, "Dose: low\nMean: \u2026", {"1.5", "1.25"}},
-        // Nothing but whole names up to a colon: not the beginnings of figures, nor of words.
+        {{"a = 12\np = 0.1", "a = 13\np = 0.2"}, "a = \u2026\np = \u2026", {"12\n0.1", "13\n0.2"}},
+        // Nothing but whole names up to their sign: not the beginnings of figures, nor of words.
         {{"a: b: 12", "a: b: 13"}, "a: b: \u2026", {"12", "13"}},
         {{"Level 1\nSame", "Level 2\nSame"}, "\u2026\nSame", {"Level 1", "Level 2"}},
         {{"x: 1\n\nx: 1", "x: 2\n\ny: 1"}, "x: \u2026\n\n\u2026", {"1\nx: 1", "2\ny: 1"}},

@@ -165,6 +165,11 @@ def judge_figures():
     expect("figures", "too large", "1.79769e+308", book["Sub-1"].cell(3 + len(rows) - 1, 2).value)
     for row in range(len(figures), len(rows) - 1):
         expect("figures", "missing", None, book["Sub-1"].cell(3 + row, 2).value)
+    noted = open_book("noted", [table(list("abcdef"), [f"c{i}" for i in range(30)], lambda r, c: number("NaN", "."),
+                                      marks=lambda r, c: [text("Lost")] if c in (1, 28) and r != 3 else [])])
+    expect("figures", "the mark of what is missing", "\u1d43 Lost (empty: C3:C5, AD3:AD5, C7:C8, AD7:AD8)",
+           noted["Sub-1"]["A9"].value)
+    expect("figures", "is in no cell", None, noted["Sub-1"]["C3"].value)
     expect("figures", "a column without numbers", [None, None], [book["Sub-2"].cell(row, 3).value for row in (3, 4)])
 
 

@@ -13,6 +13,7 @@ struct Settings {
     Labels fVariables = Labels::Label;
     Labels fValues = Labels::Label;
     std::string fTemplateFolder;  ///< looked into before the installed templates; empty for none
+    bool fTellsAll = false;       ///< also contradictions of the documents that mislead no reader of a report
 };
 
 }  // namespace hierfit::context

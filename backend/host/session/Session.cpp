@@ -11,6 +11,7 @@
 #include "host/context/RunContext.h"
 #include "host/framework/MissText.h"
 #include "host/language/Catalogue.h"
+#include "host/plausible/Plausible.h"
 #include "host/pmml/Dictionary.h"
 #include "host/session/BackEndMessages.h"
 #include "host/session/Module.h"
@@ -71,6 +72,17 @@ class Host {
         return procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
     }
 
+    void TellContradictions() {
+        const std::shared_ptr<const xml::Document>& statXml = fContext.GetLastXml();
+        if (!statXml) return;
+        for (plausible::Finding& finding : plausible::FindContradictions(*statXml, fContext.GetSettings().fTellsAll)) {
+            if (!fContext.TakeRoomForWarning()) return;
+            const auto [line, column] = finding.fPosition;
+            fContext.AddDiagnostic(2, std::move(finding.fText),
+                                   document::Place{document::kStatXmlSource, line, column});
+        }
+    }
+
     void TellUnseenMessages() { fUnseenMessages = DiagnoseUnseenMessages(fContext); }
 
     std::size_t CountUnseenMessages() const { return fUnseenMessages; }
@@ -109,6 +121,7 @@ bool RunGuarded(Host& host, CFProcCustomFactory factory, Input& pmml, Input& sta
                                             document::Place{document::kStatXmlSource, 1, 1});
         }
         if (!host.RunProcedure(factory, std::move(pmml.fText), std::move(statXml.fText))) return false;
+        host.TellContradictions();
         host.TellUnseenMessages();
         return true;
     } catch (const std::exception& error) {
@@ -125,10 +138,12 @@ Result Run(Input pmml, Input statXml, const Settings& settings) {
     if (settings.fLanguage != kNoCatalogue) {
         const std::string path = LanguageFolder(paths) + "/" + settings.fLanguage + ".mo";
         catalogue = language::Catalogue::Open(path);
-        if (!catalogue) return NotSetUp("there is no readable catalogue " + path);
+        if (!catalogue)
+            return NotSetUp("there is no readable catalogue " + path + "; install hierfit again, with its languages");
     }
     const auto module = LoadModule(paths.fModule);
-    if (const auto* reason = std::get_if<std::string>(&module)) return NotSetUp(*reason);
+    if (const auto* reason = std::get_if<std::string>(&module))
+        return NotSetUp(*reason + "; install hierfit again, with its procedure");
 
     Host host(paths, settings, std::move(catalogue));
     host.Describe(pmml, statXml);

@@ -66,6 +66,7 @@ def test_texts_are_fit_for_xml():
         "  <e/>",
         "</a>",
     ]
+    assert text_array(["a\x01b"]).children == ['"a b"']
     assert text_array(["a", "b c", 'd"e', "", None, "__MISSING__"]).children == [
         'a "b c" "d\\"e" "" __MISSING__ "__MISSING__"'
     ]
@@ -141,6 +142,8 @@ REFUSED = {
     "factor and number": (ols("y ~ C(kind) + kind"), "kind stands in the model both as a factor", None),
     "target on both sides": (ols("y ~ y"), "y is the target and a predictor", None),
     "levels read alike": (ols("y ~ m"), "Two levels of m read alike", "alike"),
+    "levels without letters": (ols("y ~ m"), "Two levels of m read alike", "control"),
+    "columns read alike": (ols("y ~ x + Q('x\x01') + Q('x ')"), "Two columns of the data read alike", "columns"),
     "shares": (lambda d: smf.glm("p ~ x", d, family=sm.families.Binomial()).fit(), "events and failures", "share"),
     "tweedie": (
         lambda d: smf.glm("size ~ x", d, family=sm.families.Tweedie(var_power=1.5)).fit(),
@@ -179,6 +182,10 @@ def bent(data, how):
         data["z"] = 1 - 2 * data["x"]
     elif how == "alike":
         data["m"] = pd.Categorical([1 if h == "u" else "1" for h in data["h"]])
+    elif how == "control":
+        data["m"] = ["u\x01" if h == "u" else "u " for h in data["h"]]
+    elif how == "columns":
+        data["x\x01"], data["x "] = data.x**2, data.x**3
     elif how == "share":
         data["p"] = data.events / data.n
     return data

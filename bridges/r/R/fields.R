@@ -68,6 +68,10 @@ variable_label <- function(x) {
 # One field: `source` is the column of the data that labels come from, where there is one.
 make_field <- function(name, x, source = x, categorical = is_categorical(x)) {
   levels <- if (categorical) as_levels(x) else NULL
+  if (anyDuplicated(legible(levels))) {
+    stop("Two levels of ", name, " read alike; rename one of them: ", paste(legible(levels), collapse = ", "), ".",
+      call. = FALSE)
+  }
   labels <- if (categorical) value_labels(source, levels) else NULL
   type <- if (is.null(levels)) "double"
     else if (!levels_are_numbers(levels)) "string"
@@ -93,6 +97,10 @@ field_node <- function(field) {
 
 pmml_document <- function(fields, target, has_regression) {
   names <- vapply(fields, `[[`, "", "name")
+  if (anyDuplicated(legible(names))) {
+    stop("Two columns of the data read alike; rename one of them: ", paste(legible(names), collapse = ", "), ".",
+      call. = FALSE)
+  }
   usage <- ifelse(names == target, "target", "active")
   first <- c(which(names == target), which(names != target))
   mining <- Map(function(name, use) node("MiningField", c(name = name, usageType = use)),

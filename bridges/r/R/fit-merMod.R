@@ -85,7 +85,7 @@ hf_tests.lmerMod <- function(fit, info, design, options) {
   method <- lmer_method(options)
   effects <- data.frame(f = numeric(), df1 = numeric(), df2 = numeric(), p = numeric())
   if (length(design$effects)) {
-    table <- stats::anova(options$tested, type = 3, ddf = method)
+    table <- taken_by("lmerTest", stats::anova(options$tested, type = 3, ddf = method), plain_names)
     labels <- vapply(design$effects, `[[`, "", "label")
     at <- match(labels, rownames(table))
     effects <- data.frame(

@@ -152,7 +152,7 @@ row_order <- function(frame, fields) {
 }
 
 means_of <- function(grid, request, options) {
-  object <- suppressMessages(emmeans::emmeans(grid, request$fields))
+  object <- taken_by("emmeans", suppressMessages(emmeans::emmeans(grid, request$fields)), plain_names)
   figures <- summary_figures(object, options$level)
   order <- row_order(figures$frame, request$fields)
   list(object = object, figures = figures, order = order,

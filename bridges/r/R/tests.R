@@ -92,8 +92,9 @@ effect_test <- function(grid, variables) {
   nesting <- grid@model.info$nesting
   nesters <- unique(unlist(nesting[intersect(variables, names(nesting))]))
   if (!all(variables %in% names(grid@levels)) || !all(nesters %in% variables)) return(no_test())
-  means <- emmeans::emmeans(grid, variables)
-  from_joint(exact_joint_test(emmeans::contrast(means, interaction = "consec", by = nesters)))
+  contrasts <- taken_by("emmeans",
+    emmeans::contrast(emmeans::emmeans(grid, variables), interaction = "consec", by = nesters), plain_names)
+  from_joint(exact_joint_test(contrasts))
 }
 
 # joint_tests() works on variables. A covariate in several terms, or in several columns, needs its
@@ -166,13 +167,19 @@ reference_grid <- function(arguments) {
     if (grepl(expected, conditionMessage(w))) invokeRestart("muffleWarning")
   }
   make <- function() suppressMessages(do.call(emmeans::ref_grid, arguments))
-  tryCatch(withCallingHandlers(make(), warning = quietly), error = function(e) {
-    stop("emmeans cannot take this fit (",
-      strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ",
-      "Its data must be at hand as they were, and codings be set by contrasts() on the data.",
-      call. = FALSE)
+  taken_by("emmeans", withCallingHandlers(make(), warning = quietly),
+    "Its data must be at hand as they were, and codings be set by contrasts() on the data.")
+}
+
+# The value of an expression, or an error that says which package does not take the fit, and what to do.
+taken_by <- function(package, expression, advice) {
+  tryCatch(expression, error = function(e) {
+    stop(package, " cannot take this fit (",
+      strtrim(gsub("[[:space:]]+", " ", conditionMessage(e)), 300L), "). ", advice, call. = FALSE)
   })
 }
+
+plain_names <- "Give the columns of the data names of letters, digits and dots."
 
 # What emmeans finds not estimable is tested by its coefficients where no other term holds it.
 joint_effects <- function(design, wald, of_effect) {

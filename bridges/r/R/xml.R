@@ -14,13 +14,17 @@ node <- function(name, attributes = character(), ...) {
 
 is_node <- function(x) is.list(x) && !is.null(names(x)) && "attributes" %in% names(x)
 
+# A text as a reader of the documents has it: characters that XML does not know are blanks.
+legible <- function(text) {
+  gsub("[\u0001-\u0008\u000b\u000c\u000e-\u001f\ufffe\uffff]", " ", enc2utf8(as.character(text)), perl = TRUE)
+}
+
 xml_escape <- function(text) {
-  text <- enc2utf8(as.character(text))
-  text <- gsub("[\x01-\x08\x0b\x0c\x0e-\x1f]", " ", text, perl = TRUE)
-  text <- gsub("&", "&amp;", text, fixed = TRUE)
+  text <- gsub("&", "&amp;", legible(text), fixed = TRUE)
   text <- gsub("<", "&lt;", text, fixed = TRUE)
   text <- gsub(">", "&gt;", text, fixed = TRUE)
   text <- gsub("\"", "&quot;", text, fixed = TRUE)
+  text <- gsub("\r", "&#13;", text, fixed = TRUE)
   gsub("\n", "&#10;", gsub("\t", "&#9;", text, fixed = TRUE), fixed = TRUE)
 }
 
@@ -75,9 +79,12 @@ flag_text <- function(x) if (isTRUE(x)) "true" else "false"
 
 # A token of an array of texts stands in quotes when blanks or quotes are in it.
 token_text <- function(text) {
-  text <- as.character(text)
-  quoted <- is.na(text) | text == "" | grepl("[[:space:]\"]", text) | text == "__MISSING__"
   missing <- is.na(text)
+  text <- legible(text)
+  quoted <- missing | text == "" | grepl("[[:space:]\"]", text) | text == "__MISSING__"
+  unfit <- quoted & !missing & (endsWith(text, "\\") | grepl("\\\"", text, fixed = TRUE))
+  if (any(unfit)) stop("The value ", dQuote(text[unfit][1L], FALSE), " cannot be written: it has blanks or quotes, ",
+    "and a backslash before a quote or at its end; rename it.", call. = FALSE)
   text[quoted] <- paste0("\"", gsub("\"", "\\\"", text[quoted], fixed = TRUE), "\"")
   text[missing] <- "__MISSING__"
   text

@@ -8,7 +8,7 @@ namespace hierfit::report::charts {
 namespace {
 
 constexpr std::string_view kDots = "\u2026";
-constexpr std::string_view kColon = ": ";
+constexpr std::string_view kSigns[] = {": ", " = "};
 
 /// Calls for each line of a text.
 template <typename Call>
@@ -25,10 +25,14 @@ std::string_view CommonStart(std::string_view one, std::string_view other) {
     return one.substr(0, static_cast<std::size_t>(std::ranges::mismatch(one, other).in1 - one.begin()));
 }
 
-/// A name up to its colon; nothing where there is none.
+/// A name up to the sign before its value; nothing where there is none.
 std::string_view NameIn(std::string_view start) {
-    const std::size_t colon = start.rfind(kColon);
-    return colon == std::string_view::npos ? std::string_view{} : start.substr(0, colon + kColon.size());
+    std::size_t end = 0;
+    for (const std::string_view sign : kSigns) {
+        const std::size_t at = start.rfind(sign);
+        if (at != std::string_view::npos) end = std::max(end, at + sign.size());
+    }
+    return start.substr(0, end);
 }
 
 }  // namespace

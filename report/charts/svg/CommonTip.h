@@ -7,7 +7,7 @@
 namespace hierfit::report::charts {
 
 /// What the tips of many marks say alike, so that it need be said but once. Tips have the same number of lines; a line
-/// is the same in all of them, or begins alike up to a colon, or differs.
+/// is the same in all of them, or begins alike up to a colon or an equals sign, or differs.
 class CommonTip {
   public:
     /// Borrows the tips.

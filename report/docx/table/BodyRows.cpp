@@ -34,8 +34,11 @@ BodyRows::Starts BodyRows::MakeStarts(std::size_t column) const {
     AppendCellStart(cell, {width});
     cell += "<w:p><w:pPr><w:pStyle w:val=\"";
     Starts starts{cell, cell};
-    starts.fText.append(styles::kCellText).append("\"/>").append(fKeep);
-    starts.fFigure.append(styles::kFigure).append("\"/>").append(fKeep).append("<w:tabs><w:tab w:val=\"decimal\"");
+    starts.fText.append(fPlan.Styles().fText).append("\"/>").append(fKeep);
+    starts.fFigure.append(fPlan.Styles().fFigure)
+        .append("\"/>")
+        .append(fKeep)
+        .append("<w:tabs><w:tab w:val=\"decimal\"");
     AppendNumber(starts.fFigure, "w:pos", fPlan.DecimalAt(fPart.fFirst + static_cast<int>(column), width));
     starts.fFigure.append("/></w:tabs>").append(kPropertiesEnd);
     return starts;
@@ -70,7 +73,7 @@ void BodyRows::AppendRowHeader(std::string& out, const HeaderCell& header, bool 
     const Merge merge = header.fSpan == 1 ? Merge::None : isFirst ? Merge::Begin : Merge::Continue;
     AppendCellStart(out, {std::accumulate(begin, begin + header.fLevels, 0), header.fLevels, merge});
     const std::string_view words = header.fpLabel && isFirst ? std::string_view(header.fpLabel->fWords) : "";
-    AppendParagraphStart(out, styles::kCellText, std::string(fKeep).append(DirectionOf(words)));
+    AppendParagraphStart(out, fPlan.Styles().fText, std::string(fKeep).append(DirectionOf(words)));
     AppendRuns(out, words);
     if (isFirst) AppendMarks(out, fGrid, header.fvNotes);
     out += kCellOfParagraphEnd;
@@ -85,7 +88,7 @@ void BodyRows::AppendJoined(std::string& out) {
         notes.insert(notes.end(), header->fvNotes.begin(), header->fvNotes.end());
     }
     AppendCellStart(out, {fPart.fvLevels.front()});
-    AppendParagraphStart(out, styles::kCellText, std::string(fKeep).append(DirectionOf(words)));
+    AppendParagraphStart(out, fPlan.Styles().fText, std::string(fKeep).append(DirectionOf(words)));
     AppendRuns(out, words);
     AppendMarks(out, fGrid, notes);
     out += kCellOfParagraphEnd;

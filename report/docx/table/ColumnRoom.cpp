@@ -20,6 +20,8 @@ constexpr double kMostOfWord = 2400;
 constexpr double kMostOfLine = 5000;
 constexpr double kComfort = 1000;  // lines are not broken more than this asks for
 constexpr double kMostOfHeader = 1150;
+constexpr double kOfTwoLines = 0.55;        // of a header over several columns, so that two lines hold it
+constexpr double kMostOfSpanner = 600;      // that each of them gives for that
 constexpr double kMostLines = 12;           // of a text, where its column can be as wide as a long word
 constexpr std::size_t kMostMeasured = 500;  // bytes: what is longer is wide
 
@@ -65,7 +67,8 @@ Room MeasureText(std::string_view words) {
 
 Room MeasureHeader(std::string_view words, int columns) {
     const Room room = Measure(words);
-    const double least = std::min(room.fLeast, kMostOfWord);
+    const double two = columns > 1 ? std::min(room.fFull * kOfTwoLines, kMostOfSpanner * columns) : 0;
+    const double least = std::max(std::min(room.fLeast, kMostOfWord), two);
     return {least, std::max(least, std::min(room.fFull, kMostOfHeader * columns))};
 }
 

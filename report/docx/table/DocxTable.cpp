@@ -20,8 +20,7 @@ constexpr std::size_t kMostNotesTogether = 10;
 DocxTable::DocxTable(const document::Table& table) : fGrid(MakeGrid(table)), fPlan(fGrid) {}
 
 void DocxTable::Append(std::string& out, std::string_view title, int number) const {
-    AppendCaption(out, words::kTable, number, title,
-                  fPlan.Parts().size() > 1 ? Keep::WithNextAndNamed : Keep::WithNext);
+    AppendCaption(out, words::kTable, number, title, fPlan.Parts().size() > 1 ? Continued::Yes : Continued::No);
     if (fGrid.fRows == 0) AppendParagraph(out, styles::kNote, items::kNoCells);
     AppendParts(out, number);
     AppendBelow(out);
@@ -40,7 +39,7 @@ void DocxTable::AppendParts(std::string& out, int number) const {
 }
 
 void DocxTable::AppendStart(std::string& out, const TablePart& part) const {
-    out.append("<w:tbl><w:tblPr><w:tblStyle w:val=\"").append(styles::kTable).append("\"/><w:tblW");
+    out.append("<w:tbl><w:tblPr><w:tblStyle w:val=\"").append(fPlan.Styles().fTable).append("\"/><w:tblW");
     AppendNumber(out, "w:w", part.Width());
     out += " w:type=\"dxa\"/><w:tblLayout w:type=\"fixed\"/></w:tblPr><w:tblGrid>";
     for (const std::vector<int>* widths : {&part.fvLevels, &part.fvColumns}) {

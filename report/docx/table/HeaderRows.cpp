@@ -61,7 +61,7 @@ void HeaderRows::AppendRow(std::string& out, const TablePart& part, int row) con
     if (fGrid.fColumnLevels == 0) {
         const int columns = part.fEnd - part.fFirst;
         AppendCellStart(out, {Sum(part.fvColumns, 0, columns), columns, Merge::None, true, IsLast(row)});
-        AppendParagraph(out, styles::kColumnHeader, {});
+        AppendParagraph(out, fPlan.Styles().fColumnHeader, {});
         out += kCellEnd;
     } else {
         const auto& headers = fvLevels[static_cast<std::size_t>(row)];
@@ -77,7 +77,7 @@ void HeaderRows::AppendRow(std::string& out, const TablePart& part, int row) con
 void HeaderRows::AppendCorner(std::string& out, const TablePart& part, int row) const {
     const auto append = [&](int level, int levels, std::string_view name) {
         AppendCellStart(out, {Sum(part.fvLevels, level, levels), levels, Merge::None, true, IsLast(row)});
-        AppendParagraph(out, styles::kCellText, name, kKeepNext);
+        AppendParagraph(out, fPlan.Styles().fText, name, kKeepNext);
         out += kCellEnd;
     };
     if (!IsLast(row) || !HasCornerNames(fGrid)) return append(0, fPlan.CountLevels(), {});
@@ -96,7 +96,8 @@ void HeaderRows::AppendHeader(std::string& out, const TablePart& part, const Hea
     AppendCellStart(out, {Sum(part.fvColumns, first - part.fFirst, span), span, merge, true, IsLast(row)});
     const bool hasRule = span > 1 && !IsBlank(header) && header.fLevel + header.fLevels < fRows;
     const bool isOverText = span == 1 && !fPlan.IsFigures(first);
-    const std::string_view style = hasRule ? styles::kSpanner : isOverText ? styles::kCellText : styles::kColumnHeader;
+    const TableStyles& styles = fPlan.Styles();
+    const std::string_view style = hasRule ? styles.fSpanner : isOverText ? styles.fText : styles.fColumnHeader;
     const std::string_view words = header.fpLabel && isFirstRow ? std::string_view(header.fpLabel->fWords) : "";
     const std::string_view direction = BeginsRightToLeft(words) ? "<w:keepNext/><w:bidi/>" : kKeepNext;
     AppendParagraphStart(out, style, direction);

@@ -46,11 +46,10 @@ std::vector<int> Allot(std::span<const Room> rooms, double width) {
     return widths;
 }
 
-void AddMargins(std::vector<Room>& rooms) {
-    for (Room& room : rooms) {
-        room.fLeast += 2 * kCellMargin + kSlack;
-        room.fFull += 2 * kCellMargin + kSlack;
-    }
+std::vector<Room> SetIn(const TableStyles& styles, std::vector<Room> rooms) {
+    const double more = 2 * styles.fMargin + kSlack;
+    for (Room& room : rooms) room = {room.fLeast * styles.fScale + more, room.fFull * styles.fScale + more};
+    return rooms;
 }
 
 }  // namespace
@@ -63,13 +62,12 @@ TablePlan::TablePlan(const Grid& grid)
     : fGrid(grid),
       fAreLevelsJoined(grid.fRowLevels > kMostLevels),
       fvColumns(static_cast<std::size_t>(grid.fColumns)),
-      fvLevels(fAreLevelsJoined ? 1 : static_cast<std::size_t>(grid.fRowLevels)),
-      fvRooms(static_cast<std::size_t>(grid.fColumns)) {
+      fvPlainLevels(fAreLevelsJoined ? 1 : static_cast<std::size_t>(grid.fRowLevels)),
+      fvPlainRooms(static_cast<std::size_t>(grid.fColumns)) {
     MeasureCells();
     MeasureRowHeaders();
     MeasureColumnHeaders();
-    AddMargins(fvLevels);
-    AddMargins(fvRooms);
+    ChooseSetting();
     if (grid.fRows > 0) MakeParts();
 }
 
@@ -89,7 +87,7 @@ void TablePlan::MeasureCells() {
         const double width = figures.fAhead + figures.fBehind;
         figures.fIsFigures = figures.fIsFigures && width <= kMostOfFigure;
         const double held = std::min(width, kMostOfFigure);
-        fvRooms[column].Hold({held, held});
+        fvPlainRooms[column].Hold({held, held});
     }
 }
 
@@ -105,7 +103,7 @@ void TablePlan::MeasureCell(int column, const DataCell& cell) {
     if (!figures.fIsFigures || !IsNumber(content)) {
         Room room = MeasureText(content.fWords);
         room.fFull += marks;
-        return fvRooms[static_cast<std::size_t>(column)].Hold(room);
+        return fvPlainRooms[static_cast<std::size_t>(column)].Hold(room);
     }
     const std::string_view words = content.fWords;
     const std::size_t ahead = IntegerPartOf(words);
@@ -118,12 +116,12 @@ void TablePlan::MeasureRowHeaders() {
         if (!header.fpLabel) continue;
         Note(header.fpLabel->fWords);
         if (!fAreLevelsJoined)
-            Spread(Slice(fvLevels, header.fLevel, header.fLevels), MeasureText(header.fpLabel->fWords));
+            Spread(Slice(fvPlainLevels, header.fLevel, header.fLevels), MeasureText(header.fpLabel->fWords));
     }
-    if (fAreLevelsJoined) return fvLevels.front().Hold(kJoinedRoom);
+    if (fAreLevelsJoined) return fvPlainLevels.front().Hold(kJoinedRoom);
     for (const CornerCell& corner : fGrid.fvCorner) {
         if (corner.fpName)
-            Spread(Slice(fvLevels, corner.fLevel, corner.fLevels),
+            Spread(Slice(fvPlainLevels, corner.fLevel, corner.fLevels),
                    MeasureHeader(corner.fpName->fWords, 2 * corner.fLevels));
     }
 }
@@ -137,7 +135,7 @@ void TablePlan::MeasureColumnHeaders() {
         if (!header.fpLabel) continue;
         std::size_t& length = longest[static_cast<std::size_t>(header.fLevel)];
         length = std::max(length, header.fpLabel->fWords.size());
-        Spread(Slice(fvRooms, header.fFirst, header.fSpan), MeasureHeader(header.fpLabel->fWords, header.fSpan));
+        Spread(Slice(fvPlainRooms, header.fFirst, header.fSpan), MeasureHeader(header.fpLabel->fWords, header.fSpan));
     }
     std::size_t lines = 0;
     for (const std::size_t length : longest) lines += 1 + length / kShortLine;
@@ -145,16 +143,33 @@ void TablePlan::MeasureColumnHeaders() {
 }
 
 /// Of the row headers: no more than half of the page, so that there is always room for a column.
-double TablePlan::LevelsIn(Page page) const { return std::min(Sum(fvLevels).fLeast, WidthOf(page) / 2.0); }
+double TablePlan::LevelsOnPage() const { return std::min(Sum(fvLevels).fLeast, WidthOf(fPage) / 2.0); }
 
-bool TablePlan::DoesFit(Page page) const {
+bool TablePlan::DoesFit() const {
     const bool isPossible = CountLevels() + fGrid.fColumns <= kMostColumns;
-    return isPossible && LevelsIn(page) + Sum(fvRooms).fLeast <= WidthOf(page);
+    return isPossible && LevelsOnPage() + Sum(fvRooms).fLeast <= WidthOf(fPage);
+}
+
+void TablePlan::Set(Page page, const TableStyles& styles) {
+    fPage = page;
+    fpStyles = &styles;
+    fvLevels = SetIn(styles, fvPlainLevels);
+    fvRooms = SetIn(styles, fvPlainRooms);
+}
+
+/// Small letters rather than a turned page, and that rather than parts.
+void TablePlan::ChooseSetting() {
+    for (const Page page : {Page::Upright, Page::Turned}) {
+        for (const TableStyles* styles : {&kPlainTable, &kSmallTable}) {
+            Set(page, *styles);
+            if (DoesFit()) return;
+        }
+    }
+    Set(Page::Turned, kPlainTable);
 }
 
 void TablePlan::MakeParts() {
-    fPage = DoesFit(Page::Upright) ? Page::Upright : Page::Turned;
-    const double room = WidthOf(fPage) - LevelsIn(fPage);
+    const double room = WidthOf(fPage) - LevelsOnPage();
     for (int first = 0; first < fGrid.fColumns;) {
         const int end = EndOfPart(first, room);
         fvParts.push_back(MakePart(first, end));
@@ -180,15 +195,16 @@ TablePart TablePlan::MakePart(int first, int end) const {
     const double width = WidthOf(fPage);
     const double taken = std::min(width, Sum(columns).fLeast);
     // Labels of rows get what they have a use for before headers of columns do.
-    TablePart part{first, end, Allot(fvLevels, std::max(LevelsIn(fPage), width - taken)), {}};
+    TablePart part{first, end, Allot(fvLevels, std::max(LevelsOnPage(), width - taken)), {}};
     part.fvColumns = Allot(columns, width - part.Width());
     return part;
 }
 
 int TablePlan::DecimalAt(int column, int width) const {
     const Column& figures = At(column);
-    const double spare = width - 2 * kCellMargin - figures.fAhead - figures.fBehind;
-    return static_cast<int>(std::max(0.0, spare / 2) + figures.fAhead);
+    const double ahead = figures.fAhead * fpStyles->fScale;
+    const double spare = width - 2 * fpStyles->fMargin - ahead - figures.fBehind * fpStyles->fScale;
+    return static_cast<int>(std::max(0.0, spare / 2) + ahead);
 }
 
 }  // namespace hierfit::report::docx

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "report/docx/Page.h"
+#include "report/docx/Styles.h"
 #include "report/docx/table/ColumnRoom.h"
 #include "report/layout/Grid.h"
 
@@ -29,6 +30,7 @@ class TablePlan {
     explicit TablePlan(const Grid& grid);
 
     Page GetPage() const { return fPage; }
+    const TableStyles& Styles() const { return *fpStyles; }
     const std::vector<TablePart>& Parts() const { return fvParts; }
 
     /// Columns of row headers. Where there are more levels than a page holds, all labels of a row stand in one.
@@ -48,7 +50,7 @@ class TablePlan {
     bool PartsRows() const { return fPartsRows; }
 
   private:
-    struct Column {
+    struct Column {  // its lengths are of plain letters
         bool fIsFigures = false;
         double fAhead = 0;   ///< of the decimal sign
         double fBehind = 0;  ///< and from it on
@@ -58,23 +60,28 @@ class TablePlan {
     void MeasureCell(int column, const DataCell& cell);
     void MeasureRowHeaders();
     void MeasureColumnHeaders();
+    void ChooseSetting();
+    void Set(Page page, const TableStyles& styles);
     void MakeParts();
-    bool DoesFit(Page page) const;
+    bool DoesFit() const;
     int EndOfPart(int first, double room) const;
     TablePart MakePart(int first, int end) const;
-    double LevelsIn(Page page) const;
+    double LevelsOnPage() const;
     void Note(std::string_view words);
 
     const Column& At(int column) const { return fvColumns[static_cast<std::size_t>(column)]; }
 
     const Grid& fGrid;
     Page fPage = Page::Upright;
+    const TableStyles* fpStyles = &kPlainTable;
     bool fAreLevelsJoined;
     bool fRepeatsHeader = true;
     bool fPartsRows = false;
     std::vector<Column> fvColumns;
-    std::vector<Room> fvLevels;  ///< room of the columns of row headers
-    std::vector<Room> fvRooms;   ///< room of the columns of data
+    std::vector<Room> fvPlainLevels;  ///< room of the columns of row headers in plain letters, without margins
+    std::vector<Room> fvPlainRooms;   ///< and of the columns of data
+    std::vector<Room> fvLevels;       ///< the same in the styles' letters, with margins
+    std::vector<Room> fvRooms;
     std::vector<TablePart> fvParts;
 };
 

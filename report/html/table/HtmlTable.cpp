@@ -17,11 +17,16 @@ constexpr int kLongRows = 40;
 constexpr int kWidthStep = 25;
 constexpr int kWidthSteps = 16;
 
-TableParts MakeParts(std::string& out, const Grid& grid, int number, FullValues values) {
+TableParts MakeParts(std::string& out, const Grid& grid, int number, FullValues values, HiddenFields hidden) {
     const std::string prefix = 't' + std::to_string(number);
-    return {
-        out,   grid, HeaderIds(prefix, grid), NoteMarks(prefix, grid.fvNotes), NumberColumns(grid), FindRedundant(grid),
-        values};
+    return {out,
+            grid,
+            HeaderIds(prefix, grid),
+            NoteMarks(prefix, grid.fvNotes),
+            NumberColumns(grid),
+            FindRedundant(grid),
+            values,
+            std::move(hidden)};
 }
 
 void AppendFrame(TableParts& parts, std::string_view title, int number) {
@@ -37,7 +42,9 @@ void AppendFrame(TableParts& parts, std::string_view title, int number) {
     out += "\">\n";
 }
 
-void AppendTableTag(std::string& out, std::optional<int> leastWidth) {
+void AppendTableTag(TableParts& parts) {
+    std::string& out = parts.fOut;
+    const std::optional<int> leastWidth = parts.fGrid.fpTable->fMinDataColumnWidth;
     out += "<table";
     if (leastWidth && *leastWidth > 0) {
         const int steps = std::min((*leastWidth - 1) / kWidthStep + 1, kWidthSteps);
@@ -45,6 +52,7 @@ void AppendTableTag(std::string& out, std::optional<int> leastWidth) {
         out += std::to_string(steps);
         out += '"';
     }
+    AppendFields(out, parts.fHidden.fHeader);
     out += ">\n";
 }
 
@@ -93,7 +101,7 @@ void AppendBelow(TableParts& parts) {
 void AppendGrid(TableParts& parts, std::string_view title, int number) {
     std::string& out = parts.fOut;
     AppendFrame(parts, title, number);
-    AppendTableTag(out, parts.fGrid.fpTable->fMinDataColumnWidth);
+    AppendTableTag(parts);
     out += "<caption><span>";
     AppendText(out, title);
     out += "</span></caption>\n";
@@ -114,14 +122,14 @@ void AppendWithoutCells(std::string& out, std::string_view title) {
 
 void AppendPlainTable(std::string& out, const document::Table& table, std::string_view title, int number) {
     const Grid grid = MakeGrid(table);
-    TableParts parts = MakeParts(out, grid, number, FullValues::No);
+    TableParts parts = MakeParts(out, grid, number, FullValues::No, FindHiddenFields(grid));
     AppendGrid(parts, title, number);
 }
 
 void AppendTable(std::string& out, const document::Table& table, std::string_view title, std::string_view anchor,
                  int number, FullValues values) {
     const Grid grid = MakeGrid(table);
-    TableParts parts = MakeParts(out, grid, number, values);
+    TableParts parts = MakeParts(out, grid, number, values, FindHiddenFields(table, grid));
     out.append("<figure class=\"table\" id=\"").append(anchor).append("\">\n");
     if (grid.fRows > 0) {
         AppendGrid(parts, title, number);

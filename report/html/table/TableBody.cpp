@@ -15,7 +15,7 @@ void TableBody::Append() {
     auto cell = fGrid.fvCells.begin();
     for (int row = 0; row < fGrid.fRows; ++row) {
         AppendGroupStart(row);
-        fOut += fParts.fRedundant.fvRows[static_cast<std::size_t>(row)] ? "<tr class=\"z\">" : "<tr>";
+        AppendRowTag(static_cast<std::size_t>(row));
         AppendRowHeaders(row);
         for (int column = 0; column < fGrid.fColumns; ++column) AppendCell(column, *cell++);
         fOut += "</tr>\n";
@@ -32,6 +32,12 @@ void TableBody::AppendGroupStart(int row) {
     if (row > 0) fOut += "</tbody>\n";
     fOut += "<tbody>\n";
     fIsGroupOpen = opensGroup;
+}
+
+void TableBody::AppendRowTag(std::size_t row) {
+    fOut += fParts.fRedundant.fvRows[row] ? "<tr class=\"z\"" : "<tr";
+    if (!fParts.fHidden.fvLabels.empty()) AppendFields(fOut, fParts.fHidden.fvLabels[row]);
+    fOut += '>';
 }
 
 void TableBody::AppendRowHeaders(int row) {

@@ -16,6 +16,7 @@ class TableBody {
 
   private:
     void AppendGroupStart(int row);
+    void AppendRowTag(std::size_t row);
     void AppendRowHeaders(int row);
     void AppendHeader(const HeaderCell& cell);
     void AppendContinuation(const HeaderCell& cell, int row);

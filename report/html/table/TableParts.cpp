@@ -13,6 +13,13 @@ void AppendSpan(std::string& out, std::string_view name, int span) {
     out += '"';
 }
 
+void AppendFields(std::string& out, std::string_view fields) {
+    if (fields.empty()) return;
+    out += " data-fields=\"";
+    AppendCharacters(out, fields, kAttributeLineBreak);
+    out += '"';
+}
+
 void AppendLabel(TableParts& parts, const HeaderCell& cell) {
     if (cell.fpLabel) AppendText(parts.fOut, cell.fpLabel->fWords);
     parts.fMarks.AppendMarks(parts.fOut, cell.fvNotes);

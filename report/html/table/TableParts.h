@@ -3,6 +3,7 @@
 #include <string>
 #include <string_view>
 
+#include "report/csv/HiddenFields.h"
 #include "report/html/HtmlSettings.h"
 #include "report/html/table/HeaderIds.h"
 #include "report/html/table/NoteMarks.h"
@@ -21,6 +22,7 @@ struct TableParts {
     NumberColumns fColumns;
     Redundant fRedundant;
     FullValues fValues;
+    HiddenFields fHidden;
 };
 
 /// HTML allows a cell to span so many columns and rows. A longer one goes on in a blank cell.
@@ -29,6 +31,10 @@ inline constexpr int kMostRows = 65534;
 
 /// Appends ` name="number"`, or nothing for 1, which is the default of every span.
 void AppendSpan(std::string& out, std::string_view name, int span);
+
+/// Appends ` data-fields="text"`, or nothing for a blank text: fields of a record that is copied, which cells do not
+/// tell.
+void AppendFields(std::string& out, std::string_view fields);
 
 /// Appends the label and the marks of its notes.
 void AppendLabel(TableParts& parts, const HeaderCell& cell);

@@ -87,7 +87,7 @@ class ContentsWriter {
     void PutDiagnostics(const document::Document& document) {
         const std::vector<std::string>& remarks = fParts.fvRemarks;
         if (document.fvDiagnostics.empty() && remarks.empty()) return;
-        fWriter.PutWords(++fRow, kNameColumn, "Diagnostics", {.fIsBold = true});
+        fWriter.PutWords(++fRow, kNameColumn, items::kDiagnostics, {.fIsBold = true});
         ++fRow;
         for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
             PutDiagnostic(items::WordOfLevel(diagnostic.fLevel),

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <cmath>
 #include <span>
+#include <vector>
 
+#include "report/xlsx/cells/CellRanges.h"
 #include "report/xlsx/cells/CellText.h"
 #include "report/xlsx/sheets/SheetWidths.h"
 
@@ -46,6 +48,7 @@ class TableWriter {
           fGrid(grid),
           fWidths(grid),
           fRoom(FindRoom(fWidths)),
+          fvMarkedEmpty(grid.fvNotes.size()),
           fHeaderRows(CountHeaderRows(grid)) {}
 
     static int CountHeaderRows(const Grid& grid) {
@@ -254,6 +257,8 @@ class TableWriter {
             look.fWraps = MeasureHeight(text.fWords, fWidths.Of(column) - kTextIndent) > 0;
             return fWriter.PutWords(row, column, text.fWords + SpellMarks(cell.fvNotes, fGrid), look);
         }
+        // A mark would be a text where a figure is missing: its note names the cell.
+        for (const int note : cell.fvNotes) fvMarkedEmpty[static_cast<std::size_t>(note)].Add(row, column);
         if (HasRule(rowLook)) fWriter.PutBlanks(row, column, column, rowLook);
     }
 
@@ -266,13 +271,18 @@ class TableWriter {
         };
         for (const document::Text& caption : fGrid.fpTable->fvCaptions) put(caption.fWords);
         for (const document::Text& note : fGrid.fpTable->fvNotes) put(note.fWords);
-        for (const Note& note : fGrid.fvNotes) put(SpellMark(note) + " " + note.fpText->fWords);
+        for (std::size_t at = 0; at < fGrid.fvNotes.size(); ++at) {
+            const Note& note = fGrid.fvNotes[at];
+            const std::string cells = fvMarkedEmpty[at].Spell();
+            put(SpellMark(note) + " " + note.fpText->fWords + (cells.empty() ? "" : " (empty: " + cells + ")"));
+        }
     }
 
     SheetWriter fWriter;
     const Grid& fGrid;
     SheetWidths fWidths;
     ParagraphRoom fRoom;
+    std::vector<CellRanges> fvMarkedEmpty;  ///< for each note the empty cells that it is for
     int fHeaderRows;
 };
 

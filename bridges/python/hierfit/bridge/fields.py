@@ -9,7 +9,7 @@ from typing import Any
 
 import numpy as np
 
-from .xml import Node, node, number_text
+from .xml import Node, legible, node, number_text
 
 MOST_DECIMALS = 4
 
@@ -45,7 +45,7 @@ def level_text(value: Any) -> str:
         return str(bool(value))
     if isinstance(value, (float, np.floating)):
         return number_text(value)
-    return str(value)
+    return legible(str(value))
 
 
 def level_of_name(name: Any) -> str:
@@ -160,6 +160,8 @@ def _field_node(of: Field, labels: Labels) -> Node:
 
 def pmml_document(fields: Mapping[str, Field], target: str, is_regression: bool, labels: Labels) -> Node:
     variables = [target, *(name for name in fields if name != target)]
+    if len({legible(name) for name in variables}) < len(variables):
+        raise ValueError(f"Two columns of the data read alike; rename one of them: {', '.join(map(repr, variables))}.")
     return node(
         "PMML",
         {"version": "4.4", "xmlns": "http://www.dmg.org/PMML-4_4"},

@@ -51,9 +51,14 @@ def _flatten(children: Iterable[Any], flat: list[Node | str]) -> None:
             _flatten(child, flat)
 
 
+def legible(text: str) -> str:
+    """A text as a reader of the documents has it: characters that XML does not know are blanks."""
+    return _CONTROL.sub(" ", text)
+
+
 def escape(text: str) -> str:
-    """Text for an element or an attribute; characters that XML does not know become blanks."""
-    return _CONTROL.sub(" ", text).translate(_ESCAPES)
+    """Text for an element or an attribute."""
+    return legible(text).translate(_ESCAPES)
 
 
 def _lines(element: Node, indent: str, out: list[str]) -> None:
@@ -110,6 +115,7 @@ def token_text(text: str | None) -> str:
     """A token of an array of texts, in quotes where blanks or quotes are in it; None is missing."""
     if text is None:
         return "__MISSING__"
+    text = legible(text)
     if text == "" or text == "__MISSING__" or _TO_QUOTE.search(text):
         if text.endswith("\\") or '\\"' in text:
             raise ValueError(

@@ -95,7 +95,7 @@ def _errors(fit: Any) -> tuple[np.ndarray, float]:
     known = covariance[np.ix_(is_free, is_free)]
     if not np.isfinite(known).all() or (len(known) and np.linalg.eigvalsh(known).min() <= 0):
         return missing
-    scale = float(fit.scale)
+    scale = np.float64(fit.scale)
     slope = np.zeros(len(ratios))
     try:
         for k in np.flatnonzero(is_free):
@@ -106,9 +106,9 @@ def _errors(fit: Any) -> tuple[np.ndarray, float]:
         return missing
     records = fit.nobs - (n if fit.reml else 0)
     shared = covariance @ slope
-    of_scale = slope @ shared + 2 * scale**2 / records
-    variances = scale**2 * np.diag(covariance) + 2 * scale * ratios * shared + ratios**2 * of_scale
-    with np.errstate(invalid="ignore"):
+    with np.errstate(invalid="ignore", over="ignore"):
+        of_scale = slope @ shared + 2 * scale**2 / records
+        variances = scale**2 * np.diag(covariance) + 2 * scale * ratios * shared + ratios**2 * of_scale
         return np.where(is_free, np.sqrt(variances), np.nan), float(np.sqrt(of_scale))
 
 

@@ -1,7 +1,6 @@
 skip_if_not_installed("emmeans")
 
 # Each class of fit with what it can hold. `remarks` are those of `hierfit check --strict`.
-no_subject <- "table \"Data Structure\" is missing"
 no_likelihood <- "\"(Akaike Corrected|Bayesian|-2 log likelihood)\" in table \"Model Summary\" is missing"
 classes <- list(
   lm = list(quote(lm(breaks ~ wool * tension, warpbreaks)), means = ~ tension | wool),
@@ -26,10 +25,9 @@ classes <- list(
   `lmer slopes apart` = list(quote(lme4::lmer(Reaction ~ Days + (Days || Subject), sleep))),
   `lmer slopes of levels` = list(quote(lme4::lmer(Reaction ~ Days + (0 + late | Subject), sleep))),
   `lmer powers` = list(quote(lme4::lmer(Reaction ~ Days + I(Days^2) + (I(Days^2) || Subject), sleep))),
-  `lmer crossed` = list(quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | c), three)), remarks = no_subject),
+  `lmer crossed` = list(quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | c), three))),
   `lmer nested` = list(quote(lme4::lmer(y ~ x + (1 | a / b), three))),
-  `lmer crossed within` = list(quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | a:b), three)),
-    remarks = no_subject),
+  `lmer crossed within` = list(quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | a:b), three))),
   glmer = list(quote(lme4::glmer(n ~ b + (1 | a), three, poisson)), means = ~b),
   `glmer trials` = list(quote(lme4::glmer(cbind(incidence, size - incidence) ~ period + (1 | herd), lme4::cbpp,
     binomial)), means = ~period),
@@ -51,7 +49,7 @@ classes <- list(
   `glmmTMB trials` = list(quote(glmmTMB::glmmTMB(cbind(incidence, size - incidence) ~ period + (1 | herd),
     lme4::cbpp, family = binomial)), means = ~period),
   `glmmTMB gamma` = list(quote(glmmTMB::glmmTMB(Reaction ~ Days + (1 | Subject), sleep, family = Gamma("log")))),
-  `glmmTMB crossed` = list(quote(glmmTMB::glmmTMB(y ~ x + (1 | a) + (1 | b), three)), remarks = no_subject),
+  `glmmTMB crossed` = list(quote(glmmTMB::glmmTMB(y ~ x + (1 | a) + (1 | b), three))),
   `glmmTMB of proportions` = list(quote(glmmTMB::glmmTMB(incidence / size ~ period + (1 | herd), lme4::cbpp,
     weights = size, family = binomial)), means = ~period),
   lme = list(quote(nlme::lme(distance ~ age + Sex, nlme::Orthodont, random = ~ age | Subject)), means = ~Sex),

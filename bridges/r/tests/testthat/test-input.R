@@ -15,6 +15,19 @@ test_that("names, levels and labels come through as they are", {
   expect_figures(estimated(tables[["FixedCoefficients-1"]])$Coefficient, s[, 1])
 })
 
+test_that("levels and columns that read alike are refused", {
+  data <- data.frame(y = c(1.5, 2, 4, 3, 6, 5), g = rep(c("u\x01", "u "), 3), x = c(3, 1, 4, 1, 5, 9))
+  expect_error(written(lm(y ~ g, data)), "Two levels of g read alike")
+  fields <- lapply(c("x\x01", "x "), hierfit:::make_field, x = 1:3)
+  expect_error(hierfit:::pmml_document(fields, "x ", TRUE), "Two columns of the data read alike")
+})
+
+test_that("a name that another package stumbles over is told with what to do", {
+  data <- stats::setNames(warpbreaks, c("y", "b{", "h"))
+  expect_error(suppressWarnings(written(lm(y ~ `b{` * h, data))),
+    "emmeans cannot take this fit .*columns of the data names")
+})
+
 test_that("coefficients keep their places under every coding", {
   data <- warpbreaks
   codings <- list(

@@ -8,10 +8,13 @@ test_that("numbers read back as they were", {
 test_that("texts of arrays are quoted where they must be", {
   expect_identical(hierfit:::token_text(c("a", "b c", "d\"e", "", NA, "__MISSING__")),
     c("a", "\"b c\"", "\"d\\\"e\"", "\"\"", "__MISSING__", "\"__MISSING__\""))
+  expect_identical(hierfit:::token_text("a\x01b"), "\"a b\"")
+  expect_error(hierfit:::token_text("a b\\"), "backslash")
 })
 
 test_that("markup and control characters are escaped", {
-  expect_identical(hierfit:::xml_escape("a<b&\"c\">\n\x01"), "a&lt;b&amp;&quot;c&quot;&gt;&#10; ")
+  expect_identical(hierfit:::xml_escape("a<b&\"c\">\r\n\x01"), "a&lt;b&amp;&quot;c&quot;&gt;&#13;&#10; ")
+  expect_identical(hierfit:::xml_escape("\ufffe\u00e9\uffff"), " \u00e9 ")
 })
 
 test_that("levels that are numbers are told from those that look like them", {

@@ -21,7 +21,7 @@ constexpr double kWidest = 4;
 constexpr double kWidestOfMany = 2.2;  // where names are radial
 constexpr double kSetOffOpacity = 0.9;
 constexpr double kFaintest = 0.14;
-constexpr double kStrongest = 0.75;
+constexpr double kStrongest = 0.9;
 constexpr double kLinesAtFullStrength = 110;  // that many lines that are not set off share the strength of one
 constexpr double kSwatch = 25;                // two dashes and a half
 constexpr double kBelowLegend = 12;
@@ -37,7 +37,7 @@ double RestOpacity(const CirclePicture& picture) {
 
 Paint PaintOf(bool isSetOff, double opacity, double width) {
     if (isSetOff) return {.fStroke = Ink::SetOff, .fStrokeWidth = width, .fOpacity = kSetOffOpacity};
-    return {.fStroke = Ink::Axis, .fStrokeWidth = width, .fDash = Dash::Short, .fOpacity = opacity};
+    return {.fStroke = Ink::Quiet, .fStrokeWidth = width, .fDash = Dash::Short, .fOpacity = opacity};
 }
 
 /// Only what occurs.

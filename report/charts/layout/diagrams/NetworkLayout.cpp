@@ -19,7 +19,7 @@ namespace {
 
 constexpr double kThinnest = 1;
 constexpr double kWidest = 7;
-constexpr double kLinkOpacity = 0.8;
+constexpr double kLinkOpacity = 0.85;
 constexpr double kBesideNode = 2;   // between a node and its link
 constexpr double kBelowEdge = 4;    // what a link goes on below the box, which hides its slanted end
 constexpr double kSwatch = 24;      // the length of lines in legends
@@ -104,7 +104,17 @@ Shape NodeShape(const NetworkPicture& picture, std::optional<int> type, Point at
     return MakeSymbol(symbol, at, NodeRadius(picture.fvNodes.size()), paint);
 }
 
+void AddName(Element& element, const std::vector<std::string>& lines, Point node) {
+    const double above = static_cast<double>(lines.size()) * LineHeight(kLabelStyle) / 2;
+    const double lead = (LineHeight(kLabelStyle) - Ascent(kLabelStyle) - Descent(kLabelStyle)) / 2;
+    AddLines(element, lines, {node.fX - kNameGap, node.fY - above + lead + Ascent(kLabelStyle)}, kLabelStyle,
+             Anchor::End);
+}
+
+/// The names of a crowd stand by themselves, so that its nodes, which look alike, stand side by side and print short.
 void AddNodes(Scene& scene, const NetworkPicture& picture, const NetworkPlaces& places, const NetworkKeys& keys) {
+    const bool isCrowd = picture.fvNodes.size() > kMostInFull;
+    Element names;
     for (std::size_t at = 0; at < picture.fvNodes.size(); ++at) {
         const NetworkNode& node = picture.fvNodes[at];
         const Point place = places.fvNodes[at];
@@ -112,12 +122,10 @@ void AddNodes(Scene& scene, const NetworkPicture& picture, const NetworkPlaces& 
         element.fTip = node.fTip;
         element.fvKeys = keys.OfNode(static_cast<int>(at));
         element.fvShapes.push_back(NodeShape(picture, node.fType, place));
-        const double above = static_cast<double>(places.fvNames[at].size()) * LineHeight(kLabelStyle) / 2;
-        const double lead = (LineHeight(kLabelStyle) - Ascent(kLabelStyle) - Descent(kLabelStyle)) / 2;
-        AddLines(element, places.fvNames[at], {place.fX - kNameGap, place.fY - above + lead + Ascent(kLabelStyle)},
-                 kLabelStyle, Anchor::End);
+        AddName(isCrowd ? names : element, places.fvNames[at], place);
         scene.fvElements.push_back(std::move(element));
     }
+    if (!names.fvShapes.empty()) scene.fvElements.push_back(std::move(names));
 }
 
 Shape SwatchLine(double length, const Paint& paint) { return MakeLine({-length / 2, 0}, {length / 2, 0}, paint); }

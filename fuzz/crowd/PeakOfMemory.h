@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstddef>
+
+namespace hierfit::fuzz {
+
+/// How much more memory than at first was taken by `new` at a time. One at a time, in a program of one thread.
+class PeakOfMemory {
+  public:
+    PeakOfMemory();
+
+    std::size_t Get() const;
+
+  private:
+    std::size_t fBefore;
+};
+
+}  // namespace hierfit::fuzz

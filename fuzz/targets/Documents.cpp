@@ -1,0 +1,28 @@
+// Feeds a PMML and a StatXML document, parted by a marker that chooses how labels are shown, through a run.
+
+#include <array>
+
+#include "fuzz/Checks.h"
+#include "fuzz/Target.h"
+#include "fuzz/change/Parts.h"
+#include "host/session/Session.h"
+
+namespace hierfit::fuzz {
+
+std::span<const Form* const> FormsOfInput() {
+    static const std::array<const Form*, 2> forms{&kXml, &kXml};
+    return forms;
+}
+
+void RunInput(std::string_view input) {
+    Parts parts = SplitInput(input, 2);
+    session::Settings settings;
+    settings.fVariables = static_cast<session::Labels>(parts.fMarkers[0] / 3);
+    settings.fValues = static_cast<session::Labels>(parts.fMarkers[0] % 3);
+    const session::Result result = session::Run({"model.pmml", std::move(parts.fvTexts[0])},
+                                                {"model.statxml", std::move(parts.fvTexts[1])}, settings);
+    JudgeRun(result);
+    RenderFreshAndSaved(result.fDocument);
+}
+
+}  // namespace hierfit::fuzz

@@ -1,0 +1,100 @@
+// Feeds a saved document, JSON, behind words for its title and author, to the formats of papers and spreadsheets. A
+// marker chooses style and digits.
+
+#include <array>
+#include <variant>
+
+#include "fuzz/Checks.h"
+#include "fuzz/Target.h"
+#include "fuzz/change/Parts.h"
+#include "fuzz/paper/PaperChecks.h"
+#include "report/csv/Csv.h"
+#include "report/docx/DocxFile.h"
+#include "report/formats/Render.h"
+#include "report/items/Entries.h"
+#include "report/json/JsonDocument.h"
+#include "report/latex/LatexReport.h"
+#include "report/style/Style.h"
+#include "report/xlsx/Workbook.h"
+#include "report/xlsx/book/LoadBook.h"
+
+namespace hierfit::fuzz {
+
+namespace {
+
+struct Choices {
+    report::style::FigureStyle fStyle;
+    std::string fWords;  ///< for title, author and the folder of charts
+    bool fIsStandalone;
+};
+
+Choices Choose(const Parts& parts) {
+    const int marker = parts.fMarkers[0];
+    const std::array<std::optional<int>, 3> digits = {std::nullopt, 0, 15};
+    return {{report::style::Styles()[static_cast<std::size_t>(marker) % 3].fStyle,
+             digits[static_cast<std::size_t>(marker) / 3]},
+            parts.fvTexts[0],
+            marker % 2 == 1};
+}
+
+std::vector<report::ArchiveFile> MakeDocx(const document::Document& document, const Choices& choices) {
+    const auto makePng = [](const std::string&, double scale) {
+        return scale < 2 ? std::optional<std::string>("PNG") : std::nullopt;
+    };
+    return report::MakeDocxFiles(document, {choices.fWords, choices.fWords, makePng, 2});
+}
+
+std::optional<std::string> MakeBook(const document::Document& document, const Choices& choices) {
+    static const auto book = report::xlsx::LoadBook(HIERFIT_BOOK);
+    if (const auto* reason = std::get_if<std::string>(&book)) Fail(*reason);
+    const auto noPixels = [](const std::string&) { return std::optional<std::string>(); };
+    const report::xlsx::Workbook made = report::xlsx::MakeWorkbook(
+        document, {std::get<report::xlsx::HierfitMakeBook>(book), noPixels, 2, choices.fWords, choices.fWords});
+    if (!made.fBytes && made.fReason.empty()) Fail("no text says why there is no workbook");
+    return made.fBytes;
+}
+
+/// Everything that is made of a document, in an order that is the same for all.
+std::vector<std::string> MakeAll(document::Document document, const Choices& choices) {
+    std::vector<std::string> made{report::MakeCsvIndex(document)};
+    for (const report::items::Entry& entry : report::items::ListEntries(document)) {
+        const auto* table = std::get_if<document::Table>(&entry.fpItem->fContent);
+        if (table) made.push_back(report::MakeCsvTable(*table));
+    }
+    for (const std::string& csv : made) CheckCsv(csv);
+    report::style::Apply(document, choices.fStyle);
+
+    const report::HtmlSettings page{report::Scripts::Yes, choices.fWords, choices.fWords};
+    const report::RenderSettings settings{
+        {}, choices.fStyle, page, {60, false, true}, 2, choices.fWords, choices.fIsStandalone, {}};
+    for (const auto format :
+         {report::Format::Html, report::Format::Text, report::Format::Markdown, report::Format::Latex}) {
+        made.push_back(std::get<std::string>(report::Render(document, format, settings)));
+    }
+    CheckLatex(made.back());
+    CheckMarkdown(made[made.size() - 2]);
+    for (report::ArchiveFile& file : MakeDocx(document, choices)) {
+        CheckPart(file);
+        made.push_back(std::move(file.fBytes));
+    }
+    if (auto book = MakeBook(document, choices)) made.push_back(*std::move(book));
+    return made;
+}
+
+}  // namespace
+
+std::span<const Form* const> FormsOfInput() {
+    static const std::array<const Form*, 2> forms{&kPlainText, &kJson};
+    return forms;
+}
+
+void RunInput(std::string_view input) {
+    const Parts parts = SplitInput(input, 2);
+    const auto read = report::ReadJson(parts.fvTexts[1]);
+    const auto* document = std::get_if<document::Document>(&read);
+    if (!document) return;
+    const Choices choices = Choose(parts);
+    if (MakeAll(*document, choices) != MakeAll(*document, choices)) Fail("a document renders to other bytes again");
+}
+
+}  // namespace hierfit::fuzz
