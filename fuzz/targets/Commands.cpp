@@ -9,7 +9,7 @@
 #include "fuzz/Target.h"
 #include "program/arguments/CommandLine.h"
 #include "program/Rendering.h"
-#include "program/StandardError.h"
+#include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/formats/Render.h"
 #include "tests/support/ExampleFile.h"
