@@ -81,6 +81,7 @@ struct Judge {
     void operator()(const program::RenderCommand& command) const { Render(command.fOutput); }
     void operator()(const program::CheckCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }
+    void operator()(const program::VersionCommand    void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }) const {}
     void operator()(const program::BatchCommand& command) const {
         if (command.fOutput.fFile.empty() || command.fOutput.fFile == "-") Fail("a batch without a folder");
         if (command.fJobs < 0 || command.fJobs > 1024) Fail("a number of jobs out of its range");
