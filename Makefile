@@ -9,17 +9,20 @@
 #   make package     Debian packages of the last commit, in build/packages
 #   make reproduce   whether the last commit gives the same bytes in two folders; it builds four times
 #   make bench       build, and measure
+#   make torture     build, and run with every fault that is tried: memory, disk, signals, threads; docs/reliability.md
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
 #   make coverage    build with Clang, run tests and kept inputs, and tell which lines run
 #
-# EXAMPLE=NAME chooses the example of `make report`, MINUTES=N how long all fuzz targets run altogether.
+# EXAMPLE=NAME chooses the example of `make report`, MINUTES=N how long all fuzz targets run altogether, RUNS=N how many
+# places `make torture` takes for each fault and command.
 
 EXAMPLE ?= bacteria
 MINUTES ?= 10
+RUNS ?= 1000000
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := report
-.PHONY: help report gallery test test-quick build package reproduce bench fuzz coverage format clean
+.PHONY: help report gallery test test-quick build package reproduce bench torture fuzz coverage format clean
 
 help:
 	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
@@ -56,6 +59,15 @@ reproduce: setup-test
 bench: setup-test
 	@scripts/build release $(JOBS)
 	bench/measure
+
+torture: export HIERFIT_FAULT_RUNS = $(RUNS)
+torture: setup-test
+	@scripts/build release $(JOBS)
+	@scripts/build sanitize $(JOBS)
+	@scripts/build thread $(JOBS)
+	ctest --preset release -V -R '^(allocation_test|faults_.*)$$' --timeout 100000
+	ctest --preset sanitize -V -R '^allocation_test$$' --timeout 100000
+	ctest --preset thread --timeout 100000
 
 fuzz: setup-fuzz
 	@scripts/build fuzz $(JOBS)

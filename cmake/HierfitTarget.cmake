@@ -34,6 +34,11 @@ if(HIERFIT_SANITIZE)
   add_link_options(-fsanitize=address,undefined)
 endif()
 
+if(HIERFIT_THREADS)
+  add_compile_options(-fsanitize=thread -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=thread)
+endif()
+
 # Everything is compiled so that a fuzzer sees which ways a run takes; the fuzz targets bring the fuzzer itself.
 if(HIERFIT_FUZZ)
   add_compile_options(-O2 -fsanitize=fuzzer-no-link,address,undefined -fno-sanitize-recover=all

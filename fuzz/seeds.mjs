@@ -194,7 +194,7 @@ writeTarget(
 );
 
 // Command lines, an argument a line: each option of the command with a value of its kind.
-const source = read("program/CommandLine.cpp");
+const source = ["Interface", "Options"].map((name) => read(`program/arguments/${name}.cpp`)).join("");
 const options = allMatches(source, /"(-[-\w,]*)"/g).flatMap((names) => names.split(","));
 const words = allMatches(source, /\{"(\w+)", /g);
 const formats = allMatches(read("report/formats/Format.cpp"), /\{"(\w+)", Format/g);
@@ -207,6 +207,7 @@ const lines = [
   ["batch", "-o", "x", "-f", "svg", "--jobs", "3", "--force", "a", "b"],
   ["check", "--strict", "m"],
   ["list", "-f", "json", "m.json"],
+  ["--complete", "1", "re"], ["--complete", "2", "report", "--sty"],
   ["--help"], ["report", "--help"], ["--version"], [""], ["report", "--", "-o"],
 ];
 writeTarget(

@@ -1,6 +1,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <new>
 #include <string>
 #include <variant>
 
@@ -8,6 +9,7 @@
 #include "host/unicode/Excerpt.h"
 #include "interface/Run.h"
 #include "interface/Settings.h"
+#include "interface/ShortMemory.h"
 #include "report/formats/Render.h"
 
 namespace hierfit::interface {
@@ -54,7 +56,7 @@ int RenderTo(hf_run_t& run, const char* name, const report::RenderSettings& sett
     const auto rendered = RenderCopy(run.fDocument, *format, settings);
     if (const auto* error = std::get_if<RenderError>(&rendered)) return Fail(run, CodeOf(error->fFault), error->fText);
     if (HandOver(std::get<std::string>(rendered), bytes, size)) return HF_OK;
-    return Fail(run, HF_UNWRITABLE, "memory is short");
+    return Fail(run, HF_UNWRITABLE, kShortMemory);
 }
 
 }  // namespace
@@ -72,6 +74,8 @@ int hf_render(hf_run_t* run, const char* format, const hf_settings* settings, ch
         hierfit::report::RenderSettings given = settings ? settings->fRender : hierfit::report::RenderSettings{};
         given.fModuleFolder = hierfit::session::FindPaths().fModuleFolder;
         return interface::RenderTo(*run, format, given, bytes, size);
+    } catch (const std::bad_alloc&) {
+        return interface::Fail(*run, HF_UNWRITABLE, interface::kShortMemory);
     } catch (const std::exception& error) {
         return interface::Fail(*run, HF_UNWRITABLE, error.what());
     }

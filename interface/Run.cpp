@@ -12,6 +12,7 @@
 #include "host/session/Session.h"
 #include "host/unicode/Excerpt.h"
 #include "interface/Settings.h"
+#include "interface/ShortMemory.h"
 #include "report/json/JsonDocument.h"
 
 namespace hierfit::interface {
@@ -70,6 +71,9 @@ int MakeRun(hf_run_t** made, Operation operation) {
     if (!*made) return HF_UNWRITABLE;
     try {
         operation(**made);
+    } catch (const std::bad_alloc&) {
+        (*made)->fOutcome = HF_UNREADABLE;
+        (*made)->fError = kShortMemory;
     } catch (const std::exception& error) {
         (*made)->fOutcome = HF_UNREADABLE;
         (*made)->fError = error.what();

@@ -4,11 +4,13 @@
 #include <array>
 #include <exception>
 #include <iterator>
+#include <new>
 #include <string_view>
 #include <utility>
 
 #include "host/unicode/Excerpt.h"
 #include "host/unicode/Utf8.h"
+#include "interface/ShortMemory.h"
 #include "interface/hierfit.h"
 #include "report/items/Selection.h"
 
@@ -150,6 +152,8 @@ int hf_settings_set(hf_settings* settings, const char* key, const char* value) {
     if (!settings || !key || !value) return HF_USAGE;
     try {
         settings->fError = hierfit::interface::Set(*settings, key, hierfit::unicode::MakeUtf8(value));
+    } catch (const std::bad_alloc&) {
+        settings->fError = hierfit::interface::kShortMemory;
     } catch (const std::exception& error) {
         settings->fError = error.what();
     }

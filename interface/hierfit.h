@@ -65,7 +65,8 @@ HF_API void hf_settings_free(hf_settings* settings);
 
 /* Runs the procedure on a PMML document of `pmml_size` bytes and a StatXML document of `statxml_size` bytes. `settings`
  * may be NULL. Gives what hf_outcome gives, and a run whatever it came to, unless memory is too short even for that:
- * then HF_UNWRITABLE, and `*run` is NULL. */
+ * then HF_UNWRITABLE, and `*run` is NULL. A run that memory was too short for is HF_UNREADABLE, without diagnostics, and
+ * hf_error says so. */
 HF_API int hf_run(const char* pmml, size_t pmml_size, const char* statxml, size_t statxml_size,
                   const hf_settings* settings, hf_run_t** run);
 

@@ -4,6 +4,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <new>
 #include <string>
 #include <system_error>
 #include <variant>
@@ -53,7 +54,7 @@ bool IsShownByPager(const std::string& text, const OutputOptions& output) {
     return pager && ShowWithPager(*pager, text);
 }
 
-int Write(document::Document& document, const OutputOptions& output) {
+int WriteRendered(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = GoesToTerminal(output);
     const Format format = ChooseFormat(output, isTerminal);
     const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
@@ -79,6 +80,15 @@ void TitleByFolder(document::Document& document, const ReportCommand& command) {
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::canonical(command.fvDocuments.front(), error);
     if (!error && folder.has_filename()) document.fTitle = folder.filename().string() + ": " + document.fTitle;
+}
+
+int Write(document::Document& document, const OutputOptions& output) {
+    try {
+        return WriteRendered(document, output);
+    } catch (const std::bad_alloc&) {
+        PrintShortMemory();
+        return kUnwritable;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include <csignal>
 #include <cstdio>
 #include <exception>
+#include <new>
 #include <string>
 
 #include "Check.h"
@@ -11,6 +12,7 @@
 #include "program/arguments/CommandLine.h"
 #include "program/files/OutputFile.h"
 #include "program/files/StandardError.h"
+#include "program/files/TemporaryFile.h"
 
 namespace hierfit::program {
 
@@ -39,8 +41,12 @@ int Main(int argumentCount, const char* const* arguments) {
     // A closed pipe and a limit of file size are told by the operation that writes.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
+    TemporaryFile::RemoveAtSignals();
     try {
         return RunCommandLine(argumentCount, arguments);
+    } catch (const std::bad_alloc&) {
+        PrintShortMemory();
+        return kUnreadable;
     } catch (const std::exception& error) {
         PrintError(error.what());
         return kUnreadable;

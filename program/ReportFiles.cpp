@@ -27,7 +27,7 @@ std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const 
                                      ProgressLine* progress) {
     std::error_code error;
     std::filesystem::create_directories(folder, error);
-    if (error) return {{kUnwritable, unicode::Excerpt(folder, kMostOfText) + ": " + error.message()}};
+    if (error) return {{kUnwritable, unicode::Excerpt(folder, kMostOfText) + ": " + error.message(), true}};
     std::vector<WriteFailure> failures;
     for (const FileMaker& file : files) {
         if (progress) progress->Show(fmt::format("{} of {} files", &file - files.data(), files.size()));
@@ -36,7 +36,7 @@ std::vector<WriteFailure> WriteFiles(const std::vector<FileMaker>& files, const 
         if (const auto* fault = std::get_if<RenderError>(&made)) {
             failures.push_back({StatusOf(fault->fFault), unicode::Excerpt(path, kMostOfText) + ": " + fault->fText});
         } else if (auto failure = WriteOutput(path, std::get<std::string>(made))) {
-            failures.push_back({kUnwritable, std::move(failure->fText)});
+            failures.push_back({kUnwritable, std::move(failure->fText), true});
             break;
         }
     }
@@ -61,13 +61,20 @@ std::vector<WriteFailure> WriteFile(const document::Document& document, Format f
     return {};
 }
 
-/// The charts come first, so that none is missing where there is a file.
+/// The charts come first, so that none is missing where there is a file. Without any there is no folder for them.
 std::vector<WriteFailure> WriteFileAndCharts(const document::Document& document, Format format,
                                              report::RenderSettings settings, const std::filesystem::path& path,
                                              ProgressLine* progress) {
     settings.fChartFolder = path.stem().string() + "-charts";
     const std::string folder = (path.parent_path() / settings.fChartFolder).string();
-    std::vector<WriteFailure> failures = WriteFolder(document, format, settings, folder, progress);
+    const auto charts = report::ListFiles(document, format, settings);
+    std::vector<WriteFailure> failures;
+    if (const auto* error = std::get_if<RenderError>(&charts)) {
+        failures.push_back(MakeFailure(*error));
+    } else if (const auto& files = std::get<std::vector<FileMaker>>(charts); !files.empty()) {
+        failures = WriteFiles(files, folder, progress);
+    }
+    if (!failures.empty() && failures.back().fIsLast) return failures;
     for (WriteFailure& failure : WriteFile(document, format, settings, path.string())) {
         failures.push_back(std::move(failure));
     }

@@ -15,6 +15,7 @@ namespace hierfit::program {
 struct WriteFailure {
     ExitStatus fStatus;
     std::string fText;
+    bool fIsLast = false;  ///< nothing more of the report was written
 };
 
 /// Writes a prepared document to standard output for "-", else to a file, or into a folder where its format is one of

@@ -1,14 +1,14 @@
 // Feeds command lines, an argument a line, to the command's parser. What it takes for a request is rendered from a
 // small document, into memory alone.
 
+#include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <variant>
 
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
-#include "program/arguments/CommandLine.h"
 #include "program/Rendering.h"
+#include "program/arguments/CommandLine.h"
 #include "program/files/StandardError.h"
 #include "report/formats/Files.h"
 #include "report/formats/Render.h"
@@ -67,21 +67,26 @@ void Render(const program::OutputOptions& output) {
 /// What comes of each kind of command.
 struct Judge {
     void operator()(const program::Explanation& told) const {
-        if (told.fText.empty() || told.fText.back() != '\n') Fail("no line says what is wrong");
+        if (told.fText.empty() ? told.fIsError : told.fText.back() != '\n') Fail("no line says what is wrong");
         if (!told.fIsError) return;
         if (!told.fText.starts_with("hierfit: ")) Fail("an error without the program's name: " + told.fText);
         constexpr std::size_t kMostBytes = 4 * program::kMostOfText + 200;
         if (told.fText.size() > kMostBytes) Fail("a long error: " + told.fText);
+    }
+    void operator()(const program::VersionCommand& command) const {
+        if (!command.fIsAsked) Fail("a version that nobody asked for");
     }
     void operator()(const program::ReportCommand& command) const {
         CheckDocuments(command.fvDocuments);
         CheckLanguage(command.fSettings);
         Render(command.fOutput);
     }
-    void operator()(const program::RenderCommand& command) const { Render(command.fOutput); }
+    void operator()(const program::RenderCommand& command) const {
+        if (command.fvDocuments.size() != 1) Fail("a number of documents out of its range");
+        Render(command.fOutput);
+    }
     void operator()(const program::CheckCommand& command) const { CheckDocuments(command.fvDocuments); }
     void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }
-    void operator()(const program::VersionCommand    void operator()(const program::ListCommand& command) const { CheckDocuments(command.fvDocuments); }) const {}
     void operator()(const program::BatchCommand& command) const {
         if (command.fOutput.fFile.empty() || command.fOutput.fFile == "-") Fail("a batch without a folder");
         if (command.fJobs < 0 || command.fJobs > 1024) Fail("a number of jobs out of its range");
@@ -107,6 +112,11 @@ std::span<const Form* const> FormsOfInput() {
     return forms;
 }
 
-void RunInput(std::string_view input) { std::visit(Judge(), Parse(SplitLines(input))); }
+void RunInput(std::string_view input) {
+    const std::vector<std::string> lines = SplitLines(input);
+    // A completion looks into the documents that stand in the line; here it must not wait for standard input.
+    if (lines[1] == "--complete" && std::ranges::count(lines, "-") > 0) return;
+    std::visit(Judge(), Parse(lines));
+}
 
 }  // namespace hierfit::fuzz

@@ -97,7 +97,7 @@ std::optional<std::string> FirstOf(std::initializer_list<std::optional<std::stri
 
 Command Finish(ReportCommand command) {
     const auto wrong = FirstOf({CheckDocuments("report", command.fvDocuments), CheckOutput(command.fOutput),
-                          CheckSettings(command.fSettings)});
+                                CheckSettings(command.fSettings)});
     return Check(wrong, std::move(command));
 }
 

@@ -7,7 +7,9 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
+#include <exception>
 #include <filesystem>
+#include <mutex>
 #include <system_error>
 #include <thread>
 #include <utility>
@@ -69,13 +71,13 @@ std::vector<Task> ListTasks(const std::vector<BatchModel>& models, const BatchSe
     return tasks;
 }
 
-/// Works on so many models at a time, until all are done, the program is asked to end, or a part of it is missing,
-/// which no other model would find.
+/// Works on so many models at a time, or as many as there can be threads for, until all are done, the program is asked
+/// to end, or a part of it is missing, which no other model would find. What a result cannot tell is thrown.
 void DoAll(const std::vector<BatchModel>& models, const std::vector<Task>& tasks, const BatchSettings& settings,
            std::size_t jobs, Progress& progress) {
     std::atomic<std::size_t> next = 0;
     std::atomic<bool> isStopped = false;
-    const auto work = [&] {
+    const auto workOn = [&] {
         while (!isStopped && !IsInterrupted()) {
             const std::size_t at = next++;
             if (at >= tasks.size()) return;
@@ -86,8 +88,26 @@ void DoAll(const std::vector<BatchModel>& models, const std::vector<Task>& tasks
             progress.Take(model, std::move(result));
         }
     };
-    std::vector<std::jthread> threads;
-    while (threads.size() < std::min(jobs, tasks.size())) threads.emplace_back(work);
+    std::mutex mutex;
+    std::exception_ptr thrown;
+    const auto work = [&] {
+        try {
+            workOn();
+        } catch (...) {
+            isStopped = true;
+            const std::lock_guard lock(mutex);
+            thrown = std::current_exception();
+        }
+    };
+    {
+        std::vector<std::jthread> threads;
+        try {
+            while (threads.size() + 1 < std::min(jobs, tasks.size())) threads.emplace_back(work);
+        } catch (const std::exception&) {  // those that there are do it all
+        }
+        work();
+    }
+    if (thrown) std::rethrow_exception(thrown);
 }
 
 struct Outcome {

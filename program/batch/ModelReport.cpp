@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <exception>
 #include <filesystem>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -72,6 +73,8 @@ BatchResult Make(const BatchModel& model, Work work, const BatchSettings& settin
 BatchResult MakeModelReport(const BatchModel& model, Work work, const BatchSettings& settings) {
     try {
         return Make(model, work, settings);
+    } catch (const std::bad_alloc&) {
+        return BatchFailure{kUnreadable, Behind(model, kShortMemory)};
     } catch (const std::exception& error) {
         return BatchFailure{kUnreadable, Behind(model, error.what())};
     }

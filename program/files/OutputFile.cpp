@@ -7,23 +7,27 @@
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
+#include <memory>
 
 #include "host/unicode/Excerpt.h"
 #include "program/files/Descriptor.h"
 #include "program/files/ExitStatus.h"
 #include "program/files/StandardError.h"
+#include "program/files/TemporaryFile.h"
 
 namespace hierfit::program {
 
 namespace {
 
+struct Free {
+    void operator()(char* text) const { std::free(text); }
+};
+
 /// The file behind a symbolic link, so that the link stays; the path itself where it leads nowhere yet.
-std::string FollowLinks(const std::string& path) {
-    char* const resolved = realpath(path.c_str(), nullptr);
-    if (!resolved) return path;
-    std::string target(resolved);
-    std::free(resolved);
-    return target;
+std::optional<std::string> FollowLinks(const std::string& path) {
+    const std::unique_ptr<char, Free> resolved(realpath(path.c_str(), nullptr));
+    if (resolved) return resolved.get();
+    return errno == ENOENT ? std::optional(path) : std::nullopt;
 }
 
 bool WriteDirectly(const std::string& path, std::string_view text) {
@@ -45,30 +49,23 @@ const mode_t kNewFile = 0666 & ~ReadMask();
 mode_t ChooseMode(const struct stat* present) { return present ? present->st_mode & 07777 : kNewFile; }
 
 bool WriteBeside(const std::string& path, std::string_view text, const struct stat* present) {
-    std::string temporary = path + ".XXXXXX";
-    Descriptor file(mkostemp(temporary.data(), O_CLOEXEC));
-    if (!file.IsOpen()) return false;
-    if (WriteAll(file.Get(), text) && fchmod(file.Get(), ChooseMode(present)) == 0 && file.Close() &&
-        rename(temporary.c_str(), path.c_str()) == 0) {
-        return true;
-    }
-    const int reason = errno;
-    unlink(temporary.c_str());
-    errno = reason;
-    return false;
+    TemporaryFile file(path);
+    return file.IsOpen() && WriteAll(file.Get(), text) && fchmod(file.Get(), ChooseMode(present)) == 0 &&
+           file.TakePlace();
 }
 
 /// Each of the above leaves the reason of a failure in errno.
 bool WriteFile(const std::string& path, std::string_view text) {
-    const std::string target = FollowLinks(path);
+    const std::optional<std::string> target = FollowLinks(path);
+    if (!target) return false;
     struct stat status {};
-    const bool exists = stat(target.c_str(), &status) == 0;
+    const bool exists = stat(target->c_str(), &status) == 0;
     if (exists && S_ISDIR(status.st_mode)) {
         errno = EISDIR;
         return false;
     }
-    if (exists && !S_ISREG(status.st_mode)) return WriteDirectly(target, text);
-    return WriteBeside(target, text, exists ? &status : nullptr);
+    if (exists && !S_ISREG(status.st_mode)) return WriteDirectly(*target, text);
+    return WriteBeside(*target, text, exists ? &status : nullptr);
 }
 
 }  // namespace

@@ -17,9 +17,17 @@ const char* LevelWord(int level) {
     return level == 2 ? "warning" : "error";
 }
 
+/// In one piece, since threads may say something, too. Whether anybody hears it makes no difference.
+void PrintLine(std::string line) {
+    line += '\n';
+    std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
 }  // namespace
 
-void PrintError(const std::string& text) { fmt::print(stderr, "hierfit: {}\n", report::MakeVisible(text)); }
+void PrintError(const std::string& text) { PrintLine("hierfit: " + report::MakeVisible(text)); }
+
+void PrintShortMemory() { std::fprintf(stderr, "hierfit: %s\n", kShortMemory); }
 
 void PrintMessages(const std::list<document::Item>& items) {
     for (const document::Item& item : items) {
@@ -43,7 +51,7 @@ void PrintDiagnostics(const document::Document& document, const std::vector<std:
         if (diagnostic.fLevel < leastLevel) continue;
         const std::string text = DescribeDiagnostic(diagnostic, paths);
         if (diagnostic.fPlace) {
-            fmt::print(stderr, "{}\n", report::MakeVisible(text));
+            PrintLine(report::MakeVisible(text));
         } else {
             PrintError(fmt::format("{}: {}", LevelWord(diagnostic.fLevel), text));
         }

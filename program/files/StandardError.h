@@ -11,8 +11,13 @@ namespace hierfit::program {
 /// So many characters of a message's words, or of a name or word that the user typed, stand in a line at most.
 inline constexpr std::size_t kMostOfText = 1000;
 
+inline constexpr const char* kShortMemory = "memory is short";
+
 /// Prints one line, led by the program's name, to standard error.
 void PrintError(const std::string& text);
+
+/// The same where memory is short, and takes none.
+void PrintShortMemory();
 
 /// Prints the messages that the procedure reported, such as "hierfit: warning: ...".
 void PrintMessages(const std::list<document::Item>& items);

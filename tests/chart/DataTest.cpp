@@ -95,6 +95,9 @@ TEST(DataTest, WhatIsNoStreamIsNotRead) {
                                  R"([{"source":"a","rows":1e300,"variables":[]}])",
                                  R"([{"source":"a","rows":2147483648,"variables":[]}])",
                                  R"([{"source":"a","rows":-1,"variables":[]}])",
+                                 R"([{"source":"a","rows":0,"rows":0,"variables":[]}])",
+                                 R"([{"source":"a","rows":0,"variables":[],"name":"x"}])",
+                                 R"([{"source":"a","rows":0,"variables":[{"name":"x"}]}])",
                                  begin + "1",
                                  begin + "true]}]}]",
                                  begin + "[1]]}]}]",
@@ -102,6 +105,7 @@ TEST(DataTest, WhatIsNoStreamIsNotRead) {
                                  std::string(1'000'000, '[')};
     for (const std::string& json : cases) EXPECT_FALSE(chart::ReadDataStream(json)) << json.substr(0, 100);
     EXPECT_TRUE(chart::ReadDataStream(begin + "1]}]}]"));
+    EXPECT_TRUE(chart::ReadDataStream(R"([{"variables":[{"values":[],"name":"x"}],"rows":2,"source":"a"}])"));
 }
 
 TEST(DataTest, RowsOutOfProportionAreRefused) {

@@ -40,7 +40,8 @@ export async function checkCopies(page, readFile) {
   let count = 0;
   const faults = (await copyAll(page)).flatMap(([anchor, copied]) => {
     const [shown, full] = [read(copied), read(readFile(anchor))];
-    const differs = (field, row, column) => field !== full[row]?.[column] && !(row > 0 && isRounded(field, full[row]?.[column] ?? ""));
+    const differs = (field, row, column) => field !== full[row]?.[column]
+      && !(row > 0 && isRounded(field, full[row]?.[column] ?? ""));
     const row = shown.findIndex((record, at) => record.length !== full[at]?.length
       || record.some((field, column) => differs(field, at, column)));
     count += shown.length;

@@ -23,7 +23,8 @@ const leavesOf = (members, above = []) => members.flatMap((member) => {
 
 /** The dimensions of the rows (0) or of the columns (1), outermost first. */
 function sideOf({ dimensions, cells }, place) {
-  const sorted = dimensions.map((dimension, at) => ({ ...dimension, at })).filter((dimension) => dimension.place === place)
+  const sorted = dimensions.map((dimension, at) => ({ ...dimension, at }))
+    .filter((dimension) => dimension.place === place)
     .sort((one, other) => other.index - one.index);
   return sorted.map(({ at, name, flags: [hidesName, hidesLabels], members }) => {
     const paths = new Map(leavesOf(members));

@@ -29,7 +29,8 @@ const limits = { oats: [400_000, 80_000] };
 function checkSize(name, path) {
   const content = readFileSync(path);
   const actual = [content.length, gzipSync(content).length];
-  return (limits[name] ?? []).some((limit, at) => actual[at] > limit) ? [`${actual} bytes, at most ${limits[name]}`] : [];
+  const isTooLarge = (limits[name] ?? []).some((limit, at) => actual[at] > limit);
+  return isTooLarge ? [`${actual} bytes, at most ${limits[name]}`] : [];
 }
 
 /** As for a reader who has opened what can be opened. */
@@ -52,7 +53,8 @@ async function judge(browser, name) {
   const items = readItems(program, join(examples, name));
   const page = await open(browser, path);
   const [cells, ofHeaders] = await checkHeaders(page, tablesOf(items));
-  const [records, ofCopies] = await checkCopies(page, (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
+  const [records, ofCopies] = await checkCopies(page,
+    (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
   const [marks, ofMarks] = await checkMarks(page, items);
   const ofStates = await checkStates(page, axeSource);
   await page.context().close();

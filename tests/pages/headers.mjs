@@ -14,7 +14,8 @@ async function readTree(page) {
     .flatMap((child) => (roles.includes(roleOf(child)) ? [child] : find(child, roles)));
   const cellsIn = (row) => find(row, ["cell", "gridcell", "columnheader", "rowheader"])
     .map((cell) => ({ role: roleOf(cell), name: cell.name.value }));
-  return find(nodes[0], ["table"]).map((table) => ({ title: table.name.value, rows: find(table, ["row"]).map(cellsIn) }));
+  return find(nodes[0], ["table"])
+    .map((table) => ({ title: table.name.value, rows: find(table, ["row"]).map(cellsIn) }));
 }
 
 /** The same of the page's elements: what each cell covers, and the letters of its notes. */
@@ -22,7 +23,8 @@ const readElements = (page) => page.evaluate(() => Array.from(document.querySele
   anchor: table.closest("figure[id], details.repeat")?.id,
   rows: Array.from(table.rows, ({ cells, parentElement }) => Array.from(cells, ({ colSpan, rowSpan, children }) => ({
     colSpan, rowSpan, isHead: parentElement.localName === "thead",
-    letters: Array.from(children).filter(({ localName }) => localName === "sup").map(({ textContent }) => textContent).join(""),
+    letters: Array.from(children).filter(({ localName }) => localName === "sup")
+      .map(({ textContent }) => textContent).join(""),
   }))),
 })));
 
@@ -80,10 +82,12 @@ export async function checkHeaders(page, expected) {
     const shape = elements[place].rows;
     const { title, rows } = tree[place];
     const same = rows.length === shape.length && rows.every((row, at) => row.length === shape[at].length);
-    if (!same || elements[place].anchor !== table.anchor) return [`${table.anchor}: "${title}" has other cells in the tree`];
+    const isOther = elements[place].anchor !== table.anchor;
+    if (!same || isOther) return [`${table.anchor}: "${title}" has other cells in the tree`];
     const cells = rows.map((row, at) => row.map((cell, column) => ({ ...cell, ...shape[at][column] })));
     count += table.cells.length;
-    return compare(relate(layOut(cells), table.levels), expect(table)).slice(0, 3).map((fault) => `${table.anchor}: ${fault}`);
+    return compare(relate(layOut(cells), table.levels), expect(table)).slice(0, 3)
+      .map((fault) => `${table.anchor}: ${fault}`);
   });
   return [count, faults];
 }

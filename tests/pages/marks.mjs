@@ -1,4 +1,5 @@
-// By the keyboard a reader comes to each chart and through all of its marks, each of which is told in words with its figures.
+// By the keyboard a reader comes to each chart and through all of its marks, each of which is told in words with its
+// figures.
 
 import { marksOf } from "./document.mjs";
 
@@ -13,7 +14,8 @@ async function walk(page, figure) {
   for (;;) {
     await page.keyboard.press("ArrowRight");
     const [words, isFirst] = await drawing.evaluate((element) => {
-      const marks = Array.from(element.querySelectorAll("svg [role=img]")).filter((mark) => mark.getClientRects().length);
+      const marks = Array.from(element.querySelectorAll("svg [role=img]"))
+        .filter((mark) => mark.getClientRects().length);
       return [document.querySelector("[role=status]").textContent, marks[0].classList.contains("at")];
     });
     if (isFirst && told.length > 0) return told;
@@ -42,7 +44,7 @@ export async function checkMarks(page, items) {
     const [found, expected] = [sort(told), sort(marks.map(({ tip }) => tip))];
     const place = expected.findIndex((tip, at) => tip !== found[at]);
     if (told.length !== marks.length) faults.push(`${anchor}: ${told.length} steps for ${marks.length} marks`);
-    else if (place >= 0) faults.push(`${anchor}: ${JSON.stringify(found[place])} is told, not ${JSON.stringify(expected[place])}`);
+    else if (place >= 0) faults.push(`${anchor}: "${found[place]}" is told, not "${expected[place]}"`);
     const silent = marks.find(({ tip, figures }) => !figures.every((figure) => holds(tip, figure)));
     if (silent) faults.push(`${anchor}: ${JSON.stringify(silent.tip)} does not tell ${silent.figures}`);
   }

@@ -1,6 +1,7 @@
 // Pages as readers set them: dark, narrow or enlarged, with words further apart, by the keyboard alone.
 
-const sizes = { desk: { width: 1280, height: 900 }, phone: { width: 360, height: 740 }, enlarged: { width: 320, height: 256 } };
+const sizes = { desk: { width: 1280, height: 900 }, phone: { width: 360, height: 740 },
+  enlarged: { width: 320, height: 256 } };
 
 /** Lets what was done be drawn. */
 const settle = (page) =>
@@ -23,7 +24,8 @@ async function checkByAxe(page, axeSource) {
         const chosen = isDark ? { runOnly: ["color-contrast"] } : { rules: { "target-size": { enabled: true } } };
         return (await globalThis.axe.run(document, { resultTypes: ["violations"], ...chosen })).violations;
       }, colorScheme === "dark");
-      faults.push(...violations.map(({ id, nodes }) => `${id}, ${size}, ${colorScheme}: ${nodes[0].html.slice(0, 200)}`));
+      faults.push(...violations
+        .map(({ id, nodes }) => `${id}, ${size}, ${colorScheme}: ${nodes[0].html.slice(0, 200)}`));
     }
     await page.keyboard.press("Escape");
   }
@@ -54,18 +56,19 @@ async function checkSpacing(page) {
     await page.setViewportSize(sizes[size]);
     faults.push(...await page.evaluate(() => {
       const sheet = new CSSStyleSheet();
-      sheet.replaceSync("* { line-height: 1.5 !important; letter-spacing: .12em !important; word-spacing: .16em !important } "
-        + "p { margin-bottom: 2em !important }");
+      sheet.replaceSync("* { line-height: 1.5 !important; letter-spacing: .12em !important; "
+        + "word-spacing: .16em !important } p { margin-bottom: 2em !important }");
       document.adoptedStyleSheets = [sheet];
       const cuts = (element) => {
         const { overflowX, overflowY } = getComputedStyle(element);
         return (overflowX === "hidden" && element.scrollWidth > element.clientWidth + 1)
           || (overflowY === "hidden" && element.scrollHeight > element.clientHeight + 1);
       };
-      // What is not for eyes is cut off; so are long titles in the contents and above long tables, which stand elsewhere whole.
+      // What is not for eyes is cut off; so are long titles in the contents and above long tables, which stand whole
+      // elsewhere.
       const cut = Array.from(document.querySelectorAll("body *"))
-        .filter((element) => element.offsetWidth > 1 && !element.closest(".unseen, .skip, .long caption") && cuts(element)
-          && element.textContent.length < 100);
+        .filter((element) => element.offsetWidth > 1 && !element.closest(".unseen, .skip, .long caption")
+          && cuts(element) && element.textContent.length < 100);
       document.adoptedStyleSheets = [];
       return cut.slice(0, 3).map((element) => `${element.localName} cuts off "${element.textContent}"`);
     }));
@@ -74,8 +77,8 @@ async function checkSpacing(page) {
 }
 
 /**
- * Marks stand out by 3:1 against the ground, words of pictures by 4.5:1, as they are painted. Where paleness is what is shown,
- * as that of fewer records, of many lines that are not set off, or of a band behind marks, it may go below.
+ * Marks stand out by 3:1 against the ground, words of pictures by 4.5:1, as they are painted. Where paleness is what is
+ * shown, as that of fewer records, of many lines that are not set off, or of a band behind marks, it may go below.
  */
 async function checkContrast(page) {
   await page.setViewportSize(sizes.desk);
@@ -113,8 +116,9 @@ async function checkContrast(page) {
       }));
       const isSeen = (element) => element.getClientRects().length > 0;
       const faint = Array.from(document.querySelectorAll(".drawing svg [role=img]"))
-        .filter((mark) => isSeen(mark) && !/\n.*\nFrequency: /.test(mark.getAttribute("aria-label")) && best(mark) < 2.995)
-        .map((mark) => `${mark.closest("figure").id}: a mark has ${best(mark).toFixed(2)}:1: ${mark.getAttribute("aria-label")}`);
+        .filter((mark) => isSeen(mark)
+          && !/\n.*\nFrequency: /.test(mark.getAttribute("aria-label")) && best(mark) < 2.995)
+        .map((mark) => `${mark.closest("figure").id}: ${best(mark).toFixed(2)}:1 has ${mark.ariaLabel}`);
       const pale = Array.from(document.querySelectorAll(".drawing svg text"))
         .filter((text) => isSeen(text) && contrastOf(getComputedStyle(text).fill, opacityOf(text)) < 4.5)
         .map((text) => `${text.closest("figure").id}: "${text.textContent}" is pale`);
@@ -142,7 +146,8 @@ async function checkFocus(page) {
         return at && (element.contains(at) || at.contains(element));
       }));
       const { outlineStyle } = getComputedStyle(element);
-      return [`${element.localName}.${element.className} ${element.textContent.slice(0, 40)}`, outlineStyle !== "none", seen];
+      const name = `${element.localName}.${element.className} ${element.textContent.slice(0, 40)}`;
+      return [name, outlineStyle !== "none", seen];
     });
     if (name.startsWith("body")) break;
     if (!isOutlined) faults.push(`${name} has focus and no outline`);

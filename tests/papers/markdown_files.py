@@ -97,6 +97,8 @@ def main(program, examples, work):
     for path, table in hostile.write(work):
         tables.run(program, "render", "-o", path.with_suffix(".md"), path)
         found = read(path.with_suffix(".md")).tables
+        if (path.parent / f"{path.stem}-charts").exists():
+            faults.append(f"{path.name}: a folder for no charts")
         # Signs that are not seen are spelt out.
         seen = json.loads(json.dumps(table).replace("\\u202e", "\\\\u{202E}").replace("\\u0001", "\u2401")
                           .replace("\\u001b", "\u241b"))

@@ -130,7 +130,7 @@ TEST(CircleLayout, WhatIsSetOffIsDrawnLastSolidAndWide) {
     const auto marks = test::MarksOf(scene);
     const auto& rest = marks[0]->fvShapes.front().fPaint;
     const auto& setOff = marks[2]->fvShapes.front().fPaint;
-    EXPECT_EQ(rest.fStroke, Ink::Axis);
+    EXPECT_EQ(rest.fStroke, Ink::Quiet);
     EXPECT_EQ(rest.fDash, Dash::Short);
     EXPECT_DOUBLE_EQ(rest.fStrokeWidth, 2.35);
     EXPECT_EQ(setOff.fStroke, Ink::SetOff);

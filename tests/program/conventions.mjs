@@ -1,5 +1,5 @@
-// What is expected of any command line: help, hints at what was meant, documents found by any name, manual pages, and the
-// completion of three shells: node conventions.mjs PROGRAM EXAMPLES WORK MANUAL HEADER
+// What is expected of any command line: help, hints at what was meant, documents found by any name, manual pages, and
+// the completion of three shells: node conventions.mjs PROGRAM EXAMPLES WORK MANUAL HEADER
 
 import { spawnSync } from "node:child_process";
 import { chmodSync, cpSync, mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
@@ -12,7 +12,8 @@ process.chdir(work);
 
 const faults = [];
 const spawn = (command, args, options = {}) => {
-  const { status, stdout, stderr } = spawnSync(command, args, { encoding: "utf8", input: "", maxBuffer: 1 << 28, ...options });
+  const settings = { encoding: "utf8", input: "", maxBuffer: 1 << 28, ...options };
+  const { status, stdout, stderr } = spawnSync(command, args, settings);
   return { status, out: stdout, err: stderr };
 };
 const run = (...args) => spawn(program, args);
@@ -26,11 +27,13 @@ const missing = (words, others) => words.filter((word) => !others.includes(word)
 // ---- help
 
 const commands = ["report", "render", "check", "list", "batch"];
-const helps = Object.fromEntries(["", ...commands].map((command) => [command, run(...(command ? [command] : []), "--help")]));
+const helps = Object.fromEntries(["", ...commands].map((command) => 
+  [command, run(...[command, "--help"].filter(Boolean))]));
 for (const [command, help] of Object.entries(helps)) {
   expect(`help ${command}`, run("help", ...(command ? [command] : [])), help);
   expect(`help ${command}`, [help.status, help.err], [0, ""]);
-  expect(`help ${command}: examples first`, help.out, /^[^]*\nUsage: hierfit [^]*\nExamples:\n {2}[^]*\nOptions:\n[^]*\nExit status: /);
+  expect(`help ${command}: examples first`, help.out,
+    /^[^]*\nUsage: hierfit [^]*\nExamples:\n {2}[^]*\nOptions:\n[^]*\nExit status: /);
 }
 expect("help help", run("help", "help"), helps[""]);
 for (const command of commands) expect("commands", helps[""].out, new RegExp(`^ {2}${command} `, "m"));
@@ -60,7 +63,8 @@ const wrong = [
   [["report", "-f", "hmtl", "models/oats"], `--format: hmtl: no such format; did you mean "html"? ${formats}`],
   [["report", "-f", "odt", "models/oats"], `--format: odt: no such format; ${formats.toLowerCase()}`],
   [["report", "--style", "aap", "models/oats"], '--style: aap: no such style; there are plain, apa, ama'],
-  [["report", "--style", "ap", "models/oats"], '--style: ap: no such style; did you mean "apa"? There are plain, apa, ama'],
+  [["report", "--style", "ap", "models/oats"],
+    '--style: ap: no such style; did you mean "apa"? There are plain, apa, ama'],
   [["report", "--lang", "eng", "models/oats"], '--lang: eng: no such language; did you mean "en"? There are C, en'],
   [["report", "--templates", "modles", "models/oats"],
     '--templates: modles: No such file or directory; did you mean "models"?'],
@@ -81,9 +85,11 @@ const folders = [
   ["none", ["notes.txt"], "the folder holds no PMML and no StatXML document (.pmml, .statxml)"],
   ["one of two", ["oats.pmml"], "there is oats.pmml, but no StatXML document (.statxml)"],
   ["the other of two", ["model.statxml"], "there is model.statxml, but no PMML document (.pmml)"],
-  ["several", ["b.pmml", "a.pmml", "model.statxml"], "there are 2 PMML documents, a.pmml, b.pmml; name both documents"],
+  ["several", ["b.pmml", "a.pmml", "model.statxml"],
+    "there are 2 PMML documents, a.pmml, b.pmml; name both documents"],
   ["many", ["model.pmml", ..."abcdefg".split("").map((name) => `${name}.statxml`)],
-    "there are 7 StatXML documents, a.statxml, b.statxml, c.statxml, d.statxml, e.statxml and 2 more; name both documents"],
+    "there are 7 StatXML documents, a.statxml, b.statxml, c.statxml, d.statxml, e.statxml and 2 more; " +
+      "name both documents"],
 ];
 const oats = run("report", "-f", "text", "models/oats");
 for (const [name, files, said] of folders) {
@@ -98,9 +104,10 @@ writeFileSync("oats.json", run("report", "-f", "json", "models/oats").out);
 const [pmml, statXml] = ["models/oats/model.pmml", "models/oats/model.statxml"];
 const lone = ": one argument must be a folder with the two documents";
 const paths = [
-  [["models"], "models: the folder holds no PMML and no StatXML document (.pmml, .statxml), but folders that do: oats, " +
-    "sleepstudy, wine; hierfit report models/oats shows one, hierfit batch -o DIR models/* all"],
-  [["report", statXml, pmml], `${statXml} is the StatXML document and ${pmml} the PMML document; give the PMML document first`],
+  [["models"], "models: the folder holds no PMML and no StatXML document (.pmml, .statxml), but folders that do: " +
+    "oats, sleepstudy, wine; hierfit report models/oats shows one, hierfit batch -o DIR models/* all"],
+  [["report", statXml, pmml],
+    `${statXml} is the StatXML document and ${pmml} the PMML document; give the PMML document first`],
   [[pmml], `${pmml}${lone}; give the StatXML document behind it`],
   [[statXml], `${statXml}${lone}; give the PMML document before it`],
   [["oats.json"], `oats.json${lone}; hierfit render takes a saved document`],
@@ -110,15 +117,19 @@ const paths = [
   [["render", "otas.json"], 'otas.json: No such file or directory; did you mean "oats.json"?'],
   [["-", "-"], "standard input holds one document; name a file for the other"],
 ];
-for (const [args, text] of paths) expect(args.join(" "), run(...args), { status: 2, out: "", err: `hierfit: ${text}\n` });
+for (const [args, text] of paths) {
+  expect(args.join(" "), run(...args), { status: 2, out: "", err: `hierfit: ${text}\n` });
+}
 const utf16 = Buffer.from(`\ufeff<?xml version="1.0"?><!-- <PMML> --><StatXML/>`, "utf16le");
 writeFileSync("wide.xml", utf16);
 expect("swapped, in UTF-16", run("report", "wide.xml", pmml).err, /give the PMML document first\n$/);
 for (const [args, input] of [[[pmml, "-"], contents.statxml], [["-", statXml], contents.pmml]]) {
   expect(`report ${args.join(" ")}`, spawn(program, ["-f", "text", ...args], { input }), oats);
 }
-expect("a broken document on standard input", spawn(program, [pmml, "-"], { input: "<a" }).err, /\nstandard input:1:\d+: /);
-expect("saved on standard input", spawn(program, ["render", "-f", "text", "-"], { input: readFileSync("oats.json") }), oats);
+const broken = spawn(program, [pmml, "-"], { input: "<a" });
+expect("a broken document on standard input", broken.err, /\nstandard input:1:\d+: /);
+const again = spawn(program, ["render", "-f", "text", "-"], { input: readFileSync("oats.json") });
+expect("a saved document on standard input", again, oats);
 expect("a folder alone", run("models/oats"), run("report", "models/oats"));
 expect("options and a pair", run("-f", "text", pmml, statXml), oats);
 
@@ -127,7 +138,8 @@ expect("options and a pair", run("-f", "text", pmml, statXml), oats);
 for (const args of [["--version", "--verbose"], ["--verbose", "--version"]]) {
   const { status, out } = run(...args);
   expect("versions", [status, out.split("\n")[0]], [0, run("--version").out.trim()]);
-  for (const part of ["expat.\\d", "fmt \\d", "utf8proc \\d", "libhierfit.so\n", "librsvg \\d+\\.\\d+\\.\\d+ and cairo \\d",
+  for (const part of ["expat.\\d", "fmt \\d", "utf8proc \\d", "libhierfit.so\n",
+    "librsvg \\d+\\.\\d+\\.\\d+ and cairo \\d",
     "libzip \\d", "libxlsxwriter \\d", "languages: C en\n"]) expect("versions", out, new RegExp(part));
 }
 for (const args of ["--help", "--version", "help report", "list models/oats", "models/oats"]) {
@@ -153,11 +165,12 @@ const inPage = [...page.matchAll(/^\.It (Fl .*)$/gm)].flatMap(([, line]) =>
   [...line.matchAll(/Fl (Fl )?([\w-]+)/g)].map(([, isLong, name]) => (isLong ? "--" : "-") + name));
 expect("options that the page lacks", missing([...inHelp], inPage), []);
 expect("options that only the page has", missing(inPage, [...inHelp]), []);
-expect("commands of the page", missing([...commands, "help"], [...page.matchAll(/^\.It Cm (\w+)$/gm)].map(([, name]) => name)), []);
+const all = (text, pattern) => [...new Set([...text.matchAll(pattern)].map(([, name]) => name))];
+expect("commands of the page", missing([...commands, "help"], all(page, /^\.It Cm (\w+)$/gm)), []);
 const reference = readFileSync(join(manual, "hierfit.3"), "utf8");
-const functions = [...new Set([...readFileSync(header, "utf8").matchAll(/^HF_API [^(]*?(hf_\w+)\(/gm)].map(([, name]) => name))];
-const described = [...reference.matchAll(/^\.F[no] (hf_\w+)/gm)].map(([, name]) => name);
-const named = [...reference.matchAll(/^\.Nm (hf_\w+)/gm)].map(([, name]) => name);
+const functions = all(readFileSync(header, "utf8"), /^HF_API [^(]*?(hf_\w+)\(/gm);
+const described = all(reference, /^\.F[no] (hf_\w+)/gm);
+const named = all(reference, /^\.Nm (hf_\w+)/gm);
 expect("functions that the page lacks", [missing(functions, described), missing(functions, named)], [[], []]);
 expect("functions that only the page has", missing([...described, ...named], functions), []);
 for (const name of ["hierfit.1", "hierfit.3"]) {
@@ -198,11 +211,16 @@ for (const [words, expected] of wanted) {
 }
 expect("the names of what stands behind", wordsOf(run("--complete", "3", "report", "--only", "ModelS", "models/oats")),
   ["ModelSummary-1"]);
-for (const args of [[], ["x"], ["0", "a"], ["-1"], ["99", "report"]]) expect(`complete ${args}`, run("--complete", ...args).status, 0);
+for (const args of [[], ["x"], ["0", "a"], ["-1"], ["99", "report"]]) {
+  expect(`complete ${args}`, run("--complete", ...args).status, 0);
+}
 
 // What is typed, a tab behind it, becomes these words. The program that they are given to says which it got.
 mkdirSync("bin");
-writeFileSync("bin/hierfit", `#!/bin/sh\n[ "$1" != --complete ] || exec '${program}' "$@"\nprintf 'GOT'; printf ' [%s]' "$@"; echo\n`);
+writeFileSync("bin/hierfit", `#!/bin/sh
+[ "$1" != --complete ] || exec '${program}' "$@"
+printf 'GOT'; printf ' [%s]' "$@"; echo
+`);
 chmodSync("bin/hierfit", 0o755);
 const typed = [
   ["hierfit rep\t", "[report]"],
@@ -215,9 +233,10 @@ const typed = [
 ];
 const completion = join(manual, "completion");
 writeFileSync("bashrc", `PATH="$PWD/bin:$PATH"; source '${completion}/hierfit'\n`);
-writeFileSync(".zshrc", `PATH="$PWD/bin:$PATH"; fpath=('${completion}' $fpath); autoload -Uz compinit; compinit -D -u\n`);
-const shells = [["bash --noprofile --rcfile bashrc -i"], ["zsh -d -i"]];
-for (const [shell] of shells) {
+writeFileSync(".zshrc", `PATH="$PWD/bin:$PATH"; fpath=('${completion}' $fpath)
+autoload -Uz compinit; compinit -D -u
+`);
+for (const shell of ["bash --noprofile --rcfile bashrc -i", "zsh -d -i"]) {
   const input = `${typed.map(([line]) => `${line}\n`).join("")}exit\n`;
   const { out } = spawn("script", ["-qec", `TERM=xterm ZDOTDIR="$PWD" ${shell}`, "/dev/null"], { input });
   const got = [...out.matchAll(/GOT (\[.*\])\r/g)].map(([, words]) => words);

@@ -1,3 +1,5 @@
+#include <new>
+
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
@@ -83,6 +85,8 @@ void LabelFactors(XDocument& document, const std::vector<const KEST_Variable*>& 
         if (!variables.empty()) LabelAxis(graph, *variables[0]);
         if (variables.size() > 1) LabelVariable(graph, kEffects[1], 0, *variables[1]);
         if (variables.size() > 2) LabelPanels(graph, *variables[2]);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the chart goes out without what is not labelled yet
     }
 }

@@ -1,3 +1,4 @@
+#include <new>
 #include <optional>
 
 #include "hierfit/charts/ChartLabels.h"
@@ -139,6 +140,8 @@ void LabelVariables(XDocument& document, const Variables& variables) {
             prefix += ChartString(" = ");
             shown.SetFormatPrefix(prefix);
         }
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the chart goes out without what is not labelled yet
     }
 }
@@ -247,6 +250,8 @@ void HFITChartOutput::LevelContrasts::Send() {
         document.SetChartData(&fProcessor);
         document.SetDescription(fCharts.LookUpText(fTexts.fTitle));
         document.SendChart(true, false, false);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

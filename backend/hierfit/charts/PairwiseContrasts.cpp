@@ -1,5 +1,6 @@
 #include <limits>
 #include <map>
+#include <new>
 #include <optional>
 
 #include "hierfit/charts/ChartLabels.h"
@@ -243,6 +244,8 @@ void HFITChartOutput::PairwiseContrasts::Send() {
         document.SetDescription(fCharts.LookUpText(kTitle));
         document.SetChartData(&fProcessor);
         document.SendChart(true, false, false);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
@@ -80,6 +81,8 @@ void HFITChartOutput::BuildPredictedByObservedChart() {
         document.SetDescription(title);
         document.SetChartData(&processor);
         document.SendChart(true, false, false);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the chart is missing then, and nothing else
     }
 }

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
@@ -78,6 +79,8 @@ void Merge(std::string& diagram, const std::string& histogram, const VarDataProc
         ViZEditor editor = ViZEditor::GetInstance();
         const std::string merged = editor.EmbedHistogramInGraph(diagram, histogram, stream.get(), length, fieldType);
         if (!merged.empty()) diagram = merged;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {  // the diagram goes out without its histogram
     }
 }

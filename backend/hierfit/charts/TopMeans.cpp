@@ -1,3 +1,4 @@
+#include <new>
 #include <string_view>
 #include <unordered_set>
 
@@ -47,6 +48,8 @@ void LabelFactor(XDocument& document, const char* name, const KEST_Variable* var
     try {
         XGraph graph = document.getExternalGraph();
         LabelVariable(graph, name, 0, *variable);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (...) {}
 }
 

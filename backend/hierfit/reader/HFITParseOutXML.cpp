@@ -1,6 +1,7 @@
 #include "hierfit/reader/HFITParseOutXML.h"
 
 #include <exception>
+#include <new>
 #include <sstream>
 
 #include "hierfit/reader/XmlReading.h"
@@ -36,6 +37,8 @@ bool HFITParseOutXML::ParseStatXML(const std::string& statXMLStr) {
     if (statXMLStr.empty()) return false;
     try {
         fStatXMLParsed = ReadDocument(statXMLStr);
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& exception) {
         fStatXMLParsed = false;
         Diagnose(std::string("the reading broke off: ") + exception.what());

@@ -1,6 +1,7 @@
 #include "host/ViZEditor.h"
 
 #include <exception>
+#include <new>
 #include <string_view>
 
 #include "host/Diagnose.h"
@@ -31,6 +32,8 @@ std::string ViZEditor::EmbedHistogramInGraph(const std::string& graph, const std
             chart::EmbedInset(graph, histogram, std::string_view(stream, static_cast<std::size_t>(length)), fieldType);
         if (composed.empty()) Diagnose("a histogram was left out: its chart or the one around it cannot be read");
         return composed;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         Diagnose(std::string("a histogram was left out: ") + error.what());
         return {};

@@ -1,6 +1,7 @@
 #include "host/XDocument.h"
 
 #include <exception>
+#include <new>
 
 #include "host/Diagnose.h"
 #include "host/chart/Draft.h"
@@ -29,6 +30,8 @@ void XDocument::SetChartData(const VarDataProcessor* processor) {
 bool XDocument::SendChart(bool first, bool second, bool third) {
     try {
         return fpDraft->Send({first, second, third});
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         Diagnose("chart \"" + unicode::Excerpt(fpDraft->fDescription) + "\" was left out: " + error.what());
         return false;
@@ -39,6 +42,8 @@ bool XDocument::applyTemplates() {
     try {
         fpDraft->fXml = chart::ExpandFragments(fpDraft->fXml);
         return true;
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         Diagnose(std::string("a chart's fragments were left out: ") + error.what());
         return false;

@@ -1,6 +1,7 @@
 #include "host/XViZTemplate.h"
 
 #include <exception>
+#include <new>
 
 #include "host/Diagnose.h"
 #include "host/chart/TemplateBuilder.h"
@@ -28,6 +29,8 @@ void XViZTemplate::convert(std::string& xml, std::string& second) const {
     second.clear();
     try {
         xml = fpBuilder->Build();
+    } catch (const std::bad_alloc&) {
+        throw;
     } catch (const std::exception& error) {
         Diagnose(std::string("a chart template was left out: ") + error.what());
     }

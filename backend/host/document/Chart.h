@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <compare>
 #include <string>
 #include <variant>
 #include <vector>
@@ -9,8 +10,18 @@
 
 namespace hierfit::document {
 
+/// An alternative that no variant ever holds. GCC's library takes one of strings and plain values alone for always
+/// valued, and destroys what is not there when a copy of it throws.
+struct NeverHeld {
+    NeverHeld() = delete;
+    NeverHeld(const NeverHeld&) {}
+    NeverHeld& operator=(const NeverHeld&) { return *this; }
+
+    auto operator<=>(const NeverHeld&) const = default;
+};
+
 /// One value behind a chart: never written, a number or a text.
-using ChartValue = std::variant<std::monostate, double, std::string>;
+using ChartValue = std::variant<std::monostate, double, std::string, NeverHeld>;
 
 struct ChartVariable {
     std::string fName;
@@ -29,7 +40,7 @@ struct ChartSource {
 
 /// One call on a variable's settings, with its arguments. Three numbers are a print format: width, type, decimals.
 struct ChartCall {
-    using Argument = std::variant<bool, std::string, std::array<int, 3>>;
+    using Argument = std::variant<bool, std::string, std::array<int, 3>, NeverHeld>;
     std::string fName;
     std::vector<Argument> fvArguments;
 

@@ -69,13 +69,14 @@ document::CellPlace TableBuilder::ListCurrent() const {
     return place;
 }
 
+// Dimensions are few, and the destructor must take no memory.
 int TableBuilder::FindFreeIndex() const {
-    std::vector<bool> isTaken(fTable.fvDimensions.size() + 2);
-    for (const document::Dimension& dimension : fTable.fvDimensions) {
-        const auto index = static_cast<std::size_t>(dimension.fIndex);
-        if (dimension.fSide == document::Side::Rows && index < isTaken.size()) isTaken[index] = true;
-    }
-    return static_cast<int>(std::find(isTaken.begin() + 1, isTaken.end(), false) - isTaken.begin());
+    int index = 1;
+    const auto isAt = [&](const document::Dimension& dimension) {
+        return dimension.fSide == document::Side::Rows && dimension.fIndex == index;
+    };
+    while (std::ranges::any_of(fTable.fvDimensions, isAt)) ++index;
+    return index;
 }
 
 }  // namespace hierfit::pivot

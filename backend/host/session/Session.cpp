@@ -3,6 +3,7 @@
 #include <exception>
 #include <filesystem>
 #include <memory>
+#include <new>
 #include <utility>
 #include <variant>
 
@@ -61,7 +62,7 @@ class Host {
     bool RunProcedure(CFProcCustomFactory factory, std::string pmml, std::string statXml) {
         const context::RunContext::Activation activation(fContext);
         const std::unique_ptr<CFProcCustom> procedure(factory());
-        if (!procedure) return false;
+        if (!procedure) throw std::bad_alloc();
         BpProcedure output;
         procedure->fProcedure = &output;
         procedure->fDataSource = fpDataSource.get();
@@ -124,6 +125,8 @@ bool RunGuarded(Host& host, CFProcCustomFactory factory, Input& pmml, Input& sta
         host.TellContradictions();
         host.TellUnseenMessages();
         return true;
+    } catch (const std::bad_alloc&) {
+        throw;  // to say it in the document would take memory
     } catch (const std::exception& error) {
         host.GetContext().AddDiagnostic(3, std::string("the run broke off: ") + error.what(), {});
         return false;

@@ -24,8 +24,6 @@ constexpr std::size_t kMostNames = 100'000;
 constexpr std::size_t kSampleBytes = std::size_t{1} << 20U;
 constexpr std::size_t kShortestAttribute = 5;  // blank, name, equals sign, two quotes
 
-constexpr const char* kOutOfMemory = "out of memory";
-
 using ParserHandle = std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)>;
 
 /// Name without its namespace prefix.
@@ -79,6 +77,7 @@ class TreeBuilder {
     std::vector<OpenElement> fvOpen;
     std::string fPending;  ///< texts of the open elements so far, the innermost one's last
     std::optional<Refusal> fRefusal;
+    bool fIsShort = false;  ///< of memory; an exception must not pass through the parser
 };
 
 TreeBuilder::TreeBuilder(const std::string& text)
@@ -87,11 +86,12 @@ TreeBuilder::TreeBuilder(const std::string& text)
 template <auto kOperation, typename... Arguments>
 void TreeBuilder::Handle(void* builder, Arguments... arguments) {
     auto& self = *static_cast<TreeBuilder*>(builder);
-    if (self.fRefusal) return;
+    if (self.fRefusal || self.fIsShort) return;
     try {
         (self.*kOperation)(arguments...);
     } catch (const std::bad_alloc&) {
-        self.Refuse(kOutOfMemory);
+        self.fIsShort = true;
+        XML_StopParser(self.fParser.get(), XML_FALSE);
     }
 }
 
@@ -126,6 +126,7 @@ std::variant<std::unique_ptr<const Tree>, ParseError> TreeBuilder::Build() {
     Reserve();
     const std::optional<Refusal> markup = FindRefusal(fText);
     const XML_Error error = ParseUpTo(markup ? markup->fOffset : bytes.size());
+    if (fIsShort || error == XML_ERROR_NO_MEMORY) throw std::bad_alloc();
     if (fRefusal) return Error(fRefusal->fReason, fRefusal->fOffset);
     if (error != XML_ERROR_NONE && !(markup && error == XML_ERROR_NO_ELEMENTS)) {
         return Error(XML_ErrorString(error), CurrentOffset());
@@ -227,11 +228,7 @@ ParseError TreeBuilder::Error(const char* reason, std::size_t offset) const {
 }  // namespace
 
 std::variant<std::unique_ptr<const Tree>, ParseError> BuildTree(const std::string& text) {
-    try {
-        return TreeBuilder(text).Build();
-    } catch (const std::bad_alloc&) {
-        return ParseError{kOutOfMemory, 1, 1, {}};
-    }
+    return TreeBuilder(text).Build();
 }
 
 }  // namespace hierfit::xml

@@ -1,5 +1,8 @@
 #include "report/charts/raster/Raster.h"
 
+#include <new>
+#include <utility>
+
 #include "report/charts/raster/RasterModule.h"
 #include "report/modules/FindSymbol.h"
 
@@ -7,8 +10,23 @@ namespace hierfit::report::charts {
 
 namespace {
 
+struct Taken {
+    std::string fBytes;
+    bool fIsShort = false;  ///< of memory; an exception must not pass through the libraries
+};
+
 void Append(void* context, const unsigned char* bytes, std::size_t size) {
-    static_cast<std::string*>(context)->append(reinterpret_cast<const char*>(bytes), size);
+    Taken& taken = *static_cast<Taken*>(context);
+    try {
+        taken.fBytes.append(reinterpret_cast<const char*>(bytes), size);
+    } catch (const std::bad_alloc&) {
+        taken.fIsShort = true;
+    }
+}
+
+std::optional<std::string> Conclude(HierfitRasterResult result, Taken taken) {
+    if (result == kHierfitShort || taken.fIsShort) throw std::bad_alloc();
+    return result == kHierfitMade ? std::optional(std::move(taken.fBytes)) : std::nullopt;
 }
 
 }  // namespace
@@ -20,15 +38,15 @@ std::variant<Raster, std::string> Raster::Load(const std::string& path) {
 }
 
 std::optional<std::string> Raster::MakePng(std::string_view svg, double scale) const {
-    std::string png;
-    const bool isMade = fpFunctions->fpWritePng(svg.data(), svg.size(), scale, &Append, &png);
-    return isMade ? std::optional(std::move(png)) : std::nullopt;
+    Taken png;
+    const HierfitRasterResult result = fpFunctions->fpWritePng(svg.data(), svg.size(), scale, &Append, &png);
+    return Conclude(result, std::move(png));
 }
 
 std::optional<std::string> Raster::MakePdf(std::string_view svg) const {
-    std::string pdf;
-    const bool isMade = fpFunctions->fpWritePdf(svg.data(), svg.size(), &Append, &pdf);
-    return isMade ? std::optional(std::move(pdf)) : std::nullopt;
+    Taken pdf;
+    const HierfitRasterResult result = fpFunctions->fpWritePdf(svg.data(), svg.size(), &Append, &pdf);
+    return Conclude(result, std::move(pdf));
 }
 
 }  // namespace hierfit::report::charts

@@ -99,8 +99,6 @@ struct Element {
 
     void CheckPlace(std::string_view key, const document::PanelPlace& place,
                     const document::PicturePanels& panels) const;
-
-    void CheckNotNegative(std::string_view key, double number) const;
 };
 
 /// Makes sure that none of the limits that are set lies above the other.

@@ -125,10 +125,6 @@ void Element::CheckPlace(std::string_view key, const PanelPlace& place, const Pi
     Fail(fmt::format("place of a panel expected, of which there are {} by {}", across, down), key);
 }
 
-void Element::CheckNotNegative(std::string_view key, double number) const {
-    if (number < 0) Fail("number of 0 or more expected", key);
-}
-
 void CheckLimits(const JsonReader& in, const std::optional<double>& low, const std::optional<double>& high,
                  std::string_view highKey) {
     if (low && high && *high < *low) in.Fail("number not below the low one expected", std::string(highKey));

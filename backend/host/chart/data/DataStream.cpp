@@ -5,11 +5,9 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdint>
 #include <iterator>
 #include <limits>
 #include <nlohmann/json.hpp>
-#include <stdexcept>
 #include <utility>
 
 #include "host/unicode/Utf8.h"
@@ -100,45 +98,97 @@ void AppendSource(std::string& out, const ChartSource& source) {
     out += '}';
 }
 
-ChartValue ReadValue(const Json& json) {
-    if (json.is_null()) return {};
-    if (json.is_number()) return json.get<double>();
-    const auto& text = json.get_ref<const std::string&>();
-    const auto* const named = FindNamed(text);
-    return named == kNamedNumbers.end() ? ChartValue(text) : ChartValue(named->second);
-}
+/// Takes a stream part by part, and stops at the first that has no place in it. There is no tree of it, whose end would
+/// take memory.
+class StreamReader : public nlohmann::json_sax<Json> {
+  public:
+    std::vector<ChartSource> Take() { return std::move(fSources); }
 
-ChartVariable ReadVariable(const Json& json) {
-    ChartVariable variable{json.at("name").get<std::string>(), {}};
-    for (const Json& value : json.at("values")) variable.fvValues.push_back(ReadValue(value));
-    return variable;
-}
-
-int ReadRows(const Json& json) {
-    const bool isCount = json.is_number_unsigned() && json.get<std::uint64_t>() <= std::numeric_limits<int>::max();
-    if (!isCount) throw std::out_of_range("rows");
-    return static_cast<int>(json.get<std::uint64_t>());
-}
-
-ChartSource ReadSource(const Json& json) {
-    ChartSource source{json.at("source").get<std::string>(), ReadRows(json.at("rows")), {}};
-    std::size_t rows = 0;
-    for (const Json& variable : json.at("variables")) {
-        source.fvVariables.push_back(ReadVariable(variable));
-        rows = std::max(rows, source.fvVariables.back().fvValues.size());
+    bool start_array(std::size_t) override {
+        const bool isPlace = fLevel == kTop || Is(kSource, kVariablesKey) || Is(kVariable, kValuesKey);
+        if (isPlace) ++fLevel;
+        return isPlace;
     }
-    for (const ChartVariable& variable : source.fvVariables) {
-        if (variable.fvValues.size() != rows) throw std::length_error("variables of different length");
-    }
-    return source;
-}
 
-/// A text that nests deeper than the form does is none, and is not read to its end.
-bool RefuseDepth(int depth, Json::parse_event_t, Json&) {
-    constexpr int kMostDepth = 6;
-    if (depth > kMostDepth) throw std::length_error("too deep");
-    return true;
-}
+    bool start_object(std::size_t) override {
+        if (fLevel != kSources && fLevel != kVariables) return false;
+        if (fLevel == kSources) fSources.push_back({});
+        if (fLevel == kVariables) fSources.back().fvVariables.push_back({});
+        ++fLevel;
+        return true;
+    }
+
+    bool key(string_t& name) override {
+        const auto* const found = std::ranges::find(kKeys, name);
+        fKey = 1U << static_cast<unsigned>(found - kKeys.begin());
+        const bool isKnown = found != kKeys.end() && !(fSeen & fKey);
+        fSeen |= fKey;
+        return isKnown;
+    }
+
+    bool end_object() override {
+        const bool isSource = fLevel == kSource;
+        const unsigned keys = isSource ? kSourceKey | kRowsKey | kVariablesKey : kNameKey | kValuesKey;
+        const bool isWhole = (fSeen & keys) == keys && (!isSource || HasEqualLengths(fSources.back()));
+        fSeen &= ~keys;
+        --fLevel;
+        return isWhole;
+    }
+
+    bool end_array() override {
+        --fLevel;
+        return true;
+    }
+
+    bool string(string_t& text) override {
+        if (Is(kSource, kSourceKey)) {
+            fSources.back().fName = std::move(text);
+        } else if (Is(kVariable, kNameKey)) {
+            fSources.back().fvVariables.back().fName = std::move(text);
+        } else {
+            const auto* const named = FindNamed(text);
+            return named == kNamedNumbers.end() ? Add(std::move(text)) : Add(named->second);
+        }
+        return true;
+    }
+
+    bool number_unsigned(number_unsigned_t number) override {
+        if (!Is(kSource, kRowsKey)) return Add(static_cast<double>(number));
+        fSources.back().fRows = static_cast<int>(number);
+        return number <= std::numeric_limits<int>::max();
+    }
+
+    bool number_integer(number_integer_t number) override { return Add(static_cast<double>(number)); }
+    bool number_float(number_float_t number, const string_t&) override { return Add(number); }
+    bool null() override { return Add(std::monostate()); }
+    bool boolean(bool) override { return false; }
+    bool binary(binary_t&) override { return false; }
+    bool parse_error(std::size_t, const std::string&, const Json::exception&) override { return false; }
+
+  private:
+    enum Level { kTop, kSources, kSource, kVariables, kVariable, kValues };
+    static constexpr std::array<std::string_view, 5> kKeys{"source", "rows", "variables", "name", "values"};
+    enum Key : unsigned { kSourceKey = 1, kRowsKey = 2, kVariablesKey = 4, kNameKey = 8, kValuesKey = 16 };
+
+    bool Is(Level level, Key key) const { return fLevel == level && fKey == key; }
+
+    template <typename Value>
+    bool Add(Value value) {
+        if (fLevel == kValues) fSources.back().fvVariables.back().fvValues.emplace_back(std::move(value));
+        return fLevel == kValues;
+    }
+
+    static bool HasEqualLengths(const ChartSource& source) {
+        return std::ranges::all_of(source.fvVariables, [&](const ChartVariable& variable) {
+            return variable.fvValues.size() == source.fvVariables.front().fvValues.size();
+        });
+    }
+
+    std::vector<ChartSource> fSources;
+    int fLevel = kTop;
+    unsigned fKey = 0;
+    unsigned fSeen = 0;  ///< keys of the objects that are open
+};
 
 }  // namespace
 
@@ -149,15 +199,8 @@ std::string WriteDataStream(const std::vector<ChartSource>& sources) {
 }
 
 std::optional<std::vector<ChartSource>> ReadDataStream(std::string_view json) {
-    try {
-        const Json list = Json::parse(json, RefuseDepth);
-        if (!list.is_array()) return std::nullopt;
-        std::vector<ChartSource> sources;
-        for (const Json& source : list) sources.push_back(ReadSource(source));
-        return sources;
-    } catch (const std::exception&) {
-        return std::nullopt;
-    }
+    StreamReader reader;
+    return Json::sax_parse(json, &reader) ? std::optional(reader.Take()) : std::nullopt;
 }
 
 }  // namespace hierfit::chart

@@ -59,30 +59,31 @@ bool Render(const Image& image, cairo_surface_t* surface, double scale) {
            cairo_status(cairo.get()) == CAIRO_STATUS_SUCCESS;
 }
 
-bool WritePng(const char* svg, std::size_t size, double scale, HierfitTakeBytes take, void* context) {
+HierfitRasterResult WritePng(const char* svg, std::size_t size, double scale, HierfitTakeBytes take, void* context) {
     const Image image = Read(svg, size);
-    if (!image.fHandle) return false;
+    if (!image.fHandle) return kHierfitRefused;
     const double width = std::ceil(image.fWidth * scale);
     const double height = std::ceil(image.fHeight * scale);
     const bool isPossible = width >= 1 && width <= kLongestSide && height >= 1 && height <= kLongestSide;
-    if (!isPossible || width * height > kMostPixels) return false;
+    if (!isPossible || width * height > kMostPixels) return kHierfitRefused;
     const Surface surface(
         cairo_image_surface_create(CAIRO_FORMAT_ARGB32, static_cast<int>(width), static_cast<int>(height)));
-    if (!Render(image, surface.get(), scale)) return false;
+    if (!Render(image, surface.get(), scale)) return kHierfitShort;
     Taker taker{take, context};
-    return cairo_surface_write_to_png_stream(surface.get(), &Take, &taker) == CAIRO_STATUS_SUCCESS;
+    const bool isWritten = cairo_surface_write_to_png_stream(surface.get(), &Take, &taker) == CAIRO_STATUS_SUCCESS;
+    return isWritten ? kHierfitMade : kHierfitShort;
 }
 
-bool WritePdf(const char* svg, std::size_t size, HierfitTakeBytes take, void* context) {
+HierfitRasterResult WritePdf(const char* svg, std::size_t size, HierfitTakeBytes take, void* context) {
     const Image image = Read(svg, size);
-    if (!image.fHandle) return false;
+    if (!image.fHandle) return kHierfitRefused;
     Taker taker{take, context};
     const Surface surface(cairo_pdf_surface_create_for_stream(&Take, &taker, image.fWidth * kPointsToAPixel,
                                                               image.fHeight * kPointsToAPixel));
     cairo_pdf_surface_set_metadata(surface.get(), CAIRO_PDF_METADATA_CREATE_DATE, kDate);
-    if (!Render(image, surface.get(), kPointsToAPixel)) return false;
+    if (!Render(image, surface.get(), kPointsToAPixel)) return kHierfitShort;
     cairo_surface_finish(surface.get());
-    return cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS;
+    return cairo_surface_status(surface.get()) == CAIRO_STATUS_SUCCESS ? kHierfitMade : kHierfitShort;
 }
 
 constexpr HierfitRasterFunctions kFunctions{&WritePng, &WritePdf};

@@ -8,13 +8,16 @@
 #include <vector>
 
 #include "report/xlsx/book/Book.h"
+#include "report/xlsx/book/module/PartFiles.h"
 
 namespace {
 
 using hierfit::report::xlsx::Align;
 using hierfit::report::xlsx::Book;
+using hierfit::report::xlsx::ForgetPartFailure;
 using hierfit::report::xlsx::Look;
 using hierfit::report::xlsx::Page;
+using hierfit::report::xlsx::PartFailure;
 using hierfit::report::xlsx::Properties;
 using hierfit::report::xlsx::Rule;
 using hierfit::report::xlsx::Sheet;
@@ -40,6 +43,7 @@ uint8_t AlignmentOf(Align align) {
 
 lxw_format* MakeFormat(lxw_workbook* workbook, const Look& look) {
     lxw_format* format = workbook_add_format(workbook);
+    if (!format) return nullptr;
     if (!look.fCode.empty()) format_set_num_format(format, look.fCode.c_str());
     format_set_align(format, AlignmentOf(look.fAlign));
     format_set_align(format, look.fIsTop ? LXW_ALIGN_VERTICAL_TOP : LXW_ALIGN_VERTICAL_BOTTOM);
@@ -141,6 +145,8 @@ class MemoryFile {
         if (fFile >= 0) close(fFile);
     }
 
+    bool IsOpen() const { return fFile >= 0; }
+
     std::string Path() const { return "/proc/self/fd/" + std::to_string(fFile); }
 
     std::optional<std::string> Read() const {
@@ -159,9 +165,17 @@ class MemoryFile {
     int fFile;
 };
 
+/// The library does not look at each write. What one of them failed for is what the system said last; of what it may
+/// say for other reasons nothing counts.
+bool IsOfWriting(int failure) {
+    return failure == ENOSPC || failure == EDQUOT || failure == EFBIG || failure == EIO || failure == ENOMEM;
+}
+
 class LibraryBook : public Book {
   public:
     explicit LibraryBook(const Properties& properties) {
+        ForgetPartFailure();
+        if (!fFile.IsOpen()) return;
         lxw_workbook_options options{};
         options.constant_memory = LXW_TRUE;
         fpWorkbook = workbook_new_opt(fFile.Path().c_str(), &options);
@@ -184,6 +198,7 @@ class LibraryBook : public Book {
 
     int AddLook(const Look& look) override {
         fvFormats.push_back(fpWorkbook ? MakeFormat(fpWorkbook, look) : nullptr);
+        if (fpWorkbook && !fvFormats.back()) Note(LXW_ERROR_MEMORY_MALLOC_FAILED);
         return static_cast<int>(fvFormats.size()) - 1;
     }
 
@@ -209,6 +224,10 @@ class LibraryBook : public Book {
         fpWorkbook = nullptr;
         if (error != LXW_NO_ERROR) {
             reason = std::string(lxw_strerror(error)) + (errno ? std::string(" ") + std::strerror(errno) : "");
+            return {};
+        }
+        if (const int failure = IsOfWriting(errno) ? errno : PartFailure()) {
+            reason = std::string("the workbook: ") + std::strerror(failure);
             return {};
         }
         auto bytes = fFile.Read();
