@@ -7,6 +7,8 @@
 #   make gallery     build, run the scripts of examples/gallery, and write a page of their reports
 #   make build       build the release: build/release/bin/hierfit
 #   make languages   tell of each language how far it is, and what is wrong with it
+#   make package     Debian packages of the last commit, in build/packages
+#   make reproduce   whether the last commit gives the same bytes in two folders; it builds four times
 #   make bench       build, and measure
 #   make torture     build, and run with every fault that is tried: memory, disk, signals, threads; docs/reliability.md
 #   make fuzz        build with Clang, and feed changed inputs for a while; fuzz/README.md
@@ -21,7 +23,7 @@ RUNS ?= 1000000
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := report
-.PHONY: help report gallery test test-quick build languages bench torture fuzz coverage format clean
+.PHONY: help report gallery test test-quick build languages package reproduce bench torture fuzz coverage format clean
 
 help:
 	@sed -n '/^#/!q; s/^# \{0,1\}//p' $(firstword $(MAKEFILE_LIST))
@@ -51,6 +53,12 @@ test-quick: setup-quick
 
 languages:
 	@node tests/language/keys.mjs . --list
+
+package: setup-test
+	@scripts/package build/packages $(JOBS)
+
+reproduce: setup-test
+	@scripts/reproduce build/reproduce $(JOBS)
 
 bench: setup-test
 	@scripts/build release $(JOBS)

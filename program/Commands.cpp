@@ -7,6 +7,7 @@
 #include <new>
 #include <string>
 #include <system_error>
+#include <variant>
 
 #include "Pager.h"
 #include "Rendering.h"
@@ -16,7 +17,6 @@
 #include "program/files/OutputFile.h"
 #include "program/files/StandardError.h"
 #include "report/formats/Render.h"
-#include "report/text/TextReport.h"
 
 namespace hierfit::program {
 
@@ -67,7 +67,7 @@ int WriteRendered(document::Document& document, const OutputOptions& output) {
         progress.Erase();
         return Conclude(failures);
     }
-    const std::string text = report::MakeTextReport(document, settings.fText);
+    const std::string text = std::get<std::string>(report::Render(document, format, settings));
     return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
 }
 

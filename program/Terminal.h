@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "program/arguments/Command.h"
-#include "report/text/TextReport.h"
+#include "report/text/TextOptions.h"
 
 namespace hierfit::program {
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "host/BpFormatSpec.h"
+#include "host/Export.h"
 #include "host/KEST_Variable.h"
 #include "host/OBS.h"
 
@@ -22,7 +23,7 @@ enum class BpPreference { Plain = 0, InList = 1, AsHeader = 2 };
 
 /// One piece of text for a title, label, cell, caption or note. Its words are fixed when it is made, in the language of
 /// the run. Texts are immutable once made (a composite once finished) and copied by handle.
-class BpCellText {
+class HIERFIT_EXPORT BpCellText {
   public:
     virtual ~BpCellText() = default;
 
@@ -42,28 +43,28 @@ class BpCellText {
 };
 
 /// A fixed text: true for a source text or string-table key that is translated, false for one printed unchanged.
-class BpString : public BpCellText {
+class HIERFIT_EXPORT BpString : public BpCellText {
   public:
     BpString(const std::string& text, bool translate);
     std::unique_ptr<BpCellText> Replicate() const override { return std::make_unique<BpString>(*this); }
 };
 
 /// A number in one of the table formats.
-class BpNumber : public BpCellText {
+class HIERFIT_EXPORT BpNumber : public BpCellText {
   public:
     BpNumber(double number, BpFormatSpec format);
     std::unique_ptr<BpCellText> Replicate() const override { return std::make_unique<BpNumber>(*this); }
 };
 
 /// A variable's name or label. A null variable gives an empty text.
-class BpVariable : public BpCellText {
+class HIERFIT_EXPORT BpVariable : public BpCellText {
   public:
     BpVariable(const KEST_Variable* variable, BpShow show);
     std::unique_ptr<BpCellText> Replicate() const override { return std::make_unique<BpVariable>(*this); }
 };
 
 /// A value of a variable, as its value label or in the variable's print format. A null value is system-missing.
-class BpDataValue : public BpCellText {
+class HIERFIT_EXPORT BpDataValue : public BpCellText {
   public:
     BpDataValue(const KEST_Variable* variable, const OBS* value, BpPreference preference);
     BpDataValue(const KEST_Variable* variable, double value, BpPreference preference);
@@ -73,10 +74,10 @@ class BpDataValue : public BpCellText {
 /// A pattern with marks, filled by the texts that are added: `Add` fills the next mark. Between `Sublist` and
 /// `EndSublist` the texts become the items of the next list.
 ///
-/// A list pattern reads "[first:further:]n": n is the number of the sublist, `first` shapes its first item with the marks
-/// %1, %2, ..., `further` each further item with ^1, ^2, .... With an empty `first`, all items take `further`; a pattern
-/// with k different marks takes k texts an item.
-class BpComposite : public BpCellText {
+/// A list pattern reads "[first:further:]n": n is the number of the sublist, `first` shapes its first item with the
+/// marks %1, %2, ..., `further` each further item with ^1, ^2, .... With an empty `first`, all items take `further`; a
+/// pattern with k different marks takes k texts an item.
+class HIERFIT_EXPORT BpComposite : public BpCellText {
   public:
     BpComposite(const std::string& pattern, bool translate);
 

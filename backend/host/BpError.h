@@ -1,6 +1,7 @@
 #pragma once
 
 #include "host/BpCellText.h"
+#include "host/Export.h"
 
 namespace hierfit {
 
@@ -11,6 +12,6 @@ enum class BpErrorShow { InOutput = 2 };
 enum class BpErrorLevel { Information = 1, Warning = 2, Error = 3 };
 
 /// Reports a message to the user, under the innermost heading that still has a handle.
-void BpError(const BpCellText& text, BpErrorShow show, BpErrorLevel level);
+HIERFIT_EXPORT void BpError(const BpCellText& text, BpErrorShow show, BpErrorLevel level);
 
 }  // namespace hierfit

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "host/BpCellText.h"
+#include "host/Export.h"
 
 namespace hierfit {
 
@@ -21,7 +22,7 @@ enum class BpPlace { Rows = 0, Columns = 1 };
 
 /// One category of a dimension. All classes of this file are shared handles, copied by value; the output document owns
 /// what they stand for.
-class BpCategory {
+class HIERFIT_EXPORT BpCategory {
   public:
     /// Writes a cell at the current category of every dimension of the table. The last cell at a place wins.
     void Cell(const BpCellText& content);
@@ -34,14 +35,15 @@ class BpCategory {
 
   private:
     friend class BpGroup;
-    BpCategory(std::shared_ptr<pivot::DimensionBuilder> dimension, int id) : fpDimension(std::move(dimension)), fId(id) {}
+    BpCategory(std::shared_ptr<pivot::DimensionBuilder> dimension, int id)
+        : fpDimension(std::move(dimension)), fId(id) {}
 
     std::shared_ptr<pivot::DimensionBuilder> fpDimension;
     int fId;
 };
 
 /// A group of categories within a dimension, or a dimension itself.
-class BpGroup {
+class HIERFIT_EXPORT BpGroup {
   public:
     /// The nested group with that text; it is made when there is none yet. The flag is true at every call.
     BpGroup Group(const BpCellText& label, bool flag, BpSort sort);
@@ -59,7 +61,7 @@ class BpGroup {
 };
 
 /// A dimension of a table.
-class BpDimension : public BpGroup {
+class HIERFIT_EXPORT BpDimension : public BpGroup {
   public:
     /// Puts the dimension on a side; the highest index there is outermost, 1 innermost. The flags hide the dimension's
     /// name and its categories' labels.
@@ -71,7 +73,7 @@ class BpDimension : public BpGroup {
 };
 
 /// A pivot table. It is complete when its handles are gone.
-class BpPivotTable {
+class HIERFIT_EXPORT BpPivotTable {
   public:
     /// A new dimension. One that is never positioned goes to the lowest free index on the rows.
     BpDimension Dimension(const BpCellText& name, BpSort sort);
@@ -90,7 +92,7 @@ class BpPivotTable {
 };
 
 /// A heading of the output. Charts and messages go under the innermost heading that still has a handle.
-class BpHeading {
+class HIERFIT_EXPORT BpHeading {
   public:
     /// A heading nested in this one.
     BpHeading Heading(const BpCellText& title);

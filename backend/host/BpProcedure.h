@@ -2,11 +2,12 @@
 
 #include "host/BpFormatSpec.h"
 #include "host/BpPivotTable.h"
+#include "host/Export.h"
 
 namespace hierfit {
 
 /// The output of one procedure run: the root heading, and the number formats of its tables.
-class BpProcedure : public BpHeading {
+class HIERFIT_EXPORT BpProcedure : public BpHeading {
   public:
     /// Output goes to the document of the run that is under way on this thread.
     BpProcedure();

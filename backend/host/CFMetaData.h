@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 /// Metadata of one field.
-class CFField {
+class HIERFIT_EXPORT CFField {
   public:
     virtual ~CFField() = default;
 
@@ -14,7 +16,7 @@ class CFField {
 };
 
 /// The field metadata. A field's index is that of the variable in the data source.
-class CFMetaData {
+class HIERFIT_EXPORT CFMetaData {
   public:
     virtual ~CFMetaData() = default;
 

@@ -5,6 +5,7 @@
 
 #include "host/BpProcedure.h"
 #include "host/CFMetaData.h"
+#include "host/Export.h"
 #include "host/KEST_DataSource.h"
 
 namespace hierfit {
@@ -16,7 +17,7 @@ struct StatXMLBlock {
 
 /// Base class of the procedures that a plug-in module provides. The framework fills the three members before it calls
 /// `ProcessDocuments`; it owns what they point to and keeps it alive until after the destructor.
-class CFProcCustom {
+class HIERFIT_EXPORT CFProcCustom {
   public:
     CFProcCustom() = default;
     CFProcCustom(BpProcedure* procedure, ProcedureDataSource* dataSource)

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "host/Export.h"
 #include "host/KEST_Variable.h"
 #include "host/OBS.h"
 
@@ -10,7 +11,7 @@ namespace hierfit {
 
 /// One data value, as the text that a document gives and, once loaded against a variable, as a value of that
 /// variable's type. A copy holds both.
-class CFStatVariableValue {
+class HIERFIT_EXPORT CFStatVariableValue {
   public:
     CFStatVariableValue() = default;
     explicit CFStatVariableValue(std::string text);

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 /// The chart library's wide string. It holds any Unicode text.
-class ChartString {
+class HIERFIT_EXPORT ChartString {
   public:
     ChartString() = default;
 
@@ -27,7 +29,7 @@ class ChartString {
 };
 
 /// Conversions to the chart library's string. Bytes that are no UTF-8 become U+FFFD.
-class XUtility {
+class HIERFIT_EXPORT XUtility {
   public:
     /// From output-language text: what the string table gives, and text put together from it.
     static ChartString ChartStringFromOLANG(const std::string& text);

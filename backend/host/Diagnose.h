@@ -2,15 +2,17 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 class SDOMXMLWrapper;
 
-/// Tells the host what was left out and why: a table, a block, a row. It goes to the run's diagnostics and is no part of
-/// the output. The text is plain English and is not translated.
-void Diagnose(const std::string& text);
+/// Tells the host what was left out and why: a table, a block, a row. It goes to the run's diagnostics and is no part
+/// of the output. The text is plain English and is not translated.
+HIERFIT_EXPORT void Diagnose(const std::string& text);
 
 /// The same, with the place of an element in the document.
-void Diagnose(const SDOMXMLWrapper& element, const std::string& text);
+HIERFIT_EXPORT void Diagnose(const SDOMXMLWrapper& element, const std::string& text);
 
 }  // namespace hierfit

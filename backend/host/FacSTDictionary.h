@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 /// Looks texts up in the run's string table, for texts whose marks the caller fills in itself.
-class FacSTDictionary {
+class HIERFIT_EXPORT FacSTDictionary {
   public:
     /// Takes the location that `PathFinder::GetStringTableLocation` gives.
     explicit FacSTDictionary(const std::string& location);

@@ -2,12 +2,13 @@
 
 #include <string>
 
+#include "host/Export.h"
 #include "host/KEST_Variable.h"
 
 namespace hierfit {
 
 /// The active data source, as the procedure sees it: variables by name and by index, which counts from 0.
-class KEST_DataSource {
+class HIERFIT_EXPORT KEST_DataSource {
   public:
     virtual ~KEST_DataSource() = default;
 
@@ -19,6 +20,6 @@ class KEST_DataSource {
 };
 
 /// The data source that the framework hands to a procedure.
-class ProcedureDataSource : public KEST_DataSource {};
+class HIERFIT_EXPORT ProcedureDataSource : public KEST_DataSource {};
 
 }  // namespace hierfit

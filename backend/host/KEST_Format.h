@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <string>
 
+#include "host/Export.h"
 #include "host/OBS.h"
 
 namespace hierfit {
@@ -22,6 +23,6 @@ static_assert(sizeof(KEST_Format) == 4);
 
 /// The value as text in the format, without padding, in full when it is wider than the format. "." for a number that is
 /// system-missing, NaN or infinite; an empty text for a null pointer.
-std::string ToString(const OBS* value, const KEST_Format& format);
+HIERFIT_EXPORT std::string ToString(const OBS* value, const KEST_Format& format);
 
 }  // namespace hierfit

@@ -3,6 +3,7 @@
 #include <string>
 #include <unordered_map>
 
+#include "host/Export.h"
 #include "host/OBS.h"
 
 namespace hierfit {
@@ -14,7 +15,7 @@ struct KEST_ValueLabels {
 };
 
 /// Looks labels up among a variable's value labels. It is a view: the labels must outlive it.
-class KEST_ValueLabelMap {
+class HIERFIT_EXPORT KEST_ValueLabelMap {
   public:
     explicit KEST_ValueLabelMap(const KEST_ValueLabels& labels) : fpLabels(&labels) {}
 

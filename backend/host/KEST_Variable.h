@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "host/Export.h"
 #include "host/KEST_Format.h"
 #include "host/KEST_ValueLabelMap.h"
 
@@ -19,7 +20,7 @@ struct KEST_VariableDefinition {
 
 /// One variable of the data source: its name, label, print format, measurement level and value labels. It owns all that
 /// it answers; the pointers stay good as long as the data source lives.
-class KEST_Variable {
+class HIERFIT_EXPORT KEST_Variable {
   public:
     explicit KEST_Variable(KEST_VariableDefinition definition);
 

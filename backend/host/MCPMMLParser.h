@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 namespace pmml {
@@ -23,7 +25,7 @@ class MCStatus {
 };
 
 /// One variable of the model.
-class IMCVariable {
+class HIERFIT_EXPORT IMCVariable {
   public:
     virtual ~IMCVariable() = default;
 
@@ -38,7 +40,7 @@ class IMCVariable {
 };
 
 /// The variables of the model, in the order of the PMML document's mining schema. It owns them.
-class MCVarList {
+class HIERFIT_EXPORT MCVarList {
   public:
     virtual ~MCVarList() = default;
 
@@ -55,7 +57,7 @@ class MCVarList {
 };
 
 /// Reads the fields of a PMML 4.x document.
-class MCPMMLParser {
+class HIERFIT_EXPORT MCPMMLParser {
   public:
     MCPMMLParser();
     ~MCPMMLParser();

@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 /// Translates texts that the procedure needs as strings, in the language of the run that is under way.
-class ParserMessage {
+class HIERFIT_EXPORT ParserMessage {
   public:
     void SetCommandName(const std::string& name) { fCommandName = name; }
     void SetProcedureTitle(const std::string& title) { fProcedureTitle = title; }

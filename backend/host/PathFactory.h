@@ -2,10 +2,12 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 /// Where the run's files lie.
-class PathFinder {
+class HIERFIT_EXPORT PathFinder {
   public:
     /// The folder that holds `template/` and `languages/`, with a separator at its end.
     std::string GetBaseDirectory() const;
@@ -15,7 +17,7 @@ class PathFinder {
 };
 
 /// Gives the path finder of the run that is under way. The number, 3 at every call, names the module that asks.
-class PathFactory {
+class HIERFIT_EXPORT PathFactory {
   public:
     static PathFinder getPathInstance(int module = 0);
 };

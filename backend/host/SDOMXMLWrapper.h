@@ -4,6 +4,9 @@
 #include <string>
 #include <vector>
 
+#include "host/Diagnose.h"
+#include "host/Export.h"
+
 namespace hierfit {
 
 namespace framework {
@@ -13,23 +16,24 @@ class XmlPool;
 class SDOMXMLIterator;
 
 /// One element of an XML document. The wrapper on which `LoadFromString` was called stands for the document element and
-/// owns the document; elements and iterators that it hands out, directly or through others, belong to it and go with it.
+/// owns the document; elements and iterators that it hands out, directly or through others, belong to it and go with
+/// it.
 ///
 /// Names come without their namespace prefix. Paths are relative to this element, with steps parted by "/". The host
 /// remembers the last look-up that answered false, so that a failed read can be told with its place.
-class SDOMXMLWrapper {
+class HIERFIT_EXPORT SDOMXMLWrapper {
   public:
     SDOMXMLWrapper();
     ~SDOMXMLWrapper();
     SDOMXMLWrapper(const SDOMXMLWrapper&) = delete;
     SDOMXMLWrapper& operator=(const SDOMXMLWrapper&) = delete;
 
-    /// Parses a document and gives this wrapper. Null, with the reason among the host's diagnostics, when the text cannot
-    /// be parsed.
+    /// Parses a document and gives this wrapper. Null, with the reason among the host's diagnostics, when the text
+    /// cannot be parsed.
     const SDOMXMLWrapper* LoadFromString(const std::string& text);
 
-    /// True, with `*element` set to the first one in document order, when an element exists at the path. False otherwise,
-    /// with `*element` unchanged. The last argument is true at every call.
+    /// True, with `*element` set to the first one in document order, when an element exists at the path. False
+    /// otherwise, with `*element` unchanged. The last argument is true at every call.
     bool GetFirstElement(const std::string& path, SDOMXMLWrapper** element, bool relative) const;
 
     /// True, with `*iterator` set, when at least one element exists at the path: the last step is iterated below the
@@ -54,7 +58,7 @@ class SDOMXMLWrapper {
 };
 
 /// Walks the elements of one name below an element, in document order.
-class SDOMXMLIterator {
+class HIERFIT_EXPORT SDOMXMLIterator {
   public:
     /// True and the next element, or false at the end.
     bool Next(SDOMXMLWrapper** element);

@@ -3,6 +3,8 @@
 #include <memory>
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit {
 
 namespace chart {
@@ -11,7 +13,7 @@ class DataStore;
 
 /// Holds the values behind a chart: named sources, each with named variables of equally many rows. A variable's type
 /// follows from the calls that write it; rows count from 0 and come into being when they are written.
-class VarDataProcessor {
+class HIERFIT_EXPORT VarDataProcessor {
   public:
     /// Handle of one variable.
     struct _varinfo {

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/CFMetaData.h"
+#include "host/Export.h"
 
 /// The environment of a thread that is attached to the Java virtual machine; nobody looks into it.
 struct JNIEnv_;
@@ -11,13 +12,13 @@ struct JNIEnv_;
 namespace hierfit {
 
 /// What the Java side throws.
-class JNIException : public std::runtime_error {
+class HIERFIT_EXPORT JNIException : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
 /// The host's Java virtual machine, of which each run has one.
-class KestJVM {
+class HIERFIT_EXPORT KestJVM {
   public:
     static KestJVM GetInstance();
 
@@ -30,7 +31,7 @@ class KestJVM {
 };
 
 /// The chart editor, which runs on the virtual machine.
-class ViZEditor {
+class HIERFIT_EXPORT ViZEditor {
   public:
     static ViZEditor GetInstance();
 

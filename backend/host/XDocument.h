@@ -4,6 +4,7 @@
 #include <string>
 
 #include "host/ChartString.h"
+#include "host/Export.h"
 #include "host/KEST_Variable.h"
 #include "host/VarDataProcessor.h"
 
@@ -14,7 +15,7 @@ class Draft;
 }
 
 /// Settings of one data variable of a chart: how it is named, formatted and labelled. The call that counts is the last.
-class XVariable {
+class HIERFIT_EXPORT XVariable {
   public:
     void setLabel(const ChartString& label);
     void setFormat(const KEST_Format& format);
@@ -39,7 +40,7 @@ class XVariable {
 };
 
 /// The graph of a chart document.
-class XGraph {
+class HIERFIT_EXPORT XGraph {
   public:
     /// The index-th variable of that name over the chart's data sources, from 0. It is never refused: what it means is
     /// settled when the chart is sent.
@@ -53,7 +54,7 @@ class XGraph {
 };
 
 /// A chart, made from its specification.
-class XDocument {
+class HIERFIT_EXPORT XDocument {
   public:
     /// Takes chart XML in UTF-8; it is read when the chart is sent.
     explicit XDocument(const std::string& xml);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "host/Export.h"
 #include "host/KEST_Format.h"
 
 namespace hierfit {
@@ -15,7 +16,7 @@ class TemplateBuilder;
 enum class VARIABLE_TYPE { Unspecified = 0 };
 
 /// Builds a chart specification from one of the library's own templates.
-class XViZTemplate {
+class HIERFIT_EXPORT XViZTemplate {
   public:
     XViZTemplate();
     ~XViZTemplate();

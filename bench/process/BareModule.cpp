@@ -1,3 +1,3 @@
 // The one module that the bare process loads.
 
-extern "C" int Answer() { return 0; }
+extern "C" __attribute__((visibility("default"))) int Answer() { return 0; }

@@ -7,7 +7,7 @@
 
 #include "host/session/Session.h"
 #include "report/formats/Format.h"
-#include "report/style/Figures.h"
+#include "report/style/FigureStyle.h"
 
 namespace hierfit::program {
 

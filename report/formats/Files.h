@@ -5,6 +5,7 @@
 #include <variant>
 #include <vector>
 
+#include "host/Export.h"
 #include "host/document/Document.h"
 #include "report/formats/Format.h"
 #include "report/formats/RenderSettings.h"
@@ -19,10 +20,11 @@ struct FileMaker {
 
 /// The files of a folder of a format, or those that lie beside its file; or why they cannot be had. They borrow the
 /// document, which must be prepared.
-std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Document& document, Format format,
-                                                            const RenderSettings& settings);
+HIERFIT_EXPORT std::variant<std::vector<FileMaker>, RenderError> ListFiles(const document::Document& document,
+                                                                           Format format,
+                                                                           const RenderSettings& settings);
 
 /// Why a format cannot be had in this installation; nothing where it can.
-std::optional<RenderError> FindMissing(Format format, const RenderSettings& settings);
+HIERFIT_EXPORT std::optional<RenderError> FindMissing(Format format, const RenderSettings& settings);
 
 }  // namespace hierfit::report

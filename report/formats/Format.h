@@ -4,6 +4,8 @@
 #include <span>
 #include <string_view>
 
+#include "host/Export.h"
+
 namespace hierfit::report {
 
 /// What a document can be rendered as.
@@ -23,18 +25,18 @@ struct FormatName {
 };
 
 /// The formats by name.
-std::span<const FormatName> FormatNames();
+HIERFIT_EXPORT std::span<const FormatName> FormatNames();
 
-Extent ExtentOf(Format format);
+HIERFIT_EXPORT Extent ExtentOf(Format format);
 
-std::string_view NameOf(Format format);
+HIERFIT_EXPORT std::string_view NameOf(Format format);
 
-std::optional<Format> FindFormat(std::string_view name);
+HIERFIT_EXPORT std::optional<Format> FindFormat(std::string_view name);
 
 /// The format of files with an ending such as ".html". A folder has none.
-std::optional<Format> FindFormatOfEnding(std::string_view ending);
+HIERFIT_EXPORT std::optional<Format> FindFormatOfEnding(std::string_view ending);
 
 /// The ending of a format's files, such as ".html"; empty for a folder.
-std::string_view EndingOf(Format format);
+HIERFIT_EXPORT std::string_view EndingOf(Format format);
 
 }  // namespace hierfit::report

@@ -18,6 +18,7 @@
 #include "report/latex/LatexReport.h"
 #include "report/markdown/MarkdownReport.h"
 #include "report/style/Style.h"
+#include "report/text/TextReport.h"
 
 namespace hierfit::report {
 

@@ -5,9 +5,10 @@
 #include <string_view>
 #include <vector>
 
+#include "host/Export.h"
 #include "report/html/HtmlSettings.h"
-#include "report/style/Figures.h"
-#include "report/text/TextReport.h"
+#include "report/style/FigureStyle.h"
+#include "report/text/TextOptions.h"
 
 namespace hierfit::report {
 
@@ -36,6 +37,6 @@ struct RenderError {
 };
 
 /// A number above 0 and at most 20; nothing for another text.
-std::optional<double> ReadScale(std::string_view text);
+HIERFIT_EXPORT std::optional<double> ReadScale(std::string_view text);
 
 }  // namespace hierfit::report

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "host/Export.h"
 #include "host/document/Document.h"
 
 namespace hierfit::report {
@@ -26,6 +27,6 @@ struct IndexedFailure {
 };
 
 /// Fills in what the output document tells; the paths stay.
-void Describe(IndexedModel& model, const document::Document& document);
+HIERFIT_EXPORT void Describe(IndexedModel& model, const document::Document& document);
 
 }  // namespace hierfit::report

@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/Export.h"
 #include "host/document/Document.h"
 
 namespace hierfit::report::items {
@@ -16,18 +17,18 @@ struct Entry {
 };
 
 /// All items, a heading ahead of what it holds.
-std::vector<Entry> ListEntries(const document::Document& document);
+HIERFIT_EXPORT std::vector<Entry> ListEntries(const document::Document& document);
 
 /// The cells of all tables among entries.
-std::size_t CountCells(const std::vector<Entry>& entries);
+HIERFIT_EXPORT std::size_t CountCells(const std::vector<Entry>& entries);
 
 /// "heading", "table", "chart" or "message".
-std::string_view KindOf(const document::Item& item);
+HIERFIT_EXPORT std::string_view KindOf(const document::Item& item);
 
 /// An item's title; of a message its text. Never empty.
-std::string_view TitleOf(const document::Item& item);
+HIERFIT_EXPORT std::string_view TitleOf(const document::Item& item);
 
 /// The document's title. Never empty.
-std::string_view TitleOf(const document::Document& document);
+HIERFIT_EXPORT std::string_view TitleOf(const document::Document& document);
 
 }  // namespace hierfit::report::items

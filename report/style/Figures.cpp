@@ -17,8 +17,6 @@ constexpr int kScientificPlaces = 5;  // of huge figures
 constexpr double kLeastP = 0.001;
 constexpr double kLevels[] = {0.05, 0.01, 0.001};
 
-constexpr NamedStyle kStyles[] = {{"plain", StyleName::Plain}, {"apa", StyleName::Apa}, {"ama", StyleName::Ama}};
-
 /// How a style writes p values: no zero stands before the decimal sign.
 struct PRule {
     int fPlaces;
@@ -125,15 +123,6 @@ std::string WriteDf(double number, const document::Format& format, const Rules& 
 }
 
 }  // namespace
-
-std::span<const NamedStyle> Styles() { return kStyles; }
-
-std::optional<int> ReadDigits(std::string_view text) {
-    int digits = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), digits);
-    const bool isNumber = error == std::errc() && end == text.data() + text.size();
-    return isNumber && digits >= 0 && digits <= kMostDigits ? std::optional(digits) : std::nullopt;
-}
 
 std::string WriteFigure(double number, const document::Format& format, FigureKind kind, const FigureStyle& style) {
     const Rules& rules = RulesOf(style.fStyle);

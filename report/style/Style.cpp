@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "report/style/FigureKind.h"
+#include "report/style/Figures.h"
 
 namespace hierfit::report::style {
 

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "host/document/Document.h"
-#include "report/style/Figures.h"
+#include "report/style/FigureStyle.h"
 
 namespace hierfit::report::style {
 

@@ -3,14 +3,9 @@
 #include <string>
 
 #include "host/document/Document.h"
+#include "report/text/TextOptions.h"
 
 namespace hierfit::report {
-
-struct TextOptions {
-    int fWidth = 0;                ///< columns of the terminal; 0 for no limit
-    bool fColor = false;           ///< with escape sequences (ECMA-48)
-    bool fHasChartValues = false;  ///< what charts say and the values behind them, not their titles alone
-};
 
 /// The document as text for a terminal, UTF-8.
 std::string MakeTextReport(const document::Document& document, const TextOptions& options);

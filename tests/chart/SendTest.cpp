@@ -150,9 +150,8 @@ TEST(SendTest, HistogramIsMergedWhereAllThreeCanBeRead) {
 }
 
 TEST(SendTest, MachineMayRefuseToStart) {
-    context::Settings settings;
-    settings.fMachineRefusesToStart = true;
-    const ChartRun run(settings);
+    ChartRun run;
+    run->fMachineRefuses = true;
     KestJVM machine = KestJVM::GetInstance();
     EXPECT_FALSE(machine.StartJVM() || machine.IsStarted() || machine.AttachCurrentThread(nullptr));
     EXPECT_FALSE(ViZEditor::GetInstance().StartEditorHeadless(machine.GetEnv()));

@@ -8,12 +8,12 @@
 #include <cstdio>
 #include <filesystem>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "host/session/Session.h"
-#include "report/html/HtmlReport.h"
+#include "report/formats/Render.h"
 #include "report/json/JsonDocument.h"
-#include "report/text/TextReport.h"
 #include "tests/mutations/Mutation.h"
 #include "tests/support/ExampleFile.h"
 
@@ -37,8 +37,11 @@ std::string Judge(const session::Result& result) {
         const auto& diagnostics = result.fDocument.fvDiagnostics;
         return diagnostics.empty() || diagnostics.back().fLevel != 3 ? "no error says why there is no report" : "";
     }
-    if (report::MakeHtmlReport(result.fDocument).empty()) return "no page";
-    if (report::MakeTextReport(result.fDocument, {}).empty()) return "no text";
+    for (const report::Format format : {report::Format::Html, report::Format::Text}) {
+        const auto rendered = report::Render(result.fDocument, format, {});
+        if (const auto* error = std::get_if<report::RenderError>(&rendered)) return error->fText;
+        if (std::get<std::string>(rendered).empty()) return std::string(report::NameOf(format)) + ": nothing rendered";
+    }
     const auto read = report::ReadJson(report::WriteJson(result.fDocument));
     if (const auto* error = std::get_if<report::JsonError>(&read)) return error->fPath + ": " + error->fText;
     return std::get<document::Document>(read) == result.fDocument ? "" : "the document does not survive JSON";

@@ -7,8 +7,8 @@ import { dirname, join } from "node:path";
 
 const mostLines = 3000;
 
-// Files that anybody may call: characters, and a number that all mean by the same name.
-const common = ["backend/host/unicode/", "backend/host/SystemMissing.h"];
+// Files that anybody may call: characters, a number that all mean by the same name, and the mark of what is exported.
+const common = ["backend/host/unicode/", "backend/host/SystemMissing.h", "backend/host/Export.h"];
 
 const procedure = (...rooms) => ["host", ...rooms.map((room) => `hierfit/${room}`)].map((room) => `backend/${room}`);
 const host = (...rooms) => rooms.map((room) => (room === "contract" ? "backend/host" : `backend/host/${room}`));

@@ -13,7 +13,7 @@ namespace {
 using test::ReadExample;
 using test::Replaced;
 
-const Settings kPlain{"C", Labels::Name, Labels::Label, "", false};
+const Settings kPlain{"C", Labels::Name, Labels::Label, ""};
 
 Result RunTexts(std::string pmml, std::string statXml, const Settings& settings = {}) {
     return Run({"dir/model.pmml", std::move(pmml)}, {"dir/model.statxml", std::move(statXml)}, settings);

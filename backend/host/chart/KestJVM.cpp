@@ -15,7 +15,7 @@ bool KestJVM::IsStarted() const {
 
 bool KestJVM::StartJVM() {
     auto* run = context::RunContext::CurrentOrNull();
-    if (run) run->fMachineStarted = !run->GetSettings().fMachineRefusesToStart;
+    if (run) run->fMachineStarted = !run->fMachineRefuses;
     return run && run->fMachineStarted;
 }
 

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "host/context/Settings.h"
 #include "host/document/Document.h"
 
 namespace hierfit {
@@ -18,19 +19,6 @@ class Document;
 }
 
 namespace hierfit::context {
-
-/// What is shown of a variable or of a data value.
-enum class Labels { Name, Label, Both };  ///< `Name` is the plain value where values are meant
-
-/// What the user chose for a run.
-struct Settings {
-    std::string fLanguage = "en";  ///< "C" shows every source text and key unchanged
-    Labels fVariables = Labels::Label;
-    Labels fValues = Labels::Label;
-    std::string fTemplateFolder;          ///< looked into before the installed templates; empty for none
-    bool fMachineRefusesToStart = false;  ///< the chart stage's virtual machine; for tests
-    bool fTellsAll = false;               ///< also contradictions of the documents that mislead no reader of a report
-};
 
 /// Finds the translation of a source text or key.
 class Translator {
@@ -125,6 +113,7 @@ class RunContext {
     const Miss* GetMiss() const { return fHasMiss ? &fMiss : nullptr; }
 
     /// State of the run's virtual machine and chart editor.
+    bool fMachineRefuses = false;  ///< to start
     bool fMachineStarted = false;
     bool fEditorStarted = false;
 

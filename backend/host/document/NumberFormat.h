@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "host/Export.h"
 #include "host/document/Text.h"
 
 namespace hierfit::document {
@@ -10,6 +11,6 @@ namespace hierfit::document {
 ///
 /// A zero never has a sign. A figure whose format would take more than 15 digits has scientific form; one that the
 /// decimals of a coefficient or statistic would show as zero has 3 significant digits.
-std::string FormatNumber(double number, const Format& format);
+HIERFIT_EXPORT std::string FormatNumber(double number, const Format& format);
 
 }  // namespace hierfit::document

@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "host/Export.h"
+
 namespace hierfit::session {
 
 /// Where the installation's files lie, found from where this library lies: in the build tree and in an installed prefix
@@ -14,6 +16,6 @@ struct Paths {
     std::string LanguageFolder() const { return fShareDirectory + "/languages"; }
 };
 
-Paths FindPaths();
+HIERFIT_EXPORT Paths FindPaths();
 
 }  // namespace hierfit::session

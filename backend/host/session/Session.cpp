@@ -9,6 +9,7 @@
 
 #include "host/BpProcedure.h"
 #include "host/CFProcCustom.h"
+#include "host/context/RunContext.h"
 #include "host/framework/MissText.h"
 #include "host/language/Catalogue.h"
 #include "host/plausible/Plausible.h"

@@ -4,7 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/context/RunContext.h"
+#include "host/Export.h"
+#include "host/context/Settings.h"
 #include "host/document/Document.h"
 
 namespace hierfit::session {
@@ -32,9 +33,9 @@ struct Result {
 
 /// Runs the procedure on a PMML and a StatXML document. It writes nothing anywhere; all it has to say is in the result.
 /// Calls on several threads at once do not disturb each other.
-Result Run(Input pmml, Input statXml, const Settings& settings);
+HIERFIT_EXPORT Result Run(Input pmml, Input statXml, const Settings& settings);
 
 /// The languages that `Settings::fLanguage` may name.
-std::vector<std::string> Languages();
+HIERFIT_EXPORT std::vector<std::string> Languages();
 
 }  // namespace hierfit::session

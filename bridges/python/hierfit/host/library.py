@@ -16,6 +16,7 @@ from typing import Any
 from .errors import HierfitError
 
 NAME = "libhierfit_host.so"
+NAMES = (NAME + ".0", NAME)  # without headers there is the first alone
 
 OK, USAGE, UNREADABLE, UNWRITABLE, MISSING = range(5)
 
@@ -47,10 +48,8 @@ def candidates() -> Iterator[str]:
     folders = ["lib", "lib64", os.path.join("lib", sysconfig.get_config_var("MULTIARCH") or "")]
     for prefix in [*Path(__file__).resolve().parents, Path(sys.prefix)]:
         for folder in folders:
-            path = prefix / folder / NAME
-            if path.is_file():
-                yield str(path)
-    yield NAME
+            yield from (str(path) for path in (prefix / folder / name for name in NAMES) if path.is_file())
+    yield from NAMES
 
 
 def _open() -> ctypes.CDLL:

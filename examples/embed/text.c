@@ -1,4 +1,4 @@
-/* A program in C of somebody else's: the fixed coefficients of a model as text. embed MODEL.pmml MODEL.statxml */
+/* The fixed coefficients of a model as text. text MODEL.pmml MODEL.statxml */
 
 #include <hierfit.h>
 #include <stdio.h>

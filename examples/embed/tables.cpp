@@ -1,4 +1,4 @@
-// A program of somebody else's, which runs the procedure from an installed prefix: embed MODEL.pmml MODEL.statxml
+// Runs the procedure and counts the cells of each table that it issued: tables MODEL.pmml MODEL.statxml
 
 #include <cstdio>
 #include <fstream>
