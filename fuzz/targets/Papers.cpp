@@ -65,8 +65,12 @@ std::vector<std::string> MakeAll(document::Document document, const Choices& cho
     report::style::Apply(document, choices.fStyle);
 
     const report::HtmlSettings page{report::Scripts::Yes, choices.fWords, choices.fWords};
-    const report::RenderSettings settings{
-        {}, choices.fStyle, page, {60, false, true}, 2, choices.fWords, choices.fIsStandalone, {}};
+    report::RenderSettings settings;
+    settings.fStyle = choices.fStyle;
+    settings.fHtml = page;
+    settings.fText = {60, false, true};
+    settings.fChartFolder = choices.fWords;
+    settings.fIsStandalone = choices.fIsStandalone;
     for (const auto format :
          {report::Format::Html, report::Format::Text, report::Format::Markdown, report::Format::Latex}) {
         made.push_back(std::get<std::string>(report::Render(document, format, settings)));
