@@ -62,11 +62,19 @@ std::optional<RenderError> CheckChoice(const document::Document& document, Forma
     return {};
 }
 
-/// A document may come from anywhere: its language is but a name among those that there are.
+/// Formats that hold the document's texts and no words of their own.
+bool IsForPrograms(Format format) { return format == Format::Json || format == Format::Csv; }
+
+/// A saved document may come from anywhere: what it calls its language must not lead out of the folder.
+bool IsLanguageName(std::string_view name) {
+    return !name.empty() && std::ranges::all_of(name, [](char letter) {
+        return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') ||
+               (letter >= '0' && letter <= '9') || letter == '_' || letter == '-' || letter == '@';
+    });
+}
+
 std::unique_ptr<language::Catalogue> OpenCatalogue(const std::string& language, const std::string& folder) {
-    if (folder.empty()) return nullptr;
-    const std::vector<std::string> languages = language::ListLanguages(folder);
-    if (std::ranges::find(languages, language) == languages.end()) return nullptr;
+    if (folder.empty() || !IsLanguageName(language)) return nullptr;
     return language::Catalogue::Open(folder + "/" + language + ".mo");
 }
 
@@ -77,14 +85,14 @@ std::optional<RenderError> Prepare(document::Document& document, Format format, 
     if (const auto unknown = items::Select(document, settings.fvOnly)) {
         return RenderError{RenderFault::Usage, items::Describe(*unknown)};
     }
-    const bool isForPrograms = format == Format::Json || format == Format::Csv;
-    if (!isForPrograms) style::Apply(document, settings.fStyle);
+    if (!IsForPrograms(format)) style::Apply(document, settings.fStyle);
     return {};
 }
 
 std::variant<std::string, RenderError> Render(const document::Document& document, Format format,
                                               const RenderSettings& settings) {
-    const auto catalogue = OpenCatalogue(document.fLanguage, settings.fLanguageFolder);
+    const auto catalogue =
+        IsForPrograms(format) ? nullptr : OpenCatalogue(document.fLanguage, settings.fLanguageFolder);
     const items::Wording wording(catalogue ? [&](std::string_view english) { return catalogue->Find(english); }
                                            : items::Wording::Find());
     switch (format) {

@@ -172,6 +172,12 @@ bool IsOfWriting(int failure) {
     return failure == ENOSPC || failure == EDQUOT || failure == EFBIG || failure == EIO || failure == ENOMEM;
 }
 
+/// What the library says, and what the system said last, if it said anything.
+std::string DescribeError(lxw_error error, int failure) {
+    if (failure == ENOMEM) return "memory is short";
+    return std::string(lxw_strerror(error)) + (failure ? std::string(" ") + std::strerror(failure) : "");
+}
+
 class LibraryBook : public Book {
   public:
     explicit LibraryBook(const Properties& properties) : fIsRightToLeft(properties.fIsRightToLeft) {
@@ -225,7 +231,7 @@ class LibraryBook : public Book {
         const lxw_error error = workbook_close(fpWorkbook);
         fpWorkbook = nullptr;
         if (error != LXW_NO_ERROR) {
-            reason = std::string(lxw_strerror(error)) + (errno ? std::string(" ") + std::strerror(errno) : "");
+            reason = DescribeError(error, errno);
             return {};
         }
         if (const int failure = IsOfWriting(errno) ? errno : PartFailure()) {

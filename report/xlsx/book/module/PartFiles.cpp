@@ -68,6 +68,7 @@ int OpenNameless() {
 
 FILE* OpenPart() {
     std::unique_ptr<Part> part(new (std::nothrow) Part{-1});
+    if (!part) errno = ENOMEM;
     if (!part || (part->fFile = OpenNameless()) < 0) return nullptr;
     FILE* const file = fopencookie(part.get(), "w+", {&Read, &Write, &Seek, &Close});
     if (!file) close(part->fFile);
