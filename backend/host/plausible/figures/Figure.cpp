@@ -10,6 +10,8 @@ namespace hierfit::plausible {
 
 namespace {
 
+constexpr int kFarthest = 10000;  ///< places that no number has
+
 /// The place of the last digit: -2 for "0.05", 0 for "12", -19 for "1.25e-17".
 int LastPlace(std::string_view text) {
     const std::size_t exponent = text.find_first_of("eE");
@@ -21,7 +23,7 @@ int LastPlace(std::string_view text) {
         if (digits.starts_with('+')) digits.remove_prefix(1);
         int power = 0;
         std::from_chars(digits.data(), digits.data() + digits.size(), power);
-        place += power;
+        place += std::clamp(power, -kFarthest, kFarthest);
     }
     return place;
 }
