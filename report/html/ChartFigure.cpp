@@ -21,8 +21,12 @@ using charts::Scene;
 // layout for a phone in a room that is narrower. A wider picture never has that much room.
 constexpr double kSteps[] = {400, 480, 560, 640, 720, 960};
 
-void AppendTag(std::string& out, const document::Picture& picture, const ChartPlace& place, bool isWide) {
-    out.append("<figure class=\"chart").append(picture.fTitle.empty() ? "" : " titled").append(isWide ? " wide" : "");
+// A higher picture is printed smaller, so that less of the page before it stays empty.
+constexpr double kHigh = 470;
+
+void AppendTag(std::string& out, const document::Picture& picture, const ChartPlace& place, const Scene& desk) {
+    out.append("<figure class=\"chart").append(picture.fTitle.empty() ? "" : " titled");
+    out.append(desk.fWidth > charts::kDeskWidth ? " wide" : "").append(desk.fHeight > kHigh ? " high" : "");
     out.append("\" id=\"").append(place.fAnchor);
     out.append("\" role=\"group\" aria-labelledby=\"").append(place.fAnchor).append("-title\"");
     if (!picture.fSentence.empty()) {
@@ -81,7 +85,7 @@ void AppendValues(std::string& out, const document::Picture& picture, const Char
 void AppendChart(std::string& out, const document::Chart& chart, const ChartPlace& place) {
     const document::Picture& picture = chart.fPicture;
     const Scene desk = charts::LayOut(picture, charts::kDeskWidth);
-    AppendTag(out, picture, place, desk.fWidth > charts::kDeskWidth);
+    AppendTag(out, picture, place, desk);
     AppendDrawing(out, picture, desk);
     AppendSentence(out, picture.fSentence, place);
     AppendValues(out, picture, place);
