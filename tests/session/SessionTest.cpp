@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <list>
 #include <thread>
 
 #include "tests/support/ExampleFile.h"
@@ -124,6 +125,27 @@ TEST(Session, RefusesALanguageThatIsNotThere) {
     Settings settings;
     settings.fLanguage = "../en";
     EXPECT_EQ(RunExample("sleepstudy", settings).fOutcome, Outcome::NotSetUp);
+}
+
+/// The chart's own title, and what the output calls the chart.
+std::string TitlesOf(const std::list<document::Item>& items, std::string_view chartTemplate) {
+    std::string titles;
+    for (const document::Item& item : items) {
+        if (const auto* heading = std::get_if<document::Heading>(&item.fContent))
+            titles += TitlesOf(heading->fItems, chartTemplate);
+        const auto* chart = std::get_if<document::Chart>(&item.fContent);
+        if (chart && chart->fTemplate.starts_with(chartTemplate))
+            titles += chart->fDescription + "|" + chart->fPicture.fTitle + "|";
+    }
+    return titles;
+}
+
+TEST(Session, DoesNotLookUpTheTitleOfEstimates) {
+    Settings settings;
+    settings.fLanguage = "de";
+    const Result result = RunExample("cbpp", settings);
+    EXPECT_EQ(TitlesOf(result.fDocument.fItems, "GLMMCustomEffects"),
+              "Gesch\u00e4tzte Mittelwerte: ausgew\u00e4hlte Effekte|Estimates|");
 }
 
 TEST(Session, RunsSideBySideInThreads) {

@@ -1,10 +1,9 @@
-#include <new>
-
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/HFITChartOutput.h"
 #include "hierfit/tables/MessageKeys.h"
+#include "host/Diagnose.h"
 #include "host/XViZTemplate.h"
 
 namespace hierfit {
@@ -85,9 +84,8 @@ void LabelFactors(XDocument& document, const std::vector<const KEST_Variable*>& 
         if (!variables.empty()) LabelAxis(graph, *variables[0]);
         if (variables.size() > 1) LabelVariable(graph, kEffects[1], 0, *variables[1]);
         if (variables.size() > 2) LabelPanels(graph, *variables[2]);
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the chart goes out without what is not labelled yet
+        NoteDropped();
     }
 }
 
@@ -134,7 +132,7 @@ void HFITChartOutput::PatchCustomEffects(std::string& xml, const EmmeansData& bl
                                          const std::vector<const KEST_Variable*>& variables) const {
     const std::size_t title = xml.find(">TitleText");
     if (title != std::string::npos) {
-        ReplaceFirst(xml, "TitleText", LookUpText("Estimates").toUTF8(), title);
+        ReplaceFirst(xml, "TitleText", XUtility::ChartStringFromOLANG("Estimates").toUTF8(), title);
     }
     ReplaceFirst(xml, "FootnoteText", MakeFixedAtFootnote(block).toUTF8());
     const std::string firstName = variables.empty() ? "" : VariableDisplayName(*variables.front()).toUTF8();

@@ -1,4 +1,3 @@
-#include <new>
 #include <optional>
 
 #include "hierfit/charts/ChartLabels.h"
@@ -140,9 +139,8 @@ void LabelVariables(XDocument& document, const Variables& variables) {
             prefix += ChartString(" = ");
             shown.SetFormatPrefix(prefix);
         }
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the chart goes out without what is not labelled yet
+        NoteDropped();
     }
 }
 
@@ -250,9 +248,8 @@ void HFITChartOutput::LevelContrasts::Send() {
         document.SetChartData(&fProcessor);
         document.SetDescription(fCharts.LookUpText(fTexts.fTitle));
         document.SendChart(true, false, false);
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the chart is missing then, and nothing else
+        NoteDropped();
     }
 }
 

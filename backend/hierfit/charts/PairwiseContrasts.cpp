@@ -1,6 +1,5 @@
 #include <limits>
 #include <map>
-#include <new>
 #include <optional>
 
 #include "hierfit/charts/ChartLabels.h"
@@ -8,6 +7,7 @@
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/ContrastRows.h"
 #include "hierfit/charts/HFITChartOutput.h"
+#include "host/Diagnose.h"
 
 namespace hierfit {
 
@@ -244,9 +244,8 @@ void HFITChartOutput::PairwiseContrasts::Send() {
         document.SetDescription(fCharts.LookUpText(kTitle));
         document.SetChartData(&fProcessor);
         document.SendChart(true, false, false);
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the chart is missing then, and nothing else
+        NoteDropped();
     }
 }
 

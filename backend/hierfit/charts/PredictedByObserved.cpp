@@ -1,10 +1,10 @@
 #include <algorithm>
-#include <new>
 
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/HFITChartOutput.h"
+#include "host/Diagnose.h"
 #include "host/XViZTemplate.h"
 
 namespace hierfit {
@@ -81,9 +81,8 @@ void HFITChartOutput::BuildPredictedByObservedChart() {
         document.SetDescription(title);
         document.SetChartData(&processor);
         document.SendChart(true, false, false);
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the chart is missing then, and nothing else
+        NoteDropped();
     }
 }
 

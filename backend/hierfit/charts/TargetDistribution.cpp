@@ -1,10 +1,10 @@
 #include <algorithm>
-#include <new>
 
 #include "hierfit/charts/ChartLabels.h"
 #include "hierfit/charts/ChartState.h"
 #include "hierfit/charts/ChartText.h"
 #include "hierfit/charts/HFITChartOutput.h"
+#include "host/Diagnose.h"
 #include "host/ViZEditor.h"
 #include "host/XViZTemplate.h"
 
@@ -79,9 +79,8 @@ void Merge(std::string& diagram, const std::string& histogram, const VarDataProc
         ViZEditor editor = ViZEditor::GetInstance();
         const std::string merged = editor.EmbedHistogramInGraph(diagram, histogram, stream.get(), length, fieldType);
         if (!merged.empty()) diagram = merged;
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (...) {  // the diagram goes out without its histogram
+        NoteDropped();
     }
 }
 

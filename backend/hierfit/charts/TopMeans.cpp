@@ -1,4 +1,3 @@
-#include <new>
 #include <string_view>
 #include <unordered_set>
 
@@ -48,9 +47,9 @@ void LabelFactor(XDocument& document, const char* name, const KEST_Variable* var
     try {
         XGraph graph = document.getExternalGraph();
         LabelVariable(graph, name, 0, *variable);
-    } catch (const std::bad_alloc&) {
-        throw;
-    } catch (...) {}
+    } catch (...) {
+        NoteDropped();
+    }
 }
 
 }  // namespace

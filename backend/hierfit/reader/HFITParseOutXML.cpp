@@ -1,7 +1,6 @@
 #include "hierfit/reader/HFITParseOutXML.h"
 
 #include <exception>
-#include <new>
 #include <sstream>
 
 #include "hierfit/reader/XmlReading.h"
@@ -37,10 +36,9 @@ bool HFITParseOutXML::ParseStatXML(const std::string& statXMLStr) {
     if (statXMLStr.empty()) return false;
     try {
         fStatXMLParsed = ReadDocument(statXMLStr);
-    } catch (const std::bad_alloc&) {
-        throw;
     } catch (const std::exception& exception) {
         fStatXMLParsed = false;
+        NoteDropped();
         Diagnose(std::string("the reading broke off: ") + exception.what());
     } catch (...) {
         fStatXMLParsed = false;

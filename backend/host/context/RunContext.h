@@ -117,6 +117,8 @@ class RunContext {
     bool fMachineStarted = false;
     bool fEditorStarted = false;
 
+    bool fIsMemoryShort = false;  ///< something is missing for it from the output
+
   private:
     Settings fSettings;
     const Translator* fpTranslator;

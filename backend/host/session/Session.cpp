@@ -68,7 +68,10 @@ class Host {
         std::vector<std::string> texts{std::move(pmml)};
         std::vector<StatXMLBlock> blocks{{std::move(statXml)}};
         std::string summary;
-        return procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
+        const bool isIssued =
+            procedure->AcceptRun(nullptr, nullptr) && procedure->ProcessDocuments(texts, blocks, summary);
+        if (fContext.fIsMemoryShort) throw std::bad_alloc();
+        return isIssued;
     }
 
     void TellContradictions() {
