@@ -7,14 +7,13 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <functional>
-#include <iterator>
-#include <memory>
 #include <new>
 #include <string>
 
 #include "interface/hierfit.h"
+#include "tests/support/ExampleFile.h"
+#include "tests/support/Handles.h"
 
 namespace {
 
@@ -60,17 +59,8 @@ namespace hierfit {
 
 namespace {
 
-struct Freer {
-    void operator()(hf_run_t* run) const { hf_run_free(run); }
-    void operator()(hf_settings* settings) const { hf_settings_free(settings); }
-};
-using Model = std::unique_ptr<hf_run_t, Freer>;
-using Settings = std::unique_ptr<hf_settings, Freer>;
-
-std::string ReadWhole(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
+using test::Model;
+using test::Settings;
 
 struct Documents {
     std::string fPmml;
@@ -78,8 +68,7 @@ struct Documents {
 };
 
 Documents ReadExample(const std::string& name) {
-    const std::string folder = std::string(HIERFIT_EXAMPLES) + "/" + name;
-    return {ReadWhole(folder + "/model.pmml"), ReadWhole(folder + "/model.statxml")};
+    return {test::ReadExample(name, "model.pmml"), test::ReadExample(name, "model.statxml")};
 }
 
 /// What a call came to. Nothing of it was allocated while allocations failed.

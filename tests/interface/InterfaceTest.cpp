@@ -2,34 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-#include <memory>
 #include <string>
 #include <string_view>
 #include <thread>
+
+#include "tests/support/ExampleFile.h"
+#include "tests/support/Handles.h"
 
 namespace hierfit {
 
 namespace {
 
-struct Freer {
-    void operator()(hf_run_t* run) const { hf_run_free(run); }
-    void operator()(hf_settings* settings) const { hf_settings_free(settings); }
-};
-using Model = std::unique_ptr<hf_run_t, Freer>;
-using Settings = std::unique_ptr<hf_settings, Freer>;
-
-std::string ReadWhole(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string Example(const std::string& name) { return ReadWhole(std::string(HIERFIT_EXAMPLES) + "/" + name); }
+using test::Model;
+using test::ReadExample;
+using test::Settings;
 
 Model RunExample(const std::string& name, const hf_settings* settings = nullptr) {
-    const std::string pmml = Example(name + "/model.pmml");
-    const std::string statXml = Example(name + "/model.statxml");
+    const std::string pmml = ReadExample(name, "model.pmml");
+    const std::string statXml = ReadExample(name, "model.statxml");
     hf_run_t* run = nullptr;
     EXPECT_EQ(hf_run(pmml.data(), pmml.size(), statXml.data(), statXml.size(), settings, &run), HF_OK);
     return Model(run);
@@ -128,8 +118,8 @@ TEST(Interface, SettingsAreTakenOrRefusedWithWhatThereIs) {
 }
 
 TEST(Interface, FailuresHaveCodesReasonsAndPlaces) {
-    const std::string pmml = Example("sleepstudy/model.pmml");
-    const std::string statXml = Example("sleepstudy/model.statxml").substr(0, 3000);
+    const std::string pmml = ReadExample("sleepstudy", "model.pmml");
+    const std::string statXml = ReadExample("sleepstudy", "model.statxml").substr(0, 3000);
     hf_run_t* made = nullptr;
     EXPECT_EQ(hf_run(pmml.data(), pmml.size(), statXml.data(), statXml.size(), nullptr, &made), HF_UNREADABLE);
     const Model run(made);

@@ -3,14 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <barrier>
-#include <fstream>
-#include <iterator>
-#include <memory>
 #include <string>
 #include <thread>
 #include <vector>
 
 #include "interface/hierfit.h"
+#include "tests/support/ExampleFile.h"
+#include "tests/support/Handles.h"
 
 namespace hierfit {
 
@@ -18,12 +17,8 @@ namespace {
 
 constexpr std::size_t kThreads = 8;
 
-struct Freer {
-    void operator()(hf_run_t* run) const { hf_run_free(run); }
-    void operator()(hf_settings* settings) const { hf_settings_free(settings); }
-};
-using Model = std::unique_ptr<hf_run_t, Freer>;
-using Settings = std::unique_ptr<hf_settings, Freer>;
+using test::Model;
+using test::Settings;
 
 struct Job {
     const char* fpModel;
@@ -53,19 +48,14 @@ constexpr Job kJobs[] = {
     {"orchard", "en", "html", ""},
 };
 
-std::string ReadExample(const char* model, const char* document) {
-    std::ifstream file(std::string(HIERFIT_EXAMPLES) + "/" + model + "/" + document, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 /// The report, or why there is none.
 std::string Do(const Job& job) {
     const Settings settings(hf_settings_new());
     if (hf_settings_set(settings.get(), "lang", job.fpLanguage) != HF_OK) return hf_settings_error(settings.get());
     if (hf_settings_set(settings.get(), "only", job.fpOnly) != HF_OK) return hf_settings_error(settings.get());
     hf_settings_set(settings.get(), "scale", "0.25");
-    const std::string pmml = ReadExample(job.fpModel, "model.pmml");
-    const std::string statXml = ReadExample(job.fpModel, "model.statxml");
+    const std::string pmml = test::ReadExample(job.fpModel, "model.pmml");
+    const std::string statXml = test::ReadExample(job.fpModel, "model.statxml");
     hf_run_t* made = nullptr;
     hf_run(pmml.data(), pmml.size(), statXml.data(), statXml.size(), settings.get(), &made);
     const Model run(made);
