@@ -257,9 +257,11 @@
   const menu = make("div", "menu");
   give(menu, { role: "menu", tabindex: -1, "aria-label": words.more });
 
+  // To remove what has the focus moves the focus, which closes the menu once more: what is said first ends that.
   const closeMenu = () => {
-    if (!menu.isConnected) return;
-    give(menu.previousSibling, { "aria-expanded": false });
+    const button = menu.previousSibling;
+    if (button?.getAttribute("aria-expanded") !== "true") return;
+    give(button, { "aria-expanded": false });
     menu.remove();
   };
 
@@ -270,6 +272,7 @@
   };
 
   const openMenu = (button, actions) => {
+    closeMenu();
     menu.replaceChildren(...Object.entries(actions).map(([name, act]) => makeButton("", async () => {
       leaveMenu();
       tell(button.previousSibling, await act());
