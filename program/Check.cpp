@@ -4,6 +4,7 @@
 
 #include "ItemIndex.h"
 #include "MissingItems.h"
+#include "Pager.h"
 #include "program/documents/Documents.h"
 #include "program/files/ExitStatus.h"
 #include "program/files/OutputFile.h"
@@ -46,7 +47,7 @@ int Run(const CheckCommand& command) {
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
     std::string lines;
     for (std::string& remark : MakeRemarks(model)) lines += MakeLine(std::move(remark));
-    const int status = Conclude(WriteOutput("-", lines));
+    const int status = Conclude(WriteForReader(lines, command.fHasPager));
     return status == kWritten && command.fIsStrict && !lines.empty() ? kUnreadable : status;
 }
 

@@ -47,13 +47,6 @@ int Conclude(const std::vector<WriteFailure>& failures) {
     return status;
 }
 
-/// Text that is too long for the terminal goes through a pager, if there is one that can be started.
-bool IsShownByPager(const std::string& text, const OutputOptions& output) {
-    if (!output.fHasPager || !IsLongerThanScreen(text)) return false;
-    const std::optional<std::string> pager = FindPager();
-    return pager && ShowWithPager(*pager, text);
-}
-
 int WriteRendered(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = GoesToTerminal(output);
     const Format format = ChooseFormat(output, isTerminal);
@@ -68,7 +61,7 @@ int WriteRendered(document::Document& document, const OutputOptions& output) {
         return Conclude(failures);
     }
     const std::string text = std::get<std::string>(report::Render(document, format, settings));
-    return IsShownByPager(text, output) ? kWritten : Conclude(WriteOutput(output.fFile, text));
+    return Conclude(WriteForReader(text, output.fHasPager));
 }
 
 /// On a terminal, where reports stand one below the other, the title of a folder's report says which it is. Elsewhere a

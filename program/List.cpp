@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "Pager.h"
 #include "program/documents/Documents.h"
 #include "program/files/ExitStatus.h"
 #include "program/files/OutputFile.h"
@@ -62,9 +63,10 @@ bool IsSaved(const std::vector<std::string>& documents) {
     return documents.size() == 1 && !IsFolder(documents.front());
 }
 
-int ListItems(const document::Document& document, bool isJson) {
+int ListItems(const document::Document& document, const ListCommand& command) {
     const std::vector<Entry> entries = report::items::ListEntries(document);
-    return Conclude(WriteOutput("-", isJson ? MakeJson(entries) : MakeText(entries)));
+    if (command.fIsJson) return Conclude(WriteOutput("-", MakeJson(entries)));
+    return Conclude(WriteForReader(MakeText(entries), command.fHasPager));
 }
 
 int Refuse(const FileError& error) {
@@ -78,13 +80,13 @@ int Run(const ListCommand& command) {
     if (IsSaved(command.fvDocuments)) {
         const auto saved = ReadSaved(command.fvDocuments.front());
         if (const auto* error = std::get_if<FileError>(&saved)) return Refuse(*error);
-        return ListItems(std::get<document::Document>(saved), command.fIsJson);
+        return ListItems(std::get<document::Document>(saved), command);
     }
     const auto run = RunModel(command.fvDocuments, {});
     if (const auto* error = std::get_if<FileError>(&run)) return Refuse(*error);
     const auto& model = std::get<ModelRun>(run);
     if (model.fResult.fOutcome != session::Outcome::Issued) return TellFailure(model);
-    return ListItems(model.fResult.fDocument, command.fIsJson);
+    return ListItems(model.fResult.fDocument, command);
 }
 
 }  // namespace hierfit::program

@@ -11,6 +11,7 @@
 #include <csignal>
 #include <cstdlib>
 
+#include "Terminal.h"
 #include "program/files/Descriptor.h"
 #include "program/files/OutputFile.h"
 #include "program/files/ProgressLine.h"
@@ -124,6 +125,14 @@ bool ShowWithPager(const std::string& pager, std::string_view text) {
     const int status = WaitFor(*child);
     const int exit = WIFEXITED(status) ? WEXITSTATUS(status) : 0;
     return exit != kNotRunnable && exit != kNotFound;
+}
+
+std::optional<FileError> WriteForReader(const std::string& text, bool hasPager) {
+    if (hasPager && isatty(STDOUT_FILENO) == 1 && IsLongerThanScreen(text)) {
+        const std::optional<std::string> pager = FindPager();
+        if (pager && ShowWithPager(*pager, text)) return {};
+    }
+    return WriteOutput("-", text);
 }
 
 }  // namespace hierfit::program

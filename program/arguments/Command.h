@@ -49,12 +49,14 @@ struct RenderCommand {
 struct CheckCommand {
     std::vector<std::string> fvDocuments;
     bool fIsStrict = false;  ///< any remark is a failure
+    bool fHasPager = true;   ///< on a terminal, for remarks that are more than its lines
 };
 
 /// `hierfit list`: one folder, a PMML and a StatXML document, or a saved document.
 struct ListCommand {
     std::vector<std::string> fvDocuments;
     bool fIsJson = false;
+    bool fHasPager = true;  ///< on a terminal, for a list that is longer than the screen
 };
 
 /// `hierfit batch`: a report for each folder, and an index of them.

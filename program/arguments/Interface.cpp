@@ -77,6 +77,11 @@ void AddAppearance(OptionList& options, OutputOptions& output) {
         "choice", "Colour in text: auto (default: on a terminal without\nNO_COLOR), always or never");
 }
 
+void AddPager(OptionList& options, bool& hasPager) {
+    options.App().add_flag_callback(
+        "--no-pager", [&hasPager] { hasPager = false; }, "No pager for text that is longer than the terminal");
+}
+
 void AddOutputOptions(OptionList& options, OutputOptions& output) {
     options.AddText("-o,--output", output.fFile, "FILE", "Where to write; - is standard output (default)", Kind::Files);
     AddFormat(options, output,
@@ -84,8 +89,7 @@ void AddOutputOptions(OptionList& options, OutputOptions& output) {
               "puts files into the folder FILE: svg or png each chart, csv\n"
               "each table; by default FILE's ending tells, else text goes\n"
               "to a terminal and html elsewhere");
-    options.App().add_flag_callback(
-        "--no-pager", [&output] { output.fHasPager = false; }, "No pager for text that is longer than the terminal");
+    AddPager(options, output.fHasPager);
     AddAppearance(options, output);
 }
 
@@ -209,6 +213,7 @@ void Interface::AddCheck() {
     OptionList options(*command, fValues);
     options.AddArguments(fCheck.fvDocuments, "MODEL.pmml MODEL.statxml | FOLDER", Kind::Files, "As for report");
     options.AddFlag("--strict", fCheck.fIsStrict, "Exit status 2 on any remark");
+    AddPager(options, fCheck.fHasPager);
 }
 
 void Interface::AddList() {
@@ -224,6 +229,7 @@ void Interface::AddList() {
                          "As for report, or a document saved by\n--format json; - is standard input");
     options.AddChoice<bool, bool>("-f,--format", fList.fIsJson, {{"text", false}, {"json", true}}, "FORMAT", "format",
                                   "text (default) or json");
+    AddPager(options, fList.fHasPager);
 }
 
 void Interface::AddBatch() {

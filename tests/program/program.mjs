@@ -205,6 +205,11 @@ for (const [name, environment, args, expected, status] of paged) {
   got = terminal(10, `${environment} ${program} report ${args.includes("--color") ? "" : "--color never"} ${args} ${example}`);
   check(name, got.status === status && expected.test(got.out), `${got.status} ${got.out.slice(0, 300)}`);
 }
+for (const [name, args, isPaged] of [["a list", "list", true], ["a list as data", "list -f json", false],
+  ["a list at once", "list --no-pager", false], ["a short list of remarks", "check", false]]) {
+  got = terminal(4, `PAGER='sed s/^/P:/' ${program} ${args} ${example}`);
+  check(name, got.status === 0 && got.out.startsWith("P:") === isPaged, `${got.status} ${got.out.slice(0, 300)}`);
+}
 got = terminal(5000, `PAGER='sed s/^/P:/' ${program} report ${example}`);
 check("a page that fits", got.status === 0 && !got.out.includes("P:"), got.out.slice(0, 300));
 got = spawn("bash", ["-c", `PAGER='sed s/^/P:/' ${program} report -f text ${example} | cat`]);

@@ -17,6 +17,13 @@ constexpr std::size_t kMostSubjectCells = 4'000'000;
 
 BpString UnusedSubjectField() { return Translated("Subject field not used ..."); }
 
+/// A dimension whose name is hidden, put in its place.
+BpDimension PlacedDimension(BpPivotTable& table, const char* name, BpPlace place, int index, bool hideLabels) {
+    BpDimension dimension = table.Dimension(Plain(name), BpSort::AsIssued);
+    dimension.Position(place, index, true, hideLabels);
+    return dimension;
+}
+
 /// The three dimensions, and the rows that are written through them.
 class Rows {
   public:
@@ -24,13 +31,9 @@ class Rows {
         : fData(data),
           fSettings(settings),
           fFields(fields),
-          fRecord(table.Dimension(Plain("Record"), BpSort::AsIssued)),
-          fGroup(table.Dimension(Plain("Data"), BpSort::AsIssued)),
-          fVariables(table.Dimension(Plain("Variables"), BpSort::AsIssued)) {
-        fRecord.Position(BpPlace::Rows, 1, true, true);
-        fGroup.Position(BpPlace::Rows, 2, true, false);
-        fVariables.Position(BpPlace::Columns, 1, true, false);
-    }
+          fRecord(PlacedDimension(table, "Record", BpPlace::Rows, 1, true)),
+          fGroup(PlacedDimension(table, "Data", BpPlace::Rows, 2, false)),
+          fVariables(PlacedDimension(table, "Variables", BpPlace::Columns, 1, false)) {}
 
     void FirstSubject() {
         fGroup.Category(Translated("Data for First Subject"));
