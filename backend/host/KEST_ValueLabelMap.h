@@ -8,7 +8,8 @@
 
 namespace hierfit {
 
-/// The value labels of one variable. A variable has labels for numbers or for texts, by its type.
+/// The value labels of one variable: of a string variable by text and, where a text is a number, by that, too; of
+/// others by number alone.
 struct KEST_ValueLabels {
     std::unordered_map<double, std::string> fOfNumbers;
     std::unordered_map<std::string, std::string> fOfTexts;

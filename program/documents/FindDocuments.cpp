@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "host/language/FolderNames.h"
 #include "host/unicode/Excerpt.h"
 #include "program/documents/Suggestion.h"
 #include "program/files/StandardError.h"
@@ -51,15 +52,13 @@ struct Content {
 std::variant<Content, FileError> ReadFolder(const std::string& folder) {
     std::error_code error;
     Content content;
-    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        const fs::path& path = at->path();
-        const std::string name = path.filename().string();
+    for (const std::string& name : language::ListFolder(folder, error)) {
+        const fs::path path = fs::path(folder) / name;
         if (HasEnding(path, ".pmml") && IsFile(path)) content.fvPmml.push_back(name);
         if (HasEnding(path, ".statxml") && IsFile(path)) content.fvStatXml.push_back(name);
         if (IsFile(path / kPmml) && IsFile(path / kStatXml)) content.fvModels.push_back(name);
     }
     if (error) return FileError{Name(folder) + ": " + error.message()};
-    for (auto* names : {&content.fvPmml, &content.fvStatXml, &content.fvModels}) std::ranges::sort(*names);
     return content;
 }
 

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "host/language/FolderNames.h"
 #include "host/unicode/Excerpt.h"
 #include "program/files/StandardError.h"
 #include "report/items/WordDistance.h"
@@ -19,16 +20,6 @@ constexpr std::size_t kMostCompared = 200;
 
 /// A word may differ in so many letters, two that were exchanged counting as two.
 std::size_t MostSlips(std::string_view word) { return word.size() / 4 + 1; }
-
-std::vector<std::string> ListNames(const fs::path& folder) {
-    std::error_code error;
-    std::vector<std::string> names;
-    for (fs::directory_iterator at(folder, error), end; !error && at != end; at.increment(error)) {
-        names.push_back(at->path().filename().string());
-    }
-    std::ranges::sort(names);
-    return names;
-}
 
 }  // namespace
 
@@ -55,7 +46,8 @@ std::string FindNearestPath(const std::string& path) {
             found /= name;
             continue;
         }
-        const std::string nearest = FindNearest(name.string(), ListNames(found.empty() ? "." : found));
+        const std::string folder = found.empty() ? "." : found.string();
+        const std::string nearest = FindNearest(name.string(), language::ListFolder(folder, error));
         if (nearest.empty()) return {};
         found /= nearest;
     }

@@ -115,8 +115,8 @@ export async function faultEach(setting, test, fault, judge) {
   return result;
 }
 
-// What the library of workbooks says besides, which nobody can keep from it.
-const besides = /^\[(ERROR|WARNING)\].*\n/gm;
+// What libraries say besides, of workbooks and of XML in pictures, which nobody can keep from them.
+const besides = /^(\[(ERROR|WARNING)\]|parser error : Memory).*\n+/gm;
 
 /** Nothing where the program said why it failed, in one line for each that may fail, by one of the statuses. */
 export function checkRefusal(got, statuses, models = 1) {

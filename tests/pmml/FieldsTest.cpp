@@ -136,7 +136,7 @@ TEST(Dictionary, MakesDataSourceAndMetaData) {
                               variable.GetLabel() ? variable.GetLabel() : "-",
                               variable.GetValueLabels().fOfNumbers.size(), variable.GetValueLabels().fOfTexts.size());
     }
-    EXPECT_EQ(fields, "2 l2 Number 1+0, 0 l1 - 0+2, 1 l3 - 0+0, ");
+    EXPECT_EQ(fields, "2 l2 Number 1+0, 0 l1 - 1+2, 1 l3 - 0+0, ");
     EXPECT_EQ(metaData->GetFieldIndex("N"), -1);
     EXPECT_EQ(metaData->GetField(3), nullptr);
     EXPECT_EQ(metaData->GetField(-1), nullptr);

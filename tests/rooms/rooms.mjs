@@ -83,7 +83,7 @@ const knows = {
   "program/arguments": [
     "report/items", "report/formats", "report/style", ...host("session"), "program/documents", "program/files",
   ],
-  "program/documents": ["report/items", "report/json", ...host("session"), "program/files"],
+  "program/documents": ["report/items", "report/json", ...host("language", "session"), "program/files"],
   "program/files": report("text"),
 };
 

@@ -18,8 +18,8 @@ constexpr std::size_t kMostSubjectCells = 4'000'000;
 BpString UnusedSubjectField() { return Translated("Subject field not used ..."); }
 
 /// A dimension whose name is hidden, put in its place.
-BpDimension PlacedDimension(BpPivotTable& table, const char* name, BpPlace place, int index, bool hideLabels) {
-    BpDimension dimension = table.Dimension(Plain(name), BpSort::AsIssued);
+BpDimension PlacedDimension(BpPivotTable& table, const BpString& name, BpPlace place, int index, bool hideLabels) {
+    BpDimension dimension = table.Dimension(name, BpSort::AsIssued);
     dimension.Position(place, index, true, hideLabels);
     return dimension;
 }
@@ -31,9 +31,9 @@ class Rows {
         : fData(data),
           fSettings(settings),
           fFields(fields),
-          fRecord(PlacedDimension(table, "Record", BpPlace::Rows, 1, true)),
-          fGroup(PlacedDimension(table, "Data", BpPlace::Rows, 2, false)),
-          fVariables(PlacedDimension(table, "Variables", BpPlace::Columns, 1, false)) {}
+          fRecord(PlacedDimension(table, Plain("Record"), BpPlace::Rows, 1, true)),
+          fGroup(PlacedDimension(table, Plain("Data"), BpPlace::Rows, 2, false)),
+          fVariables(PlacedDimension(table, Plain("Variables"), BpPlace::Columns, 1, false)) {}
 
     void FirstSubject() {
         fGroup.Category(Translated("Data for First Subject"));

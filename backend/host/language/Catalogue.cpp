@@ -1,9 +1,9 @@
 #include "host/language/Catalogue.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <utility>
 
+#include "host/language/FolderNames.h"
 #include "host/language/WholeFile.h"
 
 namespace hierfit::language {
@@ -86,14 +86,12 @@ std::optional<std::string_view> Catalogue::Find(std::string_view key) const {
 
 std::vector<std::string> ListLanguages(const std::string& folder) {
     std::vector<std::string> languages{"C"};
-    std::error_code error;
-    for (std::filesystem::directory_iterator entry(folder, error), end; !error && entry != end;
-         entry.increment(error)) {
-        const auto& path = entry->path();
-        std::error_code unreadable;
-        if (path.extension() == ".mo" && entry->is_regular_file(unreadable)) languages.push_back(path.stem().string());
+    std::error_code unreadable;
+    for (const std::string& name : ListFolder(folder, unreadable)) {
+        const auto path = std::filesystem::path(folder) / name;
+        if (path.extension() == ".mo" && std::filesystem::is_regular_file(path, unreadable))
+            languages.push_back(path.stem().string());
     }
-    std::sort(languages.begin() + 1, languages.end());
     return languages;
 }
 

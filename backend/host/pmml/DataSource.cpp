@@ -13,11 +13,9 @@ KEST_ValueLabels MakeValueLabels(const Field& field) {
     KEST_ValueLabels labels;
     for (const auto& [value, label] : field.fvCategories) {
         if (label.empty()) continue;
-        if (field.fFormat.IsString()) {
-            labels.fOfTexts.emplace(value, label);
-        } else if (const std::optional<double> number = data::ParseNumber(value)) {
-            labels.fOfNumbers.emplace(*number, label);
-        }
+        if (field.fFormat.IsString()) labels.fOfTexts.emplace(value, label);
+        // Charts hold a text that is a number as that number, and ask for its label by it.
+        if (const std::optional<double> number = data::ParseNumber(value)) labels.fOfNumbers.emplace(*number, label);
     }
     return labels;
 }
