@@ -5,13 +5,6 @@
 
 namespace hierfit {
 
-namespace {
-
-/// Powers are written out in labels, as often as they say.
-constexpr int kGreatestPower = 100;
-
-}  // namespace
-
 bool HFITParseOutXML::ReadFieldInfo(SDOMXMLWrapper* element, SubjectData* record) {
     const VarMapInfo& map = fpStats->GetVarMapInfo();
     for (const SDOMXMLWrapper& info : Elements(*element, "FieldInfo")) {
@@ -89,9 +82,7 @@ bool HFITParseOutXML::ReadCovariate(SDOMXMLWrapper* element, CovariateTerm* reco
     std::string power;
     if (!element->GetAttribute("power", power)) return false;
     record->fPower = IntegerOr(power, 0);
-    if (record->fPower <= kGreatestPower) return true;
-    Diagnose(*element, "a power of " + unicode::Excerpt(power) + " is above " + std::to_string(kGreatestPower));
-    return false;
+    return true;
 }
 
 bool HFITParseOutXML::ReadFactor(SDOMXMLWrapper* element, FactorTerm* record) {

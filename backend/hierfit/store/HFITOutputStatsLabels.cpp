@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "hierfit/store/EffectNaming.h"
 #include "hierfit/store/HFITOutputStats.h"
 #include "host/Conversions.h"
@@ -9,8 +11,18 @@ namespace {
 
 constexpr const char* kVarOfEffect = "VarOfEffect";
 
-/// A short name in a document stands for a text of any length, as often as it likes.
+/// A short name or a power in a document stands for a text of any length, as often as it likes.
 constexpr std::size_t kMostTermCharacters = 64'000'000;
+
+/// Bytes that covariates take with their powers written out; some number above the limit where they take more.
+std::size_t CountCharacters(const std::vector<CovariateTerm>& covariates) {
+    std::size_t count = 0;
+    for (const CovariateTerm& covariate : covariates) {
+        if (count > kMostTermCharacters) break;
+        count += static_cast<std::size_t>(std::max(covariate.fPower, 1)) * (covariate.fField.size() + 1);
+    }
+    return count;
+}
 
 /// Covariates with their powers written out: "a*a*b".
 std::string CovariatesText(const std::vector<CovariateTerm>& covariates) {
@@ -60,12 +72,13 @@ bool HFITOutputStats::PrintableText(const PrintableList& list, std::string& text
     const RegressionParameter* term =
         fpStringMapCollect ? fpStringMapCollect->Find(list.fMapId, list.fPattern) : nullptr;
     if (!term || fTermCharacters > kMostTermCharacters) return false;
-    RegressionParameterText(*term, text);
-    fTermCharacters += text.size();
+    const bool isWritten = CountCharacters(term->fvCovariates) <= kMostTermCharacters - fTermCharacters;
+    if (isWritten) RegressionParameterText(*term, text);
+    fTermCharacters = isWritten ? fTermCharacters + text.size() : kMostTermCharacters + 1;
     if (fTermCharacters > kMostTermCharacters) {
         Diagnose("the labels of model terms are too long, and those that follow are left empty");
     }
-    return true;
+    return isWritten;
 }
 
 bool HFITOutputStats::RegressionParameterText(const RegressionParameter& parameter, std::string& text) const {
