@@ -1,5 +1,6 @@
 #include "Commands.h"
 
+#include <fmt/format.h>
 #include <malloc.h>
 #include <unistd.h>
 
@@ -50,12 +51,13 @@ int Conclude(const std::vector<WriteFailure>& failures) {
 int WriteRendered(document::Document& document, const OutputOptions& output) {
     const bool isTerminal = GoesToTerminal(output);
     const Format format = ChooseFormat(output, isTerminal);
-    const report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
+    report::RenderSettings settings = MakeRenderSettings(output, isTerminal);
     if (const auto error = report::Prepare(document, format, settings)) {
         return Fail(StatusOf(error->fFault), error->fText);
     }
     if (!isTerminal || format != Format::Text) {
         ProgressLine progress(ProgressLine::Begin::Late);
+        settings.fOnPicture = [&progress, number = 0]() mutable { progress.Show(fmt::format("picture {}", ++number)); };
         const std::vector<WriteFailure> failures = WriteReport(document, format, settings, output.fFile, &progress);
         progress.Erase();
         return Conclude(failures);

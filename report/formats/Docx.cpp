@@ -30,7 +30,8 @@ std::variant<std::string, RenderError> RenderDocx(const document::Document& docu
     const auto loaded = LoadModules(settings);
     if (const auto* error = std::get_if<RenderError>(&loaded)) return *error;
     const auto& [archive, raster] = std::get<Modules>(loaded);
-    const auto makePng = [&raster = raster](const std::string& svg, double scale) {
+    const auto makePng = [&raster = raster, &settings](const std::string& svg, double scale) {
+        if (settings.fOnPicture) settings.fOnPicture();
         return raster.MakePng(svg, scale);
     };
     const DocxSettings given{settings.fHtml.fTitle, settings.fHtml.fAuthor, makePng, settings.fScale};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,6 +24,9 @@ struct RenderSettings {
     bool fIsStandalone = false;   ///< LaTeX that compiles by itself
     std::string fModuleFolder;    ///< where formats that take a library of their own find it
     std::string fLanguageFolder;  ///< catalogues, for a report's own words in the document's language; else in English
+
+    /// Called before each picture that is painted into a docx or xlsx, if there is one.
+    std::function<void()> fOnPicture{};
 };
 
 enum class RenderFault {

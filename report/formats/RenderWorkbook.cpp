@@ -31,8 +31,9 @@ std::variant<std::string, RenderError> RenderWorkbook(const document::Document& 
     if (!ListCharts(document).empty()) {
         const auto raster = LoadRaster(settings);
         if (const auto* error = std::get_if<RenderError>(&raster)) return *error;
-        workbook.fPaint = [paint = std::get<charts::Raster>(raster), scale = settings.fScale](const std::string& svg) {
-            return paint.MakePng(svg, scale);
+        workbook.fPaint = [paint = std::get<charts::Raster>(raster), &settings](const std::string& svg) {
+            if (settings.fOnPicture) settings.fOnPicture();
+            return paint.MakePng(svg, settings.fScale);
         };
     }
     xlsx::Workbook made = xlsx::MakeWorkbook(document, workbook);

@@ -155,6 +155,8 @@ expect("help to a full device", spawn("bash", ["-c", '"$0" --help >/dev/full', p
 const progress = (command) => spawn("script", ["-qec", `TERM=xterm ${command}`, "/dev/null"]).out;
 const drawing = `${program} report -f png --scale 8 --only GLMMCustomEffects -o pixels models/oats`;
 expect("progress of pictures", progress(drawing), /\r\x1b\[K\d+ of \d+ files.*\r\x1b\[K$/);
+expect("progress of pictures in a document", progress(drawing.replace("-f png", "").replace("pixels", "pixels.docx")),
+  /\r\x1b\[Kpicture \d+.*\r\x1b\[K$/);
 expect("progress of a dumb terminal", progress(`TERM=dumb ${drawing}`), "");
 
 // ---- manual pages

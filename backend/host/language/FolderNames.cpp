@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <memory>
+#include <new>
 #include <string_view>
 
 namespace hierfit::language {
@@ -15,7 +16,10 @@ struct Close {
     void operator()(DIR* folder) const { closedir(folder); }
 };
 
-std::error_code LastError() { return {errno, std::generic_category()}; }
+std::error_code LastError() {
+    if (errno == ENOMEM) throw std::bad_alloc();
+    return {errno, std::generic_category()};
+}
 
 }  // namespace
 

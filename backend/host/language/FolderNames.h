@@ -4,12 +4,10 @@
 #include <system_error>
 #include <vector>
 
-#include "host/Export.h"
-
 namespace hierfit::language {
 
 /// The names of all that lies in a folder, sorted, without "." and ".."; none, and why, if it cannot be read. The
 /// standard library's iterator ends the process where memory is short.
-HIERFIT_EXPORT std::vector<std::string> ListFolder(const std::string& folder, std::error_code& error);
+std::vector<std::string> ListFolder(const std::string& folder, std::error_code& error);
 
 }  // namespace hierfit::language
