@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <string_view>
-#include <thread>
 
 #include "tests/support/ExampleFile.h"
 #include "tests/support/Handles.h"
@@ -63,9 +61,10 @@ TEST(Interface, RendersEachFormatAsOftenAsAsked) {
     } cases[] = {
         {"html", nullptr, "<!DOCTYPE html>", "Fixed Effects"},
         {"html", table.get(), "<!DOCTYPE html>", "<title>Reaction"},
-        {"text", nullptr, "Generalized Linear Mixed Models", "Model Summary"},
         {"json", table.get(), "", ""},  // is whole or nothing
         {"json", nullptr, "\"hierfit-output\"", "\"FixedCoefficients\""},
+        {"svg", chart.get(), "<svg", "</svg>"},
+        {"svg", nullptr, "", ""},  // is one chart
     };
     for (const auto& expected : cases) {
         SCOPED_TRACE(expected.fFormat);
@@ -85,14 +84,6 @@ TEST(Interface, RendersEachFormatAsOftenAsAsked) {
     EXPECT_EQ(Render(saved.get(), "html").fBytes, Render(run.get(), "html").fBytes);
 }
 
-TEST(Interface, PicturesAreOneChart) {
-    const Model run = RunExample("oats");
-    EXPECT_EQ(Render(run.get(), "svg").fCode, HF_USAGE);
-    const Settings one = MakeSettings({{"only", "GLMMEmMeans-1"}});
-    EXPECT_EQ(Render(run.get(), "svg", one.get()).fBytes.substr(0, 4), "<svg");
-    EXPECT_EQ(Render(run.get(), "svg", MakeSettings({{"only", "ModelSummary"}}).get()).fCode, HF_USAGE);
-}
-
 TEST(Interface, SettingsAreTakenOrRefusedWithWhatThereIs) {
     const Settings settings = MakeSettings({{"lang", "C"}, {"pmml", "a/b/fields.xml"}, {"scale", "0.5"}, {"only", ""}});
     const struct {
@@ -102,7 +93,6 @@ TEST(Interface, SettingsAreTakenOrRefusedWithWhatThereIs) {
     } cases[] = {
         {"lang", "xx", "lang: xx is not one of C"},
         {"variables", "value", "variables: value is not one of name, label, both"},
-        {"values", "name", "values: name is not one of value, label, both"},
         {"scale", "21", "scale: 21 is not a number above 0 and up to 20"},
         {"static", "yes", "static: yes is not one of true, false"},
         {"colour", "1", "there is no setting colour; there are pmml, statxml, lang"},
@@ -139,8 +129,6 @@ TEST(Interface, FailuresHaveCodesReasonsAndPlaces) {
     const Model good = RunExample("sleepstudy");
     EXPECT_EQ(Render(good.get(), "pdf").fCode, HF_USAGE);
     EXPECT_EQ(std::string(hf_error(good.get())), "there is no format pdf");
-    EXPECT_EQ(Render(good.get(), "text", MakeSettings({{"only", "FixdEffects"}}).get()).fCode, HF_USAGE);
-    EXPECT_EQ(std::string(hf_error(good.get())).find("no item is named FixdEffects; there are FixedEffects-1, "), 0u);
 
     const std::string broken = "{\"format\": \"hierfit-output\",\n  nothing}";
     ASSERT_EQ(hf_read_json(broken.data(), broken.size(), &made), HF_UNREADABLE);
@@ -162,20 +150,6 @@ TEST(Interface, TakesNothingForAnything) {
     hf_run_free(nullptr);
     hf_settings_free(nullptr);
     hf_free(nullptr);
-}
-
-TEST(Interface, ThreadsRunSideBySide) {
-    const char* const names[] = {"sleepstudy", "oats", "bacteria", "sleepstudy"};
-    std::string pages[std::size(names)];
-    {
-        std::vector<std::jthread> threads;
-        for (std::size_t i = 0; i < std::size(names); ++i) {
-            threads.emplace_back([&, i] { pages[i] = Render(RunExample(names[i]).get(), "html").fBytes; });
-        }
-    }
-    for (std::size_t i = 0; i < std::size(names); ++i) {
-        EXPECT_EQ(pages[i], Render(RunExample(names[i]).get(), "html").fBytes) << names[i];
-    }
 }
 
 }  // namespace

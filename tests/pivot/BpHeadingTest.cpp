@@ -57,16 +57,5 @@ TEST_F(Headings, ATableDoesNotHoldItsHeading) {
     EXPECT_EQ(Describe(fContext.GetDocument().fItems), "h(table) m");
 }
 
-TEST_F(Headings, OutputGoesToTheRunThatIsUnderWay) {
-    context::RunContext other({}, nullptr, "");
-    {
-        const context::RunContext::Activation activation(other);
-        BpProcedure().Heading(Fixed("there"));
-    }
-    BpProcedure().Heading(Fixed("here"));
-    EXPECT_EQ(Describe(other.GetDocument().fItems), "there()");
-    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "here()");
-}
-
 }  // namespace
 }  // namespace hierfit

