@@ -37,12 +37,6 @@ TEST(ChartText, ParsesNumbersAtTheBeginOfATextAndTellsWhetherTheyAreAll) {
     }
 }
 
-TEST(ChartText, WritesNumbersAsStreamsDo) {
-    const std::pair<double, const char*> cases[] = {
-        {16.0 / 3, "5.33333"}, {9, "9"}, {1234567, "1.23457e+06"}, {0.00001, "1e-05"}, {-kLargest, "-1.79769e+308"}};
-    for (const auto& [number, text] : cases) EXPECT_EQ(NumberToText(number), text);
-}
-
 TEST(ChartText, ReplacesWithTextsThatHoldTheMark) {
     std::string text = "^1 and ^1";
     EXPECT_EQ(ReplaceFirst(text, "^1", "a ^1"), 0U);

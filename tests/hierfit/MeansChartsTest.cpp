@@ -53,7 +53,6 @@ source0.confMargin: 0 2
          EXPECT_EQ(heading.fItems.size(), 11U);
      },
      {"chart", "!<legend"}},
-    {[](ChartStage& stage) { MakeTopMeans(stage, {}); }},
     {[](ChartStage& stage) { stage.Charts().BuildTopMeansCharts(); }},
 };
 

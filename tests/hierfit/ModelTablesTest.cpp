@@ -124,8 +124,6 @@ Non-Event | % within Observed: 75P 25P
 Event | E60868: 0N 0N
 Event | % within Observed: 0P 0P
 )"},
-    {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2'", "<Label label='no'/>", "1 2 3 4")},
-     R"(table "Classification" is left out: there are fewer labels than rows)"},
     {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2' nbCols='1'", kLabels, "1 2")},
      R"(table "Classification" is left out: the matrix is not square)"},
     {{.fSettings = kSettings + kTrials, .fDiagnostics = Classified("nbRows='3' kind='diagonal'", "", "1 2 3")},

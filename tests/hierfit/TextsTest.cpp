@@ -89,7 +89,6 @@ TEST_F(Texts, ListsAreResolvedByTheFirstMapOfTheirNumber) {
         maps.Append(std::move(map));
     }
     EXPECT_FALSE(fStats.PrintableText(Pattern("P", {}, 2), text));
-    EXPECT_FALSE(fStats.PrintableText(Pattern("p", {}, 1), text));
     EXPECT_EQ(text, "before");
     EXPECT_TRUE(fStats.PrintableText(Pattern("P", {}, 1), text));
     EXPECT_EQ(text, "first");
@@ -115,13 +114,11 @@ TEST_F(Texts, CovarianceParametersAreLabelled) {
         {Pattern("Variance "), -1, "Variance ", ""},
         {Pattern("UN (^1,^2)", {"2", "1"}), 0, "UN (2,1)", "2|1|"},
         {Pattern("^1^2^3", {"1", "2", "3"}), 0, "", "1|2|3|"},
-        {Pattern("Variance ", {}, 1), 0, "", ""},
         {Pattern("VarOfEffect", {"0"}), 0, "VarOfEffect", "Intercept|"},
         {Pattern("VarOfEffect", {"1"}), 0, "VarOfEffect", "a(b)|"},
         {Pattern("VarOfEffect", {"0"}), 1, "VarOfEffect", "a(b)|"},
         {Pattern("VarOfEffect", {"-3"}), 1, "VarOfEffect", ""},
         {Pattern("VarOfEffect", {"2"}), 0, "", ""},
-        {Pattern("VarOfEffect", {"1"}), 1, "", ""},
         {Pattern("VarOfEffect", {"0"}), -1, "", ""},
         {Pattern("VarOfEffect", {"0"}), 2, "", ""},
     };
@@ -136,7 +133,6 @@ TEST_F(Texts, CovarianceParametersAreLabelled) {
     }
     EXPECT_EQ(fRun.Diagnostics(),
               R"(a covariance parameter of random effect block 1 has no label, since there is no effect 2
-a covariance parameter of random effect block 2 has no label, since there is no effect 1
 a covariance parameter of the residual has no label, since there is no effect 0
 a covariance parameter of random effect block 3 has no label, since there is no effect 0
 )");
@@ -149,7 +145,6 @@ TEST(LongLabels, AreCutBetweenCharacters) {
     const std::pair<std::string, std::string> cases[] = {
         {"", "''"},
         {a + "a", "[:^1:]1(['" + a + "'; 'a'])"},
-        {umlauts, "'" + umlauts + "'"},
         {umlauts + umlauts + umlaut, "[:^1:]1(['" + umlauts + "'; '" + umlauts + "'; '" + umlaut + "'])"},
     };
     for (const auto& [label, drawn] : cases) {

@@ -51,7 +51,7 @@ Rendered Render(hf_run_t* run, const char* format, const hf_settings* settings =
 TEST(Interface, RendersEachFormatAsOftenAsAsked) {
     const Model run = RunExample("sleepstudy");
     const std::string json = Render(run.get(), "json").fBytes;
-    const Settings chart = MakeSettings({{"only", "GLMMDiagrams-1"}});
+    const Settings chart = MakeSettings({{"only", "GLMMFixedCoefficients-1"}});
     const Settings table = MakeSettings({{"only", "FixedCoefficients"}, {"title", "Reaction"}, {"static", "true"}});
     const struct {
         const char* fFormat;

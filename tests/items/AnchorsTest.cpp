@@ -27,7 +27,7 @@ TEST(Anchors, ComeFromSourcesAndDiffer) {
         {{Heading{number, {}}}, "Section-2-5-1"},
         {{Heading{MakeText("\u05D0"), {}}}, "Section-1"},
         {{Heading{MakeText("95% level"), {}}}, "Section-95-level-1"},
-        {{Heading{MakeText(std::string(1000, 'x')), {}}}, std::string(64, 'x') + "-1"},
+        {{Heading{MakeText(std::string(1000, 'x')), {}}}, std::string(63, 'x') + "-1"},
         {{document::Message{MakeText("Text"), 2, 1}}, "Message-1"},
         // A title that looks like another's anchor gets one of its own.
         {{Heading{MakeText("FixedCoefficients-1"), {}}}, "FixedCoefficients-1-1"},

@@ -91,18 +91,6 @@ rows 1 R : a
 Nothing
 Target
 )"},
-    {"one column without headers", 0, R"(
-title One
-rows 1 Name : a
-cells x
-
-One
-───────
-Name
-───────
-a     x
-───────
-)"},
     {"a group parted all the same, since it is wider than the room", 24, R"(
 title Wide
 rows 1 Term : a
@@ -133,23 +121,6 @@ Term  Upper-bound
 ─────────────────
 a               3
 ─────────────────
-)"},
-    {"labels and texts in a narrow room", 40, R"(
-title Narrow
-rows 1 -name R : Infl=Low/Type=Apartment a_label_of_many_words
-columns 1 -name S : v
-cells a_text_that_is_longer_than_the_room_for_it x|y
-
-Narrow
-──────────────────────────────────────
-                       v
-──────────────────────────────────────
-Infl=Low/              a text that is
-Type=Apartment         longer than the
-                       room for it
-a label of many words  x
-                       y
-──────────────────────────────────────
 )"},
 };
 

@@ -16,14 +16,6 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
     for (const auto& [text, visible] : cases) EXPECT_EQ(report::MakeVisible(text), visible);
 }
 
-TEST(VisibleText, MeasuresColumns) {
-    const std::pair<const char*, int> cases[] = {
-        {"", 0},   {"plain", 5}, {"Größe", 5}, {"身長", 4}, {"e\u0301", 1}, {"👨‍👩‍👧", 2},
-        {"한", 2}, {"␛", 1},     {"─", 1},
-    };
-    for (const auto& [text, width] : cases) EXPECT_EQ(report::MeasureWidth(text), width) << text;
-}
-
 TEST(VisibleText, Wraps) {
     struct Case {
         const char* fText;
