@@ -178,8 +178,11 @@ TEST(CovarianceParameterRows, AreOverriddenByConditionsOfTheFit) {
     } cases[] = {
         {"NORMAL", {"kGLMM_C8"}, kAll, kZero},
         {"GAMMA", {"kGLMM_C8"}, kAll, kZero},
+        {"IGAUSS", {"kGLMM_C8"}, kAll, kZero},
+        {"BINOMIAL", {"kGLMM_C8"}, kAll, kAll},
         {"ORDINAL", {"kGLMM_C8"}, kAll, kAll},
         {"BINOMIAL", {"kGLMM_C9"}, kScale, kZero},
+        {"NEGBIN", {"kGLMM_C9"}, kScale, kZero},
         {"POISSON", {"kGLMM_C9", "kGLMM_C8"}, kScale, kZero},
         {"NORMAL", {"kGLMM_C9", "kGLMM_C8"}, kAll, kAll},
         {"ORDINAL", {"kGLMM_C9"}, kAll, kAll},

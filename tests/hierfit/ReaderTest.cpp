@@ -52,6 +52,8 @@ std::string Term(const std::string& parts) {
 const Outcome kDiagnostics[] = {
     // The last column or element of a kind decides.
     {Distribution(Column("feature='observed'", "1") + "<Coordinates feature='frequency'/>"), kFails},
+    {Distribution("<Coordinates feature='frequency'/>" + Column("feature='observed'", "1")), kRead},
+    {"<UnivariateData/><UnivariateData description='other'/>", kRead},
     {Covariances("<Label/>" + kLabel, kSegment), kRead},
     {Covariances(kLabel + "<Label/>", kSegment), kFails},
     // Any column decides.
@@ -61,6 +63,8 @@ const Outcome kDiagnostics[] = {
     // Structured data.
     {FirstSubject("1", Segment({"out", "1"}), ""), kFails,
      kRecords + "SegmentInfo/FieldInfo: the field \"out\" is no categorical variable of the model\n"},
+    {FirstSubject("1", Segment({"x", "1"}), ""), kFails,
+     kRecords + "SegmentInfo/FieldInfo: the field \"x\" is no categorical variable of the model\n"},
     {FirstSubject("1", Segment({"a", "one"}), ""), kFails},
     {Subject("other", "y", "1"), kFails,
      kRecords + "MultivariateData/CoordinatesGroup: a group of columns is described \"other\", not "
@@ -90,6 +94,7 @@ const Outcome kAlgorithm[] = {
 };
 
 const Outcome kOtherSettings[] = {
+    {kSettings + Parameter("Other", "1") + "<Parameter name='CIn'/>", kRead},
     {Parameter("TargetField", "z"), kRead,
      kSettingsPath + ": the field \"z\" is not in the data, and its name is left blank\n"},
     {Parameter("TrialsField", "z"), kRead,
@@ -98,12 +103,15 @@ const Outcome kOtherSettings[] = {
     {kSettings + "<Parameter name='ResidualSubjectSpec'/><Parameter name='ResidualGroupSpec'/>", kRead},
     // The last attribute of an effect decides.
     {List("FixedEffectList", "<StructuredValue/>"), kFails},
+    {List("FixedEffectList", Effect({})), kRead},
     {List("FixedEffectList", Tag("StructuredValue", Values("Fields", {"z"}))), kFails},
+    {List("FixedEffectList", Effect({"z"})), kRead},
     {List("FixedEffectList", Tag("StructuredValue", Values("Fields", {"a"}) + "<Attribute name='Other'/>")), kFails},
     {List("FixedEffectList", Effect({"a"}, {})), kRead},
     {List("FixedEffectList", Effect({"a", "b"})), kRead,
      kSettingsPath + "/ListValue/StructuredValue: the effect has fewer nesting levels than fields, and the others are "
                      "taken as crossed\n"},
+    {List("RandomSpecs", ""), kFails},
     {List("RandomSpecs", "<StructuredValue/>"), kRead},
     {List("EMMEANS", "<StructuredValue><Attribute name='Factors'/></StructuredValue>"), kFails},
 };
@@ -111,6 +119,8 @@ const Outcome kOtherSettings[] = {
 const Outcome kStringMaps[] = {
     // The last entry decides.
     {"", kFails},
+    {Sample().fStringMaps + "<StringMap mapId='2'/>", kFails},
+    {"<StringMap mapId='2'/>" + Sample().fStringMaps, kRead},
     {Tag("StringMap", "<MapEntry name='a'/>" + Tag("MapEntry name='b'", Tag("Label", kIntercept))), kRead},
     {Tag("StringMap", Tag("MapEntry name='b'", Tag("Label", kIntercept)) + "<MapEntry name='a'/>"), kFails},
 };
@@ -122,9 +132,12 @@ const Outcome kTraining[] = {
     {Tag("Message", Tag("PrintableList pattern='k'", "<PrintableValue value='1'/><PrintableValue/>")), kFails},
     {Estimates("fixed", "") + Message("k"), kRead,
      "StatXML/PMMLModel/TrainingSummary: the parameter estimates could not be read and are left out\n"},
+    {Estimates("other", Estimate("p", {})), kRead},
+    {Estimates("other", ""), kFails},
     // Terms.
     {Fixed(kIntercept + "<Statistic name='i' value='0'/>"), kFails,
      kParameters + "/ParameterStats/Statistic: an intercept belongs to no effect and carries no statistic\n"},
+    {Term("<Covariate field='x' power=''/>"), kRead},
     {Term("<Covariate field='x' power='100'/>"), kRead},
     {Term("<Covariate field='x' power='101'/>"), kFails,
      kParameters + "/ParameterStats/RegressionParameter/Covariate: a power of 101 is above 100\n"},
@@ -133,6 +146,7 @@ const Outcome kTraining[] = {
     // Blocks.
     {Estimates("random' block='1000", Estimate("p", {})), kFails,
      kParameters + ": the random effect block 1000 is not between 0 and 999\n"},
+    {Estimates("fixed' block='-1", Estimate("p", {})), kRead},
 };
 
 void CheckOutcomes(std::span<const Outcome> outcomes, std::string Sample::*part) {

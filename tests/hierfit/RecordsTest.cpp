@@ -28,6 +28,7 @@ TEST(Records, SettingsTakeTheirValuesFromTexts) {
     using Settings = BuildSettings;
     const std::tuple<const char*, const char*, int Settings::*, int> cases[] = {
         {"DistributionOfTarget", "BINOMIAL", &Settings::fDistribution, 0},
+        {"DistributionOfTarget", "normal", &Settings::fDistribution, 8},
         {"LinkFunctionType", "CLOGLOG", &Settings::fLink, 0},
         {"ResidualCovarianceType", "UN", &Settings::fResidualCovarianceType, 8},
         {"Other", "", &Settings::fResidualCovarianceType, 8},
@@ -36,6 +37,7 @@ TEST(Records, SettingsTakeTheirValuesFromTexts) {
         {"TrialsValue", "10.9", &Settings::fTrialsValue, 10},
         {"TrialsValue", "nan", &Settings::fTrialsValue, 0},
         {"TrialsValue", "1e300", &Settings::fTrialsValue, std::numeric_limits<int>::max()},
+        {"TrialsValue", "-1e300", &Settings::fTrialsValue, std::numeric_limits<int>::min()},
         {"TrialsField", "n", &Settings::fTrialsIndex, 1},
         {"Other", "", &Settings::fTrialsIndex, -1},
     };

@@ -22,6 +22,7 @@ TEST_F(Texts, NamesOfLinksDependOnTheDistribution) {
     const std::tuple<int, int, const char*, const char*> cases[] = {
         {L::LOGIT, D::NOMINAL, "Generalized logit", ""},
         {L::LOGIT, D::ORDINAL, "Cumulative logit", ""},
+        {L::CAUCHIT, D::BINOMIAL, "Unknown", ""},
         {L::CAUCHIT, D::ORDINAL, "Cumulative Cauchit", ""},
         {L::LOG, D::NOMINAL, "Unknown", ""},
         {L::POWER, D::OTHER, "Power", "Power(^1)"},
@@ -56,11 +57,13 @@ TEST_F(Texts, TermsArePutTogether) {
     const std::pair<RegressionParameter, const char*> cases[] = {
         {{{}, {}, true, "x"}, "Intercept"},
         {{{}, {}, false, "x"}, ""},
+        {{{{"a", 0, 0}}, {}, false, ""}, "a"},
         {{{{"a", 0, 3}, {"b", 0, 1}}, {}, false, ""}, "a*a*a*b"},
         {{{}, {Factor("b", "1")}, false, ""}, "b=1"},
         {{{}, {Factor("b", "1"), Factor("c", "2")}, false, ""}, "[b=1]*[c=2]"},
         {{{}, {Factor("b", ""), Factor("c", "3", true), Factor("d", "4", true)}, false, ""}, "[b]([c=3]([d=4]))"},
         {{{{"a", 0, 2}}, {Factor("b", "1")}, false, ""}, "a*a*[b=1]"},
+        {{{{"a", 0, 1}}, {Factor("b", "1", true)}, false, ""}, "a([b=1])"},
     };
     for (const auto& [term, expected] : cases) {
         std::string text = "before";
@@ -89,6 +92,7 @@ TEST_F(Texts, ListsAreResolvedByTheFirstMapOfTheirNumber) {
         maps.Append(std::move(map));
     }
     EXPECT_FALSE(fStats.PrintableText(Pattern("P", {}, 2), text));
+    EXPECT_FALSE(fStats.PrintableText(Pattern("p", {}, 1), text));
     EXPECT_EQ(text, "before");
     EXPECT_TRUE(fStats.PrintableText(Pattern("P", {}, 1), text));
     EXPECT_EQ(text, "first");
@@ -118,6 +122,7 @@ TEST_F(Texts, CovarianceParametersAreLabelled) {
         {Pattern("VarOfEffect", {"1"}), 0, "VarOfEffect", "a(b)|"},
         {Pattern("VarOfEffect", {"0"}), 1, "VarOfEffect", "a(b)|"},
         {Pattern("VarOfEffect", {"-3"}), 1, "VarOfEffect", ""},
+        {Pattern("VarOfEffect", {"0", "0"}), 0, "VarOfEffect", ""},
         {Pattern("VarOfEffect", {"2"}), 0, "", ""},
         {Pattern("VarOfEffect", {"0"}), -1, "", ""},
         {Pattern("VarOfEffect", {"0"}), 2, "", ""},
@@ -144,6 +149,7 @@ TEST(LongLabels, AreCutBetweenCharacters) {
     const std::string umlauts = Join(Strings(255, umlaut), "", "");
     const std::pair<std::string, std::string> cases[] = {
         {"", "''"},
+        {a, "'" + a + "'"},
         {a + "a", "[:^1:]1(['" + a + "'; 'a'])"},
         {umlauts + umlauts + umlaut, "[:^1:]1(['" + umlauts + "'; '" + umlauts + "'; '" + umlaut + "'])"},
     };

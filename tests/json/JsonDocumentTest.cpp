@@ -35,7 +35,8 @@ TEST(JsonDocument, TextsAreEscaped) {
 
 TEST(JsonDocument, PlacesAreInTheFirstSourceOfTheirName) {
     Document document{.fvSources = {"a", "a", "b"}};
-    document.fvDiagnostics = {{1, "x", {{1, 2, 3}}}, {1, "y", {{2, 2, 3}}}, {1, "z", {{3, 2, 3}}}, {1, "", {{-1, 2, 3}}}};
+    document.fvDiagnostics = {
+        {1, "x", {{1, 2, 3}}}, {1, "y", {{2, 2, 3}}}, {1, "z", {{3, 2, 3}}}, {1, "", {{-1, 2, 3}}}};
     const Document read = ReadText(WriteJson(document));
     EXPECT_EQ(read.fvDiagnostics.at(0).fPlace.value().fSource, 0);
     EXPECT_EQ(read.fvDiagnostics.at(1).fPlace.value().fSource, 2);

@@ -44,6 +44,7 @@ TEST(Dictionary, ReadsOneField) {
     const std::pair<std::string, std::string> cases[] = {
         {OneField(kNumber), "x \"\" t2 l3 F8.2"},
         {OneField("optype='categorical' dataType='integer' displayName='The x'"), "x \"The x\" t1 l1 F8.0"},
+        {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
         {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8"},
         {OneField(kString, "<Value value='a' displayValue='A'/><Value value='l\xC3\xA4nger'/>"),
          "x \"\" t0 l1 A6 a=A l\xC3\xA4nger="},
@@ -77,6 +78,7 @@ std::string WithModel(const std::string& elements) {
 TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "012"},
+        {"<M><MiningSchema/></M>", ""},
         {"<M><MiningSchema><MiningField name='c'/><MiningField name='a' usageType='target'/></MiningSchema></M>", "20"},
         {"<M><MiningSchema><MiningField name='b'/><MiningField name='b'/></MiningSchema></M>", "1"},
         {"<M><S><MiningSchema><MiningField name='b'/></MiningSchema></S><MiningSchema/></M>", "1"},

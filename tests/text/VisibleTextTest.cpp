@@ -8,6 +8,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
         {"\x1B[31mred", "␛[31mred"},
         {"bell\a, tab\t, null" + std::string(1, '\0'), "bell␇, tab␉, null␀"},
         {"lines\nstay\r\n", "lines\nstay␍\n"},
+        {"delete\x7F", "delete␡"},
         {"\u009B31m", "\\u{9B}31m"},
         {"right\u202Eto left", "right\\u{202E}to left"},
         {"\u200F\u2066\u061C\u2028", "\u200F\\u{2066}\\u{061C}\\u{2028}"},
