@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "tests/hierfit/Drawing.h"
 #include "tests/hierfit/ProcedureRun.h"
 
@@ -170,12 +172,8 @@ TEST(CovarianceParameterRows, AreOverriddenByConditionsOfTheFit) {
     const char* const kAll = "0.5C 0.1C 3C 0.05S -1C 1C\n";
     const char* const kZero = "0C 0C 0C 0C\n";
     const char* const kScale = "1C * kGLMM_C9\n";
-    const struct {
-        const char* fDistribution;
-        Strings fvKeys;
-        const char* fResidual;  ///< the cells
-        const char* fRandom;
-    } cases[] = {
+    // The cells of a residual and of a random effect.
+    const std::tuple<const char*, Strings, const char*, const char*> cases[] = {
         {"NORMAL", {"kGLMM_C8"}, kAll, kZero},
         {"GAMMA", {"kGLMM_C8"}, kAll, kZero},
         {"IGAUSS", {"kGLMM_C8"}, kAll, kZero},
@@ -188,16 +186,16 @@ TEST(CovarianceParameterRows, AreOverriddenByConditionsOfTheFit) {
         {"ORDINAL", {"kGLMM_C9"}, kAll, kAll},
         {"BINOMIAL", {"kGLMM_C9", "kGLMM_C10"}, kScale, "0C * kGLMM_C10 0C 0C 0C\n"},
     };
-    for (const auto& one : cases) {
-        SCOPED_TRACE(std::string(one.fDistribution) + " " + Messages(one.fvKeys));
+    for (const auto& [distribution, keys, residual, random] : cases) {
+        SCOPED_TRACE(std::string(distribution) + " " + Messages(keys));
         Sample sample;
-        sample.fSettings = Distribution(one.fDistribution, kOneBlock);
+        sample.fSettings = Distribution(distribution, kOneBlock);
         sample.fTraining =
-            Residual("", "Variance ") + Random("0", "", Printable("VarOfEffect", {"0"})) + Messages(one.fvKeys);
+            Residual("", "Variance ") + Random("0", "", Printable("VarOfEffect", {"0"})) + Messages(keys);
         ProcedureRun run;
         EXPECT_TRUE(run.Run(sample.Text()));
         for (const auto& [subtype, cells] :
-             {std::pair{"ResidualEffect", one.fResidual}, std::pair{"CovarianceParameters", one.fRandom}}) {
+             {std::pair{"ResidualEffect", residual}, std::pair{"CovarianceParameters", random}}) {
             const std::string drawn = Draw(run.GetItems(), subtype);
             EXPECT_EQ(drawn.substr(drawn.rfind("': ") + 3), cells);
         }

@@ -1,5 +1,7 @@
 #include "host/FetchFile.h"
 
+#include <array>
+
 #include "host/context/RunContext.h"
 #include "tests/language/TemporaryFolder.h"
 
@@ -29,9 +31,7 @@ TEST(FetchFile, TakesTheUsersFileFirst) {
     const std::string other = folder.Write("template/B.xml", std::string("B\0\r\n\xFF", 5));
     folder.Write("mine/A.xml", "mine");
     folder.Write("mine/template/B.xml", "not looked for here");
-    const struct {
-        std::string fUserFolder, fPath, fText;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
         {"", installed, "installed"},
         {folder.Path("mine"), installed, "mine"},
         {folder.Path("mine"), "A.xml", "mine"},

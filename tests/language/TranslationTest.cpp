@@ -1,7 +1,11 @@
+#include <array>
+#include <tuple>
+
 #include "host/FacSTDictionary.h"
 #include "host/ParserMessage.h"
 #include "host/PathFactory.h"
 #include "host/language/Catalogue.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::language::test {
 
@@ -28,13 +32,8 @@ class LanguageRun {
 }  // namespace
 
 TEST(FillMarks, FillsInOnePass) {
-    std::string many;
-    for (int mark = 0; mark < 32; ++mark) many += "^1";
-    const struct {
-        std::string fText;
-        Arguments fvArguments;
-        std::string fFilled;
-    } cases[] = {
+    const std::string many = hierfit::test::Repeated("^1", 32);
+    const std::tuple<std::string, Arguments, std::string> cases[] = {
         {"^2 before ^1, ^2", {"a", "b"}, "b before a, b"},
         {"^1-^2", {"^2", "^1"}, "^2-^1"},
         {"^1 ^2 ^3", {"a", {}, "c"}, "a ^2 c"},
@@ -47,9 +46,7 @@ TEST(FillMarks, FillsInOnePass) {
 }
 
 TEST(Translation, ReadsTheEnglishCatalogue) {
-    const struct {
-        std::string fKey, fEnglish, fUntranslated;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
         {"Variance ", "Variance", "Variance "},
         {"VarOfEffect", "Variance of A", "VarOfEffect"},
         {"Probability Distribution ^1, Link Function ^2 ...", "Probability distribution: A; link function: B",

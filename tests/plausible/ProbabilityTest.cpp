@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
 namespace hierfit::plausible {
@@ -12,9 +13,7 @@ constexpr double kNear = 1e-6;
 
 /// From R 4.2: 2 * pt(-abs(t), df).
 TEST(Probability, IsTwoSidedForT) {
-    const struct {
-        double fT, fDf, fP;
-    } cases[] = {
+    const std::array<double, 3> cases[] = {
         {0, 5, 1},
         {1, 1, 0.5},
         {-1, 1, 0.5},
@@ -27,15 +26,13 @@ TEST(Probability, IsTwoSidedForT) {
         {1e-8, 4, 0.9999999925},
         {5, 1e300, 5.73303143758e-07},
     };
-    for (const auto& one : cases) EXPECT_NEAR(TwoSidedT(one.fT, one.fDf).value(), one.fP, kNear) << one.fT;
+    for (const auto& [t, df, p] : cases) EXPECT_NEAR(TwoSidedT(t, df).value(), p, kNear) << t;
     for (const double df : {0.0, -1.0, std::nan("")}) EXPECT_FALSE(TwoSidedT(1, df)) << df;
 }
 
 /// From R 4.2: pf(f, df1, df2, lower.tail = FALSE).
 TEST(Probability, IsTheUpperTailForF) {
-    const struct {
-        double fF, fDf1, fDf2, fP;
-    } cases[] = {
+    const std::array<double, 4> cases[] = {
         {0, 3, 7, 1},
         {22.355640715771816, 3, 32, 5.4111907597e-08},
         {4.5, 2.5, 9.18306863804428, 0.0377479680099},
@@ -47,7 +44,7 @@ TEST(Probability, IsTheUpperTailForF) {
         {1e-300, 2, 2, 1},
         {1, 0.5, 0.5, 0.5},
     };
-    for (const auto& one : cases) EXPECT_NEAR(UpperF(one.fF, one.fDf1, one.fDf2).value(), one.fP, kNear) << one.fF;
+    for (const auto& [f, df1, df2, p] : cases) EXPECT_NEAR(UpperF(f, df1, df2).value(), p, kNear) << f;
     EXPECT_FALSE(UpperF(-1, 1, 1));
     EXPECT_FALSE(UpperF(1, 0, 1));
     EXPECT_FALSE(UpperF(1, 1, -1));

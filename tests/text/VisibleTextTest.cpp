@@ -1,5 +1,7 @@
 #include "report/text/VisibleText.h"
 
+#include <tuple>
+
 namespace hierfit {
 namespace {
 
@@ -18,12 +20,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
 }
 
 TEST(VisibleText, Wraps) {
-    struct Case {
-        const char* fText;
-        int fWidth;
-        std::vector<std::string> fLines;
-    };
-    const Case cases[] = {
+    const std::tuple<const char*, int, std::vector<std::string>> cases[] = {
         {"one two three", 3, {"one", "two", "thr", "ee"}},
         {"a line\n\nand another", 7, {"a line", "", "and", "another"}},
         {"[A=1]*[Boy=2]*[C=3]", 9, {"[A=1]*", "[Boy=2]*", "[C=3]"}},
@@ -31,7 +28,7 @@ TEST(VisibleText, Wraps) {
         {"身長と体重", 5, {"身長", "と体", "重"}},
         {"two  blanks  kept", 12, {"two  blanks ", "kept"}},
     };
-    for (const Case& test : cases) EXPECT_EQ(report::WrapLines(test.fText, test.fWidth), test.fLines) << test.fText;
+    for (const auto& [text, width, lines] : cases) EXPECT_EQ(report::WrapLines(text, width), lines) << text;
 }
 
 }  // namespace
