@@ -108,6 +108,8 @@ sleepstudy: "random" > confIntervalUpper=600
   ! estimate 612.1001580247688 is above confIntervalUpper 600
 cbpp: statistic="mean" > #2=0.3
   ! mean 0.3 is above confIntervalUpper 0.14511530663319455
+cbpp: name="grandMeanCILower" > value=0.0893
+  ! grandMean 0.08921038971221142 is below grandMeanCILower 0.0893
 cbpp: "fixed" > expEstimate=0.2, estimate=
   ! expEstimate 0.2 is above expCIUpper 0.11943945673110717
 cbpp: "fixed" > expEstimate=0.0523
@@ -156,6 +158,8 @@ oats: fixedEffect > df2=, sig=0.9
   ! sig 0.9 contradicts fStatistic 37.685703943465654 with df1 3 and any df2, which gives 2.41e-24 to 0.119
 oats: fixedEffect > df1=-3
   ! df1 -3 is below 0
+oats: fixedEffect > sig=-0.1
+  ! sig -0.1 is outside of 0 to 1
 oats: testID="0"> > sig=0.5
   ! sig 0.5 contradicts fStatistic 37.68570394346551 with df1 3 and df2 44.999999999999964, which gives 2.46e-12
 esoph: statistic="adjustedSig" > #2=0.9
@@ -166,7 +170,11 @@ cbpp: statistic="adjustedSig" > #3=0.01
   ? adjustedSig 0.01 is above 6 times 0.000138, the unadjusted p value of tTest 4.115886920826843 with df 52
 cbpp: "pAdjustment" > value=; statistic="adjustedSig" > #3=0.01
   -
+cbpp: statistic="df" > #2=-1
+  ! df -1 is below 0
 # Estimates, errors, statistics.
+cbpp: statistic="stdErr" > #4=-0.1
+  ! stdErr -0.1 is a negative standard error
 cbpp: "fixed" > stdError=-0.4251686124709113
   ! stdError -0.4251686124709113 is a negative standard error
 cbpp: "fixed" > tTest=7.004536140963409
@@ -190,6 +198,8 @@ sleepstudy: UN (2,1) > estimate=150, confIntervalUpper=, zTest=
   ! covariance 150 is too large for the variances 35.07171445093885 and 612.1001580247688
 orthodont: AR1 rho > estimate=1.01, confIntervalUpper=, zTest=
   ! correlation 1.01 is outside of -1 to 1
+ovary: ARMA11 diagonal > estimate=-21, confIntervalLower=, zTest=
+  ! estimate -21 is a negative variance
 sleepstudy: "randomEffectCovariances" > #1=-612
   ! row 1: -612 is a negative variance
 sleepstudy: "randomEffectCovariances" > #2=-150
@@ -219,6 +229,8 @@ epil: name="stdDeviation" > value=-1
   ? value -1 is below 0, the least that there can be
 epil: name="p" > value=1.5
   ? value 1.5 is above 1, the most that there can be
+epil: feature="frequency" > #2=-1
+  ? value -1 is below 0, the least that there can be
 epil: statistic="predicted" > #2=-1
   ? value -1 is below 0, the least that there can be
 )";
