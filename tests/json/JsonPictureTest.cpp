@@ -16,6 +16,7 @@ TEST(JsonPicture, WhatAPicturePromisesIsChecked) {
         {R"("kind": "levels")", R"("kind": "level")",
          levels + R"(/kind: "levels", "circle", "network", "scatter" or "histogram" expected)"},
         {R"("high":1e+300)", R"("high": 1.01e+300)", levels + "/values/high" + number},
+        {"[0.5,-0.0]", "[0.5, -1.01e+300]", levels + "/numbers/1" + number},
         {R"("high":1e+300)", R"("high": -2)", levels + "/values/high: number not below the low one expected"},
         {R"("levels": ["<low>",""],)", "", levels + ": key \"levels\" expected"},
         {"[0.5,-0.0]", "[0.5]", levels + "/numbers: as many numbers as levels expected, or none"},
