@@ -48,23 +48,6 @@ a. A note of more than one
    line, too, behind its
    letter.
 )"},
-    {"numbers below one another at the decimal sign, a missing one below the units where there is none", 0, R"(
-title Numbers
-rows 1 -name R : a b c d
-columns 1 -name S : df Value Text
-cells 12 1.5 a 5 10*Noted. ~ . . . ~ ~ b
-
-Numbers
-──────────────────
-   df  Value  Text
-──────────────────
-a  12   1.5   a
-b   5  10[a]
-c   .    .    .
-d             b
-──────────────────
-a. Noted.
-)"},
     {"then a narrow gap, then row labels wrapped, beside the rows that they cover", 46, R"(
 title Closer
 rows 1 Term : Threshold_of_all_=::low Threshold_of_all_=::high Infl=Low/Type=Apartment
