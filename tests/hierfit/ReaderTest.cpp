@@ -77,7 +77,7 @@ const Outcome kDiagnostics[] = {
     // Matrices.
     {Classified("'2'", "1 2 3"), kFails, kModel + "Matrix: the matrix has 3 numbers, not 4\n"},
     {Classified("'2' kind='diagonal'", "1 2 3 4"), kFails, kModel + "Matrix: the matrix has 4 numbers, not 2\n"},
-    {Classified("'-1'", "1"), kFails, kModel + "Matrix: the matrix has a negative size\n"},
+    {Classified("'-1' nbCols='1'", "1"), kFails, kModel + "Matrix: the matrix has a negative size\n"},
     {Classified("'2147483647' kind='symmetric'", "1"), kFails,
      kModel + "Matrix: the matrix has 1 numbers, not 2305843008139952128\n"},
     {Classified("'1'", "\"1"), kFails},
