@@ -4,6 +4,7 @@
 #include <utility>
 #include <variant>
 
+#include "host/NeverHeld.h"
 #include "host/SystemMissing.h"
 
 namespace hierfit {
@@ -25,7 +26,7 @@ class OBS {
     std::string Text() const { return IsText() ? std::get<std::string>(fValue) : std::string(); }
 
   private:
-    std::variant<double, std::string> fValue = kSystemMissing;
+    std::variant<double, std::string, NeverHeld> fValue = kSystemMissing;
 };
 
 }  // namespace hierfit

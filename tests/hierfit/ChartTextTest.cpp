@@ -16,18 +16,13 @@ TEST(ChartText, ParsesNumbersAtTheBeginOfATextAndTellsWhetherTheyAreAll) {
     const std::string zeros(400, '0');
     const std::tuple<std::string, double, bool> cases[] = {
         {"2.5", 2.5, true},
-        {"+2", 2, true},
         {"-.5e1", -5, true},
         {" 3", 3, true},
         {"3 ", 3, false},
-        {"3x", 3, false},
         {"1e400", kLargest, false},
-        {"-1e400", -kLargest, false},
-        {"1e-400", 0, true},
         {"5e-324", 5e-324, true},
         {"0." + zeros + "1", 0, true},
         {"9" + zeros + "e-5", kLargest, false},
-        {"0.1e+400", kLargest, false},
         {"0x10", 0, false},
     };
     for (const auto& [text, number, isAll] : cases) {
@@ -40,12 +35,6 @@ TEST(ChartText, ParsesNumbersAtTheBeginOfATextAndTellsWhetherTheyAreAll) {
         EXPECT_EQ(ParseNumber(text, isWhole), 0) << text;
         EXPECT_FALSE(isWhole) << text;
     }
-}
-
-TEST(ChartText, WritesNumbersAsStreamsDo) {
-    const std::pair<double, const char*> cases[] = {
-        {16.0 / 3, "5.33333"}, {9, "9"}, {1234567, "1.23457e+06"}, {0.00001, "1e-05"}, {-kLargest, "-1.79769e+308"}};
-    for (const auto& [number, text] : cases) EXPECT_EQ(NumberToText(number), text);
 }
 
 TEST(ChartText, ReplacesWithTextsThatHoldTheMark) {
@@ -64,12 +53,9 @@ TEST(ChartText, CutsPanelsOutOfChartXml) {
     const std::tuple<void (*)(std::string&), std::string, const char*> cases[] = {
         {RemoveFacetingBlock, std::string("<p/>") + kBoth + "<q/>", "<p/><q/>"},
         {RemoveFacetingBlock, "</facetLayout><faceting>", "</facetLayout><faceting>"},
-        {RemoveFacetingBlock, "<faceting>", "<faceting>"},
         {RemoveSecondFacet, kBoth,
          "<faceting><variableReference name=\"a\"></variableReference></faceting>"
          "<facetLayout><facetLevel depth=\"1\"></facetLevel></facetLayout>"},
-        {RemoveSecondFacet, "<facetLevel 1></facetLevel><facetLevel 2></facetLevel>",
-         "<facetLevel 1></facetLevel><facetLevel 2></facetLevel>"},
         {RemoveSecondFacet, "<variableReference/><facetLevel 1></facetLevel><facetLevel 2></facetLevel>",
          "<variableReference/><facetLevel 1></facetLevel><facetLevel 2></facetLevel>"},
     };
@@ -103,7 +89,6 @@ TEST(LineGuides, AreFilledInOrderAndCut) {
         {"<plot>" + empty + empty + empty + "</plot>", one, "<plot>" + Guide("2.5", "false") + "</plot>"},
         {"<plot>" + empty + empty + "</plot>", two, "<plot>" + first + second + "</plot>"},
         {"<plot>" + empty + "</plot>", two, "<plot>" + first + "</plot>"},
-        {"<plot>" + empty + empty + "</plot>", ContrastGroups(), "<plot></plot>"},
         {"<plot/>", two, "<plot/>"},
         {"<lineGuide y=\"00\"/>", one, "<lineGuide y=\"2.5\"/>"},
         {"<lineGuide y=", one, "<lineGuide y=2.5"},

@@ -27,15 +27,15 @@ void MakeTopMeans(ChartStage& stage, const std::vector<EstimateData>& records) {
 const ChartCase kTopMeans[] = {
     // One factor, one of an unknown effect, and two factors.
     {[](ChartStage& stage) {
-         MakeTopMeans(stage, {MeansOf({ColumnOf("a", {"1", "x1"})}, {"5", kMissing}, {"4"}, {"6", "7"}),
+         MakeTopMeans(stage, {MeansOf({ColumnOf("a", {"1", "x1", "2"})}, {"5", kMissing}, {"4"}, {"6", "7"}),
                               MeansOf({ColumnOf("t", {"1"})}, {"1"}, {"1"}, {"1"}),
                               MeansOf({ColumnOf("b", {"lo"}), ColumnOf("a", {"2"})}, {"1"}, {"0"}, {"2"})});
      },
      {R"(chart GLMMEmMeans Yield by a
-source0.effect1: 1 1 'x1' 'x1'
-source0.effect2: - - - -
-source0.target: 5 5 0 0
-source0.confMargin: 4 6 0 7
+source0.effect1: 1 1 'x1' 'x1' 2 2
+source0.effect2: - - - - - -
+source0.target: 5 5 0 0 - -
+source0.confMargin: 4 6 0 7 - -
 effect1[0]: setLabel setKESTVariable addRelabels
 )",
       "[Yield]", R"(chart GLMMEmMeans Yield by Level * a
@@ -53,7 +53,6 @@ source0.confMargin: 0 2
          EXPECT_EQ(heading.fItems.size(), 11U);
      },
      {"chart", "!<legend"}},
-    {[](ChartStage& stage) { MakeTopMeans(stage, {}); }},
     {[](ChartStage& stage) { stage.Charts().BuildTopMeansCharts(); }},
 };
 

@@ -75,17 +75,17 @@ columns 1 -name 'Variables': Subjects{<a/2>}, Target{<y/2> * Number of Trials = 
     // Ten records, a repeated measure, and a trials field that does not count, with too few values.
     {{.fSettings = kSettings + Parameter("TargetField", "x") + Parameter("TrialsField", "y"),
       .fDiagnostics = FirstSubject("10", Segment({"a", "2"}),
-                                   Group("repeatedMeasures", Column("field='t'", "1")) +
+                                   Group("repeatedMeasures", Column("field='t'", "1") + Column("field='a'", "1 2")) +
                                        Target(Column("field='x'", "3 4") + Column("field='y'", "9")))},
      R"(
 table Data Structure
 note Target ^1(<x/1>)
 rows 1 -name -labels 'Record': 0N, 1N, 'Levels'
 rows 2 -name 'Data': Data for First Subject, Total Number of Levels
-columns 1 -name 'Variables': Subjects{<a/2>}, Repeated Measures{<t/2>}, Target{<x/2>, <y/2>}
-0N | Data for First Subject: <a=2/0> <t=1/0> <x=3/2> <y=9/2>
-1N | Data for First Subject: <a=2/0> _ <x=4/2> _
-'Levels' | Total Number of Levels: 3N 2N _ _
+columns 1 -name 'Variables': Subjects{<a/2>}, Repeated Measures{<t/2>, <a/2>}, Target{<x/2>, <y/2>}
+0N | Data for First Subject: <a=2/0> <t=1/0> <a=1/0> <x=3/2> <y=9/2>
+1N | Data for First Subject: <a=2/0> _ <a=2/0> <x=4/2> _
+'Levels' | Total Number of Levels: 3N 2N 3N _ _
 table "Data Structure": "t" has 1 values for 2 records, and the other cells stay empty
 table "Data Structure": "y" has 1 values for 2 records, and the other cells stay empty
 )"},
@@ -124,8 +124,6 @@ Non-Event | % within Observed: 75P 25P
 Event | E60868: 0N 0N
 Event | % within Observed: 0P 0P
 )"},
-    {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2'", "<Label label='no'/>", "1 2 3 4")},
-     R"(table "Classification" is left out: there are fewer labels than rows)"},
     {{.fSettings = kNominal, .fDiagnostics = Classified("nbRows='2' nbCols='1'", kLabels, "1 2")},
      R"(table "Classification" is left out: the matrix is not square)"},
     {{.fSettings = kSettings + kTrials, .fDiagnostics = Classified("nbRows='3' kind='diagonal'", "", "1 2 3")},

@@ -19,7 +19,6 @@ TEST(Procedure, TakesOnePairOfDocuments) {
     } cases[] = {
         {{kSamplePmml}, {{statXml}}, "", true},
         {{}, {{statXml}}, "", false},
-        {{kSamplePmml}, {}, "", false},
         {{kSamplePmml, kSamplePmml}, {{statXml}}, "", false},
         {{kSamplePmml}, {{statXml}}, "x", false},
         {{kSamplePmml}, {{statXml}, {statXml}}, "", false},
@@ -105,14 +104,6 @@ TEST(Procedure, NeedsAllButAFewElementsAndAttributes) {
     std::string names;
     for (const auto& [name, isRead] : mayLack) names += isRead ? name + " " : "";
     EXPECT_EQ(names, kDispensable);
-}
-
-TEST(Procedure, SurvivesValuesThatAreChanged) {
-    const std::string pmml = ReadExample("cbpp", "model.pmml");
-    const std::string statXml = ReadExample("cbpp", "model.statxml");
-    for (std::size_t value = statXml.find("=\""); value != std::string::npos; value = statXml.find("=\"", value + 1)) {
-        IsRead(pmml, std::string(statXml).insert(value + 2, value % 2 == 0 ? "9" : "-"));
-    }
 }
 
 }  // namespace

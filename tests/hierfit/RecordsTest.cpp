@@ -28,23 +28,13 @@ TEST(Records, SettingsTakeTheirValuesFromTexts) {
     using Settings = BuildSettings;
     const std::tuple<const char*, const char*, int Settings::*, int> cases[] = {
         {"DistributionOfTarget", "BINOMIAL", &Settings::fDistribution, 0},
-        {"DistributionOfTarget", "POISSON", &Settings::fDistribution, 7},
         {"DistributionOfTarget", "normal", &Settings::fDistribution, 8},
         {"LinkFunctionType", "CLOGLOG", &Settings::fLink, 0},
-        {"LinkFunctionType", "CAUCHIT", &Settings::fLink, 8},
-        {"LinkFunctionType", "", &Settings::fLink, 9},
-        {"ResidualCovarianceType", "VC", &Settings::fResidualCovarianceType, 0},
-        {"ResidualCovarianceType", "UNSTRUCTURED", &Settings::fResidualCovarianceType, 7},
         {"ResidualCovarianceType", "UN", &Settings::fResidualCovarianceType, 8},
         {"Other", "", &Settings::fResidualCovarianceType, 8},
         {"ResidualCovarianceTBand", "", &Settings::fResidualCovarianceTBand, 2},
-        {"ResidualCovarianceTBand", "4", &Settings::fResidualCovarianceTBand, 4},
         {"pAdjustment", "SEQSIDAK", &Settings::fPAdjustment, 2},
-        {"pAdjustment", "", &Settings::fPAdjustment, 3},
-        {"Other", "", &Settings::fPAdjustment, 3},
         {"TrialsValue", "10.9", &Settings::fTrialsValue, 10},
-        {"TrialsValue", "-10.9", &Settings::fTrialsValue, -10},
-        {"TrialsValue", "", &Settings::fTrialsValue, 0},
         {"TrialsValue", "nan", &Settings::fTrialsValue, 0},
         {"TrialsValue", "1e300", &Settings::fTrialsValue, std::numeric_limits<int>::max()},
         {"TrialsValue", "-1e300", &Settings::fTrialsValue, std::numeric_limits<int>::min()},
@@ -89,7 +79,6 @@ TEST(Records, TheAxisSpansObservedAndPredictedValues) {
     const std::tuple<const char*, const char*, std::pair<double, double>> cases[] = {
         {"2 5 3", "4 9", {2, 9}},
         {"2 5", "1 3", {1, 5}},
-        {"2 5", "", {2, 5}},
         {"", "2 5", {0, 5}},
         {"2 __MISSING__", "", {kSystemMissing, 2}},
     };
@@ -108,7 +97,6 @@ TEST(Records, MatricesAreUnpackedToFullRows) {
         {"nbRows='2' nbCols='3'", "1 2 3 4 5 6", {{1, 2, 3}, {4, 5, 6}}, {6, 15}},
         {"nbRows='3' kind='diagonal'", "1 2 3", {{1, 0, 0}, {0, 2, 0}, {0, 0, 3}}, {1, 2, 3}},
         {"nbRows='3' kind='symmetric'", "1 2 3 4 5 6", {{1, 2, 4}, {2, 3, 5}, {4, 5, 6}}, {7, 10, 15}},
-        {"nbRows='1' kind='other'", "__MISSING__", {{kSystemMissing}}, {kSystemMissing}},
         {"nbRows='0'", "", {}, {}},
     };
     for (const auto& [attributes, array, expected, expectedTotals] : cases) {

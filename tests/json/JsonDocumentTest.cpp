@@ -33,18 +33,15 @@ TEST(JsonDocument, TextsAreEscaped) {
     for (const auto& [text, json] : cases) EXPECT_EQ(WriteTitle(text), json);
 }
 
-TEST(JsonDocument, APlaceWithoutItsSourceIsNull) {
-    Document document{.fvSources = {"a.pmml"}};
-    document.fvDiagnostics = {{1, "x", {{1, 2, 3}}}, {1, "y", {{-1, 2, 3}}}};
-    for (const auto& diagnostic : ReadText(WriteJson(document)).fvDiagnostics) EXPECT_FALSE(diagnostic.fPlace);
-}
-
 TEST(JsonDocument, PlacesAreInTheFirstSourceOfTheirName) {
     Document document{.fvSources = {"a", "a", "b"}};
-    document.fvDiagnostics = {{1, "x", {{1, 2, 3}}}, {1, "y", {{2, 2, 3}}}};
+    document.fvDiagnostics = {
+        {1, "x", {{1, 2, 3}}}, {1, "y", {{2, 2, 3}}}, {1, "z", {{3, 2, 3}}}, {1, "", {{-1, 2, 3}}}};
     const Document read = ReadText(WriteJson(document));
     EXPECT_EQ(read.fvDiagnostics.at(0).fPlace.value().fSource, 0);
     EXPECT_EQ(read.fvDiagnostics.at(1).fPlace.value().fSource, 2);
+    EXPECT_FALSE(read.fvDiagnostics.at(2).fPlace);
+    EXPECT_FALSE(read.fvDiagnostics.at(3).fPlace);
 }
 
 TEST(JsonDocument, OtherSpellingsAreRead) {

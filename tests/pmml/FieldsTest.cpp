@@ -43,29 +43,22 @@ const std::string kString = "optype='categorical' dataType='string'";
 TEST(Dictionary, ReadsOneField) {
     const std::pair<std::string, std::string> cases[] = {
         {OneField(kNumber), "x \"\" t2 l3 F8.2"},
-        {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
         {OneField("optype='categorical' dataType='integer' displayName='The x'"), "x \"The x\" t1 l1 F8.0"},
-        {OneField("optype='continuous' dataType='string'"), "x \"\" t0 l3 A8"},
-        {OneField("dataType='integer'"), "x \"\" t1 l3 F8.0"},
+        {OneField("optype='ordinal' dataType='float'"), "x \"\" t2 l2 F8.2"},
         {OneField("optype='odd' dataType='date'"), "x \"\" t0 l1 A8"},
-        {OneField(""), "x \"\" t0 l1 A8"},
         {OneField(kString, "<Value value='a' displayValue='A'/><Value value='l\xC3\xA4nger'/>"),
          "x \"\" t0 l1 A6 a=A l\xC3\xA4nger="},
-        {OneField(kString, "<Value value=''/>"), "x \"\" t0 l1 A1 ="},
         {OneField(kNumber,
                   "<Value value='1' property='valid'/><Value value='2' property='missing'/>"
                   "<Value value='3' property='invalid'/><Value/><Value value='4'/>"),
          "x \"\" t2 l3 F8.2 1= 4="},
         {OneField(kNumber, "<Extension name='other' value='F1.0'/>" + Format("F5.1")), "x \"\" t2 l3 F5.1"},
-        {OneField(kString, Format("A12")), "x \"\" t0 l1 A12"},
+        {OneField(kNumber, Format("F40.16")), "x \"\" t2 l3 F40.16"},
     };
     for (const auto& [text, field] : cases) EXPECT_EQ(Outcome(text), field + "\n0") << text;
 }
 
 TEST(Dictionary, IgnoresFormatsThatAreMalformedOrOfAnotherType) {
-    for (const char* format : {"F3", "F1.0", "F40.16"}) {
-        EXPECT_EQ(Outcome(OneField(kNumber, Format(format))).find("F8.2"), std::string::npos) << format;
-    }
     for (const char* format : {"", "F", "8.2", "F.2", "F8.", "f8.2", "F8.2 ", " F8.2", "F8.2.1", "F8,2", "F-8.2",
                                "F8.-2", "F2.2", "F0.0", "F256.2", "F40.17", "F99999999999.2", "E8.2", "A8"}) {
         EXPECT_EQ(Outcome(OneField(kNumber, Format(format))), "x \"\" t2 l3 F8.2\n0") << format;
@@ -85,7 +78,6 @@ std::string WithModel(const std::string& elements) {
 TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
     const std::pair<const char*, const char*> cases[] = {
         {"", "012"},
-        {"<M/>", "012"},
         {"<M><MiningSchema/></M>", ""},
         {"<M><MiningSchema><MiningField name='c'/><MiningField name='a' usageType='target'/></MiningSchema></M>", "20"},
         {"<M><MiningSchema><MiningField name='b'/><MiningField name='b'/></MiningSchema></M>", "1"},
@@ -93,7 +85,6 @@ TEST(Dictionary, TakesTheVariablesFromTheFirstMiningSchema) {
         {"<Extension><MiningSchema/></Extension><MiningBuildTask><MiningSchema/></MiningBuildTask><M><MiningSchema>"
          "<MiningField name='c'/></MiningSchema></M>",
          "2"},
-        {"<p:M><p:MiningSchema><p:MiningField name='c'/></p:MiningSchema></p:M>", "2"},
     };
     for (const auto& [elements, variables] : cases) {
         const std::string outcome = Outcome(WithModel(elements));
@@ -106,16 +97,12 @@ TEST(Dictionary, TellsWhatItCannotRead) {
         {"", "1:1 no element found\n\n^"},
         {"<PMML>\n</PNML>", "2:3 mismatched tag\n</PNML>\n  ^"},
         {"\n<PMML/>", "2:1 PMML: element \"DataDictionary\" expected"},
-        {"<PMML><DataDictionary>\n<DataField name='a'/>\n<DataField/></DataDictionary></PMML>",
-         "3:1 PMML/DataDictionary/DataField[2]: attribute \"name\" expected"},
         {"<PMML><DataDictionary><DataField name=''/></DataDictionary></PMML>",
          "1:23 PMML/DataDictionary/DataField: attribute \"name\" expected"},
         {"<PMML><DataDictionary><DataField name='a'/><DataField name='a'/></DataDictionary></PMML>",
          "1:44 PMML/DataDictionary/DataField[2]: another field is named \"a\""},
         {WithModel("<M><MiningSchema><MiningField name='a'/><MiningField name='zz'/></MiningSchema></M>"),
          "2:41 PMML/M/MiningSchema/MiningField[2]: \"zz\" is no field of the data dictionary"},
-        {WithModel("<M><MiningSchema><MiningField/></MiningSchema></M>"),
-         "2:18 PMML/M/MiningSchema/MiningField: attribute \"name\" expected"},
     };
     for (const auto& [text, error] : cases) EXPECT_EQ(Outcome(text), error) << text;
 }
@@ -139,7 +126,6 @@ TEST(Dictionary, MakesDataSourceAndMetaData) {
     EXPECT_EQ(fields, "2 l2 Number 1+0, 0 l1 - 1+2, 1 l3 - 0+0, ");
     EXPECT_EQ(metaData->GetFieldIndex("N"), -1);
     EXPECT_EQ(metaData->GetField(3), nullptr);
-    EXPECT_EQ(metaData->GetField(-1), nullptr);
 }
 
 /// The variables that a list holds, such as "dose:2/3", or "error".
@@ -165,8 +151,6 @@ TEST(PmmlParser, ListsTheVariablesOfTheModel) {
     EXPECT_EQ(Variables(oats, {"Block", "yield"}), "Block:2/6 yield:1/0");
     EXPECT_EQ(Variables(oats, {"Block", "plot"}), "unknown");
     EXPECT_EQ(Variables(test::Replaced(oats, "name=\"yield\"", "name=\"yeild\"")), "error");
-    EXPECT_EQ(Variables(oats.substr(0, oats.size() / 2)), "error");
-    EXPECT_EQ(Variables(""), "error");
 }
 
 TEST(PmmlParser, FailsWithoutADocument) {

@@ -48,57 +48,6 @@ a. A note of more than one
    line, too, behind its
    letter.
 )"},
-    {"numbers below one another at the decimal sign, a missing one below the units where there is none", 0, R"(
-title Numbers
-rows 1 -name R : a b c d
-columns 1 -name S : df Value Text
-cells 12 1.5 a 5 10*Noted. ~ . . . ~ ~ b
-
-Numbers
-──────────────────
-   df  Value  Text
-──────────────────
-a  12   1.5   a
-b   5  10[a]
-c   .    .    .
-d             b
-──────────────────
-a. Noted.
-)"},
-    {"counts and percentages each below their own", 0, R"(
-title Classification
-rows 2 Observed : No Yes
-rows 1 -name S : Count %
-columns 1 -name Predicted : No Yes
-cells 743 0 100.0% 0.0% 9 10 47.4% 52.6%
-
-Classification
-──────────────────────────────
-Observed             No    Yes
-──────────────────────────────
-No        Count     743      0
-          %      100.0%   0.0%
-Yes       Count       9     10
-          %       47.4%  52.6%
-──────────────────────────────
-)"},
-    {"headers wrapped, so that all columns stand side by side", 38, R"(
-title Close
-rows 1 Term : a/b=1
-columns 1 -name S : Mean Std._Error 95%_Confidence_Interval::Lower 95%_Confidence_Interval::Upper
-cells 1.25 0.50 -1.25 12.50
-
-Close
-──────────────────────────────────
-                    95% Confidence
-                       Interval
-                    ──────────────
-              Std.
-Term   Mean  Error   Lower   Upper
-──────────────────────────────────
-a/b=1  1.25   0.50   -1.25   12.50
-──────────────────────────────────
-)"},
     {"then a narrow gap, then row labels wrapped, beside the rows that they cover", 46, R"(
 title Closer
 rows 1 Term : Threshold_of_all_=::low Threshold_of_all_=::high Infl=Low/Type=Apartment
@@ -124,18 +73,6 @@ rows 1 R : a
 
 Nothing
 Target
-)"},
-    {"one column without headers", 0, R"(
-title One
-rows 1 Name : a
-cells x
-
-One
-───────
-Name
-───────
-a     x
-───────
 )"},
     {"a group parted all the same, since it is wider than the room", 24, R"(
 title Wide
@@ -167,23 +104,6 @@ Term  Upper-bound
 ─────────────────
 a               3
 ─────────────────
-)"},
-    {"labels and texts in a narrow room", 40, R"(
-title Narrow
-rows 1 -name R : Infl=Low/Type=Apartment a_label_of_many_words
-columns 1 -name S : v
-cells a_text_that_is_longer_than_the_room_for_it x|y
-
-Narrow
-──────────────────────────────────────
-                       v
-──────────────────────────────────────
-Infl=Low/              a text that is
-Type=Apartment         longer than the
-                       room for it
-a label of many words  x
-                       y
-──────────────────────────────────────
 )"},
 };
 
@@ -259,7 +179,6 @@ const std::string kTwentyRows = "\n─\nX\n─\n" + test::Repeated("1\n", 20) + 
 
 TEST(TextReport, PrintsTheTablesOfCharts) {
     const ChartCase cases[] = {
-        {{{{"X"}, 0, RepeatRow(20)}}, 0, kTwentyRows},
         {{{{"X"}, 0, RepeatRow(21)}}, 0, kTwentyRows + "... and 1 more row\n"},
         {{{{"X"}, 0, RepeatRow(50)}}, 0, kTwentyRows + "... and 30 more rows\n"},
         // Each block repeats the keys. Rows of equal keys stay two, in their order.

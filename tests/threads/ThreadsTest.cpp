@@ -38,14 +38,10 @@ constexpr Job kJobs[] = {
     {"pastes", "C", "xlsx", kSome},
     {"oats", "en", "png", "GLMMEmMeans-1"},
     {"pastes", "C", "png", "GLMMEmMeans-1"},
-    {"bacteria", "C", "svg", "GLMMEmMeans-1"},
     {"wine", "en", "latex", ""},
-    {"sleepstudy", "C", "json", ""},
     {"wine", "C", "markdown", ""},
-    {"npk", "en", "text", ""},
     {"housing", "C", "csv", "FixedCoefficients-1"},
     {"warpbreaks", "en", "json", ""},
-    {"orchard", "en", "html", ""},
 };
 
 /// The report, or why there is none.

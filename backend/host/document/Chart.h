@@ -1,24 +1,14 @@
 #pragma once
 
 #include <array>
-#include <compare>
 #include <string>
 #include <variant>
 #include <vector>
 
+#include "host/NeverHeld.h"
 #include "host/document/Picture.h"
 
 namespace hierfit::document {
-
-/// An alternative that no variant ever holds. GCC's library takes one of strings and plain values alone for always
-/// valued, and destroys what is not there when a copy of it throws.
-struct NeverHeld {
-    NeverHeld() = delete;
-    NeverHeld(const NeverHeld&) {}
-    NeverHeld& operator=(const NeverHeld&) { return *this; }
-
-    auto operator<=>(const NeverHeld&) const = default;
-};
 
 /// One value behind a chart: never written, a number or a text.
 using ChartValue = std::variant<std::monostate, double, std::string, NeverHeld>;

@@ -13,12 +13,20 @@ namespace hierfit::pivot {
 static_assert(std::is_nothrow_move_constructible_v<document::Dimension>);
 
 TableBuilder::~TableBuilder() {
+    for (const document::Dimension& dimension : fTable.fvDimensions) {
+        const std::size_t index = static_cast<std::size_t>(dimension.fIndex) - 1;
+        if (dimension.fSide == document::Side::Rows && index < fvIsTaken.size()) fvIsTaken[index] = true;
+    }
+    auto next = fvIsTaken.begin();
     for (document::Dimension& dimension : fTable.fvDimensions) {
-        if (!dimension.fPositioned) dimension.fIndex = FindFreeIndex();
+        if (dimension.fPositioned) continue;
+        next = std::find(next, fvIsTaken.end(), false) + 1;
+        dimension.fIndex = static_cast<int>(next - fvIsTaken.begin());
     }
 }
 
 DimensionBuilder& TableBuilder::AddDimension(const document::Text& name, int sort) {
+    fvIsTaken.push_back(false);
     document::Dimension dimension{};
     dimension.fName = name;
     dimension.fSort = sort;
@@ -67,16 +75,6 @@ document::CellPlace TableBuilder::ListCurrent() const {
     document::CellPlace place;
     for (const DimensionBuilder& dimension : fDimensions) place.push_back(dimension.GetCurrent());
     return place;
-}
-
-// Dimensions are few, and the destructor must take no memory.
-int TableBuilder::FindFreeIndex() const {
-    int index = 1;
-    const auto isAt = [&](const document::Dimension& dimension) {
-        return dimension.fSide == document::Side::Rows && dimension.fIndex == index;
-    };
-    while (std::ranges::any_of(fTable.fvDimensions, isAt)) ++index;
-    return index;
 }
 
 }  // namespace hierfit::pivot

@@ -36,10 +36,10 @@ class TableBuilder {
     void WidenCells();
     void TellOverwriting();
     document::CellPlace ListCurrent() const;
-    int FindFreeIndex() const;
 
     document::Table& fTable;
     std::deque<DimensionBuilder> fDimensions;
+    std::vector<bool> fvIsTaken;  ///< the indices of rows from 1, for the destructor, which must take no memory
     CellIndex fPlaces;
     std::optional<std::size_t> fLastCell;
     bool fHasOverwritten = false;

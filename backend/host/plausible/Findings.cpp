@@ -6,6 +6,7 @@
 
 #include "host/framework/SimpleArray.h"
 #include "host/unicode/Excerpt.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::plausible {
 
@@ -19,10 +20,8 @@ constexpr std::size_t kMostOfKind = 5;
 std::string LevelsOf(const xml::Document& document, Node table, std::size_t row) {
     std::string levels;
     const Node group = document.FirstChild(table, "CoordinatesGroup");
-    if (group == xml::Document::kNone) return levels;
     std::vector<std::string> tokens;
-    for (Node column = document.FirstChild(group, "Coordinates"); column != xml::Document::kNone;
-         column = document.NextOfName(column)) {
+    for (const Node column : xml::NamedChildren(document, group, "Coordinates")) {
         const Node array = document.FirstChild(column, "Array");
         if (array == xml::Document::kNone) continue;
         framework::SplitSimpleArray(document.Text(array), tokens);

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "host/xml/NamedChildren.h"
+
 namespace hierfit::plausible {
 
 namespace {
@@ -28,9 +30,7 @@ MaybeFigure FigureOf(const xml::Document& document, Node node, std::string_view 
 }
 
 bool HasMessage(const xml::Document& document, Node node, std::string_view key) {
-    if (node == kNone) return false;
-    for (Node message = document.FirstChild(node, "Message"); message != kNone;
-         message = document.NextOfName(message)) {
+    for (const Node message : xml::NamedChildren(document, node, "Message")) {
         const Node list = document.FirstChild(message, "PrintableList");
         if (list != kNone && document.Attribute(list, "pattern") == key) return true;
     }
@@ -42,8 +42,7 @@ Model::Model(const xml::Document& document)
       fSettings(document.FirstChild(0, "BuildSettings")),
       fDiagnostics(FindPath(document, 0, {"PMMLModel", "ModelDiagnostics"})),
       fSummary(FindPath(document, 0, {"PMMLModel", "TrainingSummary"})) {
-    if (fSettings == kNone) return;
-    for (Node each = document.FirstChild(fSettings, "Parameter"); each != kNone; each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, fSettings, "Parameter")) {
         const std::string_view name = document.Attribute(each, "name").value_or("");
         const std::string_view value = document.Attribute(each, "value").value_or("");
         if (name == "DistributionOfTarget") fDistribution = value;

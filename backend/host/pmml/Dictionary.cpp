@@ -11,6 +11,7 @@
 #include "host/pmml/FieldReader.h"
 #include "host/unicode/Excerpt.h"
 #include "host/xml/Document.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::pmml {
 
@@ -56,8 +57,7 @@ std::vector<Field> DictionaryReader::ReadFields() {
     const Node dictionary = fDocument.FirstChild(0, "DataDictionary");
     if (dictionary == Document::kNone) Fail(0, "element \"DataDictionary\" expected");
     std::vector<Field> fields;
-    for (Node element = fDocument.FirstChild(dictionary, "DataField"); element != Document::kNone;
-         element = fDocument.NextOfName(element)) {
+    for (const Node element : xml::NamedChildren(fDocument, dictionary, "DataField")) {
         std::string name = ReadName(element);
         if (!fIndices.emplace(name, static_cast<int>(fields.size())).second) {
             Fail(element, fmt::format("another field is named \"{}\"", unicode::Excerpt(name)));
@@ -93,8 +93,7 @@ std::vector<int> DictionaryReader::ReadVariables() const {
     if (schema == Document::kNone) return AllVariables();
     std::vector<int> variables;
     std::vector<bool> isTaken(fIndices.size());
-    for (Node element = fDocument.FirstChild(schema, "MiningField"); element != Document::kNone;
-         element = fDocument.NextOfName(element)) {
+    for (const Node element : xml::NamedChildren(fDocument, schema, "MiningField")) {
         const std::string name = ReadName(element);
         const auto found = fIndices.find(name);
         if (found == fIndices.end())

@@ -6,6 +6,7 @@
 
 #include "host/data/PrintFormat.h"
 #include "host/unicode/Utf8.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::pmml {
 
@@ -34,8 +35,7 @@ int ReadMeasurementLevel(std::string_view optype, int type) {
 
 std::vector<Category> ReadCategories(const Document& document, Node field) {
     std::vector<Category> categories;
-    for (Node value = document.FirstChild(field, "Value"); value != Document::kNone;
-         value = document.NextOfName(value)) {
+    for (const Node value : xml::NamedChildren(document, field, "Value")) {
         const auto text = document.Attribute(value, "value");
         if (!text || document.Attribute(value, "property").value_or("valid") != "valid") continue;
         categories.push_back({std::string(*text), std::string(AttributeOrEmpty(document, value, "displayValue"))});
@@ -44,8 +44,7 @@ std::vector<Category> ReadCategories(const Document& document, Node field) {
 }
 
 std::optional<KEST_Format> ReadFormat(const Document& document, Node field) {
-    for (Node extension = document.FirstChild(field, "Extension"); extension != Document::kNone;
-         extension = document.NextOfName(extension)) {
+    for (const Node extension : xml::NamedChildren(document, field, "Extension")) {
         if (document.Attribute(extension, "name") != "format") continue;
         return data::ParsePrintFormat(AttributeOrEmpty(document, extension, "value"));
     }

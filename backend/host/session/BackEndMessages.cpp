@@ -9,6 +9,7 @@
 #include "host/language/Catalogue.h"
 #include "host/session/ShownTexts.h"
 #include "host/unicode/Excerpt.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::session {
 
@@ -29,8 +30,7 @@ Node Find(const xml::Document& xml, Node node, std::initializer_list<std::string
 
 std::vector<std::string> ReadParameters(const xml::Document& xml, Node list) {
     std::vector<std::string> parameters;
-    for (Node value = xml.FirstChild(list, "PrintableValue"); value != xml::Document::kNone;
-         value = xml.NextOfName(value)) {
+    for (const Node value : xml::NamedChildren(xml, list, "PrintableValue")) {
         const std::string_view text = xml.Attribute(value, "value").value_or("");
         if (!text.empty()) parameters.emplace_back(text);
     }
@@ -38,8 +38,7 @@ std::vector<std::string> ReadParameters(const xml::Document& xml, Node list) {
 }
 
 void ReadMessagesBelow(const xml::Document& xml, Node parent, Node block, std::vector<BackEndMessage>& messages) {
-    for (Node message = xml.FirstChild(parent, "Message"); message != xml::Document::kNone;
-         message = xml.NextOfName(message)) {
+    for (const Node message : xml::NamedChildren(xml, parent, "Message")) {
         const Node list = xml.FirstChild(message, "PrintableList");
         if (list == xml::Document::kNone) continue;
         const std::string_view key = xml.Attribute(list, "pattern").value_or("");
@@ -60,10 +59,8 @@ std::string DisplayName(const context::RunContext& context, std::string_view fie
 std::string FactorsOf(const context::RunContext& context, Node block) {
     const xml::Document& xml = *context.GetLastXml();
     std::string factors;
-    Node group = Find(xml, block, {"MultivariateData", "CoordinatesGroup"});
-    if (group == xml::Document::kNone) return factors;
-    for (Node factor = xml.FirstChild(group, "Coordinates"); factor != xml::Document::kNone;
-         factor = xml.NextOfName(factor)) {
+    const Node group = Find(xml, block, {"MultivariateData", "CoordinatesGroup"});
+    for (const Node factor : xml::NamedChildren(xml, group, "Coordinates")) {
         factors += (factors.empty() ? "" : " * ") + DisplayName(context, xml.Attribute(factor, "field").value_or(""));
     }
     return factors;
@@ -71,7 +68,7 @@ std::string FactorsOf(const context::RunContext& context, Node block) {
 
 /// The number of a block of means, counted from 1; empty where the block does not tell it.
 std::string NumberOf(const xml::Document& xml, Node block) {
-    for (Node each = xml.FirstChild(block, "Statistic"); each != xml::Document::kNone; each = xml.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(xml, block, "Statistic")) {
         const std::string_view value = xml.Attribute(each, "value").value_or("");
         int index = -1;
         const bool isIndex = xml.Attribute(each, "name") == "EMMEANSIndex";
@@ -129,16 +126,13 @@ bool IsShown(const ShownTexts& shown, const BackEndMessage& message, const std::
 std::vector<BackEndMessage> ReadBackEndMessages(const xml::Document& statXml) {
     std::vector<BackEndMessage> messages;
     const Node diagnostics = Find(statXml, 0, {"PMMLModel", "ModelDiagnostics"});
-    if (diagnostics != xml::Document::kNone) {
-        for (Node group = statXml.FirstChild(diagnostics, "DataGroup"); group != xml::Document::kNone;
-             group = statXml.NextOfName(group)) {
-            if (statXml.Attribute(group, "description") == "customEmmeans") {
-                ReadMessagesBelow(statXml, group, group, messages);
-            }
+    for (const Node group : xml::NamedChildren(statXml, diagnostics, "DataGroup")) {
+        if (statXml.Attribute(group, "description") == "customEmmeans") {
+            ReadMessagesBelow(statXml, group, group, messages);
         }
     }
     const Node summary = Find(statXml, 0, {"PMMLModel", "TrainingSummary"});
-    if (summary != xml::Document::kNone) ReadMessagesBelow(statXml, summary, xml::Document::kNone, messages);
+    ReadMessagesBelow(statXml, summary, xml::Document::kNone, messages);
     return messages;
 }
 

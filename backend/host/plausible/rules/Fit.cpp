@@ -3,6 +3,7 @@
 #include "host/plausible/figures/Columns.h"
 #include "host/plausible/rules/Comparisons.h"
 #include "host/plausible/rules/Rules.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::plausible {
 
@@ -17,8 +18,7 @@ class FitStatistics {
 
     void Judge() {
         const xml::Document& document = fModel.fDocument;
-        for (Node each = document.FirstChild(fModel.fDiagnostics, "Statistic"); each != kNone;
-             each = document.NextOfName(each)) {
+        for (const Node each : xml::NamedChildren(document, fModel.fDiagnostics, "Statistic")) {
             const std::string_view name = document.Attribute(each, "name").value_or("");
             const Named value{"value", FigureOf(document, each, "value")};
             if (!value.fFigure) continue;
@@ -60,8 +60,7 @@ class FitStatistics {
 
 void JudgeTests(const Model& model, Findings& findings) {
     const xml::Document& document = model.fDocument;
-    for (Node each = document.FirstChild(model.fDiagnostics, "ModelTestStats"); each != kNone;
-         each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, model.fDiagnostics, "ModelTestStats")) {
         const std::string_view description = document.Attribute(each, "description").value_or("");
         const Node test = document.FirstChild(each, "FTest");
         const bool isShown = description == "correctedModel" || description == "fixedEffect";
@@ -78,8 +77,7 @@ void JudgeTotal(const Model& model, Findings& findings, Node data) {
 /// Each value of the columns of one feature.
 void JudgeColumns(const Model& model, Findings& findings, Node data, std::string_view feature, const Range& range) {
     Column column;
-    for (Node each = model.fDocument.FirstChild(data, "Coordinates"); each != kNone;
-         each = model.fDocument.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(model.fDocument, data, "Coordinates")) {
         if (model.fDocument.Attribute(each, "feature") != feature) continue;
         column.Read(model.fDocument, each);
         for (std::size_t row = 0; row < column.Size(); ++row)
@@ -91,7 +89,7 @@ void JudgeColumns(const Model& model, Findings& findings, Node data, std::string
 void JudgeHistogram(const Model& model, Findings& findings, Node data) {
     const xml::Document& document = model.fDocument;
     JudgeTotal(model, findings, data);
-    for (Node each = document.FirstChild(data, "Statistic"); each != kNone; each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, data, "Statistic")) {
         const std::string_view name = document.Attribute(each, "name").value_or("");
         const Named value{"value", FigureOf(document, each, "value")};
         if (name == "stdDeviation" || name == "shape" || name == "rate" || name == "r")
@@ -111,19 +109,17 @@ void JudgePlot(const Model& model, Findings& findings, Node data) {
 
 /// The first child of that name and description, or `kNone`.
 Node FindDescribed(const Model& model, std::string_view name, std::string_view description) {
-    Node each = model.fDocument.FirstChild(model.fDiagnostics, name);
-    while (each != kNone && model.fDocument.Attribute(each, "description") != description)
-        each = model.fDocument.NextOfName(each);
-    return each;
+    for (const Node each : xml::NamedChildren(model.fDocument, model.fDiagnostics, name)) {
+        if (model.fDocument.Attribute(each, "description") == description) return each;
+    }
+    return kNone;
 }
 
 }  // namespace
 
 void JudgeSettings(const Model& model, Findings& findings) {
-    if (model.fSettings == kNone) return;
     const xml::Document& document = model.fDocument;
-    for (Node each = document.FirstChild(model.fSettings, "Parameter"); each != kNone;
-         each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, model.fSettings, "Parameter")) {
         const std::string_view name = document.Attribute(each, "name").value_or("");
         const Named value{"value", FigureOf(document, each, "value")};
         if (name == "CIn" && value.fFigure && !(value.fFigure->fValue > 0 && value.fFigure->fValue < 1))
@@ -134,7 +130,6 @@ void JudgeSettings(const Model& model, Findings& findings) {
 }
 
 void JudgeFit(const Model& model, Findings& findings) {
-    if (model.fDiagnostics == kNone) return;
     FitStatistics(model, findings).Judge();
     JudgeTests(model, findings);
     if (!findings.Wants(Kind::Plot)) return;

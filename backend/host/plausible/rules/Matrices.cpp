@@ -7,6 +7,7 @@
 #include "host/plausible/figures/Columns.h"
 #include "host/plausible/rules/Comparisons.h"
 #include "host/plausible/rules/Rules.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::plausible {
 
@@ -110,11 +111,9 @@ void JudgeClassification(const Model& model, Findings& findings, Node node, cons
 void JudgeMatrices(const Model& model, Findings& findings) {
     if (model.fDiagnostics == kNone) return;
     const xml::Document& document = model.fDocument;
-    for (Node each = document.FirstChild(model.fDiagnostics, "StructuredData"); each != kNone;
-         each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, model.fDiagnostics, "StructuredData")) {
         if (document.Attribute(each, "description") != "randomEffectCovariances") continue;
-        for (Node segment = document.FirstChild(each, "SegmentData"); segment != kNone;
-             segment = document.NextOfName(segment)) {
+        for (const Node segment : xml::NamedChildren(document, each, "SegmentData")) {
             const Node matrix = document.FirstChild(segment, "Matrix");
             if (matrix != kNone) JudgeCovariances(model, findings, matrix);
         }
@@ -122,8 +121,7 @@ void JudgeMatrices(const Model& model, Findings& findings) {
     const Node table = document.FirstChild(model.fDiagnostics, "Matrix");
     if (table == kNone || document.Attribute(table, "description") != "classificationTable") return;
     Named accuracy{"classificationAccuracy", std::nullopt};
-    for (Node each = document.FirstChild(model.fDiagnostics, "Statistic"); each != kNone;
-         each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, model.fDiagnostics, "Statistic")) {
         if (document.Attribute(each, "name") == accuracy.fName) accuracy.fFigure = FigureOf(document, each, "value");
     }
     JudgeClassification(model, findings, table, accuracy);

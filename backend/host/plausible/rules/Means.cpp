@@ -7,6 +7,7 @@
 #include "host/plausible/figures/Columns.h"
 #include "host/plausible/rules/Comparisons.h"
 #include "host/plausible/rules/Rules.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::plausible {
 
@@ -18,7 +19,7 @@ constexpr Node kNone = xml::Document::kNone;
 class Table {
   public:
     Table(const xml::Document& document, Node node) : fNode(node) {
-        for (Node each = document.FirstChild(node, "Coordinates"); each != kNone; each = document.NextOfName(each)) {
+        for (const Node each : xml::NamedChildren(document, node, "Coordinates")) {
             Column& column = fColumns[document.Attribute(each, "statistic").value_or("")];
             column.Read(document, each);
             fRows = std::max(fRows, column.Size());
@@ -93,7 +94,7 @@ struct Factors {
         const Node group = document.FirstChild(table, "CoordinatesGroup");
         if (group == kNone) return;
         fDescription = document.Attribute(group, "description").value_or("");
-        for (Node each = document.FirstChild(group, "Coordinates"); each != kNone; each = document.NextOfName(each)) {
+        for (const Node each : xml::NamedChildren(document, group, "Coordinates")) {
             fvFields.push_back(document.Attribute(each, "field").value_or(""));
             fvColumns.emplace_back().Read(document, each);
         }
@@ -152,14 +153,14 @@ void JudgeBlock(const Model& model, Findings& findings, Node block) {
     const bool hasContrasts = !HasMessage(document, block, "kGLMM_C19_1");
     Node estimates = kNone;
     Node contrasts = kNone;
-    for (Node each = document.FirstChild(block, "MultivariateData"); each != kNone; each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, block, "MultivariateData")) {
         const std::string_view description = document.Attribute(each, "description").value_or("");
         if (description == "estimates") JudgeEstimates(model, findings, estimates = each);
         if (description == "contrasts" && hasContrasts) JudgeContrasts(model, findings, contrasts = each);
     }
     if (estimates != kNone && contrasts != kNone && findings.Wants(Kind::Difference))
         JudgeDifferences(model, findings, estimates, contrasts);
-    for (Node each = document.FirstChild(block, "ModelTestStats"); each != kNone; each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, block, "ModelTestStats")) {
         const Node test = document.FirstChild(each, "FTest");
         if (test != kNone) JudgeF(findings, document, {test, {}}, test);
     }
@@ -168,10 +169,8 @@ void JudgeBlock(const Model& model, Findings& findings, Node block) {
 }  // namespace
 
 void JudgeMeans(const Model& model, Findings& findings) {
-    if (model.fDiagnostics == kNone) return;
     const xml::Document& document = model.fDocument;
-    for (Node each = document.FirstChild(model.fDiagnostics, "DataGroup"); each != kNone;
-         each = document.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(document, model.fDiagnostics, "DataGroup")) {
         const std::string_view description = document.Attribute(each, "description").value_or("");
         if (description == "customEmmeans") JudgeBlock(model, findings, each);
         const Node table = document.FirstChild(each, "MultivariateData");

@@ -8,6 +8,7 @@
 
 #include "host/plausible/rules/Comparisons.h"
 #include "host/plausible/rules/Rules.h"
+#include "host/xml/NamedChildren.h"
 
 namespace hierfit::plausible {
 
@@ -32,8 +33,7 @@ class Set {
         : fModel(model), fDocument(model.fDocument), fFindings(findings), fType(type) {}
 
     void Judge(Node parameters) {
-        for (Node each = fDocument.FirstChild(parameters, "ParameterStats"); each != kNone;
-             each = fDocument.NextOfName(each)) {
+        for (const Node each : xml::NamedChildren(fDocument, parameters, "ParameterStats")) {
             fNode = each;
             if (fType == "fixed")
                 JudgeCoefficient();
@@ -134,8 +134,8 @@ class Set {
         Place place{};
         int* const ends[] = {&place.first, &place.second};
         std::size_t count = 0;
-        for (Node each = fDocument.FirstChild(list, "PrintableList"); each != kNone && count < 2;
-             each = fDocument.NextOfName(each)) {
+        for (const Node each : xml::NamedChildren(fDocument, list, "PrintableList")) {
+            if (count == std::size(ends)) break;
             const std::string_view text = fDocument.Attribute(each, "pattern").value_or("");
             std::from_chars(text.data(), text.data() + text.size(), *ends[count++]);
         }
@@ -175,9 +175,7 @@ bool IsOverridden(const Model& model, std::string_view type) {
 }  // namespace
 
 void JudgeParameters(const Model& model, Findings& findings) {
-    if (model.fSummary == kNone) return;
-    for (Node each = model.fDocument.FirstChild(model.fSummary, "ParameterEstimates"); each != kNone;
-         each = model.fDocument.NextOfName(each)) {
+    for (const Node each : xml::NamedChildren(model.fDocument, model.fSummary, "ParameterEstimates")) {
         const std::string_view type = model.fDocument.Attribute(each, "parameterType").value_or("");
         if (!IsOverridden(model, type)) Set(model, findings, type).Judge(each);
     }
