@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <map>
 
 namespace hierfit::chart {
@@ -11,9 +10,6 @@ namespace {
 
 using document::ChartSource;
 using document::ChartValue;
-
-const std::vector<ChartValue> kArms = {"Placebo", "Low dose", "High dose"};
-const std::vector<ChartValue> kSexes = {"Female", "Male"};
 
 constexpr const char* kMeans = R"xml(<chart>
 <plot arrange="levels" rows="pairs">
@@ -38,9 +34,6 @@ constexpr const char* kContrasts = R"xml(<chart>
 <facetLayout><facetLevel depth="1" along="columns"/><facetLevel depth="2" along="rows"/></facetLayout>
 <field slot="value" name="value" format="F40.2"/>
 <field slot="confMargin" name="confMargin" format="F40.2"/>
-<title>Deviation Contrasts</title>
-<footnote>The sequential Bonferroni adjusted significance level is 0.05.
-Confidence interval bounds are approximate.</footnote>
 </chart>)xml";
 
 /// Labels the variables of the factors; those that make panels bear them as prefixes too.
@@ -69,31 +62,12 @@ std::string ConditionOf(const SampleMean& mean) {
     return condition;
 }
 
-std::vector<ChartValue> Numbers(int count, double step) {
-    std::vector<ChartValue> numbers;
-    for (int i = 0; i < count; ++i) numbers.emplace_back(i * step);
-    return numbers;
-}
-
-std::vector<SampleMean> Broken() {
-    const double nan = std::numeric_limits<double>::quiet_NaN();
-    std::vector<SampleMean> means = CrossedMeans({Named("Level", 8)}, 10);
-    means[0].fMean = nan;
-    means[1].fMean = std::monostate();
-    means[2].fLow = std::monostate();
-    means[3].fHigh = -std::numeric_limits<double>::max();
-    means[4].fLow = std::numeric_limits<double>::infinity();
-    means[5].fvLevels = {std::monostate()};
-    means[6].fvLevels = {nan};
-    return means;
-}
-
 }  // namespace
 
 std::vector<ChartValue> Named(const std::string& word, int count) {
     std::vector<ChartValue> levels;
     for (int i = 1; i <= count; ++i) {
-        levels.emplace_back(word + " " + std::to_string(i) + (i % 5 == 2 ? " with a long name" : ""));
+        levels.emplace_back(word + " " + std::to_string(i));
     }
     return levels;
 }
@@ -120,7 +94,7 @@ std::vector<SampleMean> CrossedMeans(const std::vector<std::vector<ChartValue>>&
     return means;
 }
 
-Sample MeansSample(std::string name, std::vector<std::string> factors, std::vector<SampleMean> means) {
+Sample MeansSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means) {
     const std::vector<std::string> effects = {"effect1", "effect2", "effect3"};
     ChartSource source = SourceOf("source0", {"target", "confMargin", "effect1", "effect2", "effect3"});
     for (const SampleMean& mean : means) {
@@ -130,15 +104,14 @@ Sample MeansSample(std::string name, std::vector<std::string> factors, std::vect
             AddRow(source, row);
         }
     }
-    Sample sample{std::move(name), ReadChart(kMeans), {source}, {}};
-    sample.fSpecification.fTitle = Words{"Average reaction time (ms) by " + factors[0], {}};
+    Sample sample{ReadChart(kMeans), {source}, {}};
     AddFactors(sample, factors, effects);
     return sample;
 }
 
-Sample ContrastSample(std::string name, std::vector<std::string> factors, std::vector<SampleMean> means, double base) {
+Sample ContrastSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means, double base) {
     ChartSource source = SourceOf("source", {"value", "confMargin", "type", "tooltip", "category", "facet1", "facet2"});
-    Sample sample{std::move(name), ReadChart(kContrasts), {}, {}};
+    Sample sample{ReadChart(kContrasts), {}, {}};
     std::map<std::string, double> heights;  // one for each panel
     for (std::size_t at = 0; at < means.size(); ++at) {
         const SampleMean& mean = means[at];
@@ -154,55 +127,10 @@ Sample ContrastSample(std::string name, std::vector<std::string> factors, std::v
         }
     }
     sample.fvData = {source};
-    sample.fSpecification.fCaption = Words{
-        "The horizontal line is the overall mean of Average reaction time (ms) over the levels of " + factors[0] + ".",
-        {}};
     AddFactors(sample, factors, {"category", "facet1", "facet2"});
     return sample;
 }
 
 void MakeLinear(Sample& sample) { sample.fvSettings[0].fIsCategorical = false; }
-
-std::vector<Sample> LevelsSamples() {
-    std::vector<Sample> samples;
-    using Levels = std::vector<std::vector<ChartValue>>;
-    using Factors = std::vector<std::string>;
-    const auto means = [&](const char* name, const Factors& factors, const Levels& levels, double middle) {
-        samples.push_back(MeansSample(name, factors, CrossedMeans(levels, middle)));
-    };
-    const auto contrasts = [&](const char* name, const Factors& factors, const Levels& levels, double middle,
-                               double base) {
-        samples.push_back(ContrastSample(name, factors, CrossedMeans(levels, middle), base));
-    };
-    const std::string days = "Days of sleep deprivation";
-    const std::string arm = "Treatment arm";
-    means("means-1", {"Age group at entry"}, {{"18 to 29", "30 to 44", "45 to 59", "60 and over"}}, 300);
-    means("means-2", {days, "Sex"}, {Numbers(6, 2), kSexes}, 300);
-    means("means-3", {arm, "Sex", "Visit"}, {kArms, kSexes, Named("Week", 5)}, 300);
-    means("linear-1", {days}, {Numbers(10, 1)}, 300);
-    MakeLinear(samples.back());
-    means("linear-2", {"Dose", "Sex"}, {Numbers(5, 2.5), kSexes}, 300);
-    MakeLinear(samples.back());
-    contrasts("contrasts-1", {arm}, {Named("Arm", 5)}, 300, 298.4);
-    contrasts("contrasts-2", {arm, "Visit"}, {Named("Arm", 5), Named("Week", 3)}, 300, 301);
-    contrasts("contrasts-3", {arm, "Visit", "Sex"}, {kArms, Named("Week", 3), kSexes}, 300, 301);
-
-    const std::string endless(10000, 'w');
-    const std::string hostile = "</script><img src=x onerror=alert(1)> x_text[0] \"'\\ ]]> \x01 \xff";
-    samples.push_back(MeansSample("no-rows", {"Arm", "Sex"}, {}));
-    samples.push_back({"nothing", ReadChart("<chart><plot arrange=\"levels\"/></chart>"), {}, {}});
-    samples.push_back(MeansSample("broken", {"Level"}, Broken()));
-    samples.push_back(MeansSample("equal", {"Level"}, {{{"a"}, 3.0, 3.0, 3.0}, {{"b"}, 3.0, 3.0, 3.0}}));
-    samples.push_back(MeansSample("one", {"Level", "Series"}, {{{"a", "s"}, 3.0, 2.0, 4.0}}));
-    means("endless", {endless, endless, endless},
-          {{endless + "1", endless + "2"}, {endless, endless + "2"}, {endless, "short"}}, 5);
-    means("hostile", {hostile, hostile, hostile}, {{hostile, "  two  blanks "}, {hostile, ""}, {hostile, "\n\n"}}, 5);
-    contrasts("contrasts-endless", {endless, endless}, {{endless + "1", endless + "2"}, {endless}}, 5, 5);
-    contrasts("panels-101", {"Arm", "Clinic"}, {kArms, Named("Clinic", 101)}, 5, 5);
-    means("many", {"Level", "Series"}, {Numbers(500, 1), Numbers(12, 1)}, 60);
-    means("tiny", {"Arm"}, {kArms}, 1e-7);
-    means("huge", {"Arm"}, {kArms}, 1e300);
-    return samples;
-}
 
 }  // namespace hierfit::chart

@@ -13,11 +13,11 @@ struct SampleMean {
 };
 
 /// A chart of means by the first factor, in colours by the second and in panels by the third.
-Sample MeansSample(std::string name, std::vector<std::string> factors, std::vector<SampleMean> means);
+Sample MeansSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means);
 
 /// A chart of contrasts of the first factor's levels with a line at the height given, in panels by the others. Every
 /// third contrast is significant.
-Sample ContrastSample(std::string name, std::vector<std::string> factors, std::vector<SampleMean> means, double base);
+Sample ContrastSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means, double base);
 
 /// Means of all combinations of so many levels of each factor, about the middle given.
 std::vector<SampleMean> CrossedMeans(const std::vector<std::vector<document::ChartValue>>& levels, double middle);
@@ -27,8 +27,5 @@ std::vector<document::ChartValue> Named(const std::string& word, int count);
 
 /// Marks the axis of the means as one of numbers.
 void MakeLinear(Sample& sample);
-
-/// All kinds of charts of levels, usual and unusual.
-std::vector<Sample> LevelsSamples();
 
 }  // namespace hierfit::chart

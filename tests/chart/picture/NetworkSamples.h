@@ -5,22 +5,19 @@
 namespace hierfit::chart {
 
 /// Bars over the values given, with a curve of the distribution.
-Sample HistogramSample(std::string name, Curve curve, const std::vector<document::ChartValue>& centers,
+Sample HistogramSample(Curve curve, const std::vector<document::ChartValue>& centers,
                        const std::vector<document::ChartValue>& counts);
 
 /// A diagram of so many nodes on half an ellipse about the target, without a histogram. Signs alternate when asked for.
-Sample DiagramSample(std::string name, int nodes, bool hasSigns);
+Sample DiagramSample(int nodes, bool hasSigns);
 
 /// Puts a histogram of a real target of eight bins, with a normal curve, into a diagram.
 void AddInset(Sample& sample);
 
 /// A graph of all pairs of so many levels in each panel. Every third pair is significant.
-Sample PairwiseSample(std::string name, int levels, const std::vector<std::vector<document::ChartValue>>& facets);
+Sample PairwiseSample(int levels, const std::vector<std::vector<document::ChartValue>>& facets);
 
 /// Points along the diagonal, every one with a frequency.
-Sample ScatterSample(std::string name, int points);
-
-/// All kinds of node-and-edge charts, scatter plots and histograms, usual and unusual.
-std::vector<Sample> NetworkSamples();
+Sample ScatterSample(int points);
 
 }  // namespace hierfit::chart

@@ -12,18 +12,11 @@ namespace hierfit::chart {
 
 /// A chart made by hand, with all that its picture is made from.
 struct Sample {
-    std::string fName;
     Specification fSpecification;
     std::vector<document::ChartSource> fvData;
     std::vector<VariableSetting> fvSettings;
 
     document::Picture Make() const { return MakePicture(fSpecification, fvData, fvSettings).fPicture; }
-
-    /// What the picture shows, of its kind.
-    template <typename Kind>
-    Kind Draw() const {
-        return std::get<Kind>(Make().fContent);
-    }
 };
 
 /// What chart XML says that can be read.
