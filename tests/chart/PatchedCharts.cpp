@@ -150,7 +150,7 @@ constexpr const char* kMarkers =
 
 std::vector<PatchedChart> MakePatchedCharts(const std::string& label) {
     std::vector<PatchedChart> charts;
-    for (const char* distribution : {"normal", "gamma", "gaussianinverse", "binomialnegative", "poisson"}) {
+    for (const char* distribution : {"normal", "gamma"}) {
         charts.push_back({fmt::format("histogram {}", distribution), Histogram(label, distribution)});
     }
     for (const bool flag : {false, true}) {
@@ -158,14 +158,14 @@ std::vector<PatchedChart> MakePatchedCharts(const std::string& label) {
     }
     for (const int n : {1, 2}) charts.push_back({fmt::format("means {}", n), TopMeans(label, n)});
     for (const int n : {0, 1, 2, 3}) charts.push_back({fmt::format("custom {}", n), CustomEffects(label, n)});
-    for (const std::size_t n : {0, 1, 2, 8, 9, 40}) {
+    for (const std::size_t n : {0, 8, 40}) {
         for (const bool flag : {false, true}) {
             charts.push_back({fmt::format("diagram {} {}", n, flag), Diagram(label, n, flag)});
         }
     }
     for (const int panels : {0, 1, 2}) {
         charts.push_back({fmt::format("pairwise {}", panels), Pairwise(label, panels)});
-        for (const int n : {0, 1, 2, 100, 101}) {
+        for (const int n : {0, 1, 2, 100}) {
             charts.push_back({fmt::format("levels {} {}", n, panels), LevelContrasts(label, n, panels)});
         }
     }
