@@ -1,7 +1,8 @@
 #include "hierfit/charts/ChartText.h"
+#include "host/chart/specification/ChartMarkup.h"
 #include "tests/chart/ChartRun.h"
-#include "tests/chart/Describe.h"
 #include "tests/chart/PatchedCharts.h"
+#include "tests/xml/Parsed.h"
 
 namespace hierfit::test {
 
@@ -14,23 +15,24 @@ std::string Cleaned(const std::string& label) {
     return label.starts_with("a\xEF\xBF\xBE") ? "az" : label;
 }
 
-constexpr const char* kPlain = "@@";
+/// Elements and words, and the attributes that hold words.
+std::string TreeOf(const PatchedChart& chart) {
+    return ShowTree(*Parsed(chart::MakePlainXml(chart.fXml)), {"slot", "title", "label", "y"});
+}
 
 TEST(PatchTest, LabelsThatLookLikeMarkupOrMarkersStayWords) {
-    ChartRun run;
+    const ChartRun run;
     ChartRun::StartEditor();
-    const auto plain = MakePatchedCharts(kPlain);
+    const auto plain = MakePatchedCharts("@@");
     for (const std::string& label : HostileLabels()) {
         const auto charts = MakePatchedCharts(label);
         for (std::size_t i = 0; i < charts.size(); ++i) {
-            const std::string description = DescribeXml(charts[i].fXml);
             if (IsTakenForMarker(charts[i].fName, label)) continue;
-            std::string expected = DescribeXml(plain[i].fXml);
-            ReplaceAll(expected, kPlain, Cleaned(label));
-            EXPECT_EQ(description, expected) << charts[i].fName << ", label: " << label;
+            std::string expected = TreeOf(plain[i]);
+            ReplaceAll(expected, "@@", Cleaned(label));
+            EXPECT_EQ(TreeOf(charts[i]), expected) << charts[i].fName << ", label: " << label;
         }
     }
-    EXPECT_EQ(run.Diagnostics(), "");
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "host/ViZEditor.h"
 #include "host/XDocument.h"
 #include "host/XViZTemplate.h"
+#include "host/chart/specification/ReadSpecification.h"
 #include "tests/chart/ChartRun.h"
-#include "tests/chart/Describe.h"
 #include "tests/language/TemporaryFolder.h"
 
 namespace hierfit::test {
@@ -127,9 +127,10 @@ TEST(SendTest, HistogramIsMergedWhereAllThreeCanBeRead) {
     };
     EXPECT_EQ(merge(kChart, histogram, "[]"), "") << "not started";
     ChartRun::StartEditor();
-    EXPECT_EQ(DescribeXml(merge(kChart, histogram, stream)),
-              "chart template=T\nplot 0 margin=0\ninset at=anchor type=6 sources=1 (\nchart\nplot 0 margin=0\n)\n"
-              "remark: attribute fieldType of inset cannot be \"9\"\n");
+    const auto merged = chart::ReadSpecification(merge(kChart, histogram, stream));
+    EXPECT_EQ(std::get<chart::Reading>(merged).fvRemarks,
+              std::vector<std::string>{"attribute fieldType of inset cannot be \"9\""});
+    EXPECT_EQ(std::get<chart::Reading>(merged).fSpecification.fInset.value().fvData.size(), 1U);
     const std::array<std::string, 3> cases[] = {
         {kChart, histogram, "["},       {kChart, "<chart>", stream}, {kChart, "<graph/>", stream},
         {kChart, "", stream},           {"", histogram, stream},     {"<chart><plot></chart>", histogram, stream},

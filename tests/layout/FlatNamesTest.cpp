@@ -54,7 +54,6 @@ rows 2 A : s
 columns 1 -name S : A A_(2)
 cells r,s,A=1 r,s,A_(2)=2)",
      "A|A (3)|A (4)|A (2)|\ns|r|1|2|", "A|A (3)|A (4)|A (2)|\ns|r|1|2|"},
-    {"no columns", "rows 1 A : r q\ncells r=1 q=2", "A||\nr|1|\nq|2|", "A||\nr|1|\nq|2|"},
     {"no rows", "columns 1 A : x y\ncells x=1 y=2", "A, x|A, y|\n1|2|", "x|y|\n1|2|"},
 };
 

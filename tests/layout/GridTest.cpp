@@ -23,14 +23,6 @@ A | i | 1 | 4 | 5
 ^ | k | 2 | |
 B | i | 3 | |
 )"},
-    {"equal indices keep the order of the dimensions", R"(
-rows 1 First : a
-rows 1 Second : b
-cells 1
-
-[First] | [Second] |
-a | b | 1
-)"},
     {"groups of uneven depth", R"(
 rows 1 Term : plain g::c g::h::d g::h::e last
 columns 1 -name S : Est ci::Lower ci::Upper
@@ -68,22 +60,15 @@ A | i*a | 1 |
 B | i*a | | 2
 a: n
 )"},
-    {"two categories of the same words do not merge", R"(
-rows 1 R : g::same h::same
+    {"equal indices keep the order of the dimensions, and two categories of the same words do not merge", R"(
+rows 1 First : g::same h::same
+rows 1 Second : b
 columns 1 -name S : v
 cells 1 2
 
-[R] | < | v
-(g) | same | 1
-(h) | same | 2
-)"},
-    {"no row dimension: one row without a label", R"(
-columns 1 -name Statistics : Mean ci::Lower
-cells 1 2
-
-Mean | (ci)
-^ | Lower
-1 | 2
+[First] | < | [Second] | v
+(g) | same | b | 1
+(h) | same | b | 2
 )"},
     {"no column dimension: one column without a label", R"(
 rows 1 -name Content : Target g::AIC
@@ -93,7 +78,6 @@ cells y 3
 Target | < | y
 (g) | AIC | 3
 )"},
-    {"no dimension at all", "\ncells 7\n\n7\n"},
     {"what has no members or no cells is not laid out, nor does it make levels", R"(
 rows 2 Empty :
 rows 1 R : a unused g::deep::unused2 b

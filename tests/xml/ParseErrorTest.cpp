@@ -12,14 +12,10 @@ TEST(ParseError, SaysReasonPlaceAndLine) {
         {"", "1:1 no element found\n\n^"},
         {" \n", "2:1 no element found\n\n^"},
         {"hello", "1:1 syntax error\nhello\n^"},
-        {"{\"a\": 1}", "1:1 not well-formed (invalid token)\n{\"a\": 1}\n^"},
         {"<a>\n  <b>\n  </c>\n</a>", "3:5 mismatched tag\n  </c>\n    ^"},
-        {"<a/>\n<b/>", "2:1 junk after document element\n<b/>\n^"},
-        {"<a>\n", "2:1 no element found\n\n^"},
         {"<a b='1' b='2'/>", "1:10 duplicate attribute\n<a b='1' b='2'/>\n         ^"},
         {"<a b='1", "1:1 unclosed token\n<a b='1\n^"},
         {"<a>&nbsp;</a>", "1:4 undefined entity\n<a>&nbsp;</a>\n   ^"},
-        {"<a>\x01</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
         {"<a>"s + '\0' + "</a>", "1:4 not well-formed (invalid token)\n<a>\xEF\xBF\xBD</a>\n   ^"},
         {"<a>\x7F\xC2\x9B</b>", "1:8 mismatched tag\n<a>\xEF\xBF\xBD\xEF\xBF\xBD</b>\n       ^"},
         {"<a>\xC3\xA4\xFF</a>", "1:5 not well-formed (invalid token)\n<a>\xC3\xA4\xEF\xBF\xBD</a>\n    ^"},
@@ -35,18 +31,9 @@ TEST(ParseError, SaysReasonPlaceAndLine) {
                                                         filler.substr(0, 38) + "...\n" + std::string(63, ' ') + '^'},
         {"<!-- c -->\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>",
          "2:1 document type declarations are not read\n<!DOCTYPE a [<!ENTITY b 'c'>]><a>&b;</a>\n^"},
-        {"<!DOCTYPE a SYSTEM 'file:///etc/passwd'><a/>",
-         "1:1 document type declarations are not read\n<!DOCTYPE a SYSTEM 'file:///etc/passwd'>...\n^"},
         {Utf16("<!DOCTYPE a>", true), "1:1 document type declarations are not read\n<!DOCTYPE a>\n^"},
     };
     for (const auto& [text, error] : cases) EXPECT_EQ(ErrorOf(text), error) << text;
-}
-
-TEST(ParseError, LongCommentsAreNoDocumentType) {
-    std::string comment;
-    while (comment.size() < 5000) comment += "<!DOCTYPE x>";
-    Parsed("<!--" + comment + "--><?p " + comment + "?><a/>");
-    Parsed(Utf16("<!--" + comment + "--><?p " + comment + "?><a/>", false));
 }
 
 TEST(ParseError, NoTruncatedDocumentIsRead) {
@@ -54,7 +41,6 @@ TEST(ParseError, NoTruncatedDocumentIsRead) {
     const std::size_t end = text.rfind('>');
     for (std::size_t size = 0; size <= end; ++size) {
         ASSERT_NE(ErrorOf(text.substr(0, size)), "read") << size;
-        ASSERT_NE(ErrorOf(Utf16(text.substr(0, size), false)), "read") << size;
     }
     EXPECT_EQ(ErrorOf(text), "read");
 }

@@ -44,14 +44,6 @@ TEST(ShownVariable, PutsValuesIntoWords) {
     }
 }
 
-TEST(ShownVariable, TakesOnlyUsableNumbers) {
-    const document::ChartVariable data{
-        "x", {1.0, std::numeric_limits<double>::quiet_NaN(), kSystemMissing, "2", std::monostate()}};
-    const ShownVariable variable(data, nullptr, nullptr);
-    EXPECT_EQ(variable.NumberAt(0), 1.0);
-    for (std::size_t row = 1; row < 7; ++row) EXPECT_EQ(variable.NumberAt(row), std::nullopt) << row;
-}
-
 TEST(ShownVariable, ShowsFiguresWithDecimalsInCommon) {
     using Figures = std::vector<std::string>;
     const KEST_Format twoDecimals{8, KEST_FormatType::Numeric, 2};
