@@ -6,8 +6,7 @@
 #include <string>
 
 #include "host/context/RunContext.h"
-#include "tests/chart/picture/LevelsSamples.h"
-#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/Samples.h"
 
 namespace {
 

@@ -15,12 +15,8 @@ namespace hierfit::test {
 namespace {
 
 TEST(ChartStringTest, TurnsAnyBytesIntoText) {
-    const std::pair<std::string, std::string> cases[] = {
-        {std::string("aä€\U0001F600\0b", 12), std::string("aä€\U0001F600\0b", 12)},
-        {"\xFF\xFE\xC0\xAF", "\uFFFD\uFFFD\uFFFD\uFFFD"},  // no byte order mark either
-        {"\xED\xA0\x80 \xE2\x82z", "\uFFFD\uFFFD\uFFFD \uFFFD\uFFFDz"},
-    };
-    for (const auto& [bytes, text] : cases) EXPECT_EQ(XUtility::ChartStringFromOLANG(bytes).toUTF8(), text);
+    EXPECT_EQ(XUtility::ChartStringFromOLANG("a\xFF\xFE\xE2\x82z").toUTF8(), "a\uFFFD\uFFFD\uFFFD\uFFFDz");
+    EXPECT_EQ(XUtility::ChartStringFromOLANG(std::string("ä\0b", 4)).toUTF8(), std::string("ä\0b", 4));
     EXPECT_EQ(ChartString(std::u32string{0x41, 0xD800, 0x110000}).toUTF8(), "A\uFFFD\uFFFD");
 }
 

@@ -54,7 +54,8 @@ TEST(SpecificationTest, KeepsWhatIsRight) {
     const auto read = chart::ReadSpecification(
         InPlot("<span of='y' min='nan' max=' 7 '/><points node='n'/><stems x='a' y='b'/>"
                "<lineGuide y='nan'><unless>a</unless></lineGuide><lineGuide y='1'><unless>b</unless></lineGuide>"
-               "</plot><facetLayout><facetLevel depth='2' along='rows'/></facetLayout><faceting/>"
+               "</plot><facetLayout><facetLevel depth='2' along='rows'/></facetLayout><faceting><variableReference "
+               "name='f'/></faceting>"
                "<legend><heading lookup='Type'/><entry value='1'>one</entry></legend><axisTitle of='y'>t</axisTitle>"
                "<field slot='s' role='factor' format='F40.2' label='a&#10;b'/><title>a</title><title>b</title><plot>"));
     const chart::Specification& specification = std::get<chart::Reading>(read).fSpecification;

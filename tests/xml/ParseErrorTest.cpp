@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "Parsed.h"
 #include "tests/support/ExampleFile.h"
 
@@ -39,10 +41,30 @@ TEST(ParseError, SaysReasonPlaceAndLine) {
 TEST(ParseError, NoTruncatedDocumentIsRead) {
     const std::string text = ReadExample("sleepstudy", "model.pmml");
     const std::size_t end = text.rfind('>');
-    for (std::size_t size = 0; size <= end; ++size) {
-        ASSERT_NE(ErrorOf(text.substr(0, size)), "read") << size;
-    }
+    for (std::size_t size = 0; size <= end; ++size) ASSERT_NE(ErrorOf(text.substr(0, size)), "read") << size;
     EXPECT_EQ(ErrorOf(text), "read");
+}
+
+// What a changed byte does to a document cannot be told beforehand; that it ends well, with a place inside the text and
+// an excerpt that can be shown, can.
+TEST(ParseError, AnyTextEndsWell) {
+    constexpr char kSpice[] = "<>/&;\"'=!?[]-:# \n\r\t\0\xC3\xA4\xFF\xFEx";  // means something to a reader
+    const std::string utf8 = ReadExample("wine", "model.pmml");
+    const std::string root = utf8.substr(utf8.find("<PMML"));
+    const std::string latin = Replaced(utf8, "UTF-8", "ISO-8859-1");
+    for (const std::string& whole : {utf8, Utf16(root, false), Utf16(root, true), latin}) {
+        for (std::size_t at = 0; at < whole.size(); ++at) {
+            std::string text = whole;
+            text[at] = kSpice[at % sizeof kSpice];
+            const auto result = xml::Document::Parse(text);
+            const auto* error = std::get_if<xml::ParseError>(&result);
+            if (!error) continue;
+            ASSERT_GE(std::min(error->fLine, error->fColumn), 1);
+            ASSERT_LE(static_cast<std::size_t>(error->fLine), text.size() + 1);
+            ASSERT_EQ(ErrorOf("<a><![CDATA[" + error->fExcerpt + "]]></a>"), "read") << error->fExcerpt;
+            ASSERT_LE(error->fExcerpt.size(), 700U);
+        }
+    }
 }
 
 }  // namespace

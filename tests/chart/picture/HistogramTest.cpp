@@ -5,7 +5,6 @@
 #include <numbers>
 
 #include "host/chart/picture/histogram/Distribution.h"
-#include "tests/chart/picture/NetworkSamples.h"
 #include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {

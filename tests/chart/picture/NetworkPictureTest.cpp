@@ -1,7 +1,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "tests/chart/picture/NetworkSamples.h"
 #include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {

@@ -1,4 +1,4 @@
-#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/Samples.h"
 
 #include <algorithm>
 #include <cmath>
@@ -107,21 +107,18 @@ Sample DiagramSample(int nodes, bool hasSigns) {
     Sample sample{ReadChart(kDiagram), {}, {}};
     sample.fSpecification.fPlot.fX.fMax = std::max(2.0, nodes * 4 / 3.0);
     if (nodes == 0) return sample;
-    const double targetX = nodes;
-    const double targetY = (nodes + 1) / 2.0;
     ChartSource target = SourceOf("targetPointSource", {"X", "Y", "Nodes", "PointTooltip"});
-    AddRow(target,
-           {targetX, targetY, "Average reaction time (ms)", "Reaction\nAverage reaction time (ms)\nNormal, identity"});
+    AddRow(target, {0.0 + nodes, nodes / 2.0, "Average reaction time (ms)",
+                    "Reaction\nAverage reaction time (ms)\nNormal, identity"});
     ChartSource points = SourceOf("pointSource", {"X", "Y", "Label_X", "Label_Y", "Type", "Nodes", "PointTooltip"});
     ChartSource edges = SourceOf("edgeSource", {"FromX", "FromY", "ToX", "ToY", "Weight", "LineTooltip", "Weight2"});
     for (int row = 0; row < nodes; ++row) {
         const double y = nodes - row;
-        const double x = nodes - std::sqrt(nodes * nodes - 4 * (y - targetY) * (y - targetY));
         const std::string node = row % 7 == 4 ? "week*[site=\"North\"]" : "factor=" + std::to_string(row);
         const std::string type = row == 0 ? "intercept" : kTypes[static_cast<std::size_t>(row) % kTypes.size()];
-        AddRow(points, {x, y, x - 0.2 * nodes, y, type, node, node});
-        AddRow(edges, {x, y, targetX, targetY, 1.0 + row * 4 % 9, "Significance = 0.0" + std::to_string(row % 10),
-                       row % 3 == 2 ? "Negative" : "Positive"});
+        AddRow(points, {0.1 * y, y, 0.0, y, type, node, node});
+        AddRow(edges, {0.1 * y, y, 0.0 + nodes, nodes / 2.0, 1.0 + row * 4 % 9,
+                       "Significance = 0.0" + std::to_string(row % 10), row % 3 == 2 ? "Negative" : "Positive"});
     }
     if (!hasSigns) edges.fvVariables.pop_back();
     sample.fvData = {target, points, edges};

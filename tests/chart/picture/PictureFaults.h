@@ -6,7 +6,7 @@
 #include <variant>
 
 #include "report/json/JsonDocument.h"
-#include "tests/chart/picture/Sample.h"
+#include "tests/chart/picture/Samples.h"
 
 namespace hierfit::chart {
 

@@ -1,6 +1,5 @@
 #include <cmath>
 
-#include "tests/chart/picture/NetworkSamples.h"
 #include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {
