@@ -27,13 +27,11 @@ const std::tuple<FormatName, std::vector<double>, const char*> kCases[] = {
     {FormatName::Significance, {0.0312, 0.0005, kBelowHalf, 0, -0.0}, ".031 .001 <.001 <.001 <.001"},
     {FormatName::Significance, {1, 0.9996, 0.9994, 10.5}, "1.000 1.000 .999 10.500"},
     {FormatName::Significance, {-0.25, -0.0001, kNaN}, "-.250 -.000100 ."},
-    {FormatName::Count, {12, 17.000000000000497, 100, 0, -1, -0.001}, "12 17 100 0 -1 0"},
-    {FormatName::Count, {44.25, 44.5, 44.256}, "44.25 44.5 44.26"},
+    {FormatName::Count, {44.256, 44.5, 17.000000000000497, 100, 0, -1, -0.001}, "44.26 44.5 17 100 0 -1 0"},
     {FormatName::Count, {123456789012345, 1e15, kInfinity}, "123456789012345 1.00000e+15 ."},
     {FormatName::Percent, {33.333, 100, -0.01, -kInfinity}, "33.3% 100.0% 0.0% ."},
     {FormatName::SigDigit, {0.95 * 100, 0.29 * 100, 100, 0, -0.0}, "95 29 100 0 0"},
-    {FormatName::SigDigit, {99.5, -0.25, 1.0 / 3}, "99.5 -0.25 0.333333333333333"},
-    {FormatName::SigDigit, {0.0001, 0.00001}, "0.0001 1e-05"},
+    {FormatName::SigDigit, {99.5, 0.0001, 0.00001, 1.0 / 3}, "99.5 0.0001 1e-05 0.333333333333333"},
     {FormatName::SigDigit, {1e15, 123456789012345678.0, kSystemMissing}, "1e+15 1.23456789012346e+17 ."},
 };
 

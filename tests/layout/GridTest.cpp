@@ -10,18 +10,17 @@ namespace {
 const std::pair<const char*, std::string> kCases[] = {
     {"the highest index of each side is outermost, whatever the order of the dimensions", R"(
 rows 1 Inner : i k
-rows 2 Outer : A B
-columns 1 In : x y
+rows 2 Outer : A
+columns 1 In : x
 columns 2 Out : P Q
-cells i,A,x,P=1 k,A,x,P=2 i,B,x,P=3 i,A,y,P=4 i,A,x,Q=5
+cells i,A,x,P=1 k,A,x,P=2 i,A,x,Q=3
 
- | | [Out] | < | <
- | | P | < | Q
- | | [In] | < | [In]
-[Outer] | [Inner] | x | y | x
-A | i | 1 | 4 | 5
-^ | k | 2 | |
-B | i | 3 | |
+ | | [Out] | <
+ | | P | Q
+ | | [In] | [In]
+[Outer] | [Inner] | x | x
+A | i | 1 | 3
+^ | k | 2 |
 )"},
     {"groups of uneven depth", R"(
 rows 1 Term : plain g::c g::h::d g::h::e last
@@ -35,17 +34,6 @@ plain | < | < | 1 | | 2
 ^ | (h) | d | 4 | 5 |
 ^ | ^ | e | 6 | |
 last | < | < | 7 | |
-)"},
-    {"hidden labels part the rows but have no level, not even for a name; a hidden name leaves an empty corner", R"(
-rows 1 -labels Record : 0 1
-rows 2 -name Data : first
-columns 1 -name Variables : v
-columns 2 -labels Shown : x y
-cells 0,first,v,x=1 1,first,v,x=2 1,first,v,y=3
-
- | v | v
-first | 1 |
-^ | 2 | 3
 )"},
     {"equal neighbours under different outer headers do not merge, and a note marks each of them", R"(
 rows 2 Outer : A B

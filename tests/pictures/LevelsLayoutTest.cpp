@@ -115,14 +115,8 @@ TEST(LevelsLayout, KeepsWordsApartWithinTheWidthAndMarksInOrder) {
     }
 }
 
-struct Turn {
-    const char* fName;
-    LevelsSketch fSketch;
-    bool fIsTurnedOnDesk;
-    bool fIsTurnedOnPhone;
-};
-
-const Turn kTurns[] = {
+// Whether levels stand below each other on a desk, and on a phone.
+const std::tuple<const char*, LevelsSketch, bool, bool> kTurns[] = {
     {"words that fit side by side", {3}, false, false},
     {"words that fit side by side on a desk", {8, 0, 0, 0, "District"}, false, true},
     {"contrasts never", {40, 0, 0, 0, "Level", "", "", true}, false, false},
@@ -133,13 +127,13 @@ const Turn kTurns[] = {
 };
 
 TEST(LevelsLayout, TurnsWhereWordsOrSeriesDoNotStandSideBySide) {
-    for (const Turn& turn : kTurns) {
-        LevelsPicture picture = MakeLevelsPicture(turn.fSketch);
+    for (const auto& [name, sketch, isTurnedOnDesk, isTurnedOnPhone] : kTurns) {
+        LevelsPicture picture = MakeLevelsPicture(sketch);
         picture.fSeries.fHasLegend = false;
         for (const double width : kWidths) {
             // The title of levels below each other comes first, over their words.
             const bool isTurned = test::WordsOf(LayOutContent(picture, width)).front() == picture.fPredictor.fTitle;
-            EXPECT_EQ(isTurned, width == kWidths[0] ? turn.fIsTurnedOnDesk : turn.fIsTurnedOnPhone) << turn.fName;
+            EXPECT_EQ(isTurned, width == kWidths[0] ? isTurnedOnDesk : isTurnedOnPhone) << name;
         }
     }
 }

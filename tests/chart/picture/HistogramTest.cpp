@@ -119,15 +119,6 @@ TEST(HistogramTest, StaysSmallAndFiniteAtAnyScale) {
     }
 }
 
-TEST(HistogramTest, TellsWhatItShows) {
-    const document::Picture picture = Make(HistogramSample(kNormal, {25.0, 75.0, 125.0}, {8.0, 9.0, 2.0}));
-    EXPECT_EQ(picture.fvTables.at(0).fvRows[1], (std::vector<std::string>{"50 to 100", "9"}));
-    EXPECT_NE(picture.fSentence.find("Bars: 3, from 0 to 150"), std::string::npos) << picture.fSentence;
-    const auto& histogram = std::get<document::HistogramPicture>(picture.fContent);
-    EXPECT_EQ(histogram.fvBins[1].fTip, "Average reaction time (ms): 50 to 100\nE60352: 9");
-    EXPECT_TRUE(histogram.fCounts.fIsWhole);
-}
-
 }  // namespace
 
 }  // namespace hierfit::chart

@@ -27,15 +27,6 @@ TEST(ScatterPictureTest, HasEqualAxesThatHoldLimitsAndPoints) {
     }
 }
 
-TEST(ScatterPictureTest, NamesTheLegendByItsHeading) {
-    Sample sample = ScatterSample(40);
-    sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
-    EXPECT_EQ(Draw<ScatterPicture>(sample).fFrequencyTitle, "Records");
-    EXPECT_TRUE(Draw<ScatterPicture>(sample).fHasLegend);
-    ValuesOf(sample, "source0", "X").assign(40, document::ChartValue());
-    EXPECT_FALSE(Draw<ScatterPicture>(sample).fHasLegend) << "there is nothing to explain";
-}
-
 TEST(ScatterPictureTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {
     Sample sample = ScatterSample(5);
     ValuesOf(sample, "source0", "X")[0] = {};
@@ -46,6 +37,10 @@ TEST(ScatterPictureTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {
     EXPECT_EQ(Make(sample).fvTables.at(0).fvRows, rows);
     EXPECT_EQ(Draw<ScatterPicture>(sample).fvPoints[2].fTip,
               "Average reaction time (ms): 220.00\nPredicted Value: 220.25\nFrequency: 3");
+    sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
+    EXPECT_EQ(Draw<ScatterPicture>(sample).fFrequencyTitle, "Records");
+    ValuesOf(sample, "source0", "X").assign(5, document::ChartValue());
+    EXPECT_FALSE(Draw<ScatterPicture>(sample).fHasLegend) << "there is nothing to explain";
 }
 
 }  // namespace
