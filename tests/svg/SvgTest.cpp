@@ -16,8 +16,8 @@ const Paint kThick{.fStroke = Ink::SetOff, .fStrokeWidth = 2.5, .fDash = Dash::L
 
 Shape MakeDot(double x, Ink ink = Ink::Level) { return {{.fFill = ink}, Circle{{x, 2}, 3}}; }
 
-Shape MakeWords(const std::string& words, Anchor anchor = Anchor::Start, double turn = 0, TextStyle style = {}) {
-    return {kInk, Text{words, {10, 20.25}, style, anchor, turn}};
+Shape MakeWords(const std::string& words, Anchor anchor = Anchor::Start) {
+    return {kInk, Text{words, {10, 20.25}, {}, anchor, 0}};
 }
 
 /// What stands inside the element.
