@@ -56,15 +56,25 @@ TEST(Figures, AreWrittenByKind) {
     const FigureStyle plainTwo{StyleName::Plain, 2};
     const FigureStyle apaNone{StyleName::Apa, 0};
     const std::tuple<double, FigureKind, FigureStyle, const char*> cases[] = {
-        {10.467286, FigureKind::Estimate, kApa, "10.47"},   {0.0342, FigureKind::Estimate, kApa, "0.034"},
-        {0.0996, FigureKind::Estimate, kAma, "0.10"},       {-0.00001234, FigureKind::Estimate, kApa, "-0.000012"},
-        {1.5e-20, FigureKind::Estimate, kApa, "1.5e-20"},   {-0.0, FigureKind::Estimate, kApa, "0.00"},
-        {10.467286, FigureKind::Estimate, apaNone, "10"},   {0.4, FigureKind::Estimate, apaNone, "0.4"},
-        {0.0004, FigureKind::Estimate, plainTwo, "0.0004"}, {0.003, FigureKind::Statistic, kApa, "0.003"},
-        {0.034, FigureKind::Statistic, kApa, "0.03"},       {-2.2, FigureKind::Statistic, apaNone, "-2"},
-        {17, FigureKind::DegreesOfFreedom, kApa, "17"},     {42.7891, FigureKind::DegreesOfFreedom, kAma, "42.79"},
-        {-0.4567, FigureKind::Correlation, kApa, "-.46"},   {0.4567, FigureKind::Correlation, kAma, "0.46"},
-        {1.02, FigureKind::Correlation, kApa, "1.02"},      {0.12345, FigureKind::Other, apaNone, "0.123"},
+        {10.467286, FigureKind::Estimate, kApa, "10.47"},
+        {0.0342, FigureKind::Estimate, kApa, "0.034"},
+        {0.0996, FigureKind::Estimate, kAma, "0.10"},
+        {-0.00001234, FigureKind::Estimate, kApa, "-0.000012"},
+        {1.5e20, FigureKind::Estimate, kApa, "1.50000e+20"},
+        {1.5e-20, FigureKind::Estimate, kApa, "1.5e-20"},
+        {-0.0, FigureKind::Estimate, kApa, "0.00"},
+        {10.467286, FigureKind::Estimate, apaNone, "10"},
+        {0.4, FigureKind::Estimate, apaNone, "0.4"},
+        {0.0004, FigureKind::Estimate, plainTwo, "0.0004"},
+        {0.003, FigureKind::Statistic, kApa, "0.003"},
+        {0.034, FigureKind::Statistic, kApa, "0.03"},
+        {-2.2, FigureKind::Statistic, apaNone, "-2"},
+        {17, FigureKind::DegreesOfFreedom, kApa, "17"},
+        {42.7891, FigureKind::DegreesOfFreedom, kAma, "42.79"},
+        {-0.4567, FigureKind::Correlation, kApa, "-.46"},
+        {0.4567, FigureKind::Correlation, kAma, "0.46"},
+        {1.02, FigureKind::Correlation, kApa, "1.02"},
+        {0.12345, FigureKind::Other, apaNone, "0.123"},
     };
     for (const auto& [number, kind, style, words] : cases) {
         EXPECT_EQ(WriteFigure(number, {FormatName::Coefficient}, kind, style), words) << number;
