@@ -6,8 +6,7 @@
 #include <string>
 
 #include "host/context/RunContext.h"
-#include "tests/chart/picture/LevelsSamples.h"
-#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/Samples.h"
 
 namespace {
 
@@ -35,19 +34,19 @@ void MeasurePicture(benchmark::State& state, MakeSample makeSample) {
 }
 
 void Means(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::MeansSample("means", {"District"}, MeansOf(n)); });
+    MeasurePicture(state, [](int n) { return chart::MeansSample({"District"}, MeansOf(n)); });
 }
 void Contrasts(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::ContrastSample("contrasts", {"District"}, MeansOf(n), 60); });
+    MeasurePicture(state, [](int n) { return chart::ContrastSample({"District"}, MeansOf(n), 60); });
 }
 void Pairs(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::PairwiseSample("pairs", n, {}); });
+    MeasurePicture(state, [](int n) { return chart::PairwiseSample(n, {}); });
 }
 void Diagram(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::DiagramSample("diagram", n, true); });
+    MeasurePicture(state, [](int n) { return chart::DiagramSample(n, true); });
 }
 void Scatter(benchmark::State& state) {
-    MeasurePicture(state, [](int n) { return chart::ScatterSample("scatter", n); });
+    MeasurePicture(state, [](int n) { return chart::ScatterSample(n); });
 }
 
 BENCHMARK(Means)->RangeMultiplier(4)->Range(64, 16384)->Complexity()->Unit(benchmark::kMicrosecond);

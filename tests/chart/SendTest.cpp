@@ -1,12 +1,9 @@
 #include "host/ViZEditor.h"
 #include "host/XDocument.h"
 #include "host/XViZTemplate.h"
+#include "host/chart/specification/ReadSpecification.h"
 #include "tests/chart/ChartRun.h"
-#include "tests/chart/Describe.h"
-#include "tests/chart/PatchedCharts.h"
-#include "tests/chart/picture/PictureFaults.h"
 #include "tests/language/TemporaryFolder.h"
-#include "tests/mutations/Mutation.h"
 
 namespace hierfit::test {
 
@@ -123,30 +120,22 @@ TEST(SendTest, TemplatesThatAreNoneConvertToNothing) {
 TEST(SendTest, HistogramIsMergedWhereAllThreeCanBeRead) {
     const std::string histogram = "<?xml version=\"1.0\"?><!-- </chart> --><chart version=\"1\"><plot/></chart>";
     const std::string stream = R"([{"source":"s","rows":0,"variables":[{"name":"</chart>&","values":["]]>"]}]}])";
-    const std::tuple<std::string, std::string, std::string, bool> cases[] = {
-        {kChart, histogram, stream, true},
-        {kChart, histogram, "[]", true},
-        {kChart, histogram, "[", false},
-        {kChart, "<chart>", stream, false},
-        {kChart, "<graph/>", stream, false},
-        {kChart, "", stream, false},
-        {"<chart><plot></chart>", histogram, stream, false},
-        {"", histogram, stream, false},
-        {"</chart>", histogram, stream, false}};
     ChartRun run;
-    EXPECT_EQ(ViZEditor::GetInstance().EmbedHistogramInGraph(kChart, histogram, "[]", 2, 2), "") << "not started";
-    EXPECT_TRUE(KestJVM::GetInstance().StartJVM());
-    EXPECT_TRUE(ViZEditor::GetInstance().StartEditorHeadless(nullptr));
-    for (const auto& [graph, inner, data, isMerged] : cases) {
-        const std::string merged =
-            ViZEditor::GetInstance().EmbedHistogramInGraph(graph, inner, data.data(), static_cast<int>(data.size()), 9);
-        EXPECT_EQ(!merged.empty(), isMerged) << graph << inner << data;
-        if (!isMerged) continue;
-        const std::string sources = data == "[]" ? "0" : "1";
-        EXPECT_EQ(DescribeXml(merged),
-                  "chart template=T\nplot 0 margin=0\ninset at=anchor type=6 sources=" + sources +
-                      " (\nchart\nplot 0 margin=0\n)\nremark: attribute fieldType of inset cannot be \"9\"\n");
-    }
+    const auto merge = [](const std::string& graph, const std::string& inner, const std::string& data) {
+        return ViZEditor::GetInstance().EmbedHistogramInGraph(graph, inner, data.data(), static_cast<int>(data.size()),
+                                                              9);
+    };
+    EXPECT_EQ(merge(kChart, histogram, "[]"), "") << "not started";
+    ChartRun::StartEditor();
+    const auto merged = chart::ReadSpecification(merge(kChart, histogram, stream));
+    EXPECT_EQ(std::get<chart::Reading>(merged).fvRemarks,
+              std::vector<std::string>{"attribute fieldType of inset cannot be \"9\""});
+    EXPECT_EQ(std::get<chart::Reading>(merged).fSpecification.fInset.value().fvData.size(), 1U);
+    const std::array<std::string, 3> cases[] = {
+        {kChart, histogram, "["},       {kChart, "<chart>", stream}, {kChart, "<graph/>", stream},
+        {kChart, "", stream},           {"", histogram, stream},     {"<chart><plot></chart>", histogram, stream},
+        {"</chart>", histogram, stream}};
+    for (const auto& [graph, inner, data] : cases) EXPECT_EQ(merge(graph, inner, data), "") << graph << inner << data;
 }
 
 TEST(SendTest, MachineMayRefuseToStart) {
@@ -156,48 +145,6 @@ TEST(SendTest, MachineMayRefuseToStart) {
     EXPECT_FALSE(machine.StartJVM() || machine.IsStarted() || machine.AttachCurrentThread(nullptr));
     EXPECT_FALSE(ViZEditor::GetInstance().StartEditorHeadless(machine.GetEnv()));
     EXPECT_FALSE(ViZEditor::GetInstance().IsStartedHeadless());
-}
-
-/// Values under every name that the templates know, some of them of the wrong kind.
-void FillAllVariables(VarDataProcessor& processor) {
-    const char* const kNames[] = {"X",       "Y",        "FromX",   "FromY",  "ToX",     "ToY",     "Label_X",
-                                  "Label_Y", "Nodes",    "Type",    "Weight", "target",  "effect1", "confMargin",
-                                  "value",   "category", "type",    "facet1", "facet2",  "from",    "to",
-                                  "node",    "weight",   "effect2", "tip",    "tooltip", "Weight2", "Transparency"};
-    for (const char* source :
-         {"source0", "pointSource", "edgeSource", "targetPointSource", "nodeSource_1", "edgeSource_1"}) {
-        processor.AddDataSource(source, 0);
-        for (int i = 0; const char* name : kNames) {
-            processor.AddVariable(source, name, nullptr);
-            for (int row = 0; row < 4; ++row) processor.SetVariableValue(source, name, row, (row * 7 + i) % 5);
-            if (++i % 4 == 0) processor.SetStringVariableValue(source, name, 1, "text");
-        }
-    }
-}
-
-TEST(SendTest, BrokenTemplatesAreSentOrLeftOutWithAWord) {
-    VarDataProcessor processor;
-    FillAllVariables(processor);
-    std::vector<PatchedChart> charts;
-    {
-        const ChartRun run;
-        charts = MakePatchedCharts("label");
-    }
-    Mutator mutator(1);
-    for (int round = 0; round < 20; ++round) {
-        for (const auto& [name, xml] : charts) {
-            ChartRun run;
-            std::string changes;
-            XDocument document(mutator.Mutate(xml, changes));
-            document.SetChartData(&processor);
-            const bool isSent = document.SendChart(true, false, false);
-            EXPECT_EQ(run->GetDocument().fItems.size(), isSent ? 1U : 0U) << name << changes;
-            EXPECT_TRUE(isSent || !run.Diagnostics().empty()) << name << changes;
-            for (const document::Item& item : run->GetDocument().fItems) {
-                EXPECT_EQ(chart::FaultsOf(std::get<document::Chart>(item.fContent).fPicture), "") << name << changes;
-            }
-        }
-    }
 }
 
 }  // namespace

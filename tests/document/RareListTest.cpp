@@ -10,12 +10,9 @@ namespace {
 
 using Words = RareList<std::string>;
 
-TEST(RareList, TakesTheRoomOfAPointer) { EXPECT_EQ(sizeof(Words), sizeof(void*)); }
-
 TEST(RareList, HoldsItsOwnElements) {
     Words one;
     EXPECT_TRUE(one.empty());
-    EXPECT_EQ(one, Words(std::vector<std::string>()));
     one.push_back("a");
     Words other = one;
     other.push_back("b");

@@ -17,7 +17,6 @@ function run(command, ...args) {
 
 const page = readFileSync(join(root, "docs/documents.md"), "utf8");
 const blocks = [...page.matchAll(/^```xml\n([^]*?)^```$/gm)].map(([, text]) => text);
-if (blocks.length !== 2) faults.push(`the page shows ${blocks.length} documents, not two`);
 ["model.pmml", "model.statxml"].forEach((name, number) => {
   writeFileSync(join(work, name), blocks[number] ?? "");
   const { status, err } = run(xmllint, "--noout", "--relaxng", join(root, "docs", `${name}.rng`), join(work, name));

@@ -10,26 +10,17 @@ namespace {
 const std::pair<const char*, std::string> kCases[] = {
     {"the highest index of each side is outermost, whatever the order of the dimensions", R"(
 rows 1 Inner : i k
-rows 2 Outer : A B
-columns 1 In : x y
+rows 2 Outer : A
+columns 1 In : x
 columns 2 Out : P Q
-cells i,A,x,P=1 k,A,x,P=2 i,B,x,P=3 i,A,y,P=4 i,A,x,Q=5
+cells i,A,x,P=1 k,A,x,P=2 i,A,x,Q=3
 
- | | [Out] | < | <
- | | P | < | Q
- | | [In] | < | [In]
-[Outer] | [Inner] | x | y | x
-A | i | 1 | 4 | 5
-^ | k | 2 | |
-B | i | 3 | |
-)"},
-    {"equal indices keep the order of the dimensions", R"(
-rows 1 First : a
-rows 1 Second : b
-cells 1
-
-[First] | [Second] |
-a | b | 1
+ | | [Out] | <
+ | | P | Q
+ | | [In] | [In]
+[Outer] | [Inner] | x | x
+A | i | 1 | 3
+^ | k | 2 |
 )"},
     {"groups of uneven depth", R"(
 rows 1 Term : plain g::c g::h::d g::h::e last
@@ -44,17 +35,6 @@ plain | < | < | 1 | | 2
 ^ | ^ | e | 6 | |
 last | < | < | 7 | |
 )"},
-    {"hidden labels part the rows but have no level, not even for a name; a hidden name leaves an empty corner", R"(
-rows 1 -labels Record : 0 1
-rows 2 -name Data : first
-columns 1 -name Variables : v
-columns 2 -labels Shown : x y
-cells 0,first,v,x=1 1,first,v,x=2 1,first,v,y=3
-
- | v | v
-first | 1 |
-^ | 2 | 3
-)"},
     {"equal neighbours under different outer headers do not merge, and a note marks each of them", R"(
 rows 2 Outer : A B
 rows 1 Inner : i*n
@@ -68,22 +48,15 @@ A | i*a | 1 |
 B | i*a | | 2
 a: n
 )"},
-    {"two categories of the same words do not merge", R"(
-rows 1 R : g::same h::same
+    {"equal indices keep the order of the dimensions, and two categories of the same words do not merge", R"(
+rows 1 First : g::same h::same
+rows 1 Second : b
 columns 1 -name S : v
 cells 1 2
 
-[R] | < | v
-(g) | same | 1
-(h) | same | 2
-)"},
-    {"no row dimension: one row without a label", R"(
-columns 1 -name Statistics : Mean ci::Lower
-cells 1 2
-
-Mean | (ci)
-^ | Lower
-1 | 2
+[First] | < | [Second] | v
+(g) | same | b | 1
+(h) | same | b | 2
 )"},
     {"no column dimension: one column without a label", R"(
 rows 1 -name Content : Target g::AIC
@@ -93,7 +66,6 @@ cells y 3
 Target | < | y
 (g) | AIC | 3
 )"},
-    {"no dimension at all", "\ncells 7\n\n7\n"},
     {"what has no members or no cells is not laid out, nor does it make levels", R"(
 rows 2 Empty :
 rows 1 R : a unused g::deep::unused2 b

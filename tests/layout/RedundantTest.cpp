@@ -5,13 +5,7 @@
 namespace hierfit {
 namespace {
 
-struct RedundantCase {
-    std::string fSketch;  ///< the note "0" tells of redundant coefficients
-    std::string fRows;    ///< those that can be left out
-    std::string fNotes;   ///< letters of the notes that go with them
-    std::string fReferences;
-};
-
+/// The note "0" tells of redundant coefficients.
 document::Table Sketch(const std::string& sketch) {
     document::Table table = test::SketchTable(sketch);
     for (document::Cell& cell : table.fvCells) {
@@ -23,35 +17,32 @@ document::Table Sketch(const std::string& sketch) {
 }
 
 TEST(Redundant, RowsAreThoseWhoseNotesSaySo) {
-    const RedundantCase cases[] = {
-        {"rows 1 T : a b\ncells 0*other 1", "", "", ""},
-        {"rows 1 T : Intercept [d=1] [d=2]*label [e=x]\ncells 1 1 0*0 0*0", "2 3 ", "a b ", "d=2 e=x "},
+    // Rows that can be left out, letters of the notes that go with them, and levels that they stand for.
+    const std::pair<const char*, const char*> cases[] = {
+        {"rows 1 T : a b\ncells 0*other 1", ""},
+        {"rows 1 T : Intercept [d=1] [d=2]*label [e=x]\ncells 1 1 0*0 0*0", "2 3 a b d=2 e=x "},
         // Interactions name no level of their own, nor do labels without brackets; a level is named once.
-        {"rows 1 T : [d=2]x[e=1] x [d=2] [a[1]=]]\ncells 0*0 0*0 0*0 0*0", "0 1 2 3 ", "a ", "d=2 "},
+        {"rows 1 T : [d=2]x[e=1] x [d=2] [a[1]=]]\ncells 0*0 0*0 0*0 0*0", "0 1 2 3 a d=2 "},
         // A note that another row or a column has stays.
-        {"rows 1 T : a b*0 c*n\ncells 0*0 1 0*0", "0 2 ", "b ", ""},
-        {"rows 1 T : a b\ncolumns 1 S : x*n y\ncells 0*0*n . 1 1", "0 ", "b ", ""},
+        {"rows 1 T : a b*0 c*n\ncells 0*0 1 0*0", "0 2 b "},
+        {"rows 1 T : a b\ncolumns 1 S : x*n y\ncells 0*0*n . 1 1", "0 b "},
         // The row that bears the header of others stays; below an inner header all do.
-        {"rows 1 T : g::[d=1] g::[d=2] [e=1]\ncells 0*0 0*0 0*0", "1 2 ", "", "d=1 d=2 e=1 "},
-        {"rows 2 A : a\nrows 1 T : g::x g::y z\ncells 1 0*0 0*0", "2 ", "", ""},
+        {"rows 1 T : g::[d=1] g::[d=2] [e=1]\ncells 0*0 0*0 0*0", "1 2 d=1 d=2 e=1 "},
+        {"rows 2 A : a\nrows 1 T : g::x g::y z\ncells 1 0*0 0*0", "2 "},
     };
-    for (const auto& [sketch, rows, notes, references] : cases) {
+    for (const auto& [sketch, expected] : cases) {
         const document::Table table = Sketch(sketch);
         const report::Grid grid = report::MakeGrid(table);
-        const report::Redundant found = report::FindRedundant(grid);
-        std::string foundRows;
-        for (std::size_t row = 0; row < found.fvRows.size(); ++row) {
-            if (found.fvRows[row]) foundRows += std::to_string(row) + ' ';
+        const report::Redundant redundant = report::FindRedundant(grid);
+        std::string found;
+        for (std::size_t row = 0; row < redundant.fvRows.size(); ++row) {
+            if (redundant.fvRows[row]) found += std::to_string(row) + ' ';
         }
-        std::string foundNotes;
-        for (std::size_t note = 0; note < found.fvNotes.size(); ++note) {
-            if (found.fvNotes[note]) foundNotes += grid.fvNotes[note].fLetter + ' ';
+        for (std::size_t note = 0; note < redundant.fvNotes.size(); ++note) {
+            if (redundant.fvNotes[note]) found += grid.fvNotes[note].fLetter + ' ';
         }
-        std::string foundReferences;
-        for (const std::string& level : found.fvReferences) foundReferences += level + ' ';
-        EXPECT_EQ(foundRows, rows) << sketch;
-        EXPECT_EQ(foundNotes, notes) << sketch;
-        EXPECT_EQ(foundReferences, references) << sketch;
+        for (const std::string& level : redundant.fvReferences) found += level + ' ';
+        EXPECT_EQ(found, expected) << sketch;
     }
 }
 

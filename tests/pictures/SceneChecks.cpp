@@ -1,18 +1,22 @@
 #include "tests/pictures/SceneChecks.h"
 
 #include <fmt/format.h>
+#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <array>
 #include <cmath>
 #include <numbers>
 
+#include "report/charts/layout/LayOut.h"
 #include "report/charts/layout/text/TextWidth.h"
 
 namespace hierfit::test {
 
 using report::charts::Anchor;
+using report::charts::Circle;
 using report::charts::Element;
+using report::charts::Line;
 using report::charts::Point;
 using report::charts::Scene;
 using report::charts::Shape;
@@ -98,8 +102,15 @@ void AddOverlaps(const Scene& scene, std::vector<Box> boxes, std::vector<std::st
     }
 }
 
-bool IsInside(const Box& box, const Scene& scene) {
-    return box.fLeast.fX >= 0 && box.fLeast.fY >= 0 && box.fMost.fX <= scene.fWidth && box.fMost.fY <= scene.fHeight;
+bool IsInside(const Scene& scene, const Point& least, const Point& most) {
+    return least.fX >= 0 && least.fY >= 0 && most.fX <= scene.fWidth && most.fY <= scene.fHeight;
+}
+
+bool IsInside(const Scene& scene, const Shape& shape) {
+    const auto isInside = [&scene](const Point& point) { return IsInside(scene, point, point); };
+    if (const auto* line = std::get_if<Line>(&shape.fForm)) return isInside(line->fFrom) && isInside(line->fTo);
+    const auto* circle = std::get_if<Circle>(&shape.fForm);
+    return circle == nullptr || isInside(circle->fAt);
 }
 
 }  // namespace
@@ -108,13 +119,29 @@ std::vector<std::string> FaultsOf(const Scene& scene) {
     std::vector<std::string> faults;
     const std::vector<Box> boxes = BoxesOf(scene);
     for (const Box& box : boxes) {
-        if (!IsInside(box, scene)) {
+        if (!IsInside(scene, box.fLeast, box.fMost)) {
             faults.push_back(Place(box) + fmt::format(" leaves {:.1f} by {:.1f}", scene.fWidth, scene.fHeight));
         }
         if (box.fpText->fStyle.fSize < kLeastSize) faults.push_back(Place(box) + " is too small");
     }
     AddOverlaps(scene, boxes, faults);
+    for (const Element& element : scene.fvElements) {
+        for (const Shape& shape : element.fvShapes) {
+            if (!IsInside(scene, shape)) faults.push_back("a shape of \"" + element.fTip + "\" stands out");
+        }
+    }
     return faults;
+}
+
+void CheckLayouts(const std::function<Scene(double)>& layOut, std::size_t marks) {
+    const std::vector<std::string> tips = TipsOf(layOut(report::charts::kDeskWidth));
+    EXPECT_EQ(tips.size(), marks);
+    for (const double width : {report::charts::kDeskWidth, report::charts::kPhoneWidth}) {
+        const Scene scene = layOut(width);
+        EXPECT_EQ(FaultsOf(scene), std::vector<std::string>()) << width;
+        EXPECT_LE(scene.fWidth, width);
+        EXPECT_EQ(TipsOf(scene), tips) << width;
+    }
 }
 
 std::vector<std::string> WordsOf(const Scene& scene) {
@@ -123,11 +150,17 @@ std::vector<std::string> WordsOf(const Scene& scene) {
     return words;
 }
 
+std::vector<const Element*> MarksOf(const Scene& scene) {
+    std::vector<const Element*> marks;
+    for (const Element& element : scene.fvElements) {
+        if (!element.fTip.empty()) marks.push_back(&element);
+    }
+    return marks;
+}
+
 std::vector<std::string> TipsOf(const Scene& scene) {
     std::vector<std::string> tips;
-    for (const Element& element : scene.fvElements) {
-        if (!element.fTip.empty()) tips.push_back(element.fTip);
-    }
+    for (const Element* mark : MarksOf(scene)) tips.push_back(mark->fTip);
     return tips;
 }
 

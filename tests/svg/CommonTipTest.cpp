@@ -15,7 +15,6 @@ struct TipsCase {
 TEST(CommonTip, LeavesOutWhatAllSay) {
     const TipsCase cases[] = {
         {{"Dose: low\nMean: 1.5", "Dose: low\nMean: 1.25"}, "Dose: low\nMean: \u2026", {"1.5", "1.25"}},
-        {{"a = 12\np = 0.1", "a = 13\np = 0.2"}, "a = \u2026\np = \u2026", {"12\n0.1", "13\n0.2"}},
         // Nothing but whole names up to their sign: not the beginnings of figures, nor of words.
         {{"a: b: 12", "a: b: 13"}, "a: b: \u2026", {"12", "13"}},
         {{"Level 1\nSame", "Level 2\nSame"}, "\u2026\nSame", {"Level 1", "Level 2"}},
@@ -25,7 +24,6 @@ TEST(CommonTip, LeavesOutWhatAllSay) {
         {{"n: long\u2026\nm: 1", "n: long\u2026\nm: 2"}, "n: \u2026\nm: \u2026", {"long\u2026\n1", "long\u2026\n2"}},
         {{"x: 1", "x: 1\ny: 2"}, ""},
         {{"1.5", "1.25"}, ""},
-        {{"x: 1", "x: 1"}, ""},
         {{}, ""},
     };
     for (const TipsCase& each : cases) {

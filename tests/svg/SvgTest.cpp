@@ -16,8 +16,8 @@ const Paint kThick{.fStroke = Ink::SetOff, .fStrokeWidth = 2.5, .fDash = Dash::L
 
 Shape MakeDot(double x, Ink ink = Ink::Level) { return {{.fFill = ink}, Circle{{x, 2}, 3}}; }
 
-Shape MakeWords(const std::string& words, Anchor anchor = Anchor::Start, double turn = 0, TextStyle style = {}) {
-    return {kInk, Text{words, {10, 20.25}, style, anchor, turn}};
+Shape MakeWords(const std::string& words, Anchor anchor = Anchor::Start) {
+    return {kInk, Text{words, {10, 20.25}, {}, anchor, 0}};
 }
 
 /// What stands inside the element.
@@ -28,34 +28,22 @@ std::string Print(const std::vector<Element>& elements, Names names = Names::Mar
     return svg.substr(svg.find('>') + 1);
 }
 
-struct SceneCase {
-    std::vector<Element> fvElements;
-    std::string fSvg;
-    std::string fWithoutNames;  ///< empty where it is the same
-};
-
-TEST(Svg, PrintsEachFormOnce) {
+TEST(Svg, PrintsPlacesThatAreNoneAndPathsInTheShortestForm) {
     const double nan = std::numeric_limits<double>::quiet_NaN();
     const double infinity = std::numeric_limits<double>::infinity();
     const std::string ink = R"( class="f1" fill="#1b1f24")";
+    const std::string line = R"(<path class="s4" stroke="#e7eaee" d=)";
     const std::pair<Shape, std::string> cases[] = {
-        {{kInk, Rectangle{{1, 2}, 3.04, 4.05}}, "<rect" + ink + R"( x="1" y="2" width="3" height="4.1"/>)"},
-        {{kInk, Rectangle{{-0.04, 0.04}, -3, 4, 2}}, "<rect" + ink + R"( x="0" y="0" width="0" height="4" rx="2"/>)"},
+        {{kInk, Rectangle{{-0.04, 0.04}, -3, 4.05, 2}},
+         "<rect" + ink + R"( x="0" y="0" width="0" height="4.1" rx="2"/>)"},
         {{kInk, Circle{{-0.95, nan}, infinity}}, "<circle" + ink + R"( cx="-1" cy="0" r="10000000"/>)"},
-        {{kLine, Line{{0.5, 1}, {0.54, 10.26}}}, R"(<path class="s4" stroke="#e7eaee" d="M0.5 1v9.3"/>)"},
         {{kThick, Line{{1, 1}, {-4, 1}}},
          R"(<path class="s10" stroke="#d55e00" stroke-opacity=".25" stroke-width="2.5" stroke-dasharray="7 3" d="M1 1h-5"/>)"},
-        {{{.fFill = Ink::Paper, .fStroke = Ink::Ramp}, Path{{{{0, 0}, {1.1, 2}, {0, 2.9}}, {}, {{9, -9}}}, true}},
-         R"(<path class="f5 s19" fill="#ffffff" stroke="#4b277c" d="M0 0l1.1 2l-1.1 0.9zM9-9z"/>)"},
-        {{kLine, Path{{{{0.4, 0.6}, {9.4, 5.5}}, {{2.49, -0.5}}}, false, true}},
-         R"(<path class="s4" stroke="#e7eaee" d="M0 1l9 5M2-1"/>)"},
+        {{kLine, Path{{{{0, 0}, {1.1, 2}, {0, 2.9}}, {}, {{9, -9}}}, true}}, line + R"("M0 0l1.1 2l-1.1 0.9zM9-9z"/>)"},
+        {{kLine, Path{{{{0.4, 0.6}, {9.4, 5.5}}, {{2.49, -0.5}}}, false, true}}, line + R"("M0 1l9 5M2-1"/>)"},
         // Parts that begin near where the one before ended, which is where a closed one began.
         {{kLine, Path{{{{100, 200}, {100, 250}, {150, 250}}, {{101, 202}, {101, 300}}, {{99, 301}}}, true}},
-         R"(<path class="s4" stroke="#e7eaee" d="M100 200v50h50zm1 2v98m-2 1z"/>)"},
-        {MakeWords("a < b"), "<text" + ink + R"( x="10" y="20.3">a &lt; b</text>)"},
-        {MakeWords("Mean", Anchor::Middle, -90, {16, true}),
-         "<text" + ink +
-             R"~( font-size="16" font-weight="bold" text-anchor="middle" transform="translate(10 20.3)rotate(-90)">Mean</text>)~"},
+         line + R"("M100 200v50h50zm1 2v98m-2 1z"/>)"},
     };
     for (const auto& [shape, svg] : cases) EXPECT_EQ(Print({{{shape}, "", {}, false}}), svg);
 }
@@ -66,25 +54,18 @@ TEST(Svg, SharesWhatStandsSideBySide) {
     const Shape line{kLine, Line{{0, 0}, {0, 9}}};
     const Shape thick{kThick, Line{{0, 0}, {0, 9}}};
     const std::string group = R"(<g class="f11" fill="#0072b2">)";
+    const std::string both = R"(<circle cx="1" cy="2" r="3"/><circle cx="2" cy="2" r="3"/>)";
     const std::string lone = R"(class="f11" fill="#0072b2" )";
-    const std::string keys = R"(data-k="4 12")";
-    const std::string name = "<title>A\nMean = &quot;1&quot;</title>";
-    const SceneCase cases[] = {
-        {{}, "", ""},
-        {{{}, {{}, "", {}, false}}, "", ""},
+    const std::tuple<std::vector<Element>, std::string, std::string> cases[] = {
         // One paint of decoration and marks, over the edges of elements.
         {{dots, mark},
-         group + R"(<circle cx="1" cy="2" r="3"/><circle cx="2" cy="2" r="3"/><circle )" + keys +
-             R"( cx="3" cy="2" r="3">)" + name + "</circle></g>",
-         group +
-             R"(<circle cx="1" cy="2" r="3"/><circle cx="2" cy="2" r="3"/><circle class="m" cx="3" cy="2" r="3"/></g>)"},
-        {{mark},
-         "<circle " + lone + keys + R"( cx="3" cy="2" r="3">)" + name + "</circle>",
-         R"(<circle class="m f11" fill="#0072b2" cx="3" cy="2" r="3"/>)"},
+         group + both + R"(<circle data-k="4 12" cx="3" cy="2" r="3"><title>A)" +
+             "\nMean = &quot;1&quot;</title></circle></g>",
+         group + both + R"(<circle class="m" cx="3" cy="2" r="3"/></g>)"},
         // A mark of several shapes is one element, whether they look alike or not.
         {{{{MakeDot(1), MakeDot(2)}, "B", {}, false}},
-         R"(<g class="f11" fill="#0072b2"><title>B</title><circle cx="1" cy="2" r="3"/><circle cx="2" cy="2" r="3"/></g>)",
-         R"(<g class="m f11" fill="#0072b2"><circle cx="1" cy="2" r="3"/><circle cx="2" cy="2" r="3"/></g>)"},
+         group + "<title>B</title>" + both + "</g>",
+         R"(<g class="m f11" fill="#0072b2">)" + both + "</g>"},
         {{{{line, MakeDot(1)}, "B", {}, false}},
          R"(<g><title>B</title><path class="s4" stroke="#e7eaee" d="M0 0v9"/><circle )" + lone +
              R"(cx="1" cy="2" r="3"/></g>)",
@@ -97,12 +78,11 @@ TEST(Svg, SharesWhatStandsSideBySide) {
          ""},
         // What has no name keeps its keys in each layout.
         {{{{MakeDot(1)}, "", {7, 8}, true}}, "<circle " + lone + R"(data-e="7 8" cx="1" cy="2" r="3"/>)", ""},
-        {{{{line}, "", {7}, false}}, R"(<path class="s4" stroke="#e7eaee" data-k="7" d="M0 0v9"/>)", ""},
         {{{{}, "Nothing to see", {}, false}}, "<g><title>Nothing to see</title></g>", R"(<g class="m"></g>)"},
     };
-    for (const SceneCase& each : cases) {
-        EXPECT_EQ(Print(each.fvElements), each.fSvg);
-        EXPECT_EQ(Print(each.fvElements, Names::None), each.fWithoutNames.empty() ? each.fSvg : each.fWithoutNames);
+    for (const auto& [elements, svg, withoutNames] : cases) {
+        EXPECT_EQ(Print(elements), svg);
+        EXPECT_EQ(Print(elements, Names::None), withoutNames.empty() ? svg : withoutNames);
     }
 }
 
@@ -113,7 +93,6 @@ TEST(Svg, SetsWordsAsTheyRead) {
         {MakeWords("12 \u0628 a", Anchor::End), rtl},
         {MakeWords("\u05D0", Anchor::Middle), R"( text-anchor="middle")" + rtl},
         {MakeWords("a \u05D0", Anchor::End), R"( text-anchor="end")"},
-        {MakeWords("12 \xFF"), ""},
     };
     for (const auto& [shape, attributes] : cases) {
         const std::string svg = Print({{{shape}, "", {}, false}});
@@ -128,8 +107,7 @@ TEST(Svg, SetsWordsAsTheyRead) {
 TEST(Svg, KeepsTextsTexts) {
     const std::pair<std::string, std::string> cases[] = {
         {"</text><script>alert(1)</script>", "&lt;/text&gt;&lt;script&gt;alert(1)&lt;/script&gt;"},
-        {"\" onload=\"alert(2)", "&quot; onload=&quot;alert(2)"},
-        {"]]>&amp;&#60;<!--", "]]&gt;&amp;amp;&amp;#60;&lt;!--"},
+        {"\"]]>&amp;<!--", "&quot;]]&gt;&amp;amp;&lt;!--"},
         {"\0\x1B\x7F"s, "␀␛␡"},
         {"\uFFFE\u202E\u2066\xC2\x85\xED\xA0\x80 \xF0\x9F", "\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD\uFFFD \uFFFD\uFFFD"},
     };
@@ -142,15 +120,6 @@ TEST(Svg, KeepsTextsTexts) {
     }
 }
 
-TEST(Svg, MakesAFileThatNeedsNoStyleSheet) {
-    EXPECT_EQ(MakeSvgFile({120.26, 40, {{{MakeDot(1)}, "A", {}, false}}}, "Means", ""),
-              R"(<svg xmlns="http://www.w3.org/2000/svg" role="group" width="120.3" height="40" viewBox="0 0 120.3 40")"
-              R"( font-family="Helvetica,Arial,'Liberation Sans','DejaVu Sans',sans-serif" font-size="12" fill="none">)"
-              R"(<title>Means</title><rect width="100%" height="100%" fill="#ffffff"/>)"
-              R"(<circle class="f11" fill="#0072b2" cx="1" cy="2" r="3"><title>A</title></circle></svg>)"
-              "\n");
-}
-
 std::size_t CountOf(std::string_view part, std::string_view text) {
     std::size_t count = 0;
     for (std::size_t at = text.find(part); at != std::string_view::npos; at = text.find(part, at + 1)) ++count;
@@ -158,13 +127,7 @@ std::size_t CountOf(std::string_view part, std::string_view text) {
 }
 
 TEST(Svg, SaysOnceWhatACrowdHasInCommon) {
-    struct CrowdCase {
-        int fMarks;
-        std::string fName;
-        bool fAreKeysShared;
-        bool fAreTipsShared;
-    };
-    const CrowdCase cases[] = {
+    const std::tuple<int, std::string, bool, bool> cases[] = {
         {2000, "Mean", false, false},
         {2001, "Mean", true, false},
         {2000, std::string(150, 'n'), false, true},
@@ -209,9 +172,8 @@ TEST(Svg, IsShortAndQuickForManyMarks) {
     EXPECT_LT(svg.size(), 900'000u);
     EXPECT_LT(seconds.count(), 0.5);  // a hundredth of that by itself; quadratic ways take longer
     // Dots of one round pen; circles where they are of several sizes, or have an edge.
-    const std::string pen =
-        R"(<g class="s11" stroke="#0072b2" stroke-opacity=".50" stroke-width="9" stroke-linecap="round">)";
-    EXPECT_NE(svg.find(pen + R"(<path d="M0 123.4z"><title>Rea)"), std::string::npos) << svg.substr(0, 500);
+    EXPECT_NE(svg.find(R"( stroke-width="9" stroke-linecap="round"><path d="M0 123.4z"><title>Rea)"),
+              std::string::npos);
     for (const Scene& scene : {makeScene(Ink::None, 5), makeScene(Ink::Paper, 4.5)}) {
         svg.clear();
         AppendSvg(svg, scene, Names::None, "");

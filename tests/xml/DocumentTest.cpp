@@ -1,33 +1,13 @@
-#include <string_view>
-
 #include "Parsed.h"
 
 namespace hierfit::test {
 namespace {
 
-using xml::Document;
-using Node = Document::Node;
-
-/// The tree as text, attributes in brackets, element texts in quotes.
-std::string Shown(const Document& document) {
-    std::string text;
-    for (Node node = 0; node < document.Size(); ++node) {
-        text += document.PathOf(node);
-        for (const std::string_view name : {"a", "b", "xmlns", "p"}) {
-            if (auto value = document.Attribute(node, name))
-                text += " [" + std::string(name) + '=' + std::string(*value) + ']';
-        }
-        if (!document.Text(node).empty()) text += " \"" + std::string(document.Text(node)) + '"';
-        text += '\n';
-    }
-    return text;
-}
+std::string Shown(const std::string& text) { return ShowTree(*Parsed(text), {"a", "b", "xmlns", "p"}); }
 
 TEST(Document, HoldsNamesAttributesAndTexts) {
     const std::pair<const char*, const char*> cases[] = {
-        {"<r/>", "r\n"},
         {"<r><x/><y/><x/></r>", "r\nr/x[1]\nr/y\nr/x[2]\n"},
-        {"<r a='1' b=''/>", "r [a=1] [b=]\n"},
         {"<r>one<x>two</x>three<x/>four</r>", "r \"onethreefour\"\nr/x[1] \"two\"\nr/x[2]\n"},
         {"<r>\n  <x> </x>\n</r>", "r\nr/x \" \"\n"},
         {"<r>a&lt;&#x41;&amp;<![CDATA[<b>&]]><!-- c --><?p i?></r>", "r \"a<A&<b>&\"\n"},
@@ -37,30 +17,58 @@ TEST(Document, HoldsNamesAttributesAndTexts) {
         {"<r p:a='first' a='second'/>", "r [a=second]\n"},
         {"<r>\r\none\rtwo</r>", "r \"\none\ntwo\"\n"},
     };
-    for (const auto& [text, tree] : cases) EXPECT_EQ(Shown(*Parsed(text)), tree) << text;
+    for (const auto& [text, tree] : cases) EXPECT_EQ(Shown(text), tree) << text;
 }
 
 TEST(Document, ReadsEncodings) {
     const std::string utf8 = "<r a='\xC3\xA4'>\xE2\x82\xAC</r>";
-    const std::string tree = "r [a=\xC3\xA4] \"\xE2\x82\xAC\"\n";
-    EXPECT_EQ(Shown(*Parsed(utf8)), tree);
-    EXPECT_EQ(Shown(*Parsed("\xEF\xBB\xBF" + utf8)), tree);
-    EXPECT_EQ(Shown(*Parsed("<?xml version='1.0' encoding='iso-8859-1'?><r a='\xE4'/>")), "r [a=\xC3\xA4]\n");
     const std::string declared = "<?xml version='1.0' encoding='UTF-16'?><r a='x'/>";
-    EXPECT_EQ(Shown(*Parsed(Utf16(declared, false))), "r [a=x]\n");
-    EXPECT_EQ(Shown(*Parsed(Utf16(declared, true))), "r [a=x]\n");
+    const std::pair<std::string, const char*> cases[] = {
+        {utf8, "r [a=\xC3\xA4] \"\xE2\x82\xAC\"\n"},
+        {"\xEF\xBB\xBF" + utf8, "r [a=\xC3\xA4] \"\xE2\x82\xAC\"\n"},
+        {"<?xml version='1.0' encoding='iso-8859-1'?><r a='\xE4'/>", "r [a=\xC3\xA4]\n"},
+        {Utf16(declared, false), "r [a=x]\n"},
+        {Utf16(declared, true), "r [a=x]\n"},
+    };
+    for (const auto& [text, tree] : cases) EXPECT_EQ(Shown(text), tree) << text;
+}
+
+std::string PositionsOf(const xml::Document& document) {
+    std::string text;
+    for (xml::Document::Node node = 0; node < document.Size(); ++node) {
+        const auto [line, column] = document.PositionOf(node);
+        text += (node > 0 ? " " : "") + std::to_string(line) + ':' + std::to_string(column);
+    }
+    return text;
+}
+
+TEST(Document, KnowsTheLineAndCharacterOfEachElement) {
+    const std::string latin = "<?xml version='1.0' encoding='ISO-8859-1'?>";
+    const std::pair<std::string, const char*> cases[] = {
+        {"\n\n <a>\n\n\n\t<b\n c='1'/><b/></a>", "3:2 6:2 7:9"},
+        {"<a>\r\n<b/>\r\n\r\n <b/></a>", "1:1 2:1 4:2"},
+        {"<a>\r\n<b/>\r<b/>\n\r<b/></a>", "1:1 2:1 3:1 5:1"},
+        {"\xEF\xBB\xBF<a>\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80<b/></a>", "1:1 1:7"},
+        {"<a>\r\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80<b/></a>", "1:1 2:4"},
+        {latin + "\r<a>\xE4\xE4<b/></a>", "2:1 2:6"},
+        {Utf16("<a>\n <b/>\r\n<b/></a>", false), "1:1 2:2 3:1"},
+        {Utf16("<a>\n <b/>\r\n<b/></a>", true), "1:1 2:2 3:1"},
+        {Utf16("<a>", true) + std::string("\xD8\x3D\xDE\x00\x0A\x0A", 6) + Utf16("<b/></a>", true).substr(2),
+         "1:1 1:6"},
+    };
+    for (const auto& [text, positions] : cases) EXPECT_EQ(PositionsOf(*Parsed(text)), positions) << text;
 }
 
 TEST(Document, FindsAmongThousandsOfNames) {
     std::string text = "<r>";
-    for (int i = 0; i < 3000; ++i)
-        text += "<n" + std::to_string(i) + " long-attribute-name-" + std::to_string(i) + "='v'/>";
+    const auto name = [](int number) { return "long-name-" + std::to_string(number); };
+    for (int i = 0; i < 3000; ++i) text += "<" + name(i) + " a-" + name(i) + "='v'/>";
     const auto document = Parsed(text + "</r>");
     for (const int i : {0, 1, 255, 256, 2999}) {
-        const Node node = document->FirstChild(0, "n" + std::to_string(i));
-        ASSERT_EQ(node, static_cast<Node>(i + 1));
-        EXPECT_EQ(document->Attribute(node, "long-attribute-name-" + std::to_string(i)), "v");
-        EXPECT_EQ(document->Attribute(node, "long-attribute-name-" + std::to_string(i + 1)), std::nullopt);
+        const xml::Document::Node node = document->FirstChild(0, name(i));
+        ASSERT_EQ(node, static_cast<xml::Document::Node>(i + 1));
+        EXPECT_EQ(document->Attribute(node, "a-" + name(i)), "v");
+        EXPECT_EQ(document->Attribute(node, "a-" + name(i + 1)), std::nullopt);
     }
 }
 

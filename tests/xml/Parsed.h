@@ -2,7 +2,9 @@
 
 #include <memory>
 #include <string>
+#include <string_view>
 #include <variant>
+#include <vector>
 
 #include "host/xml/Document.h"
 
@@ -11,6 +13,21 @@ namespace hierfit::test {
 /// The document of a text that must be read.
 inline std::shared_ptr<xml::Document> Parsed(const std::string& text) {
     return std::get<0>(xml::Document::Parse(text));
+}
+
+/// The tree as text, an element a line: its path, the attributes of these names in brackets, its text in quotes.
+inline std::string ShowTree(const xml::Document& document, const std::vector<std::string_view>& names) {
+    std::string text;
+    for (xml::Document::Node node = 0; node < document.Size(); ++node) {
+        text += document.PathOf(node);
+        for (const std::string_view name : names) {
+            const auto value = document.Attribute(node, name);
+            if (value) text += " [" + std::string(name) + '=' + std::string(*value) + ']';
+        }
+        if (!document.Text(node).empty()) text += " \"" + std::string(document.Text(node)) + '"';
+        text += '\n';
+    }
+    return text;
 }
 
 /// Reason, place and excerpt of a text that must not be read.

@@ -1,8 +1,7 @@
-#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/Samples.h"
 
 #include <algorithm>
 #include <cmath>
-#include <limits>
 #include <memory>
 
 namespace hierfit::chart {
@@ -14,8 +13,6 @@ using document::ChartValue;
 using document::ChartVariable;
 
 const std::vector<std::string> kTypes = {"continuous", "categorical", "ordinal", "interaction", "unknown"};
-const std::string kHostile = "</script><b>\"x\" & 'y' ]]> ${1} {{z}} \x01\xff\n=1+1 \xE2\x80\xAE";
-const Curve kNormal{"normal", {}, {}};
 
 constexpr const char* kHistogram = R"xml(<chart>
 <plot><bars x="X" y="Y"/></plot>
@@ -33,19 +30,16 @@ constexpr const char* kDiagram = R"xml(<chart>
 <legend>
   <shows of="Weight" high="9" low="1"/>
   <heading>Significance</heading>
-  <entry value="1">≥ 0.2</entry><entry value="2">&lt; 0.2</entry><entry value="3">&lt; 0.1</entry>
-  <entry value="4">&lt; 0.05</entry><entry value="5">&lt; 0.01</entry><entry value="6">&lt; 0.005</entry>
-  <entry value="7">&lt; 0.001</entry><entry value="8">&lt; 0.0005</entry><entry value="9">&lt; 0.0001</entry>
+  <entry value="1">≥ 0.2</entry><entry value="4">&lt; 0.05</entry><entry value="5">&lt; 0.01</entry>
+  <entry value="8">&lt; 0.0005</entry><entry value="9">&lt; 0.0001</entry>
 </legend>
 <legend>
   <shows of="Type"/>
   <heading>Type</heading>
-  <entry value="intercept">Intercept</entry><entry value="continuous">Continuous</entry>
-  <entry value="ordinal">Ordinal</entry><entry value="categorical">Categorical</entry>
-  <entry value="interaction">Interaction</entry><entry value="unknown">Unknown</entry>
+  <entry value="intercept">Intercept</entry><entry value="ordinal">Ordinal</entry>
+  <entry value="unknown">Unknown</entry>
 </legend>
 <legend><shows of="Weight2"/><heading>Coefficient Estimate</heading></legend>
-<title>Fixed Coefficients</title>
 </chart>)xml";
 
 constexpr const char* kPairwise = R"xml(<chart>
@@ -58,9 +52,6 @@ constexpr const char* kPairwise = R"xml(<chart>
 <facetLayout><facetLevel depth="1" along="columns"/><facetLevel depth="2" along="rows"/></facetLayout>
 <legend><shows of="type"/></legend>
 <popup of="weightInPopup">Adj. Sig.</popup>
-<title>Pairwise Contrasts</title>
-<subtitle>Target: Average reaction time (ms)</subtitle>
-<footnote>The least significant difference adjusted significance level is 0.05.</footnote>
 </chart>)xml";
 
 constexpr const char* kScatter = R"xml(<chart>
@@ -69,51 +60,7 @@ constexpr const char* kScatter = R"xml(<chart>
 <field slot="X" name="X" label="Average reaction time (ms)" format="F40.2"/>
 <field slot="Y" name="Y" label="Predicted Value" format="F40.2"/>
 <field slot="Transparency" name="Frequency" label="Frequency" format="F40.2"/>
-<title>Predicted by Observed</title>
 </chart>)xml";
-
-void AddHistograms(std::vector<Sample>& samples) {
-    const auto add = [&samples](const std::string& name, const Curve& curve, double first, double step,
-                                const std::vector<ChartValue>& counts) {
-        std::vector<ChartValue> centers;
-        while (centers.size() < counts.size()) centers.emplace_back(first + step * static_cast<double>(centers.size()));
-        samples.push_back(HistogramSample("histogram-" + name, curve, centers, counts));
-    };
-    add("normal", kNormal, 171, 22, {0., 4., 7., 16., 25., 27., 32., 32., 12., 9., 9., 2., 2., 3.});
-    add("gamma-pole", {"gamma", 0.4, 0.02}, 5, 10, {85., 30., 22., 14., 7., 3., 2., 2.});
-    add("poisson", {"poisson", 4.2, {}}, 0, 1, {5., 18., 28., 43., 50., 45., 27., 13., 13., 4., 2., 0., 0.});
-    add("empty", kNormal, 0, 1, {});
-    add("one-bin", kNormal, 5, 1, {12.});
-    add("impossible", {"gamma", -1, 0}, 0, 1, {1., 2., 3.});
-    add("no-counts", {"poisson", 2, {}}, 0, 1, {0., 0., 0., 0.});
-}
-
-Sample HostileDiagram() {
-    Sample sample = DiagramSample("diagram-hostile", 9, true);
-    for (ChartSource& source : sample.fvData) {
-        for (ChartVariable& variable : source.fvVariables) {
-            for (ChartValue& value : variable.fvValues) {
-                if (std::holds_alternative<std::string>(value)) value = kHostile + std::get<std::string>(value);
-            }
-        }
-    }
-    ValuesOf(sample, "edgeSource", "FromX")[1] = std::numeric_limits<double>::infinity();
-    ValuesOf(sample, "edgeSource", "Weight")[2] = std::monostate();
-    ValuesOf(sample, "pointSource", "Y")[3] = std::nan("");
-    sample.fSpecification.fTitle = Words{kHostile, {}};
-    return sample;
-}
-
-void AddDiagrams(std::vector<Sample>& samples) {
-    for (const int nodes : {0, 1, 6, 40}) {
-        samples.push_back(DiagramSample("diagram-" + std::to_string(nodes), nodes, nodes != 6));
-        AddInset(samples.back());
-    }
-    samples.push_back(DiagramSample("diagram-no-histogram", 9, true));
-    samples.push_back(HostileDiagram());
-    samples.push_back(DiagramSample("diagram-no-data", 3, true));
-    samples.back().fvData.clear();
-}
 
 /// Adds the nodes of a panel, whose keys no other panel has, and a line for each pair of them.
 void AddPairwiseRows(int levels, const ChartValue& across, const ChartValue& down, std::vector<ChartSource>& sources) {
@@ -122,7 +69,7 @@ void AddPairwiseRows(int levels, const ChartValue& across, const ChartValue& dow
     for (int from = 0; from < levels; ++from) {
         AddRow(sources[0], {key(from), across, down});
         for (int to = 0; to < from; ++to) {
-            const bool isSignificant = (from * 7 + to * 3) % (levels > 20 ? 89 : 3) == 0;
+            const bool isSignificant = (from * 7 + to * 3) % 3 == 0;
             const double p = isSignificant ? 0.001 * to : 0.05 + 0.9 * (from * to % 11) / 11;
             AddRow(sources[1], {key(from), key(to), 1 / ((1 - p) * (1 - p)), p, isSignificant ? 1.0 : 0.0, across, down,
                                 "Level " + std::to_string(from) + " and another"});
@@ -131,14 +78,13 @@ void AddPairwiseRows(int levels, const ChartValue& across, const ChartValue& dow
 }
 
 /// Labels of the levels by their keys, and words of what is significant.
-void AddPairwiseSettings(int levels, Sample& sample) {
-    const std::vector<std::string> names = {"Placebo", "Low dose", "Middle dose", "High dose", "Usual care"};
+void AddPairwiseSettings(Sample& sample) {
     VariableSetting setting;
     setting.fLabel = "Treatment arm";
     for (const ChartValue& value : ValuesOf(sample, "nodeSource_1", "node")) {
         const std::string& key = std::get<std::string>(value);
         const auto level = static_cast<std::size_t>(std::stoi(key.substr(key.size() - 2)));
-        setting.fvLabels.emplace_back(key, levels <= 5 ? names[level] : "District " + std::to_string(level + 1));
+        setting.fvLabels.emplace_back(key, level == 0 ? "Placebo" : "Arm " + std::to_string(level));
     }
     for (const char* name : {"node", "from", "to"}) {
         setting.fName = name;
@@ -149,51 +95,30 @@ void AddPairwiseSettings(int levels, Sample& sample) {
     type.fvLabels = {{"0", "Not Significant"}, {"1", "Significant"}};
 }
 
-void AddPairwise(std::vector<Sample>& samples) {
-    for (const int levels : {0, 1, 2, 40}) {
-        samples.push_back(PairwiseSample("pairwise-" + std::to_string(levels), levels, {}));
-    }
-    samples.push_back(PairwiseSample("pairwise-facets", 4, {{"Sex = Female", "Sex = Male", "Sex = Not stated"}}));
-    samples.push_back(PairwiseSample("pairwise-facets-5", 3, {{1.0, 2.0, 3.0, 4.0, 5.0}}));
-    samples.push_back(PairwiseSample("pairwise-grid", 3, {{1.0, 2.0}, {"a", "b", kHostile}}));
-}
-
-void AddScatters(std::vector<Sample>& samples) {
-    for (const int points : {0, 1, 230}) samples.push_back(ScatterSample("scatter-" + std::to_string(points), points));
-    samples.push_back(ScatterSample("scatter-hidden-legend", 50));
-    samples.back().fSpecification.fvLegends.front().fIsVisible = false;
-    samples.push_back(ScatterSample("scatter-no-frequency", 50));
-    samples.back().fvData.front().fvVariables.pop_back();
-}
-
 }  // namespace
 
-Sample HistogramSample(std::string name, Curve curve, const std::vector<ChartValue>& centers,
-                       const std::vector<ChartValue>& counts) {
-    Sample sample{std::move(name), ReadChart(kHistogram), {{"source0", 0, {{"X", centers}, {"Y", counts}}}}, {}};
+Sample HistogramSample(Curve curve, const std::vector<ChartValue>& centers, const std::vector<ChartValue>& counts) {
+    Sample sample{ReadChart(kHistogram), {{"source0", 0, {{"X", centers}, {"Y", counts}}}}, {}};
     sample.fSpecification.fPlot.fCurve = std::move(curve);
     return sample;
 }
 
-Sample DiagramSample(std::string name, int nodes, bool hasSigns) {
-    Sample sample{std::move(name), ReadChart(kDiagram), {}, {}};
+Sample DiagramSample(int nodes, bool hasSigns) {
+    Sample sample{ReadChart(kDiagram), {}, {}};
     sample.fSpecification.fPlot.fX.fMax = std::max(2.0, nodes * 4 / 3.0);
     if (nodes == 0) return sample;
-    const double targetX = nodes;
-    const double targetY = (nodes + 1) / 2.0;
     ChartSource target = SourceOf("targetPointSource", {"X", "Y", "Nodes", "PointTooltip"});
-    AddRow(target,
-           {targetX, targetY, "Average reaction time (ms)", "Reaction\nAverage reaction time (ms)\nNormal, identity"});
+    AddRow(target, {0.0 + nodes, nodes / 2.0, "Average reaction time (ms)",
+                    "Reaction\nAverage reaction time (ms)\nNormal, identity"});
     ChartSource points = SourceOf("pointSource", {"X", "Y", "Label_X", "Label_Y", "Type", "Nodes", "PointTooltip"});
     ChartSource edges = SourceOf("edgeSource", {"FromX", "FromY", "ToX", "ToY", "Weight", "LineTooltip", "Weight2"});
     for (int row = 0; row < nodes; ++row) {
         const double y = nodes - row;
-        const double x = nodes - std::sqrt(nodes * nodes - 4 * (y - targetY) * (y - targetY));
         const std::string node = row % 7 == 4 ? "week*[site=\"North\"]" : "factor=" + std::to_string(row);
         const std::string type = row == 0 ? "intercept" : kTypes[static_cast<std::size_t>(row) % kTypes.size()];
-        AddRow(points, {x, y, x - 0.2 * nodes, y, type, node, node});
-        AddRow(edges, {x, y, targetX, targetY, 1.0 + row * 4 % 9, "Significance = 0.0" + std::to_string(row % 10),
-                       row % 3 == 2 ? "Negative" : "Positive"});
+        AddRow(points, {0.1 * y, y, 0.0, y, type, node, node});
+        AddRow(edges, {0.1 * y, y, 0.0 + nodes, nodes / 2.0, 1.0 + row * 4 % 9,
+                       "Significance = 0.0" + std::to_string(row % 10), row % 3 == 2 ? "Negative" : "Positive"});
     }
     if (!hasSigns) edges.fvVariables.pop_back();
     sample.fvData = {target, points, edges};
@@ -201,14 +126,14 @@ Sample DiagramSample(std::string name, int nodes, bool hasSigns) {
 }
 
 void AddInset(Sample& sample) {
-    Sample histogram = HistogramSample("", kNormal, {175., 225., 275., 325., 375., 425., 475., 525.},
+    Sample histogram = HistogramSample({"normal", {}, {}}, {175., 225., 275., 325., 375., 425., 475., 525.},
                                        {2., 34., 66., 45., 25., 4., 4., 1.});
     auto chart = std::make_unique<Specification>(std::move(histogram.fSpecification));
     sample.fSpecification.fInset = Inset{"anchor", 2, std::move(chart), histogram.fvData};
 }
 
-Sample PairwiseSample(std::string name, int levels, const std::vector<std::vector<ChartValue>>& facets) {
-    Sample sample{std::move(name), ReadChart(kPairwise), {}, {}};
+Sample PairwiseSample(int levels, const std::vector<std::vector<ChartValue>>& facets) {
+    Sample sample{ReadChart(kPairwise), {}, {}};
     sample.fvData = {
         SourceOf("nodeSource_1", {"node", "facet1", "facet2"}),
         SourceOf("edgeSource_1", {"from", "to", "weight", "weightInPopup", "type", "facet1", "facet2", "tooltip"})};
@@ -219,26 +144,17 @@ Sample PairwiseSample(std::string name, int levels, const std::vector<std::vecto
         }
     }
     for (ChartVariable& nodes : sample.fvData[0].fvVariables) std::ranges::reverse(nodes.fvValues);
-    AddPairwiseSettings(levels, sample);
+    AddPairwiseSettings(sample);
     return sample;
 }
 
-Sample ScatterSample(std::string name, int points) {
+Sample ScatterSample(int points) {
     ChartSource source = SourceOf("source0", {"X", "Y", "Frequency"});
     for (int row = 0; row < points; ++row) {
         const double x = 200 + 10.0 * (row % 17);
         AddRow(source, {x, x + 25 * std::sin(row), 1.0 + row % 20});
     }
-    return {std::move(name), ReadChart(kScatter), {source}, {}};
-}
-
-std::vector<Sample> NetworkSamples() {
-    std::vector<Sample> samples;
-    AddDiagrams(samples);
-    AddPairwise(samples);
-    AddScatters(samples);
-    AddHistograms(samples);
-    return samples;
+    return {ReadChart(kScatter), {source}, {}};
 }
 
 }  // namespace hierfit::chart

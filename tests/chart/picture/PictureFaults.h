@@ -1,9 +1,12 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <variant>
 
 #include "report/json/JsonDocument.h"
+#include "tests/chart/picture/Samples.h"
 
 namespace hierfit::chart {
 
@@ -24,6 +27,19 @@ inline std::string FaultsOf(const document::Picture& picture) {
     const auto read = report::ReadJson(report::WriteJson(document));
     const auto* error = std::get_if<report::JsonError>(&read);
     return error ? error->fPath + ": " + error->fText : std::string();
+}
+
+/// The picture of a sample, which must be sound.
+inline document::Picture Make(const Sample& sample) {
+    document::Picture picture = sample.Make();
+    EXPECT_EQ(FaultsOf(picture), "");
+    return picture;
+}
+
+/// What the picture shows, of its kind.
+template <typename Kind>
+Kind Draw(const Sample& sample) {
+    return std::get<Kind>(Make(sample).fContent);
 }
 
 }  // namespace hierfit::chart

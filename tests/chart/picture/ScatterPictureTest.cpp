@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "tests/chart/picture/NetworkSamples.h"
+#include "tests/chart/picture/PictureFaults.h"
 
 namespace hierfit::chart {
 
@@ -16,10 +16,10 @@ TEST(ScatterPictureTest, HasEqualAxesThatHoldLimitsAndPoints) {
         {{250.0, 300.0}, 1, 197, 303},
     };
     for (const auto& [span, points, low, high] : cases) {
-        Sample sample = ScatterSample("", points);
+        Sample sample = ScatterSample(points);
         sample.fSpecification.fPlot.fX.fMin = span.fMin;
         sample.fSpecification.fPlot.fY.fMax = span.fMax;
-        const auto picture = sample.Draw<ScatterPicture>();
+        const auto picture = Draw<ScatterPicture>(sample);
         for (const document::PictureAxis& axis : {picture.fX, picture.fY}) {
             EXPECT_EQ(axis.fLow, low);
             EXPECT_EQ(axis.fHigh, high);
@@ -27,25 +27,20 @@ TEST(ScatterPictureTest, HasEqualAxesThatHoldLimitsAndPoints) {
     }
 }
 
-TEST(ScatterPictureTest, NamesTheLegendByItsHeading) {
-    Sample sample = ScatterSample("", 40);
-    sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
-    EXPECT_EQ(sample.Draw<ScatterPicture>().fFrequencyTitle, "Records");
-    EXPECT_TRUE(sample.Draw<ScatterPicture>().fHasLegend);
-    ValuesOf(sample, "source0", "X").assign(40, document::ChartValue());
-    EXPECT_FALSE(sample.Draw<ScatterPicture>().fHasLegend) << "there is nothing to explain";
-}
-
 TEST(ScatterPictureTest, LeavesOutPointsWithoutAPlaceAndPutsFrequentOnesOnTop) {
-    Sample sample = ScatterSample("", 5);
+    Sample sample = ScatterSample(5);
     ValuesOf(sample, "source0", "X")[0] = {};
     ValuesOf(sample, "source0", "Y") = {1.0, std::nan(""), 220.25, 230.0, 240.0};
     ValuesOf(sample, "source0", "Frequency") = {1.0, 1.0, 3.0, -2.0, document::ChartValue()};
     const std::vector<std::vector<std::string>> rows = {
         {"230.00", "230.00", "0"}, {"240.00", "240.00", "1"}, {"220.00", "220.25", "3"}};
-    EXPECT_EQ(sample.Make().fvTables.at(0).fvRows, rows);
-    EXPECT_EQ(sample.Draw<ScatterPicture>().fvPoints[2].fTip,
+    EXPECT_EQ(Make(sample).fvTables.at(0).fvRows, rows);
+    EXPECT_EQ(Draw<ScatterPicture>(sample).fvPoints[2].fTip,
               "Average reaction time (ms): 220.00\nPredicted Value: 220.25\nFrequency: 3");
+    sample.fSpecification.fvLegends[0].fHeading = Words{"Records", {}};
+    EXPECT_EQ(Draw<ScatterPicture>(sample).fFrequencyTitle, "Records");
+    ValuesOf(sample, "source0", "X").assign(5, document::ChartValue());
+    EXPECT_FALSE(Draw<ScatterPicture>(sample).fHasLegend) << "there is nothing to explain";
 }
 
 }  // namespace
