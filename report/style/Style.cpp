@@ -1,6 +1,7 @@
 #include "report/style/Style.h"
 
 #include <algorithm>
+#include <cctype>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,6 +31,17 @@ void WriteMinus(std::string& words) {
 
 void Restyle(Text& text);
 
+bool IsLetterOrDigit(char character) { return std::isalnum(static_cast<unsigned char>(character)) != 0; }
+
+/// Where a figure stands that is no part of a word: "-1" in "x-1 = -1" is the last.
+std::size_t FindFigure(std::string_view words, std::string_view figure, std::size_t from) {
+    std::size_t place = words.find(figure, from);
+    while (place != std::string_view::npos && place > 0 && IsLetterOrDigit(words[place - 1])) {
+        place = words.find(figure, place + 1);
+    }
+    return place;
+}
+
 /// The words of a filled pattern change where those of what fills it change.
 void RestylePattern(const document::PatternSource& pattern, std::string& words) {
     std::size_t from = 0;
@@ -38,7 +50,7 @@ void RestylePattern(const document::PatternSource& pattern, std::string& words) 
             Text restyled = filling;
             Restyle(restyled);
             if (restyled.fWords == filling.fWords) continue;
-            const std::size_t place = words.find(filling.fWords, from);
+            const std::size_t place = FindFigure(words, filling.fWords, from);
             if (place == std::string::npos) continue;
             words.replace(place, filling.fWords.size(), restyled.fWords);
             from = place + restyled.fWords.size();

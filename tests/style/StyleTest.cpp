@@ -68,6 +68,7 @@ TEST(PlainStyle, WritesSignsAsPrintersDo) {
         {compare("A", "B", "A / B"), "A / B"},
         {{"x = -1, dose = -2.0", PatternSource{"x = ^1, dose = ^2", true, {{false, {minusOne}}, {false, {minusTwo}}}}},
          "x = −1, dose = −2.0"},
+        {{"x-1 = -1", PatternSource{"^1 = ^2", true, {{false, {MakeString("x-1")}}, {false, {minusOne}}}}}, "x-1 = −1"},
         {{"-1; -1", PatternSource{"[%1:; ^1:]1", true, {{true, {minusOne, minusOne}}}}}, "−1; −1"},
     };
     for (const auto& [before, after] : cases) {
