@@ -9,6 +9,7 @@ import pytest
 
 import hierfit
 from conftest import REPOSITORY
+from hierfit.host import many
 
 EXAMPLES = sorted(path.parent for path in (REPOSITORY / "examples").glob("*/model.pmml"))
 PROGRAM = os.environ.get("HIERFIT", "")
@@ -18,11 +19,7 @@ pytestmark = pytest.mark.filterwarnings("ignore:index.html was not written")
 
 
 def copies(folder, n: int) -> list:
-    made = []
-    for i in range(n):
-        made.append(folder / f"model{i:03}")
-        shutil.copytree(EXAMPLES[i % len(EXAMPLES)], made[-1])
-    return made
+    return [shutil.copytree(EXAMPLES[i % len(EXAMPLES)], folder / f"model{i:03}") for i in range(n)]
 
 
 @pytest.fixture(scope="module")
@@ -71,21 +68,16 @@ def test_names_that_are_taken_have_numbers(tmp_path):
 
 
 def test_pairs_may_have_any_names(tmp_path):
-    oats = REPOSITORY / "examples" / "oats"
-    for name in ("first", "second"):
-        shutil.copy(oats / "model.pmml", tmp_path / f"{name}.pmml")
-        shutil.copy(oats / "model.statxml", tmp_path / f"{name}.statxml")
     pairs = [(tmp_path / f"{name}.pmml", tmp_path / f"{name}.statxml") for name in ("first", "second")]
-    outcome = hierfit.map(pairs, tmp_path / "reports")
-    assert sorted(path.name for path in outcome.written) == ["first.html", "second.html"]
-    assert len(hierfit.map(pairs, tmp_path / "reports").skipped) == 2
+    for pair in pairs:
+        for path in pair:
+            shutil.copy(REPOSITORY / "examples" / "oats" / f"model{path.suffix}", path)
+    outcome = hierfit.map(pairs, tmp_path / "charts", format="svg")
+    assert sorted(path.name for path in outcome.written) == ["first", "second"]
+    assert {path.suffix for path in outcome.written[0].iterdir()} == {".svg"}
+    assert len(hierfit.map(pairs, tmp_path / "charts", format="svg").skipped) == 2
     with pytest.raises(TypeError, match="a folder or a pair"):
-        hierfit.map([3], tmp_path / "reports")
-
-
-def test_pictures_have_a_folder_a_model(tmp_path):
-    hierfit.map(copies(tmp_path, 1), tmp_path / "charts", format="svg")
-    assert all(path.suffix == ".svg" for path in (tmp_path / "charts" / "model000").iterdir())
+        hierfit.map([3], tmp_path / "charts")
 
 
 @pytest.mark.skipif(not HAS_BATCH, reason="the program has no batch")
@@ -97,32 +89,16 @@ def test_the_index_is_the_program_s(tmp_path):
     subprocess.run([PROGRAM, "batch", "-o", tmp_path / "theirs", "-f", "html", *folders], capture_output=True)
     assert outcome.index.read_text() == (tmp_path / "theirs" / "index.html").read_text()
     # A report is kept only for the model that the index knows it for.
-    other = tmp_path / "elsewhere" / "model000"
-    shutil.copytree(folders[1], other)
+    other = shutil.copytree(folders[1], tmp_path / "elsewhere" / "model000")
     past = time.time() - 1000
     for name in ("model.pmml", "model.statxml"):
         os.utime(other / name, (past, past))
     assert hierfit.map([other], tmp_path / "ours").written
 
 
-def test_a_cluster_does_the_same(tmp_path, cluster):
-    folders = copies(tmp_path, 6)
-    (folders[2] / "model.pmml").write_text("<PMML")
-    with pytest.warns(UserWarning, match="1 of 6"):
-        outcome = hierfit.map(folders, tmp_path / "reports", client=cluster, title="All")
-    assert len(outcome.written) == 5 and "model.pmml:1:" in outcome.failures[str(folders[2])]
-    expected = hierfit.run(folders[0]).render("html", title="All")
-    assert (tmp_path / "reports" / "model000.html").read_bytes() == expected
-
-
 def test_a_worker_that_dies_loses_nothing(tmp_path, cluster, monkeypatch):
-    folders, out = copies(tmp_path, 40), tmp_path / "reports"
-    workers = cluster.run(os.getpid)
-    victim = next(iter(workers.values()))
-    written = []
-    from hierfit.host import many
-
-    write = many._write
+    victim = next(iter(cluster.run(os.getpid).values()))
+    written, write = [], many._write
 
     def write_and_kill(report, files):
         write(report, files)
@@ -131,10 +107,12 @@ def test_a_worker_that_dies_loses_nothing(tmp_path, cluster, monkeypatch):
             os.kill(victim, 9)
 
     monkeypatch.setattr(many, "_write", write_and_kill)
-    outcome = hierfit.map(folders, out, client=cluster)
-    assert not outcome.failures and len(outcome.written) == 40
-    assert len({path.name for path in outcome.written}) == 40 and all(
-        path.stat().st_size > 1000 for path in outcome.written
-    )
+    folders = copies(tmp_path, 40)
+    (folders[2] / "model.pmml").write_text("<PMML")
+    with pytest.warns(UserWarning, match="1 of 40"):
+        outcome = hierfit.map(folders, tmp_path / "reports", client=cluster, title="All")
+    assert len(set(outcome.written)) == 39 and "model.pmml:1:" in outcome.failures[str(folders[2])]
+    assert (tmp_path / "reports" / "model000.html").read_bytes() == hierfit.run(folders[0]).render("html", title="All")
+    assert all(path.stat().st_size > 1000 for path in outcome.written)
     cluster.wait_for_workers(2, timeout=30)
     assert victim not in cluster.run(os.getpid).values()

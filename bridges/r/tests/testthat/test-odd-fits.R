@@ -19,7 +19,6 @@ odd_fits <- list(
   list(quote(nlme::lme(Reaction ~ Days, sleep, random = ~ 1 | shuffled)), keys = c("kGLMM_C10", "kGLMM_C18")),
   # Aliased coefficients and empty cells
   list(quote(lm(y ~ x + I(2 * x) + a, three)), keys = "kGLMM_C27"),
-  list(quote(glm(n ~ x + I(2 * x), poisson, three)), keys = "kGLMM_C27"),
   list(quote(lme4::lmer(y ~ x + I(2 * x) + (1 | a), three)), keys = "kGLMM_C27"),
   list(quote(ordinal::clm(o ~ x + I(2 * x), data = three)), keys = "kGLMM_C27"),
   list(quote(glmmTMB::glmmTMB(n ~ x + I(2 * x) + (1 | a), three, family = poisson)),
@@ -28,10 +27,8 @@ odd_fits <- list(
   list(quote(lm(y ~ a * b, holes))),
   list(quote(lme4::lmer(y ~ a * b + (1 | c), holes))),
   list(quote(lme4::glmer(n ~ a * b + (1 | c), holes, poisson)), keys = "kGLMM_C9"),
-  list(quote(glmmTMB::glmmTMB(n ~ a * b, holes, family = poisson)), error = "a6:b5"),
   # A level without records
   list(quote(lm(y ~ a * empty, three))),
-  list(quote(glm(n ~ empty, poisson, three))),
   list(quote(lme4::lmer(y ~ empty + (1 | a), three))),
   list(quote(nlme::lme(y ~ empty, three, random = ~ 1 | a))),
   list(quote(glmmTMB::glmmTMB(y ~ empty + (1 | a), three))),
@@ -41,12 +38,11 @@ odd_fits <- list(
   list(quote(lm(y ~ a + offset(x), three)), says = "an offset"),
   list(quote(glm(n ~ a, poisson, three, offset = x)), says = "an offset"),
   list(quote(lme4::lmer(y ~ a + offset(x) + (1 | c), three)), says = "an offset"),
-  list(quote(lme4::glmer(n ~ a + (1 | c), three, poisson, offset = x)), says = "an offset", keys = "kGLMM_C9"),
   list(quote(glmmTMB::glmmTMB(n ~ a + offset(x) + (1 | c), three, family = poisson)), says = "an offset",
     keys = "kGLMM_C10"),
   list(quote(ordinal::clm(o ~ a + offset(x), data = three)), says = "an offset"),
-  list(quote(nnet::multinom(o ~ a + offset(cbind(0 * x, x, x)), three, trace = FALSE)),
-    error = "offset\\(cbind"),
+  list(quote(nnet::multinom(o ~ a + offset(cbind(0 * x, x, x)), three, trace = FALSE)), error = "offset\\(cbind"),
+  list(quote(ordinal::clm(rating ~ temp, nominal = ~contact, data = ordinal::wine)), error = "contact.*without"),
   list(quote(lm(y ~ a, three, weights = x^2)), says = "weights"),
   list(quote(lme4::lmer(y ~ a + (1 | c), three, weights = n + 1)), says = "weights"),
   list(quote(ordinal::clm(o ~ a, data = three, weights = n + 1)), says = "weights"),
@@ -58,39 +54,30 @@ odd_fits <- list(
   list(quote(glm(am ~ wt, binomial("cauchit"), mtcars)), error = "cauchit.*Known are"),
   # Random parts
   list(quote(lme4::lmer(y ~ x + (1 | a / b / half), three)), keys = "kGLMM_C10"),
-  list(quote(glmmTMB::glmmTMB(y ~ x + (1 | a) + (1 | b) + (1 | c), three))),
   list(quote(ordinal::clmm(o ~ x + (1 | a) + (1 | c), data = three))),
   list(quote(lme4::lmer(y ~ x + (b || a), three)), keys = "kGLMM_C10"),
   list(quote(lme4::lmer(y ~ x + (x:c | a), three)), keys = "kGLMM_C10"),
-  list(quote(lme4::lmer(Reaction ~ scale(Days) + (scale(Days) | Subject), sleep))),
   list(quote(lme4::lmer(Reaction ~ poly(Days, 2) + (poly(Days, 2) | Subject), sleep))),
   # Responses
   list(quote(glm(am == 1 ~ wt, binomial, mtcars))),
   list(quote(glm(factor(ifelse(am == 1, "manual", "auto")) ~ wt, binomial, mtcars))),
   list(quote(glm(o ~ x, binomial, three))),
   list(quote(lme4::glmer(y > 1 ~ x + (1 | a), three, binomial))),
-  list(quote(glmmTMB::glmmTMB(y > 1 ~ x + (1 | a), three, family = binomial))),
   list(quote(nnet::multinom(ifelse(y > 1, "high", "low") ~ x, three, trace = FALSE))),
-  list(quote(nnet::multinom(cut(y, 3) ~ x, three, trace = FALSE))),
   list(quote(lm(cbind(y, n) ~ x, three)), error = "mlm"),
   # Names
   list(quote(lm(`my y` ~ `a b` * `c&d` + `back\`tick`, odd))),
   list(bquote(lm(y ~ .(gr) + `a b`, odd), list(gr = case_data$gr))),
   list(quote(lme4::lmer(`my y` ~ `a b` + `c&d` + (`c&d` | `g "q"`), odd)), keys = "kGLMM_C10"),
   list(quote(lme4::glmer(n ~ `a b` + (1 | `g "q"` / `back\`tick`), odd, poisson)), keys = "kGLMM_C9"),
-  list(quote(glmmTMB::glmmTMB(n ~ `a b` + `c&d` + (1 | `g "q"`), odd, family = poisson))),
   list(quote(ordinal::clm(o ~ `a b` + `c&d`, data = odd))),
   list(quote(nnet::multinom(o ~ `a b` + `c&d`, odd, trace = FALSE))),
   # Terms made in the formula
-  list(quote(lm(mpg ~ log(hp) + poly(wt, 2) + I(qsec^2) + qsec + factor(gear), mtcars))),
   list(quote(glm(carb ~ log(hp) + factor(gear) * wt, poisson, mtcars)), says = "not tested"),
   list(quote(lme4::lmer(Reaction ~ poly(Days, 2) * late + (1 | Subject), sleep))),
-  list(quote(glmmTMB::glmmTMB(n ~ factor(a) * I(x^2) + (1 | c), three, family = poisson)), says = "not tested",
-    keys = "kGLMM_C10"),
   list(quote(ordinal::clm(rating ~ factor(judge) + temp, data = ordinal::wine))),
   # Missing values
   list(quote(lm(Reaction ~ Days, miss, na.action = na.exclude))),
-  list(quote(glm(Reaction ~ Days, Gamma, miss, na.action = na.exclude))),
   list(quote(lme4::lmer(Reaction ~ Days + (1 | Subject), miss, na.action = na.exclude))),
   list(quote(nlme::lme(Reaction ~ Days, miss, random = ~ 1 | Subject, na.action = na.exclude))),
   list(quote(nlme::gls(Reaction ~ Days, miss, na.action = na.exclude))),
@@ -98,9 +85,7 @@ odd_fits <- list(
   list(quote(nnet::multinom(cut(Reaction, 3) ~ Days, miss, trace = FALSE)))
 )
 
-keys_of <- function(text) {
-  unique(regmatches(text, gregexpr("kGLMM_C[0-9]+", text))[[1L]])
-}
+keys_of <- function(text) unique(regmatches(text, gregexpr("kGLMM_C[0-9]+", text))[[1L]])
 
 test_that("an odd fit gives its own figures and messages, or one error that names the term", {
   for (case in odd_fits) {
@@ -111,11 +96,7 @@ test_that("an odd fit gives its own figures and messages, or one error that name
       expect_error(suppressMessages(written(fit)), case$error, info = name)
       next
     }
-    said <- character()
-    expect_warning(withCallingHandlers(text <- written(fit), message = function(m) {
-      said <<- c(said, conditionMessage(m))
-      invokeRestart("muffleMessage")
-    }), NA)
+    expect_warning(said <- told(text <- written(fit)), NA)
     if (!is.null(case$says)) expect_match(said, case$says, all = FALSE, info = name)
     expect_identical(keys_of(text), if (is.null(case$keys)) character() else case$keys, info = name)
     tables <- suppressMessages(chain(fit))
@@ -131,8 +112,7 @@ test_that("effects beside an empty cell are tested by what the data tell, to all
   fit <- lm(y ~ a * b, holes)
   effects <- chain(fit)[["FixedEffects-1"]]
   whole <- anova(lm(y ~ a + b, holes), fit)
-  expect_figures(effects$F[4], whole$F[2])
-  expect_figures(effects$df1[4], whole$Df[2])
+  expect_figures(effects[4, c("F", "df1")], whole[2, c("F", "Df")])
   expected <- as.data.frame(emmeans::joint_tests(fit))[1:3, ]
   expect_figures(effects[["Sig."]][-1], expected$p.value)
   # The statistic and its degrees of freedom belong to the significance.
