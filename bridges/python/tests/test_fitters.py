@@ -1,5 +1,6 @@
 """Figures of each class of model in the program's tables are those of its summary."""
 
+import re
 import warnings
 
 import numpy as np
@@ -11,6 +12,7 @@ from scipy import stats
 from statsmodels.miscmodels.ordinal_model import OrderedModel
 
 from conftest import INTERVAL, estimated, same
+from hierfit.bridge.documents import documents_of
 
 families = sm.families
 NO_LIKELIHOOD = ("-2 log likelihood and information criteria in table",)
@@ -115,11 +117,22 @@ def test_the_event_is_the_level_whose_probability_is_modelled(name, event, data,
 
 
 @pytest.mark.parametrize("name", ["trials", "shares"])
-def test_trials_are_counted(name, data, chain):
+def test_trials_are_named_and_counted(name, data, chain):
     fit = quiet_fit(name, data)
+    assert 'name="TrialsField" value="n"' in documents_of(fit)[1]
     table = chain(fit)["Classification-1"].to_numpy(dtype=float)
     hit = fit.fittedvalues > 0.5
     assert data.events[hit].sum() in table and (data.n - data.events)[~hit].sum() in table
+
+
+def test_the_target_s_distribution_and_points_are_those_of_its_values(data):
+    _, text = documents_of(quiet_fit("gamma", data))
+    shape, rate = (float(re.search(f'name="{name}" value="([^"]+)"', text)[1]) for name in ("shape", "rate"))
+    same([shape, shape / rate], [stats.gamma.fit(data["size"], floc=0)[0], data["size"].mean()], 1e-4)
+    # Beyond 100 records, points are the middles of cells, of which 20 make the range.
+    points = re.search(r'"observedByPredicted".*?<Array[^>]*>([^<]*)', text, re.DOTALL)[1].split()
+    places = (np.array(points, dtype=float) - data["size"].min()) / (np.ptp(data["size"]) / 20)
+    np.testing.assert_allclose(places % 1, 0.5)
 
 
 def test_working_correlations_are_covariance_parameters(data, chain):

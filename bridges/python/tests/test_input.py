@@ -110,7 +110,7 @@ def changed(fit, column, values):
 
 
 def removed(fit):
-    fit.model.data.frame = None
+    fit.remove_data()
     return fit
 
 

@@ -59,12 +59,13 @@ def test_what_is_there_and_newer_is_kept(tmp_path):
     assert len(hierfit.map(folders, out, force=True).written) == 3
 
 
-def test_names_that_are_taken_have_numbers(tmp_path):
-    for folder in ("b/oats", "a/oats", "c/index"):
-        shutil.copytree(REPOSITORY / "examples" / "oats", tmp_path / folder)
+def test_names_that_are_taken_have_numbers_in_the_order_of_the_folders(tmp_path):
+    for folder, example in (("b/oats", "oats"), ("a/oats", "npk"), ("c/index", "oats")):
+        shutil.copytree(REPOSITORY / "examples" / example, tmp_path / folder)
     folders = [tmp_path / "b/oats", tmp_path / "a/oats", tmp_path / "a/oats", tmp_path / "c/index"]
     outcome = hierfit.map(folders, tmp_path / "reports")
     assert sorted(path.name for path in outcome.written) == ["index-2.html", "oats-2.html", "oats.html"]
+    assert (tmp_path / "reports" / "oats.html").read_bytes() == hierfit.run(tmp_path / "a/oats").render("html")
 
 
 def test_pairs_may_have_any_names(tmp_path):
@@ -76,8 +77,9 @@ def test_pairs_may_have_any_names(tmp_path):
     assert sorted(path.name for path in outcome.written) == ["first", "second"]
     assert {path.suffix for path in outcome.written[0].iterdir()} == {".svg"}
     assert len(hierfit.map(pairs, tmp_path / "charts", format="svg").skipped) == 2
-    with pytest.raises(TypeError, match="a folder or a pair"):
-        hierfit.map([3], tmp_path / "charts")
+    for wrong, words in (([3], "a folder or a pair"), (str(tmp_path), "a list of folders"), (3, "a list of folders")):
+        with pytest.raises(TypeError, match=words):
+            hierfit.map(wrong, tmp_path / "charts")
 
 
 @pytest.mark.skipif(not HAS_BATCH, reason="the program has no batch")

@@ -44,8 +44,10 @@ def test_means_within_the_other_factor_are_linear_functions(data, chain):
 
 def test_a_block_of_three_factors_compares_the_first_one_within_the_others(data, chain):
     fit = smf.ols("y ~ g + h + word", data).fit()
-    table = chain(fit, means="h:word | g", contrasts="pairwise", adjust="sidak-sequential")["Contrasts-1"]
-    assert list(table.index) == [(g, word, "u - v") for g in "abc" for word in ("no", "yes")]
+    tables = chain(fit, means="h:word | g", contrasts="pairwise", adjust="sidak-sequential")
+    others = [(g, word) for g in "abc" for word in ("no", "yes")]
+    assert list(tables["Contrasts-1"].index) == [(*other, "u - v") for other in others]
+    assert list(tables["Estimates-1"].index) == [(*other, h) for other in others for h in "uv"]
 
 
 def test_the_chart_of_significant_effects_has_the_strongest_first(data):
@@ -181,16 +183,21 @@ def test_means_that_cannot_be_asked_are_refused_by_name(data, tmp_path):
     wrong = [
         (dict(means="z"), "z, which the model does not have. It has: g, x"),
         (dict(means="x"), "at={'x': "),
-        (dict(means=3.0), "not iterable"),
-        (dict(means=[5]), "texts such as"),
+        (dict(means=3.0), "texts such as 'A', 'A:B' or 'A | B'; not 3.0"),
+        (dict(means={"g": 1}), "texts such as"),
         (dict(means="g", contrasts="all"), "pairwise"),
         (dict(means=["g"], contrasts=["none", "none"]), "one for each of the 1"),
         (dict(means="g", contrasts="simple", reference="q"), "not a level of g. Levels are: a, b, c"),
         (dict(means="g", at={"g": 1}), "g, which is no continuous predictor"),
         (dict(at={"x": "many"}), "x has 'many'"),
+        (dict(at={"x": np.nan}), "x has nan"),
         (dict(adjust="tukey"), "sidak-sequential"),
         (dict(level=95), "between 0 and 1"),
         (dict(formats={"x": "%d"}), "F8.2"),
+        (dict(formats={"x": "F2.2"}), "not 'F2.2'"),
+        (dict(labels="Y"), "labels is a dict by columns of the data; not 'Y'"),
+        (dict(value_labels={"g": "A"}), "g has 'A'"),
+        (dict(mean="g"), "There is no option mean; there are means, contrasts, "),
     ]
     for options, words in wrong:
         with pytest.raises((ValueError, TypeError), match=re.escape(words)):

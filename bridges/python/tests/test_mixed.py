@@ -114,11 +114,13 @@ def test_blocks_have_their_subjects(options, subjects, structure, common, data, 
 
 
 def test_levels_of_components_may_hold_anything(data):
-    data = data.assign(inner=data["in"].map({"p": "a:b", "q": "c [d]", "r": 'e"f'}))
+    data = data.assign(inner=data["in"].map({"p": "a:b", "q": "c [d]", "r": 'e"f'}))[(data.s > 0) | (data["in"] == "p")]
     fit = mixed("y ~ g", data, groups="s", re_formula="1", vc_formula={"v": "0 + C(inner)", "w": "0 + C(inner):x"})
     pmml, text = texts(fit)
     assert text.count('<Value value="inner"/>') == 2 and '<Value value="c [d]"/>' in pmml
     assert '<Covariate field="x" power="1"/>' in text
+    # The first subject has one level, others three.
+    assert 'name="numOfColsOfRandom" value="7"' in text
 
 
 def test_a_block_without_covariances_is_diagonal(data, chain):
@@ -128,6 +130,9 @@ def test_a_block_without_covariances_is_diagonal(data, chain):
     table = chain(fit)["CovarianceParameters-1"]
     same(table["Estimate"], np.diag(fit.cov_re))
     assert table["Std. Error"].notna().all()
+    # Levels of one factor have one effect, and are told by their rows.
+    levels = mixed("y ~ g", data, groups="s", re_formula="0 + C(h)", fit=dict(free=free, method="bfgs"))
+    assert texts(levels)[1].count('pattern="Var(^1)"') == 2
 
 
 GROUPS = [

@@ -19,6 +19,7 @@ test_that("contrasts are those of emmeans by every method, within the other fact
 test_that("a block of three factors compares the first one's levels within the others", {
   fit <- lm(yield ~ N + P * K, npk)
   tables <- chain(fit, means = ~ P:N | K, contrasts = "pairwise", adjust = "sidak-sequential")
+  expect_identical(names(tables[["Estimates-1"]])[1:3], c("K", "N", "P"))
   got <- vapply(tables[["Contrasts-1"]][1:3], `[`, "", 2L)
   expect_identical(got, c(K = "0", N = "1", `P Pairwise Contrasts` = "0 - 1"))
 })
@@ -46,14 +47,20 @@ test_that("a continuous predictor stands where it is put", {
 })
 
 test_that("what cannot be asked is refused by name", {
-  fit <- lm(breaks ~ wool, warpbreaks)
-  numbers <- lm(mpg ~ wt, mtcars)
-  expect_error(written(fit, means = ~tension), "tension.*does not have")
-  expect_error(written(fit, means = ~wool, contrasts = "simple", reference = "C"), "not a level of wool")
-  expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
-  expect_error(written(fit, means = "wool"), "formulas")
-  expect_error(written(numbers, means = ~wt), "at = list(wt", fixed = TRUE)
-  expect_error(written(fit, level = 2), "level")
+  fit <- lm(breaks ~ wool + log(breaks), warpbreaks)
+  wrong <- list(
+    list("tension.*does not have", means = ~tension), list("formulas such as", means = "wool"),
+    list("at = list\\(breaks", means = ~breaks), list("not a level of wool", means = ~wool, contrasts = "simple",
+      reference = "C"),
+    list("`contrasts` is one of .*not all", means = ~wool, contrasts = "all"),
+    list("`reference` has one value", means = ~wool, contrasts = "simple", reference = c("A", "B")),
+    list("`at` names wool, .*It has: breaks", at = list(wool = "A")), list("breaks has \"many\"", at = list(breaks = "many")),
+    list("`level` .*not 2", level = 2), list("`adjust` is one of .*not \"tukey\"", adjust = "tukey"),
+    list("`df` is one of .*not 10", df = 10)
+  )
+  for (case in wrong) expect_error(do.call(written, c(list(fit), case[-1L])), case[[1L]])
+  expect_error(hf_documents(fit, 3), "`folder` is one path; not 3")
+  expect_error(hf_report(fit, "a.html", title = c("a", "b")), "`title` is one text")
 })
 
 test_that("probabilities are the means of a target of several categories", {
