@@ -13,7 +13,6 @@ from hierfit.host import many
 
 EXAMPLES = sorted(path.parent for path in (REPOSITORY / "examples").glob("*/model.pmml"))
 PROGRAM = os.environ.get("HIERFIT", "")
-HAS_BATCH = "batch" in subprocess.run([PROGRAM, "--help"], capture_output=True, text=True).stdout if PROGRAM else False
 
 pytestmark = pytest.mark.filterwarnings("ignore:index.html was not written")
 
@@ -28,23 +27,6 @@ def cluster():
     with distributed.LocalCluster(n_workers=2, threads_per_worker=1, dashboard_address=None, silence_logs=50) as made:
         with distributed.Client(made) as client:
             yield client
-
-
-def test_reports_are_those_of_single_runs(tmp_path):
-    outcome = hierfit.map(EXAMPLES, tmp_path / "reports")
-    assert not outcome.failures and len(outcome.written) == len(EXAMPLES)
-    for folder in EXAMPLES:
-        assert (tmp_path / "reports" / f"{folder.name}.html").read_bytes() == hierfit.run(folder).render("html")
-
-
-def test_failures_are_told_and_the_rest_goes_on(tmp_path):
-    folders = copies(tmp_path, 3)
-    (folders[1] / "model.statxml").write_text("<StatXML>")
-    with pytest.warns(UserWarning, match="2 of 4 models have no report"):
-        outcome = hierfit.map([*folders, tmp_path / "nowhere"], tmp_path / "reports", format="json")
-    assert sorted(path.name for path in outcome.written) == ["model000.json", "model002.json"]
-    assert "model.statxml:1:" in outcome.failures[str(folders[1])]
-    assert "No such file" in outcome.failures[str(tmp_path / "nowhere")]
 
 
 def test_what_is_there_and_newer_is_kept(tmp_path):
@@ -82,16 +64,18 @@ def test_pairs_may_have_any_names(tmp_path):
             hierfit.map(wrong, tmp_path / "charts")
 
 
-@pytest.mark.skipif(not HAS_BATCH, reason="the program has no batch")
-def test_the_index_is_the_program_s(tmp_path):
-    folders = copies(tmp_path, 4)
-    (folders[3] / "model.pmml").write_text("<PMML/>")
-    with pytest.warns(UserWarning, match="1 of 4"):
+def test_failures_are_told_the_rest_goes_on_and_the_index_is_the_program_s(tmp_path):
+    folders = [*copies(tmp_path, 3), tmp_path / "nowhere"]
+    (folders[1] / "model.statxml").write_text("<StatXML>")
+    with pytest.warns(UserWarning, match="2 of 4 models have no report"):
         outcome = hierfit.map(folders, tmp_path / "ours")
+    assert sorted(path.name for path in outcome.written) == ["model000.html", "model002.html"]
+    assert "model.statxml:1:" in outcome.failures[str(folders[1])]
+    assert "No such file" in outcome.failures[str(folders[3])]
     subprocess.run([PROGRAM, "batch", "-o", tmp_path / "theirs", "-f", "html", *folders], capture_output=True)
     assert outcome.index.read_text() == (tmp_path / "theirs" / "index.html").read_text()
     # A report is kept only for the model that the index knows it for.
-    other = shutil.copytree(folders[1], tmp_path / "elsewhere" / "model000")
+    other = shutil.copytree(folders[2], tmp_path / "elsewhere" / "model000")
     past = time.time() - 1000
     for name in ("model.pmml", "model.statxml"):
         os.utime(other / name, (past, past))

@@ -181,22 +181,11 @@ def test_no_convergence_is_said(data):
         assert ("kGLMM_C18" in texts(fit)[1]) == said
 
 
-def test_variances_whose_squares_are_infinite_have_no_errors(data):
-    big = data.assign(y=1e100 * data.y)
-    text = texts(mixed("y ~ 1", big, groups="s"))[1]
-    assert re.search(r'paramLabel="Residual" estimate="[^"]+" stdError=""', text)
-
-
 def test_errors_that_the_hessian_does_not_give_are_missing(data):
-    with warnings.catch_warnings():
-        warnings.simplefilter("ignore")
-        fit = smf.negativebinomial("count ~ x", data).fit(disp=0)
-    fit._results.normalized_cov_params = np.full((3, 3), np.nan)
-    fit._results._cache.clear()
+    fit = smf.logit("two ~ x", data).fit(disp=0)
+    fit._results.normalized_cov_params = np.full((2, 2), np.nan)
     _, text = texts(fit)
-    assert "kGLMM_C23" in text
-    estimate = repr(float(fit.params["x"]))
-    assert f'paramLabel="x" estimate="{estimate}" stdError="" df="" confIntervalLower=""' in text
+    assert "kGLMM_C23" in text and f'estimate="{float(fit.params["x"])!r}" stdError="" df=""' in text
 
 
 def test_repeated_measures_of_gee_have_subjects(data):

@@ -5,6 +5,12 @@ chain <- function(fit, ...) {
   hf_tables(fit, ...)
 }
 
+tables_in <- function(folder) {
+  file <- file.path(folder, "report.json")
+  hierfit:::run_program(program(), c("report", "-o", file, folder))
+  hierfit:::tables_of(jsonlite::fromJSON(file, simplifyVector = FALSE))
+}
+
 program <- function() {
   path <- tryCatch(hierfit:::find_program(), error = function(e) NULL)
   if (is.null(path)) skip("the program hierfit is not at hand")

@@ -30,15 +30,17 @@ test_that("subjects name their fields, what nests behind what is nested; effects
   }
 })
 
-test_that("columns of a coding that is none of levels are not called levels", {
-  data <- case_data$sleep
-  data$late <- factor(data$late, labels = c("1", "2"))
-  codings <- list(late1 = contr.sum(2), `late=2` = contr.treatment(2))
-  for (name in names(codings)) {
-    contrasts(data$late) <- codings[[name]]
-    fit <- suppressMessages(lme4::lmer(Reaction ~ Days + (late | Subject), data))
-    labels <- names(chain(fit, df = "satterthwaite")[["RandomEffects-1"]])
-    expect_identical(labels[-1], c("Intercept", name))
+test_that("random slopes keep the names of their columns, and are levels where the coding is one of levels", {
+  data <- transform(case_data$sleep, late = factor(late, labels = c("1", "2")))
+  data$`my days` <- data$Days
+  data$summed <- C(data$late, contr.sum)
+  cases <- list(list(Reaction ~ `my days` + (`my days` | Subject), c("Intercept", "my days")),
+    list(Reaction ~ Days + (0 + late | Subject), c("late=1", "late=2")),
+    list(Reaction ~ Days + (late | Subject), c("Intercept", "late=2")),
+    list(Reaction ~ Days + (summed | Subject), c("Intercept", "summed1")))
+  for (case in cases) {
+    tables <- chain(suppressMessages(lme4::lmer(case[[1L]], data)), df = "satterthwaite")
+    expect_identical(names(tables[["RandomEffects-1"]])[-1], case[[2L]])
   }
 })
 

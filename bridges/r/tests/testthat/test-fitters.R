@@ -13,21 +13,6 @@ test_that("errors and limits of lme rest on the covariance of its parameters", {
   expect_figures(lower[3], within[["lower"]]^2, 1e-4)
 })
 
-test_that("gls gives correlations of its residuals, and variances by group", {
-  data <- as.data.frame(nlme::Orthodont)
-  fit <- nlme::gls(distance ~ age + Sex, data, correlation = nlme::corAR1(form = ~ 1 | Subject),
-    weights = nlme::varIdent(form = ~ 1 | Sex))
-  residual <- chain(fit)[["ResidualEffect-1"]]
-  ratio <- coef(fit$modelStruct$varStruct, unconstrained = FALSE, allCoef = TRUE)
-  rho <- coef(fit$modelStruct$corStruct, unconstrained = FALSE)
-  expect_figures(sort(residual$Estimate[c(1, 3)]), sort((fit$sigma * ratio)^2))
-  expect_figures(residual$Estimate[c(2, 4)], rep(rho, 2))
-  within <- nlme::intervals(fit, which = "var-cov")$corStruct[1, ]
-  expect_figures(residual[["95% Confidence Interval Lower"]][2], within[["lower"]], 1e-2)
-  symmetric <- nlme::gls(effort ~ Type, nlme::ergoStool, correlation = nlme::corCompSymm(form = ~ 1 | Subject))
-  expect_figures(sum(chain(symmetric)[["ResidualEffect-1"]]$Estimate), symmetric$sigma^2)
-})
-
 test_that("glmmTMB has about the errors of lmer, which finds the same maximum", {
   skip_if_not_installed("glmmTMB")
   fits <- list(glmmTMB::glmmTMB(Reaction ~ Days + (Days | Subject), lme4::sleepstudy),
@@ -48,7 +33,8 @@ test_that("multinom tests effects over all equations", {
   expect_identical(effects$df1, c(6, 4, 2))
   without <- update(fit, . ~ . - Infl)
   expect_equal(effects$F[2] * 4, without$deviance - fit$deviance, tolerance = 0.1)
-  # The criteria count the records by their weights.
+  # The criteria and the classification count the records by their weights.
   text <- written(fit)
+  expect_figures(sum(array_behind(text, "classificationTable")), sum(MASS::housing$Freq))
   expect_figures(criterion(text, "BIC"), fit$deviance + fit$edf * log(sum(MASS::housing$Freq)))
 })

@@ -25,9 +25,7 @@ test_that("a glmer has its matrix, no denominator df but those that are asked fo
 
 test_that("exponentiated coefficients stand with log and logit links only", {
   has <- function(fit) "Exp(Coefficient)" %in% names(chain(fit)[["FixedCoefficients-1"]])
-  expect_true(has(glm(count ~ spray, InsectSprays, family = poisson)))
-  expect_false(has(glm(count ~ spray, InsectSprays, family = poisson("sqrt"))))
-  expect_false(has(lm(count ~ spray, InsectSprays)))
+  for (link in c("log", "sqrt")) expect_identical(has(glm(count ~ spray, poisson(link), InsectSprays)), link == "log")
 })
 
 test_that("events of trials are seen in each of the ways to give them", {
@@ -51,4 +49,11 @@ test_that("residual degrees of freedom reach the means and the contrasts of a gl
   expect_identical(unique(got$df), 50)
   expect_figures(got[["Adj. Sig."]], 2 * pt(-abs(got$t), 50))
   expect_identical(tables[["OverallTestResults-1"]]$df2, 50)
+})
+
+test_that("beyond 100 records, points are the middles of cells, of which 20 make the range", {
+  sleep <- lme4::sleepstudy
+  observed <- array_behind(written(lm(Reaction ~ Days, sleep)), "observedByPredicted")
+  cells <- (observed - min(sleep$Reaction)) / diff(range(sleep$Reaction)) * 20
+  expect_equal(cells %% 1, rep(0.5, length(cells)))
 })

@@ -80,17 +80,6 @@ test_that("crossed blocks have no common subject, nested ones the outer field", 
   }
 })
 
-test_that("random slopes keep the names of their columns, be they odd ones", {
-  data <- transform(lme4::sleepstudy, late = factor(Days > 4))
-  data$`my days` <- data$Days
-  cases <- list(list(Reaction ~ `my days` + (`my days` | Subject), c("Intercept", "my days")),
-    list(Reaction ~ Days + (0 + late | Subject), c("late=FALSE", "late=TRUE")))
-  for (case in cases) {
-    tables <- chain(suppressMessages(lme4::lmer(case[[1L]], data)), df = "satterthwaite")
-    expect_identical(names(tables[["RandomEffects-1"]])[-1], case[[2L]])
-  }
-})
-
 test_that("repeated measures stand beside the first subject's records, by name or by the correlation's covariate", {
   sleep <- transform(lme4::sleepstudy[sample(180), ], Day = factor(Days))
   fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), sleep)
