@@ -151,11 +151,10 @@ expect_documents <- function(case, fit, name, is_plain) {
     adjust = "sidak-sequential")), NA)
   if (!is.null(case$says)) expect_match(said, case$says, all = FALSE, info = name)
   text <- paste(readLines(file.path(folder, "model.statxml"), encoding = "UTF-8"), collapse = "\n")
-  expect_identical(keys_of(text), as.character(case$keys), info = name)
   tables <- tables_in(folder)
   expect_own_coefficients(tables, fit, name)
   expect_own_predictions(text, fit, name)
-  if (!is_plain) return()
+  if (!is_plain) return(expect_identical(keys_of(text), as.character(case$keys), info = name))
   expected <- if (is.null(case$remarks)) "nothing else" else case$remarks
   expect_identical(grep(expected, faults_of(folder), invert = TRUE, value = TRUE), character(), info = name)
   expect_own_covariances(tables, fit, name)
