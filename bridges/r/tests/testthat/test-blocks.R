@@ -17,8 +17,8 @@ test_that("subjects name their fields, what nests behind what is nested; effects
     list("SubjectSpec", quote(lme4::lmer(y ~ x + (1 | a) + (1 | b) + (1 | a:b), three)), c("b 0", "a 0", "a b 0 0")),
     list("SubjectSpec", quote(lme4::lmer(y ~ x + (1 | a:b), three)), "a b 0 0"),
     list("SubjectSpec", quote(glmmTMB::glmmTMB(y ~ x + (1 | a / b), three)), c("a 0", "b a 0 1")),
-    list("SubjectSpec", quote(nlme::lme(y ~ x, three, random = ~ 1 | a / b)), c("b a 0 1", "a 0")),
-    list("SubjectSpec", quote(ordinal::clmm(o ~ x + (1 | a) + (1 | a:b), data = three)), c("a 0", "b a 0 1")),
+    list("SubjectSpec", quote(nlme::lme(y ~ x, three, random = ~ 1 | a / b)), c("a 0", "b a 0 1")),
+    list("SubjectSpec", quote(ordinal::clmm(o ~ x + (1 | a) + (1 | a:b), data = three)), c("b a 0 1", "a 0")),
     list("EffectList", quote(lme4::lmer(Reaction ~ Days + (Days | Subject), sleep)), "Days 0"),
     list("EffectList", quote(lme4::lmer(Reaction ~ Days + (I(Days^2) | Subject), sleep)), "Days Days 0 0"),
     list("EffectList", quote(lme4::lmer(Reaction ~ Days + (0 + Days:late | Subject), sleep)), "Days late 0 0"),
@@ -26,7 +26,7 @@ test_that("subjects name their fields, what nests behind what is nested; effects
   )
   for (case in cases) {
     text <- suppressMessages(suppressWarnings(written(fitted_case(case[[2L]]))))
-    expect_setequal(attribute_of(text, case[[1L]]), case[[3L]])
+    expect_identical(attribute_of(text, case[[1L]]), case[[3L]], info = deparse1(case[[2L]]))
   }
 })
 
