@@ -47,15 +47,15 @@ test_that("a continuous predictor stands where it is put", {
 })
 
 test_that("what cannot be asked is refused by name", {
-  fit <- lm(breaks ~ wool + log(breaks), warpbreaks)
+  fit <- lm(breaks ~ wool + n, transform(warpbreaks, n = seq_len(54)))
   wrong <- list(
     list("tension.*does not have", means = ~tension), list("formulas such as", means = "wool"),
-    list("at = list\\(breaks", means = ~breaks),
+    list("at = list\\(n", means = ~n),
     list("not a level of wool", means = ~wool, contrasts = "simple", reference = "C"),
     list("`contrasts` is one of .*not all", means = ~wool, contrasts = "all"),
     list("`reference` has one value", means = ~wool, contrasts = "simple", reference = c("A", "B")),
-    list("`at` names wool, .*It has: breaks", at = list(wool = "A")),
-    list("breaks has \"many\"", at = list(breaks = "many")),
+    list("`at` names wool, .*It has: n.", at = list(wool = "A")),
+    list("n has \"many\"", at = list(n = "many")),
     list("`level` .*not 2", level = 2), list("`adjust` is one of .*not \"tukey\"", adjust = "tukey"),
     list("`df` is one of .*not 10", df = 10)
   )
