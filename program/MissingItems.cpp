@@ -221,9 +221,11 @@ struct Figure {
 
 constexpr const char* kCovariances = "Covariance Parameters Summary";
 constexpr const char* kBounds = "^1% Confidence Interval";
-constexpr Figure kFigures[] = {
+constexpr Figure kCriteria[] = {
     {"ModelSummary", "Model Summary", "Content", "Information Criterion", "Akaike Corrected", "AICC"},
     {"ModelSummary", "Model Summary", "Content", "Information Criterion", "Bayesian", "BIC"},
+};
+constexpr Figure kFigures[] = {
     {"CovarianceParametersSummary", kCovariances, "Content", "Covariance Parameters", "Residual Effect",
      "numOfCovParamOfRepeated"},
     {"CovarianceParametersSummary", kCovariances, "Content", "Covariance Parameters", "Random Effects",
@@ -292,13 +294,10 @@ class Describer {
 
     std::vector<std::string> Describe() {
         for (const Rule& rule : kRules) Judge(rule, fItems, rule.fItem);
+        JudgeLikelihood();
         for (const Figure& figure : kFigures) {
-            if (IsUnknown(fItems, figure) && IsWanted(fItems, figure))
-                AddFigure(figure.fTable, figure.fLabel, figure.fStatistic);
+            if (IsUnknown(fItems, figure) && IsWanted(fItems, figure)) AddFigure(figure);
         }
-        const Table* summary = fItems.FindTable("ModelSummary");
-        if (summary && !summary->fvCaptions.empty() && IsUnknownIn(&summary->fvCaptions.front()))
-            AddFigure("Model Summary", "-2 log likelihood", "minus2LogLikelihood");
         const Table* classification = fItems.FindTable("Classification");
         if (classification && IsUnknownIn(&classification->fTitle))
             AddFigure("Classification", "Overall percent correct", "classificationAccuracy");
@@ -312,6 +311,27 @@ class Describer {
     void Judge(const Rule& rule, const ItemIndex& items, const std::string& item) {
         if (rule.fpIsMissing(items) && !IsTold(item)) fvLines.push_back(item + " is missing: " + rule.fReason);
     }
+
+    /// No setting tells whether a fit has a likelihood; one without it lacks all of these figures.
+    void JudgeLikelihood() {
+        const auto isUnknown = [this](const Figure& figure) { return IsUnknown(fItems, figure); };
+        const Table* summary = fItems.FindTable("ModelSummary");
+        const bool lacksLikelihood =
+            summary && !summary->fvCaptions.empty() && IsUnknownIn(&summary->fvCaptions.front());
+        if (lacksLikelihood && std::ranges::all_of(kCriteria, isUnknown)) {
+            fvLines.emplace_back(
+                "-2 log likelihood and information criteria in table \"Model Summary\" are missing: ModelDiagnostics "
+                "has no value of Statistic \"minus2LogLikelihood\", \"AICC\" and \"BIC\"; that is right for a fit by "
+                "quasi-likelihood or GEE, which has none");
+            return;
+        }
+        for (const Figure& figure : kCriteria) {
+            if (isUnknown(figure)) AddFigure(figure);
+        }
+        if (lacksLikelihood) AddFigure("Model Summary", "-2 log likelihood", "minus2LogLikelihood");
+    }
+
+    void AddFigure(const Figure& figure) { AddFigure(figure.fTable, figure.fLabel, figure.fStatistic); }
 
     void AddFigure(const char* table, const char* label, const char* statistic) {
         fvLines.push_back(

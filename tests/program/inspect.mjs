@@ -65,11 +65,16 @@ const remarks = [
     (text) => ["BIC", "minus2LogLikelihood", "classificationAccuracy", "numOfColsOfFixed", "numOfCommonSubjects",
       "grandMeanCIUpper"].reduce((rest, name) => noStatistic(name)(rest), text),
     [figure("Bayesian", "Model Summary", "BIC"),
+      figure("-2 log likelihood", "Model Summary", "minus2LogLikelihood"),
       figure("Fixed Effects", "Covariance Parameters Summary", "numOfColsOfFixed"),
       figure("Common Subjects", "Covariance Parameters Summary", "numOfCommonSubjects"),
       figure("Upper", "Grand Mean", "grandMeanCIUpper"),
-      figure("-2 log likelihood", "Model Summary", "minus2LogLikelihood"),
       figure("Overall percent correct", "Classification", "classificationAccuracy")]],
+  ["no likelihood", "bacteria",
+    (text) => text.replace(/(name="(?:minus2LogLikelihood|AICC|BIC)" value=)"[^"]*"/g, '$1""'),
+    ['-2 log likelihood and information criteria in table "Model Summary" are missing: ModelDiagnostics has no value ' +
+      'of Statistic "minus2LogLikelihood", "AICC" and "BIC"; that is right for a fit by quasi-likelihood or GEE, which ' +
+      "has none"]],
   ["no means", "cbpp", without(/<DataGroup[^]*<\/DataGroup>/),
     ["request 1 for means is left out: no block of means answers it", significant]],
   ["no contrasts", "cbpp", without(/<MultivariateData description="contrasts"[^]*?<\/MultivariateData>/),

@@ -1,5 +1,6 @@
 """Figures of each class of model in the program's tables are those of its summary."""
 
+import re
 import warnings
 
 import numpy as np
@@ -9,11 +10,13 @@ import statsmodels.api as sm
 import statsmodels.formula.api as smf
 from scipy import stats
 from statsmodels.miscmodels.ordinal_model import OrderedModel
+from statsmodels.tools.numdiff import approx_fprime
 
 from conftest import INTERVAL, estimated, same
+from hierfit.bridge.documents import documents_of
 
 families = sm.families
-NO_LIKELIHOOD = ("Akaike", "Bayesian", "-2 log likelihood")
+NO_LIKELIHOOD = ("-2 log likelihood and information criteria in table",)
 
 FITS = {
     "ols": lambda d: smf.ols("y ~ g * h + x", d).fit(),
@@ -30,7 +33,6 @@ FITS = {
     "inverse gaussian": lambda d: smf.glm("size ~ g", d, family=families.InverseGaussian()).fit(),
     "negbin": lambda d: smf.glm("count ~ g", d, family=families.NegativeBinomial(alpha=0.5)).fit(),
     "Logit": lambda d: smf.logit("two ~ g + x", d).fit(disp=0),
-    "Poisson": lambda d: smf.poisson("count ~ g + x", d).fit(disp=0),
     "NegativeBinomial": lambda d: smf.negativebinomial("count ~ g + x", d).fit(disp=0),
     "GEE": lambda d: smf.gee(
         "count ~ g + x", "s", d, family=families.Poisson(), cov_struct=sm.cov_struct.Exchangeable()
@@ -66,36 +68,26 @@ def test_coefficients_are_those_of_the_summary(name, data, chain):
 
 
 @pytest.mark.parametrize("name", ["ols", "binomial", "Logit", "negbin", "gamma", "NegativeBinomial", "MixedLM ML"])
-def test_criteria_are_the_fit_s(name, data, chain):
+def test_criteria_and_the_scale_are_the_fit_s(name, data, chain):
     fit = quiet_fit(name, data)
-    values = chain(fit)["ModelSummary-1"]["Value"]
+    tables = chain(fit)
+    values = tables["ModelSummary-1"]["Value"]
     k = fit.aic / 2 + fit.llf
     same(values["Information Criterion", "Akaike Corrected"], fit.aic + 2 * k * (k + 1) / (fit.nobs - k - 1))
     same(values["Information Criterion", "Bayesian"], fit.bic_llf if hasattr(fit, "bic_llf") else fit.bic)
+    same(tables["ResidualEffect-1"]["Estimate"], getattr(fit, "scale", 1))
 
 
-@pytest.mark.parametrize("name", ["ols", "quasi", "gamma", "inverse gaussian"])
-def test_the_scale_is_the_residual_variance(name, data, chain):
-    fit = quiet_fit(name, data)
-    same(chain(fit)["ResidualEffect-1"]["Estimate"], fit.scale)
-
-
-def test_thresholds_increase_and_have_errors_by_the_delta_method(data, chain):
-    for distr in ("logit", "probit", stats.gumbel_r):
-        fit = OrderedModel.from_formula("rank ~ g + x", data, distr=distr).fit(disp=0, method="bfgs", gtol=1e-8)
-        table = estimated(chain(fit)["FixedCoefficients-1"])
-        same(table["Coefficient"][:3], fit.model.transform_threshold_params(fit.params)[1:-1])
-        same(table["Std. Error"].iloc[0], fit.bse["none/a few"])
-        same(table["Coefficient"][3:], fit.params[:3])
-        same(table["Std. Error"][3:], fit.bse[:3])
-        # The second one's error, by differences of the fitter's own transformation.
-        step = 1e-6
-
-        def second(p):
-            return fit.model.transform_threshold_params(p)[2]
-
-        gradient = [(second(fit.params + step * e) - second(fit.params - step * e)) / (2 * step) for e in np.eye(6)]
-        same(table["Std. Error"].iloc[1], np.sqrt(gradient @ np.asarray(fit.cov_params()) @ gradient), 1e-7)
+@pytest.mark.parametrize("distr", ["logit", "probit", stats.gumbel_r])
+def test_thresholds_increase_and_have_errors_by_the_delta_method(distr, data, chain):
+    fit = OrderedModel.from_formula("rank ~ g + x", data, distr=distr).fit(disp=0, method="bfgs", gtol=1e-8)
+    table = estimated(chain(fit)["FixedCoefficients-1"])
+    thresholds = fit.model.transform_threshold_params
+    same(table["Coefficient"], [*thresholds(fit.params)[1:-1], *fit.params[:3]])
+    same(table["Std. Error"].iloc[[0, 3, 4, 5]], fit.bse.iloc[[3, 0, 1, 2]])
+    # The second one's error, by differences of the fitter's own transformation.
+    gradient = approx_fprime(np.asarray(fit.params), lambda p: thresholds(p)[2], centered=True)
+    same(table["Std. Error"].iloc[1], np.sqrt(gradient @ np.asarray(fit.cov_params()) @ gradient), 1e-6)
 
 
 def test_categories_have_sets_of_their_own_and_joint_tests(data, chain):
@@ -109,13 +101,8 @@ def test_categories_have_sets_of_their_own_and_joint_tests(data, chain):
     assert list(effects["df1"]) == [6, 4, 2]
     # A Wald test and a likelihood ratio say about the same.
     assert effects["F"]["g"] * 4 == pytest.approx(2 * (fit.llf - without.llf), rel=0.1)
-    counts = tables["Classification-1"]
-    predicted = (
-        fit.predict().values.argmax(axis=1) if hasattr(fit.predict(), "values") else fit.predict().argmax(axis=1)
-    )
-    cells = pd.crosstab(data.kind - 1, predicted)
-    numbers = counts.to_numpy(dtype=float)
-    assert all(value in numbers for value in cells.to_numpy().ravel())
+    cells = pd.crosstab(data.kind, np.asarray(fit.predict()).argmax(axis=1)).to_numpy()
+    assert np.isin(cells, tables["Classification-1"].to_numpy(dtype=float)).all()
 
 
 @pytest.mark.parametrize("name, event", [("binomial", 1), ("text", 0)])
@@ -126,11 +113,23 @@ def test_the_event_is_the_level_whose_probability_is_modelled(name, event, data,
     assert f"{100 * share:.1f}%" in chain(fit)["Classification-1"].attrs["title"]
 
 
-def test_trials_are_named_and_counted(data, chain):
-    for name, events in (("trials", data.events), ("shares", data.events)):
-        table = chain(quiet_fit(name, data))["Classification-1"].to_numpy(dtype=float)
-        fitted = quiet_fit(name, data).fittedvalues > 0.5
-        assert events[fitted].sum() in table and (data.n - events)[~fitted].sum() in table
+@pytest.mark.parametrize("name", ["trials", "shares"])
+def test_trials_are_named_and_counted(name, data, chain):
+    fit = quiet_fit(name, data)
+    assert 'name="TrialsField" value="n"' in documents_of(fit)[1]
+    table = chain(fit)["Classification-1"].to_numpy(dtype=float)
+    hit = fit.fittedvalues > 0.5
+    assert data.events[hit].sum() in table and (data.n - data.events)[~hit].sum() in table
+
+
+def test_the_target_s_distribution_and_points_are_those_of_its_values(data):
+    _, text = documents_of(quiet_fit("gamma", data))
+    shape, rate = (float(re.search(f'name="{name}" value="([^"]+)"', text)[1]) for name in ("shape", "rate"))
+    same([shape, shape / rate], [stats.gamma.fit(data["size"], floc=0)[0], data["size"].mean()], 1e-4)
+    # Beyond 100 records, points are the middles of cells, of which 20 make the range.
+    points = re.search(r'"observedByPredicted".*?<Array[^>]*>([^<]*)', text, re.DOTALL)[1].split()
+    places = (np.array(points, dtype=float) - data["size"].min()) / (np.ptp(data["size"]) / 20)
+    np.testing.assert_allclose(places % 1, 0.5)
 
 
 def test_working_correlations_are_covariance_parameters(data, chain):

@@ -12,64 +12,32 @@ import statsmodels.formula.api as smf
 from statsmodels.miscmodels.ordinal_model import OrderedModel
 
 import hierfit
-from conftest import estimated, same
 from hierfit.bridge.documents import documents_of
 from hierfit.bridge.fields import decimals_of, level_text, levels_are_numbers
 from hierfit.bridge.xml import document_text, node, number_text, real_array, text_array
 
 
 def test_importing_takes_the_standard_library_alone():
-    code = """
-import sys, importlib.abc
-class Refuse(importlib.abc.MetaPathFinder):
-    def find_spec(self, name, path, target=None):
-        if name.partition(".")[0] in ("numpy", "pandas", "scipy", "statsmodels", "patsy", "distributed"):
-            raise ImportError("not installed")
-sys.meta_path.insert(0, Refuse())
-import hierfit
-try:
-    hierfit.documents(object(), "nowhere")
-except ImportError as error:
-    print(error)
-"""
-    done = subprocess.run([sys.executable, "-c", code], capture_output=True, text=True, check=True)
-    assert "pip install statsmodels" in done.stdout
+    missing = ["numpy", "pandas", "scipy", "statsmodels", "patsy", "distributed"]
+    code = f"import sys; sys.modules.update(dict.fromkeys({missing})); import hierfit; hierfit.documents(object(), 'a')"
+    done = subprocess.run([sys.executable, "-c", code], capture_output=True, text=True)
+    assert "ImportError: A fitted model takes the package statsmodels" in done.stderr
+    assert "pip install statsmodels" in done.stderr
 
 
-@pytest.mark.parametrize(
-    "value, text",
-    [
-        (0.1, "0.1"),
-        (3.0, "3"),
-        (-2, "-2"),
-        (1 / 3, "0.3333333333333333"),
-        (5e-324, "5e-324"),
-        (1e22, "1e+22"),
-        (np.nan, ""),
-        (np.inf, ""),
-        (None, ""),
-        (np.float64(0.05), "0.05"),
-    ],
-)
-def test_numbers_read_back_as_they_are(value, text):
-    assert number_text(value) == text
-    assert not text or float(text) == value
+def test_numbers_read_back_as_they_are():
+    texts = ["0.1", "3", "-2", "0.3333333333333333", "5e-324", "1e+22"]
+    assert [number_text(float(text)) for text in texts] == texts
+    assert [number_text(value) for value in (np.float64(0.05), -2, np.nan, np.inf, None)] == ["0.05", "-2", "", "", ""]
 
 
 def test_texts_are_fit_for_xml():
-    made = document_text(
-        node("a", {"b": 'x & "<y>"\n\x01\ud800', "c": None}, node("d", None, "1 < 2"), [[node("e")], None])
-    )
-    assert made.splitlines()[1:] == [
-        '<a b="x &amp; &quot;&lt;y&gt;&quot;&#10;  ">',
-        "  <d>1 &lt; 2</d>",
-        "  <e/>",
-        "</a>",
-    ]
+    made = document_text(node("a", {"b": 'x & "<y>"\n\x01\ud800', "c": None}, node("d", None, "1 < 2"), [[node("e")]]))
+    expected = ['<a b="x &amp; &quot;&lt;y&gt;&quot;&#10;  ">', "  <d>1 &lt; 2</d>", "  <e/>", "</a>"]
+    assert made.splitlines()[1:] == expected
     assert text_array(["a\x01b"]).children == ['"a b"']
-    assert text_array(["a", "b c", 'd"e', "", None, "__MISSING__"]).children == [
-        'a "b c" "d\\"e" "" __MISSING__ "__MISSING__"'
-    ]
+    tokens = text_array(["b c", 'd"e', "", None, "__MISSING__"]).children
+    assert tokens == ['"b c" "d\\"e" "" __MISSING__ "__MISSING__"']
     assert real_array([1.5, np.nan, np.inf]).children == ["1.5 __MISSING__ __MISSING__"]
     with pytest.raises(ValueError, match="backslash"):
         text_array(["a b\\"])
@@ -83,19 +51,10 @@ def test_levels_are_told_from_numbers():
 
 def test_odd_names_and_levels_come_through(chain):
     generator = np.random.default_rng(1)
-    name = 'a "b" <&> é'
-    levels = ["x y", 'é"t', "<&>"]
-    data = pd.DataFrame({name: generator.choice(levels, 90), "my x": generator.normal(size=90)})
-    data["the y"] = generator.normal(size=90)
-    fit = smf.ols(f"Q('the y') ~ Q('{name}') * Q('my x')", data).fit()
-    tables = chain(
-        fit,
-        means=[name],
-        contrasts="pairwise",
-        labels={"the y": "Yield & <more>"},
-        value_labels={name: {"x y": "both"}},
-    )
-    same(estimated(tables["FixedCoefficients-1"])["Coefficient"].sort_values(), np.sort(fit.params))
+    name, levels = 'a "b" <&> é', ["x y", 'é"t', "<&>"]
+    data = pd.DataFrame({name: generator.choice(levels, 90), "the y": generator.normal(size=90)})
+    options = dict(labels={"the y": "Yield & <more>"}, value_labels={name: {"x y": "both"}})
+    tables = chain(ols(f"Q('the y') ~ Q('{name}')", data), means=[name], contrasts="pairwise", **options)
     assert set(tables["Estimates-1"].index) == {"both", 'é"t', "<&>"}
     assert "Yield & <more>" in str(tables["ModelSummary-1"]["Value"].to_list())
 
@@ -103,7 +62,7 @@ def test_odd_names_and_levels_come_through(chain):
 def test_labels_and_formats_come_from_the_frame_or_the_call(data):
     data = data.copy()
     data.attrs.update(labels={"y": "Yield", "x": "Dose"}, value_labels={"g": {"a": "first"}}, formats={"x": "F5.1"})
-    pmml, _ = documents_of(smf.ols("y ~ g + x", data).fit(), labels={"x": "Amount"})
+    pmml, _ = documents_of(ols("y ~ g + x", data), labels={"x": "Amount"})
     assert 'name="y" displayName="Yield"' in pmml and 'name="x" displayName="Amount"' in pmml
     assert '<Value value="a" displayValue="first"/>' in pmml and 'value="F5.1"' in pmml
     rank, _ = documents_of(OrderedModel.from_formula("rank ~ x", data).fit(disp=0, method="bfgs"))
@@ -112,132 +71,127 @@ def test_labels_and_formats_come_from_the_frame_or_the_call(data):
     assert 'name="kind" optype="categorical" dataType="integer"' in kind
 
 
-def test_records_with_missing_values_are_left_out_as_the_fit_leaves_them_out(data, chain):
+def test_records_with_missing_values_are_left_out_as_the_fit_leaves_them_out(data):
     holes = data.copy()
     holes.loc[[3, 7], "x"] = np.nan
     holes.loc[11, "g"] = None
     holes.loc[20, "y"] = np.nan
-    fit = smf.ols("y ~ g + x", holes).fit()
-    _, text = documents_of(fit)
-    assert '<Counts totalFreq="236"/>' in text
-    complete = smf.ols("y ~ g + x", data.drop(index=[3, 7, 11, 20])).fit()
-    assert text == documents_of(complete)[1]
-    mixed = smf.mixedlm("y ~ g + x", holes, groups="s", missing="drop").fit()
-    assert '<Counts totalFreq="236"/>' in documents_of(mixed)[1]
+    _, text = documents_of(ols("y ~ g + x", holes))
+    assert text == documents_of(ols("y ~ g + x", data.drop(index=[3, 7, 11, 20])))[1]
     ranked = holes.assign(rank=data["rank"].where(holes.index > 4))
-    ordered = OrderedModel.from_formula("rank ~ x", ranked).fit(disp=0, method="bfgs")
-    assert '<Counts totalFreq="234"/>' in documents_of(ordered)[1]
-    same(estimated(chain(ordered)["FixedCoefficients-1"])["Coefficient"].iloc[-1], ordered.params["x"])
+    for fit, records in [
+        (smf.mixedlm("y ~ g + x", holes, groups="s", missing="drop").fit(), 236),
+        (OrderedModel.from_formula("rank ~ x", ranked).fit(disp=0, method="bfgs"), 234),
+    ]:
+        assert f'<Counts totalFreq="{records}"/>' in documents_of(fit)[1]
 
 
-def ols(formula):
-    return lambda d: smf.ols(formula, d).fit()
+def ols(formula, data):
+    return smf.ols(formula, data).fit()
+
+
+def glm(formula, data, family, **options):
+    return smf.glm(formula, data, family=family, **options).fit()
+
+
+def changed(fit, column, values):
+    fit.model.data.frame[column] = values
+    return fit
+
+
+def removed(fit):
+    fit.remove_data()
+    return fit
 
 
 # Models that have no place in the documents: each one error that names the term and what to do.
 REFUSED = {
-    "empty level": (ols("y ~ g"), "level z of g.*remove_unused_categories", "empty"),
-    "empty cell": (ols("y ~ g * h"), "The term g:h cannot be estimated.*join levels", "cell"),
-    "same twice": (ols("y ~ x + z"), "The term z cannot be estimated", "twice"),
-    "factor and number": (ols("y ~ C(kind) + kind"), "kind stands in the model both as a factor", None),
-    "target on both sides": (ols("y ~ y"), "y is the target and a predictor", None),
-    "levels read alike": (ols("y ~ m"), "Two levels of m read alike", "alike"),
-    "levels without letters": (ols("y ~ m"), "Two levels of m read alike", "control"),
-    "columns read alike": (ols("y ~ x + Q('x\x01') + Q('x ')"), "Two columns of the data read alike", "columns"),
-    "shares": (lambda d: smf.glm("p ~ x", d, family=sm.families.Binomial()).fit(), "events and failures", "share"),
-    "tweedie": (
-        lambda d: smf.glm("size ~ x", d, family=sm.families.Tweedie(var_power=1.5)).fit(),
-        "family Tweedie",
-        None,
+    "empty level": (
+        lambda d: ols("y ~ g", d.assign(g=pd.Categorical(d.g, list("abcz")))),
+        "level z of g.*remove_unused_categories",
     ),
-    "cauchy": (
-        lambda d: smf.glm("two ~ x", d, family=sm.families.Binomial(sm.families.links.cauchy())).fit(),
-        "link cauchy.*Known are",
-        None,
+    "empty cell": (
+        lambda d: ols("y ~ g * h", d[(d.g != "b") | (d.h != "v")]),
+        "The term g:h cannot be estimated.*join levels",
     ),
-    "arrays": (lambda d: sm.OLS(d.y.to_numpy(), d[["x"]].to_numpy()).fit(), "use a formula, or a data frame", None),
-    "constrained": (lambda d: smf.glm("y ~ x + n", d).fit_constrained("x = n"), "Constraints on coefficients", None),
-    "removed": (lambda d: removed(smf.ols("y ~ g", d).fit()), "does not hold its data", None),
-    "changed": (lambda d: changed(smf.ols("y ~ g + x", d).fit()), "columns of x differ", None),
+    "same twice": (lambda d: ols("y ~ x + z", d.assign(z=1 - 2 * d.x)), "The term z cannot be estimated"),
+    "factor and number": (lambda d: ols("y ~ C(kind) + kind", d), "kind stands in the model both as a factor"),
+    "target on both sides": (lambda d: ols("y ~ y", d), "y is the target and a predictor"),
+    "levels read alike": (
+        lambda d: ols("y ~ m", d.assign(m=pd.Categorical(d.h.map({"u": 1, "v": "1"})))),
+        "Two levels of m read alike",
+    ),
+    "levels without letters": (
+        lambda d: ols("y ~ m", d.assign(m=d.h.map({"u": "u\x01", "v": "u "}))),
+        "Two levels of m read alike",
+    ),
+    "columns read alike": (
+        lambda d: ols("y ~ Q('x\x01') + Q('x ')", d.assign(**{"x\x01": d.x**2, "x ": d.x**3})),
+        "Two columns of the data read alike",
+    ),
+    "shares": (lambda d: glm("p ~ x", d.assign(p=d.events / d.n), sm.families.Binomial()), "events and failures"),
+    "tweedie": (lambda d: glm("size ~ x", d, sm.families.Tweedie(var_power=1.5)), "family Tweedie"),
+    "cauchy": (lambda d: glm("two ~ x", d, sm.families.Binomial(sm.families.links.cauchy())), "cauchy.*Known are"),
+    "arrays": (lambda d: sm.OLS(d.y.to_numpy(), d[["x"]].to_numpy()).fit(), "use a formula, or a data frame"),
+    "constrained": (lambda d: smf.glm("y ~ x + n", d).fit_constrained("x = n"), "Constraints on coefficients"),
+    "removed": (lambda d: removed(ols("y ~ g", d)), "does not hold its data"),
+    "changed": (lambda d: changed(ols("y ~ g + x", d.copy()), "x", 1.0), "columns of x differ"),
 }
-
-
-def removed(fit):
-    fit.model.data.frame = None
-    return fit
-
-
-def changed(fit):
-    fit.model.data.frame["x"] = 1.0
-    return fit
-
-
-def bent(data, how):
-    data = data.copy()
-    if how == "empty":
-        data["g"] = pd.Categorical(data["g"], list("abcz"))
-    elif how == "cell":
-        data = data[(data["g"] != "b") | (data["h"] != "v")]
-    elif how == "twice":
-        data["z"] = 1 - 2 * data["x"]
-    elif how == "alike":
-        data["m"] = pd.Categorical([1 if h == "u" else "1" for h in data["h"]])
-    elif how == "control":
-        data["m"] = ["u\x01" if h == "u" else "u " for h in data["h"]]
-    elif how == "columns":
-        data["x\x01"], data["x "] = data.x**2, data.x**3
-    elif how == "share":
-        data["p"] = data.events / data.n
-    return data
 
 
 @pytest.mark.parametrize("name", REFUSED)
 def test_a_model_without_a_place_is_refused_by_its_term(name, data, tmp_path):
-    make, words, how = REFUSED[name]
+    make, words = REFUSED[name]
     with warnings.catch_warnings():
         warnings.simplefilter("ignore")
-        fit = make(bent(data, how))
+        fit = make(data)
     with pytest.raises(ValueError, match=words):
         hierfit.documents(fit, tmp_path / "model")
     assert not (tmp_path / "model").exists()
 
 
-@pytest.mark.parametrize(
-    "make",
-    [
-        lambda d: smf.wls("y ~ x", d, weights=d.n).fit(),
-        lambda d: smf.quantreg("y ~ x", d).fit(),
-        lambda d: smf.logit("two ~ x", d).fit_regularized(disp=0),
-        lambda d: smf.ols("y ~ x", d).fit_regularized(),
-        lambda d: smf.probit("two ~ x", d).fit(disp=0),
-        lambda d: smf.ols("y ~ x", d),
-        lambda d: d,
-        lambda d: None,
-    ],
-)
+UNKNOWN = [
+    lambda d: smf.wls("y ~ x", d, weights=d.n).fit(),
+    lambda d: smf.logit("two ~ x", d).fit_regularized(disp=0),
+    lambda d: smf.ols("y ~ x", d).fit_regularized(),
+    lambda d: smf.probit("two ~ x", d).fit(disp=0),
+    lambda d: smf.ols("y ~ x", d),
+    lambda d: None,
+]
+
+
+@pytest.mark.parametrize("make", UNKNOWN)
 def test_a_class_that_is_not_known_is_an_error_that_lists_those_that_are(make, data, tmp_path):
     with pytest.raises(TypeError, match="not known.*MixedLM, GLM, OLS, Logit, .*OrderedModel, GEE"):
         hierfit.documents(make(data), tmp_path)
 
 
-@pytest.mark.parametrize(
-    "make, words",
-    [
-        (lambda d: smf.glm("count ~ x", d, family=sm.families.Poisson(), offset=d.x).fit(), "an offset"),
-        (lambda d: smf.glm("y ~ x", d, freq_weights=d.n).fit(), "weights"),
-        (lambda d: smf.glm("word ~ x", d, family=sm.families.Binomial()).fit(), "the modelled level, no of word"),
-        (lambda d: smf.negativebinomial("count ~ x", d, loglike_method="nb1").fit(disp=0), "proportional to the mean"),
-        (lambda d: OrderedModel(d["rank"], d[["x"]], offset=d.n / 10).fit(disp=0, method="bfgs"), "an offset"),
-    ],
-)
+TOLD = [
+    (lambda d: glm("count ~ x", d, sm.families.Poisson(), offset=d.x), "an offset"),
+    (lambda d: smf.glm("y ~ x", d, freq_weights=d.n).fit(), "weights"),
+    (lambda d: glm("word ~ x", d, sm.families.Binomial()), "the modelled level, no of word"),
+    (lambda d: smf.negativebinomial("count ~ x", d, loglike_method="nb1").fit(disp=0), "proportional to the mean"),
+    (lambda d: OrderedModel(d["rank"], d[["x"]], offset=d.n / 10).fit(disp=0, method="bfgs"), "an offset"),
+]
+
+
+@pytest.mark.parametrize("make, words", TOLD)
 def test_what_the_documents_cannot_hold_is_told(make, words, data):
     fit = make(data)
     with pytest.warns(UserWarning, match=f"no place for .*{words}"):
         documents_of(fit)
 
 
-def test_the_documents_are_there_whole_or_not_at_all(data, tmp_path):
-    fit = smf.ols("y ~ g", data).fit()
+def test_the_documents_are_there_whole_or_not_at_all(data, tmp_path, monkeypatch):
+    fit = ols("y ~ g", data)
     folder = hierfit.documents(fit, tmp_path / "a" / "b")
     assert sorted(path.name for path in folder.iterdir()) == ["model.pmml", "model.statxml"]
     assert (folder / "model.pmml").read_text(encoding="utf-8") == documents_of(fit)[0]
+
+    def refuse(source, target):
+        raise OSError("no room")
+
+    monkeypatch.setattr("os.replace", refuse)
+    with pytest.raises(OSError, match="no room"):
+        hierfit.documents(fit, tmp_path / "full")
+    assert not list((tmp_path / "full").iterdir())

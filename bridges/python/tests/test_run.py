@@ -6,11 +6,7 @@ import re
 import shutil
 import subprocess
 import sys
-import threading
-import xml.dom.minidom
 
-import numpy as np
-import pandas as pd
 import pytest
 import statsmodels.formula.api as smf
 
@@ -40,54 +36,49 @@ def test_items_bear_the_names_that_the_program_lists(example):
     for table in run.tables.values():
         frame = table.frame()
         assert len(frame) and frame.attrs["title"] == table.title
-        shown = {cell["content"]["text"] for cell in table.content["cells"]}
-        numbers = [c["content"]["from"]["number"] for c in table.content["cells"] if "number" in c["content"]["from"]]
-        found = {x for x in frame.to_numpy().ravel() if isinstance(x, float)}
-        assert {float(x) for x in numbers if x is not None} <= found
-        assert all(isinstance(x, float) or x is None or x in shown for x in frame.to_numpy().ravel())
+        cells = [cell["content"] for cell in table.content["cells"]]
+        numbers = {float(cell["from"]["number"]) for cell in cells if cell["from"].get("number") is not None}
+        values = frame.to_numpy().ravel()
+        assert numbers <= {x for x in values if isinstance(x, float)}
+        assert {x for x in values if isinstance(x, str)} <= {cell["text"] for cell in cells}
 
 
 def test_frames_nest_as_tables_do(oats):
     frame = oats.tables["FixedCoefficients-1"].frame()
-    assert frame.index.name == "Model Term" and frame["Coefficient"].dtype == float
-    assert list(frame["95% Confidence Interval"].columns) == ["Lower", "Upper"]
-    document = (OATS / "model.statxml").read_text()
-    estimates = [float(x) for x in re.findall(r'<ParameterStats[^>]* estimate="([^"]+)"', document)]
+    assert frame.index.name == "Model Term" and list(frame["95% Confidence Interval"]) == ["Lower", "Upper"]
+    estimates = re.findall(r'<ParameterStats[^>]* estimate="([^"]+)"', (OATS / "model.statxml").read_text())
     same(frame["Coefficient"], estimates[: len(frame)])
     nested = next(t.frame() for t in oats.tables.values() if t.frame().index.nlevels == 2)
-    assert isinstance(nested.index, pd.MultiIndex) and nested.index.is_unique
+    assert nested.index.is_unique
 
 
-@pytest.mark.parametrize("form, ending", [("html", "html"), ("text", "txt"), ("json", "json")])
-def test_saved_files_are_the_program_s(form, ending, oats, tmp_path):
+@pytest.mark.parametrize("ending", ["html", "txt", "json"])
+def test_saved_files_are_the_program_s(ending, oats, tmp_path):
     ours, theirs = tmp_path / f"a.{ending}", tmp_path / f"b.{ending}"
     assert oats.save(ours) == ours
     program("report", "-o", theirs, OATS)
     assert ours.read_bytes() == theirs.read_bytes()
-    if form == "json":
+    if ending == "json":
         assert hierfit.read(ours).render("html") == oats.render("html")
 
 
 def test_pictures_are_saved_one_file_a_chart(oats, tmp_path):
     folder = oats.save(tmp_path / "charts.svg")
     assert sorted(path.stem for path in folder.iterdir()) == sorted(oats.charts)
-    assert all(xml.dom.minidom.parse(str(path)) for path in folder.iterdir())
-    one = oats.save(tmp_path / "one", format="png", only="GLMMPredictedByObserved-1", scale=1)
-    assert [path.name for path in one.iterdir()] == ["GLMMPredictedByObserved-1.png"]
-    assert next(one.iterdir()).read_bytes().startswith(b"\x89PNG")
+    assert all(path.read_text().startswith("<svg") for path in folder.iterdir())
+    (one,) = oats.save(tmp_path / "one", format="png", only="GLMMPredictedByObserved", scale=1).iterdir()
+    assert one.name == "GLMMPredictedByObserved-1.png" and one.read_bytes().startswith(b"\x89PNG")
     with pytest.raises(ValueError, match="no chart Nothing"):
         oats.save(tmp_path / "none", format="svg", only="Nothing")
 
 
 def test_items_show_themselves_in_a_notebook(oats):
-    table = oats["FixedCoefficients-1"]._repr_html_()
+    table, again = (oats["FixedCoefficients-1"]._repr_html_() for _ in range(2))
     assert table.count("<table") == 1 and "Fixed Coefficients" in table and "<script" not in table
-    again = oats["FixedCoefficients-1"]._repr_html_()
-    ids = [set(re.findall(r'\bid="([^"]+)"', text)) for text in (table, again)]
-    assert ids[0] and not ids[0] & ids[1]
+    ids, others = (set(re.findall(r'\bid="([^"]+)"', text)) for text in (table, again))
+    assert ids and not ids & others
     referred = {part for value in re.findall(r'headers="([^"]+)"', table) for part in value.split()}
-    assert referred and referred <= ids[0]
-    assert {value[1:] for value in re.findall(r'href="([^"]+)"', table)} <= ids[0]
+    assert referred and referred | set(re.findall(r'href="#([^"]+)"', table)) <= ids
     chart = oats["GLMMPredictedByObserved-1"]
     assert chart._repr_html_().startswith("<svg") and chart._repr_svg_() == chart._repr_html_()
     assert oats._repr_html_().count("<table") == len(oats.tables)
@@ -111,7 +102,7 @@ def test_names_that_there_are_not_are_told_with_those_that_there_are(oats, tmp_p
             call()
     with pytest.raises(TypeError, match="means: documents take no such option"):
         hierfit.run(OATS, means="nitro")
-    with pytest.raises(FileNotFoundError):
+    with pytest.raises(FileNotFoundError, match="nowhere"):
         hierfit.run(tmp_path / "nowhere")
     assert not list(tmp_path.iterdir())
 
@@ -124,36 +115,29 @@ def test_settings_reach_the_run_and_the_page(tmp_path):
     assert hierfit.report(OATS, tmp_path / "one.html", only=["FixedCoefficients-1"]).read_text().count("<table") == 1
 
 
-# Changes to a document: what is put in place of what, and the file, line and element of the error.
+# Changes to a document: what is put in place of what, and the element of the error.
 BROKEN = [
-    ("model.statxml", "<PMMLModel", "<Nothing", "model.statxml", None),
-    ("model.statxml", 'description="firstSubjectRecordsForDataStructure"', "", "model.statxml", "StructuredData"),
-    ("model.statxml", "</StatXML>", "", "model.statxml", None),
-    ("model.pmml", 'dataType="string"', 'dataType="string" dataType="string"', "model.pmml", None),
+    ("model.statxml", "<PMMLModel", "<Nothing", None),
+    ("model.statxml", 'description="firstSubjectRecordsForDataStructure"', "", "StructuredData"),
+    ("model.pmml", 'dataType="string"', 'dataType="string" dataType="string"', None),
 ]
 
 
-@pytest.mark.parametrize("document, old, new, file, element", BROKEN)
-def test_a_document_that_cannot_be_read_is_told_with_its_place(document, old, new, file, element, tmp_path):
-    folder = tmp_path / "broken"
-    shutil.copytree(OATS, folder)
+@pytest.mark.parametrize("document, old, new, element", BROKEN)
+def test_a_document_that_cannot_be_read_is_told_with_its_place(document, old, new, element, tmp_path):
+    folder = shutil.copytree(OATS, tmp_path / "broken")
     text = (folder / document).read_text()
-    assert old in text
     (folder / document).write_text(text.replace(old, new))
     with pytest.raises(hierfit.DocumentError) as caught:
-        hierfit.run(folder)
+        hierfit.report(folder, tmp_path / "broken.html")
+    assert not (tmp_path / "broken.html").exists()
     error = caught.value
-    assert error.file == str(folder / file) and error.column >= 1
-    assert 1 <= error.line <= text.count("\n") + 1 and str(error).startswith(
-        f"{error.file}:{error.line}:{error.column}: "
-    )
+    assert error.file == str(folder / document) and 1 <= error.line <= text.count("\n") + 1 and error.column >= 1
+    assert str(error).startswith(f"{error.file}:{error.line}:{error.column}: ")
     if element:
         assert element in error.path and error.line == text[: text.index(old)].count("\n") + 1
     copy = pickle.loads(pickle.dumps(error))
     assert (copy.file, copy.line, copy.path, str(copy)) == (error.file, error.line, error.path, str(error))
-    with pytest.raises(hierfit.DocumentError):
-        hierfit.report(folder, tmp_path / "broken.html")
-    assert not (tmp_path / "broken.html").exists()
 
 
 @pytest.mark.parametrize(
@@ -181,27 +165,12 @@ def test_diagnostics_have_levels_and_places(data, tmp_path):
 def test_a_fit_runs_without_files(data, tmp_path, monkeypatch):
     monkeypatch.chdir(tmp_path)
     fit = smf.ols("y ~ g", data).fit()
-    run = hierfit.run(fit, means="g", contrasts="pairwise", lang="en")
+    page = hierfit.run(fit, means="g", contrasts="pairwise", lang="en").render("html")
     folder = hierfit.documents(fit, tmp_path / "documents", means="g", contrasts="pairwise")
-    assert run.render("html") == hierfit.run(folder).render("html")
-    assert run.render("html") == hierfit.run(folder / "model.pmml", folder / "model.statxml").render("html")
-    assert hierfit.run((folder / "model.pmml", folder / "model.statxml")).document == run.document
+    pair = (folder / "model.pmml", folder / "model.statxml")
+    for source in ((folder,), pair, (pair,)):
+        assert hierfit.run(*source).render("html") == page
     assert [path.name for path in tmp_path.iterdir()] == ["documents"]
-
-
-def test_runs_in_threads_do_not_disturb_each_other(oats):
-    expected, results = oats.render("html"), []
-
-    def work():
-        run = hierfit.run(OATS)
-        results.append(run.render("html") == expected and oats.render("html") == expected)
-
-    threads = [threading.Thread(target=work) for _ in range(8)]
-    for thread in threads:
-        thread.start()
-    for thread in threads:
-        thread.join()
-    assert results == [True] * 8
 
 
 def test_the_library_is_looked_for_where_it_may_be(monkeypatch):
@@ -215,8 +184,7 @@ def test_the_library_is_looked_for_where_it_may_be(monkeypatch):
     assert list(library.candidates())[-1] == library.NAME
     monkeypatch.setattr(library, "__file__", os.path.join(os.path.dirname(given), "python3", "site", "hierfit", "x.py"))
     assert os.path.realpath(given) in map(os.path.realpath, library.candidates())
-    assert re.fullmatch(r"[0-9]+\.[0-9]+\.[0-9]+", hierfit.version())
-    assert np.all([hierfit.__version__ == hierfit.version()])
+    assert hierfit.__version__ == hierfit.version()
 
 
 @pytest.mark.parametrize("script", sorted(path.name for path in (REPOSITORY / "examples" / "gallery").glob("*.py")))

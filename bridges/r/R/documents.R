@@ -40,6 +40,7 @@
 hf_documents <- function(fit, folder, means = NULL, contrasts = "none", reference = NULL,
   adjust = "none",
                          level = 0.95, df = NULL, at = list(), repeated = NULL) {
+  check_path(folder, "folder")
   options <- make_options(adjust, level, df, at, repeated)
   model <- build_model(fit, requests_of(means, contrasts, reference), options)
   if (!dir.exists(folder) && !dir.create(folder, recursive = TRUE, showWarnings = FALSE)) {
@@ -52,12 +53,28 @@ hf_documents <- function(fit, folder, means = NULL, contrasts = "none", referenc
 
 df_methods <- c("kenward-roger", "satterthwaite", "residual")
 
-make_options <- function(adjust, level, df, at, repeated) {
-  adjust <- match.arg(adjust, adjustments)
-  if (!is.numeric(level) || length(level) != 1L || is.na(level) || level <= 0 || level >= 1) {
-    stop("`level` is a number between 0 and 1.", call. = FALSE)
+check_path <- function(path, name) {
+  if (!is.character(path) || length(path) != 1L || is.na(path) || !nzchar(path)) {
+    stop("`", name, "` is one path; not ", shown(path), ".", call. = FALSE)
   }
-  if (!is.null(df)) df <- match.arg(df, df_methods)
+}
+
+# A value in a message.
+shown <- function(x) strtrim(paste(deparse(x), collapse = " "), 60L)
+
+one_of <- function(given, name, choices) {
+  at <- if (is.character(given)) pmatch(given[1L], choices) else NA
+  if (is.na(at)) stop("`", name, "` is one of ", paste(choices, collapse = ", "), "; not ", shown(given), ".",
+    call. = FALSE)
+  choices[at]
+}
+
+make_options <- function(adjust, level, df, at, repeated) {
+  adjust <- one_of(adjust, "adjust", adjustments)
+  if (!is.numeric(level) || length(level) != 1L || is.na(level) || level <= 0 || level >= 1) {
+    stop("`level` is a number between 0 and 1; not ", shown(level), ".", call. = FALSE)
+  }
+  if (!is.null(df)) df <- one_of(df, "df", df_methods)
   if (!is.list(at) || (length(at) && is.null(names(at)))) {
     stop("`at` is a named list of numbers, such as list(x = 3).", call. = FALSE)
   }
@@ -110,6 +127,7 @@ build_model <- function(fit, requests, options) {
   if (length(left_out)) message("The documents have no place for ",
     paste(left_out, collapse = ", "),
     " of this model; the figures take account of it.")
+  check_places(options$at, info)
   options <- complete_options(fit, info, options)
   target <- target_of(fit, info, distribution)
   design <- design_of(info)

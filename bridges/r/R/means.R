@@ -45,6 +45,8 @@ requests_of <- function(means, contrasts, reference) {
   if (!is.list(means)) means <- list(means)
   contrasts <- check_contrasts(contrasts, length(means))
   if (!is.list(reference)) reference <- as.list(reference)
+  if (length(reference) > max(1L, length(means))) stop("`reference` has one value or one for each of the ",
+    length(means), " formulas of `means`.", call. = FALSE)
   Map(function(formula, contrast, index) {
     request <- parse_request(formula, contrast)
     at <- if (length(reference) == 1L) 1L else index
@@ -73,6 +75,27 @@ values_at <- function(request, info, options) {
     at[[field]] <- values
   }
   at
+}
+
+# The columns of the data that stand in the model as numbers.
+numbers_of <- function(info) {
+  names <- all.vars(stats::delete.response(info$terms))
+  Filter(function(name) {
+    column <- info$frame[[name]]
+    if (is.null(column)) column <- info$data[[name]]
+    (is.null(column) || is.numeric(column)) && !wrapped_factor(name, info)
+  }, names)
+}
+
+check_places <- function(at, info) {
+  known <- if (length(at)) numbers_of(info)
+  for (name in names(at)) {
+    if (!(name %in% known)) stop("`at` names ", name, ", which is no continuous predictor of the model. It has: ",
+      if (length(known)) paste(known, collapse = ", ") else "none", ".", call. = FALSE)
+    if (!is.numeric(at[[name]]) || length(at[[name]]) == 0L || !all(is.finite(at[[name]]))) {
+      stop("`at` fixes continuous predictors at numbers; ", name, " has ", shown(at[[name]]), ".", call. = FALSE)
+    }
+  }
 }
 
 wrapped_factor <- function(field, info) {

@@ -17,6 +17,10 @@
 #' }
 #' @export
 hf_report <- function(fit, file, ..., title = NULL) {
+  check_path(file, "file")
+  if (!is.null(title) && (!is.character(title) || length(title) != 1L)) {
+    stop("`title` is one text; not ", shown(title), ".", call. = FALSE)
+  }
   program <- find_program()
   folder <- temporary_folder()
   on.exit(unlink(folder, recursive = TRUE))
@@ -44,5 +48,7 @@ run_program <- function(program, arguments) {
   said <- suppressWarnings(system2(program, shQuote(arguments), stdout = TRUE, stderr = TRUE))
   status <- attr(said, "status")
   if (is.null(status)) return(said)
+  # Its help tells of arguments that it has on a command line.
+  said <- grep("^Try: ", said, invert = TRUE, value = TRUE)
   stop("The program ended with status ", status, ": ", paste(said, collapse = "\n"), call. = FALSE)
 }

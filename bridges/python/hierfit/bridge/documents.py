@@ -5,26 +5,47 @@ from __future__ import annotations
 import os
 import warnings
 from collections.abc import Mapping, Sequence
+from dataclasses import dataclass, fields
+from inspect import signature
 from pathlib import Path
 from typing import Any
 
 from ..needs import need
 
 
-def documents_of(
-    fit: Any,
-    *,
-    means: Any = None,
-    contrasts: str | Sequence[str | None] | None = "none",
-    reference: Any = None,
-    adjust: str = "none",
-    level: float = 0.95,
-    at: Mapping[str, Any] | None = None,
-    labels: Mapping[str, str] | None = None,
-    value_labels: Mapping[str, Mapping[Any, str]] | None = None,
-    formats: Mapping[str, str] | None = None,
-) -> tuple[str, str]:
-    """The texts of model.pmml and model.statxml. Arguments are those of hierfit.documents()."""
+@dataclass(slots=True, kw_only=True)
+class Asked:
+    """What documents() takes beside a fit, with its defaults."""
+
+    means: Any = None
+    contrasts: str | Sequence[str | None] | None = "none"
+    reference: Any = None
+    adjust: str = "none"
+    level: float = 0.95
+    at: Mapping[str, Any] | None = None
+    labels: Mapping[str, str] | None = None
+    value_labels: Mapping[str, Mapping[Any, str]] | None = None
+    formats: Mapping[str, str] | None = None
+
+
+def _asked(options: Mapping[str, Any]) -> Asked:
+    known = [of.name for of in fields(Asked)]
+    unknown = [name for name in options if name not in known]
+    if unknown:
+        raise TypeError(f"There is no option {unknown[0]}; there are {', '.join(known)}.")
+    return Asked(**options)
+
+
+def _by_column(what: str, given: Any, kept: Mapping[str, Any]) -> dict[str, Any]:
+    """What the call gives, and behind it what the data frame keeps."""
+    if given is not None and not isinstance(given, Mapping):
+        raise ValueError(f"{what} is a dict by columns of the data; not {given!r}.")
+    return {**kept.get(what, {}), **(given or {})}
+
+
+def documents_of(fit: Any, **options: Any) -> tuple[str, str]:
+    """The texts of model.pmml and model.statxml. Options are those of documents()."""
+    asked = _asked(options)
     need("statsmodels", "A fitted model")
     need("pandas", "A fitted model")
     from ..fitters import fitted_of
@@ -36,23 +57,22 @@ def documents_of(
 
     frame = getattr(getattr(getattr(fit, "model", None), "data", None), "frame", None)
     kept = getattr(frame, "attrs", None) or {}
-    options = options_of(
-        adjust,
-        level,
-        at,
-        Labels(
-            {**kept.get("labels", {}), **(labels or {})},
-            {**kept.get("value_labels", {}), **(value_labels or {})},
-            {**kept.get("formats", {}), **(formats or {})},
-        ),
+    labels = Labels(
+        _by_column("labels", asked.labels, kept),
+        _by_column("value_labels", asked.value_labels, kept),
+        _by_column("formats", asked.formats, kept),
     )
-    fitted = fitted_of(fit, options.level)
+    for name, words in labels.values.items():
+        if not isinstance(words, Mapping):
+            raise ValueError(f"value_labels has a dict for each column, such as {{1: 'yes'}}; {name} has {words!r}.")
+    settings = options_of(asked.adjust, asked.level, asked.at, labels)
+    fitted = fitted_of(fit, settings.level)
     predictors = [name for effect in fitted.design.effects for name in effect.fields]
     target = [fitted.target.name] if fitted.distribution.has_categories else []
     known = list(dict.fromkeys([*predictors, *fitted.design.raw_numbers(), *target]))
-    requests = requests_of(means, contrasts, reference, known)
+    requests = requests_of(asked.means, asked.contrasts, asked.reference, known)
     check_requests(requests, fitted)
-    results = results_document(fitted, requests, options)
+    results = results_document(fitted, requests, settings)
     if fitted.told:
         warnings.warn(
             f"The documents have no place for {', '.join(dict.fromkeys(fitted.told))} of this model; the figures take "
@@ -61,24 +81,11 @@ def documents_of(
             stacklevel=3,
         )
     is_regression = not fitted.distribution.is_categorical or fitted.target.trials is not None
-    pmml = pmml_document(fitted.fields, fitted.target.name, is_regression, options.labels)
+    pmml = pmml_document(fitted.fields, fitted.target.name, is_regression, settings.labels)
     return document_text(pmml), document_text(results)
 
 
-def documents(
-    fit: Any,
-    folder: str | os.PathLike[str],
-    *,
-    means: Any = None,
-    contrasts: str | Sequence[str | None] | None = "none",
-    reference: Any = None,
-    adjust: str = "none",
-    level: float = 0.95,
-    at: Mapping[str, Any] | None = None,
-    labels: Mapping[str, str] | None = None,
-    value_labels: Mapping[str, Mapping[Any, str]] | None = None,
-    formats: Mapping[str, str] | None = None,
-) -> Path:
+def documents(fit: Any, folder: str | os.PathLike[str], **options: Any) -> Path:
     """Writes model.pmml, which describes the fields, and model.statxml, which holds the results; returns the folder.
 
     `fit`: results of statsmodels' MixedLM, GLM, OLS, Logit, Poisson, NegativeBinomial, MNLogit, OrderedModel or GEE.
@@ -97,20 +104,19 @@ def documents(
     """
     from .xml import write_whole
 
-    pmml, statxml = documents_of(
-        fit,
-        means=means,
-        contrasts=contrasts,
-        reference=reference,
-        adjust=adjust,
-        level=level,
-        at=at,
-        labels=labels,
-        value_labels=value_labels,
-        formats=formats,
-    )
+    pmml, statxml = documents_of(fit, **options)
     path = Path(folder)
     path.mkdir(parents=True, exist_ok=True)
     write_whole(path / "model.pmml", pmml.encode())
     write_whole(path / "model.statxml", statxml.encode())
     return path
+
+
+def _show_options() -> None:
+    """Lets help() tell the options with their defaults."""
+    own = list(signature(documents).parameters.values())[:-1]
+    shown = signature(documents).replace(parameters=[*own, *signature(Asked).parameters.values()])
+    documents.__signature__ = shown  # type: ignore[attr-defined]
+
+
+_show_options()

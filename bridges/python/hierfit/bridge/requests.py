@@ -2,6 +2,7 @@
 
 from __future__ import annotations
 
+import math
 import re
 from collections.abc import Iterable, Mapping, Sequence
 from dataclasses import dataclass, field
@@ -39,8 +40,11 @@ def options_of(adjust: str, level: float, at: Mapping[str, Any] | None, labels: 
     if isinstance(level, bool) or not isinstance(level, (int, float)) or not 0 < level < 1:
         raise ValueError(f"level is a number between 0 and 1; not {level!r}.")
     for name, text in labels.formats.items():
-        if not re.fullmatch(r"F[0-9]{1,3}(\.[0-9]{1,2})?|A[0-9]{1,3}", text):
-            raise ValueError(f"The format of {name} is one such as F8.2 or A12; not {text!r}.")
+        found = re.fullmatch(r"F([0-9]{1,3})(?:\.([0-9]{1,2}))?|A[0-9]{1,3}", text) if isinstance(text, str) else None
+        if not found or (found[1] and int(found[2] or 0) >= int(found[1])):
+            raise ValueError(
+                f"The format of {name} is one such as F8.2, 8 wide with 2 decimals, or A12 for texts; not {text!r}."
+            )
     return Options(adjust, float(level), _places(at), labels)
 
 
@@ -52,6 +56,8 @@ def _places(at: Mapping[str, Any] | None) -> dict[str, list[float]]:
         several = list(values) if isinstance(values, Iterable) and not isinstance(values, str) else [values]
         try:
             out[name] = [float(value) for value in several]
+            if not all(map(math.isfinite, out[name])):
+                raise ValueError
         except (TypeError, ValueError):
             raise ValueError(f"at fixes continuous predictors at numbers; {name} has {values!r}.") from None
         if not out[name]:
@@ -63,7 +69,8 @@ def requests_of(means: Any, contrasts: Any, reference: Any, known: Sequence[str]
     """Requests from "A", "A:B", "A | B", or tuples of names; `known` are the names that the model has."""
     if means is None:
         return []
-    blocks = [means] if isinstance(means, (str, tuple)) else list(means)
+    are_several = isinstance(means, Iterable) and not isinstance(means, (str, tuple, Mapping))
+    blocks = list(means) if are_several else [means]
     kinds = _one_each(contrasts, len(blocks), "contrasts")
     references = _one_each(reference, len(blocks), "reference")
     out = []

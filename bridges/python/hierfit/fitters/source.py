@@ -29,15 +29,13 @@ class Source:
 
 def source_of(model: Any, has_thresholds: bool = False) -> Source:
     data = model.data
-    exog = getattr(model, "exog", None)
-    if getattr(data, "orig_exog", None) is None and exog is None and not has_thresholds:
+    info, frame = getattr(data, "design_info", None), getattr(data, "frame", None)
+    # remove_data() of a fit leaves some of them.
+    held = [getattr(model, "endog", None), getattr(data, "orig_exog", None) if info is None else frame]
+    if any(part is None for part in held) and not (has_thresholds and info is None):
         raise ValueError("The fit does not hold its data any more; fit the model again, and keep them.")
-    info = getattr(data, "design_info", None)
     if info is None:
         return _source_of_columns(model, has_thresholds)
-    frame = getattr(data, "frame", None)
-    if frame is None:
-        raise ValueError("The fit does not hold its data any more; fit the model again, and keep them.")
     left_out = getattr(data, "missing_row_idx", None)
     if left_out is not None and len(left_out):
         frame = frame.iloc[np.setdiff1d(np.arange(len(frame)), left_out)]

@@ -100,6 +100,8 @@ def map_models(
 
 def _list_models(given: Iterable[Any], out: Path, ending: str) -> list[Model]:
     """Sorted by their folders, each once. Where a name is taken, -2, -3, ... stand behind it, as the program has it."""
+    if isinstance(given, (str, os.PathLike)) or not isinstance(given, Iterable):
+        raise TypeError(f"Models are a list of folders or of pairs of paths; not {given!r}.")
     pairs: dict[tuple[str, str], tuple[Path, Path]] = {}
     for source in given:
         paths = documents_in(source)

@@ -5,6 +5,12 @@ chain <- function(fit, ...) {
   hf_tables(fit, ...)
 }
 
+tables_in <- function(folder) {
+  file <- file.path(folder, "report.json")
+  hierfit:::run_program(program(), c("report", "-o", file, folder))
+  hierfit:::tables_of(jsonlite::fromJSON(file, simplifyVector = FALSE))
+}
+
 program <- function() {
   path <- tryCatch(hierfit:::find_program(), error = function(e) NULL)
   if (is.null(path)) skip("the program hierfit is not at hand")
@@ -26,14 +32,6 @@ expect_figures <- function(actual, expected, tolerance = 1e-10, info = "") {
 # Rows of coefficients that are estimated: redundant ones stand at 0 without an error.
 estimated <- function(table) table[!is.na(table[["Std. Error"]]) | table$Coefficient != 0, ]
 
-expect_coefficients <- function(tables, estimate, se, stat, p, rows = TRUE) {
-  table <- estimated(tables[["FixedCoefficients-1"]])[rows, ]
-  expect_figures(table$Coefficient, estimate)
-  expect_figures(table[["Std. Error"]], se)
-  expect_figures(table$t, stat)
-  expect_figures(table[["Sig."]], p)
-}
-
 # What the two files say, in one text.
 documents_of <- function(file, fit, ...) {
   folder <- tempfile("documents-")
@@ -51,6 +49,24 @@ array_behind <- function(text, pattern) {
   from <- sub(paste0("(?s).*?", pattern), "", text, perl = TRUE)
   array <- sub("(?s).*?<Array[^>]*>([^<]*)</Array>.*", "\\1", from, perl = TRUE)
   as.numeric(strsplit(array, " ", fixed = TRUE)[[1L]])
+}
+
+lines_of <- function(program, arguments) {
+  suppressWarnings(system2(program, shQuote(arguments), stdout = TRUE, stderr = TRUE))
+}
+
+# What an expression tells by messages.
+told <- function(expression) {
+  said <- character()
+  withCallingHandlers(expression, message = function(m) {
+    said <<- c(said, conditionMessage(m))
+    invokeRestart("muffleMessage")
+  })
+  said
+}
+
+criterion <- function(text, name) {
+  as.numeric(sub(paste0(".*<Statistic name=\"", name, "\" value=\"([^\"]*)\".*"), "\\1", text))
 }
 
 # Packages that a case calls.

@@ -1,18 +1,20 @@
 skip_if_not_installed("emmeans")
 
-test_that("names, levels and labels come through as they are", {
+test_that("names, levels, labels and formats come through as they are", {
   data <- data.frame(y = c(1.5, 2, 4, 3, 6, 5), check.names = FALSE)
   data$`a "b" <&>` <- factor(rep(c("x y", "\u00e9\"t", "<&>"), 2))
   data$n <- 1:6
   attr(data$n, "label") <- "Num & <ber>"
-  fit <- lm(y ~ `a "b" <&>` + n, data)
-  pmml <- fields_of(fit)
-  expect_match(pmml, "name=\"a &quot;b&quot; &lt;&amp;&gt;\"", fixed = TRUE)
-  expect_match(pmml, "displayName=\"Num &amp; &lt;ber&gt;\"", fixed = TRUE)
-  tables <- chain(fit, means = ~ `a "b" <&>`)
+  attr(data$n, "format.data") <- "F5.1"
+  data$o <- factor(c(1, 2, 2, 3, 3, 1), ordered = TRUE)
+  attr(data$o, "labels") <- c(high = 3, low = 1)
+  pmml <- fields_of(lm(y ~ n + o, data))
+  expect_match(pmml, "name=\"n\" displayName=\"Num &amp; &lt;ber&gt;\"", fixed = TRUE)
+  expect_match(pmml, "value=\"F5.1\"", fixed = TRUE)
+  expect_match(pmml, "name=\"o\" optype=\"ordinal\" dataType=\"integer\"", fixed = TRUE)
+  expect_match(pmml, "<Value value=\"3\" displayValue=\"high\"/>", fixed = TRUE)
+  tables <- chain(lm(y ~ `a "b" <&>` + n, data), means = ~ `a "b" <&>`)
   expect_identical(tables[["Estimates-1"]][[1]], levels(data[[2]]))
-  s <- coef(summary(fit))
-  expect_figures(estimated(tables[["FixedCoefficients-1"]])$Coefficient, s[, 1])
 })
 
 test_that("levels and columns that read alike are refused", {
@@ -22,120 +24,60 @@ test_that("levels and columns that read alike are refused", {
   expect_error(hierfit:::pmml_document(fields, "x ", TRUE), "Two columns of the data read alike")
 })
 
-test_that("a name that another package stumbles over is told with what to do", {
-  data <- stats::setNames(warpbreaks, c("y", "b{", "h"))
-  expect_error(suppressWarnings(written(lm(y ~ `b{` * h, data))),
-    "emmeans cannot take this fit .*columns of the data names")
-})
-
-test_that("coefficients keep their places under every coding", {
-  data <- warpbreaks
-  codings <- list(
-    lm(breaks ~ wool * tension, data), lm(breaks ~ 0 + tension + wool:tension, data),
-    lm(breaks ~ wool * tension, data, contrasts = list(wool = contr.treatment(2, base = 2), tension = "contr.sum")),
-    lm(breaks ~ tension * wool, data, contrasts = list(tension = "contr.poly"))
+test_that("coefficients stand in the rows of their levels, nested ones within the factor that nests", {
+  cases <- list(
+    list(lm(breaks ~ wool * tension, warpbreaks), "[wool=B]*[tension=M]", "woolB:tensionM"),
+    list(lm(breaks ~ 0 + tension + wool:tension, warpbreaks), "[wool=B]([tension=M])", "tensionM:woolB"),
+    list(lm(breaks ~ wool * tension, warpbreaks, contrasts = list(wool = contr.treatment(2, base = 2))),
+      "[wool=A]*[tension=H]", "wool1:tensionH"),
+    list(lm(strength ~ batch / cask, lme4::Pastes), "[cask=c]([batch=D])", "batchD:caskc")
   )
-  for (fit in codings) {
-    tables <- suppressMessages(chain(fit))
-    got <- estimated(tables[["FixedCoefficients-1"]])
-    expect_setequal(signif(got$Coefficient, 10), signif(coef(fit), 10))
+  for (case in cases) {
+    table <- suppressMessages(chain(case[[1L]]))[["FixedCoefficients-1"]]
+    expect_figures(table$Coefficient[table[["Model Term"]] == case[[2L]]], coef(case[[1L]])[[case[[3L]]]],
+      info = case[[2L]])
   }
-  named <- chain(codings[[1]])[["FixedCoefficients-1"]]
-  at <- function(label) named$Coefficient[named[["Model Term"]] == label]
-  expect_figures(at("[wool=B]*[tension=H]"), coef(codings[[1]])[["woolB:tensionH"]])
-  expect_figures(at("[wool=B]*[tension=M]"), coef(codings[[1]])[["woolB:tensionM"]])
 })
 
 test_that("terms made in the formula are fields or powers, and are tested by their own columns", {
   fit <- lm(mpg ~ poly(wt, 2) + log(hp) + qsec + I(qsec^2) + factor(gear), mtcars)
-  tables <- chain(fit)
-  s <- coef(summary(fit))
-  expect_figures(estimated(tables[["FixedCoefficients-1"]])$t, s[, 3])
-  effects <- tables[["FixedEffects-1"]]
-  expected <- drop1(fit, test = "F")
-  expect_figures(effects$F[-1], expected[["F value"]][-1], 1e-8)
+  effects <- chain(fit)[["FixedEffects-1"]]
+  expect_figures(effects$F[-1], drop1(fit, test = "F")[["F value"]][-1], 1e-8)
   expect_true("qsec * qsec" %in% effects$Source)
 })
 
-test_that("coefficients that are not estimable are redundant, their effects named", {
-  fit <- lm(yield ~ block + N * P * K, npk)
-  text <- suppressMessages(written(fit))
-  expect_match(text, "kGLMM_C27", fixed = TRUE)
-  expect_match(text, "value=\"N*P*K\"", fixed = TRUE)
-  s <- coef(summary(fit))
-  expect_figures(estimated(suppressMessages(chain(fit))[["FixedCoefficients-1"]])$Coefficient,
-    s[, 1])
+test_that("an effect that is not estimable is named", {
+  text <- suppressMessages(written(lm(yield ~ block + N * P * K, npk)))
+  expect_match(text, "kGLMM_C27.*value=\"N\\*P\\*K\"")
 })
 
-test_that("records with missing values are left out as the fit leaves them out", {
-  data <- lme4::sleepstudy
-  data$Reaction[3:5] <- NA
-  data$Days[10] <- NA
-  fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), data)
-  expect_match(written(fit, df = "satterthwaite"), "<Counts totalFreq=\"176\"/>", fixed = TRUE)
-  skip_if_not_installed("nlme")
-  other <- nlme::lme(Reaction ~ Days, data, random = ~ 1 | Subject, na.action = na.omit)
-  expect_match(written(other), "<Counts totalFreq=\"176\"/>", fixed = TRUE)
-})
-
-test_that("logical, text and number responses of two values are categories", {
-  data <- transform(mtcars, t = ifelse(am == 1, "manual", "auto"))
-  for (fit in list(glm(am ~ wt, binomial, data), glm(am == 1 ~ wt, binomial, data),
-    glm(factor(t) ~ wt, binomial, data))) {
-    table <- chain(fit)[["Classification-1"]]
-    counts <- unlist(table[table[[2]] != "% within Observed", -(1:2)])
-    expect_identical(sum(counts), 32)
-    expect_identical(sum(counts[c(1, 4)]), as.numeric(sum((fitted(fit) > 0.5) == (data$am == 1))))
+test_that("records are those of the fit, without missing values and within its subset", {
+  data <- case_data$miss
+  fits <- list(lme4::lmer(Reaction ~ Days + (1 | Subject), data),
+    nlme::lme(Reaction ~ Days, data, random = ~ 1 | Subject, na.action = na.omit),
+    nlme::lme(Reaction ~ Days, case_data$sleep, random = ~ 1 | Subject, subset = Days < 8))
+  records <- c(96, 96, 144)
+  for (i in seq_along(fits)) {
+    expect_match(suppressMessages(written(fits[[i]])), paste0("<Counts totalFreq=\"", records[i], "\"/>"),
+      fixed = TRUE)
   }
 })
 
-test_that("what the documents cannot hold is told", {
-  expect_message(written(glm(ncases ~ agegp + offset(log(ncases + ncontrols)), poisson, esoph)),
-    "an offset")
-  expect_message(written(lm(breaks ~ wool, warpbreaks, weights = breaks)), "weights")
-  skip_if_not_installed("ordinal")
-  expect_error(written(ordinal::clm(rating ~ temp, nominal = ~contact, data = ordinal::wine)),
-    "contact")
-})
-
 test_that("a class that is not known is an error that lists those that are", {
-  fit <- nls(mpg ~ a + b * wt, mtcars, start = list(a = 30, b = -5))
-  expect_error(written(fit), "nls is not known.*glmmTMB.*multinom")
-  expect_error(written(lm(cbind(mpg, hp) ~ wt, mtcars)), "mlm")
-  expect_error(written(glm(breaks ~ wool, warpbreaks, family = gaussian("log")), level = 2),
-    "level")
+  expect_error(written(nls(mpg ~ a + b * wt, mtcars, start = list(a = 30, b = -5))),
+    "nls is not known.*glmmTMB.*multinom")
 })
 
 test_that("crossed blocks have no common subject, nested ones the outer field", {
-  crossed <- lme4::lmer(diameter ~ 1 + (1 | plate) + (1 | sample), lme4::Penicillin)
-  text <- written(crossed, df = "satterthwaite")
-  expect_match(text, "name=\"numOfCommonSubjects\" value=\"1\"", fixed = TRUE)
-  expect_match(text, "name=\"numOfColsOfRandom\" value=\"30\"", fixed = TRUE)
-  nested <- lme4::lmer(strength ~ 1 + (1 | batch / cask), lme4::Pastes)
-  text <- written(nested, df = "satterthwaite")
-  expect_match(text, "name=\"numOfCommonSubjects\" value=\"10\"", fixed = TRUE)
-  expect_match(text, "name=\"numOfColsOfRandom\" value=\"4\"", fixed = TRUE)
-})
-
-test_that("a factor without an effect of its own is nested in the factor that it is crossed with", {
-  fit <- lm(strength ~ batch / cask, lme4::Pastes)
-  tables <- chain(fit)
-  expect_true("cask(batch)" %in% tables[["FixedEffects-1"]]$Source)
-  table <- tables[["FixedCoefficients-1"]]
-  at <- table[["Model Term"]] == "[cask=c]([batch=D])"
-  expect_figures(table$Coefficient[at], coef(fit)[["batchD:caskc"]])
-})
-
-test_that("random slopes keep the names of their columns, be they odd ones", {
-  data <- lme4::sleepstudy
-  data$`my days` <- data$Days
-  data$late <- factor(data$Days > 4)
-  odd <- lme4::lmer(Reaction ~ `my days` + (`my days` | Subject), data)
-  tables <- chain(odd, df = "satterthwaite")
-  expect_identical(names(tables[["RandomEffects-1"]])[-1], c("Intercept", "my days"))
-  suppressMessages(levels <- lme4::lmer(Reaction ~ Days + (0 + late | Subject), data))
-  tables <- chain(levels, df = "satterthwaite")
-  expect_identical(names(tables[["RandomEffects-1"]])[-1], c("late=FALSE", "late=TRUE"))
+  blocks <- list(list(diameter ~ 1 + (1 | plate) + (1 | sample), lme4::Penicillin, subjects = 1, columns = 30),
+    list(strength ~ 1 + (1 | batch / cask), lme4::Pastes, subjects = 10, columns = 4),
+    list(y ~ 1 + (1 | a / b), case_data$three[case_data$three$a != "1" | case_data$three$b == "2", ],
+      subjects = 6, columns = 6))
+  for (block in blocks) {
+    text <- suppressMessages(written(lme4::lmer(block[[1L]], block[[2L]]), df = "satterthwaite"))
+    expect_identical(criterion(text, "numOfCommonSubjects"), block$subjects)
+    expect_identical(criterion(text, "numOfColsOfRandom"), block$columns)
+  }
 })
 
 test_that("repeated measures stand beside the first subject's records, by name or by the correlation's covariate", {
@@ -148,7 +90,6 @@ test_that("repeated measures stand beside the first subject's records, by name o
   expect_identical(as.numeric(measured[11]), 10)
   expect_error(written(fit, repeated = "Days"), "copy of it")
   expect_error(written(fit, repeated = "Weeks"), "Weeks is not in the data")
-  skip_if_not_installed("nlme")
   serial <- nlme::gls(y ~ x, case_data$serial, correlation = nlme::corAR1(form = ~ t | g))
   expect_match(written(serial), "repeatedMeasures.*field=\"t\"")
 })

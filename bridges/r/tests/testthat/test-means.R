@@ -1,48 +1,40 @@
 skip_if_not_installed("emmeans")
 
-test_that("means and contrasts are those of emmeans, within the other factor", {
+test_that("contrasts are those of emmeans by every method, within the other factor", {
   fit <- lm(breaks ~ wool * tension, warpbreaks)
   tables <- chain(fit, means = list(~ tension | wool, ~tension, ~tension),
-    contrasts = c("pairwise", "deviation", "simple"),
-    reference = list(NULL, NULL, "M"))
+    contrasts = c("pairwise", "deviation", "simple"), reference = list(NULL, NULL, "M"))
   emm <- suppressMessages(emmeans::emmeans(fit, ~ tension | wool))
-  expected <- as.data.frame(summary(emm))
-  expect_figures(tables[["Estimates-1"]][c("Mean", "Std. Error")], expected[c("emmean", "SE")])
   pairs <- as.data.frame(summary(emmeans::contrast(emm, "pairwise"), infer = TRUE, adjust = "none"))
   got <- tables[["Contrasts-1"]]
   expect_identical(got[[2]], rep(c("L - M", "L - H", "M - H"), 2))
-  expect_figures(got[["Contrast Estimate"]], pairs$estimate)
-  expect_figures(got[["Adj. Sig."]], pairs$p.value)
-  expect_figures(got[["95% Confidence Interval Lower"]], pairs$lower.CL)
-  joint <- as.data.frame(emmeans::test(emmeans::contrast(emm, "pairwise"), joint = TRUE))
-  expect_figures(tables[["OverallTestResults-1"]][["Sig."]], joint$p.value)
+  expect_figures(got[c("Contrast Estimate", "Adj. Sig.", "95% Confidence Interval Lower")],
+    pairs[c("estimate", "p.value", "lower.CL")])
   alone <- suppressMessages(emmeans::emmeans(fit, ~tension))
   effects <- as.data.frame(emmeans::contrast(alone, "eff", adjust = "none"))
   expect_figures(tables[["Contrasts-2"]][["Contrast Estimate"]], effects$estimate)
-  simple <- tables[["Contrasts-3"]]
-  expect_identical(simple[[1]], c("L - M", "H - M"))
+  expect_identical(tables[["Contrasts-3"]][[1]], c("L - M", "H - M"))
 })
 
-test_that("means stand on the scale of the target, contrasts are differences there", {
-  fit <- glm(count ~ spray, InsectSprays, family = poisson)
-  tables <- chain(fit, means = ~spray, contrasts = "pairwise")
-  emm <- emmeans::emmeans(fit, ~spray)
-  expected <- as.data.frame(summary(emm, type = "response"))
-  expect_figures(tables[["Estimates-1"]][c("Mean", "Std. Error")], expected[c("rate", "SE")])
-  difference <- as.data.frame(emmeans::contrast(emmeans::regrid(emm), "pairwise", adjust = "none"))
-  expect_figures(tables[["Contrasts-1"]][["Contrast Estimate"]], difference$estimate)
-  expect_figures(tables[["Contrasts-1"]][["Adj. Sig."]], difference$p.value)
+test_that("a block of three factors compares the first one's levels within the others", {
+  fit <- lm(yield ~ N + P * K, npk)
+  tables <- chain(fit, means = ~ P:N | K, contrasts = "pairwise", adjust = "sidak-sequential")
+  expect_identical(names(tables[["Estimates-1"]])[1:3], c("K", "N", "P"))
+  got <- vapply(tables[["Contrasts-1"]][1:3], `[`, "", 2L)
+  expect_identical(got, c(K = "0", N = "1", `P Pairwise Contrasts` = "0 - 1"))
 })
 
-test_that("sequential adjustments follow their definition", {
-  p <- c(0.04, 0.001, 0.03, NA, 0.5)
-  bonferroni <- hierfit:::adjust_p(p, "bonferroni-sequential")
-  expect_equal(bonferroni, p.adjust(p, "holm"))
-  sidak <- hierfit:::adjust_p(p, "sidak-sequential")
-  expect_equal(sidak[2], 1 - (1 - 0.001)^4)
-  expect_equal(sidak[c(1, 3)], rep(1 - (1 - 0.03)^3, 2))
-  expect_identical(order(sidak[-4]), c(2L, 1L, 3L, 4L))
-  expect_equal(hierfit:::step_levels(p, "bonferroni-sequential", 0.05), 0.05 / c(2, 4, 3, NA, 1))
+test_that("sequential adjustments follow their definition, and limits their levels", {
+  p <- c(0.04, 0.001, 0.03, NA, 0.5, 0.03)
+  expect_equal(hierfit:::adjust_p(p, "bonferroni-sequential"), p.adjust(p, "holm"))
+  most <- 1 - 0.97^4
+  expect_equal(hierfit:::adjust_p(p, "sidak-sequential"), c(most, 1 - 0.999^5, most, NA, 0.5, most))
+  expect_equal(hierfit:::step_levels(p, "bonferroni-sequential", 0.05), 0.05 / c(2, 5, 4, NA, 1, 4))
+  fit <- lm(breaks ~ tension, warpbreaks)
+  got <- chain(fit, means = ~tension, contrasts = "pairwise", adjust = "bonferroni-sequential", level = 0.9)
+  got <- got[["Contrasts-1"]]
+  reach <- qt(1 - 0.1 / 2 / (4 - rank(-abs(got$t))), 51) * got[["Std. Error"]]
+  expect_figures(got[["90% Confidence Interval Upper"]], got[["Contrast Estimate"]] + reach)
 })
 
 test_that("a continuous predictor stands where it is put", {
@@ -52,16 +44,24 @@ test_that("a continuous predictor stands where it is put", {
     as.data.frame(emmeans::emmeans(fit, ~wt, at = list(wt = c(2, 3))))$emmean)
   expect_figures(chain(fit, means = ~cyl, at = list(wt = 3))[["Estimates-1"]]$Mean,
     as.data.frame(emmeans::emmeans(fit, ~cyl, at = list(wt = 3)))$emmean)
-  expect_error(written(fit, means = ~wt), "at = list(wt", fixed = TRUE)
 })
 
-test_that("means that cannot be asked are refused by name", {
-  fit <- lm(breaks ~ wool, warpbreaks)
-  expect_error(written(fit, means = ~tension), "tension.*does not have")
-  expect_error(written(fit, means = ~wool, contrasts = "simple", reference = "C"),
-    "not a level of wool")
-  expect_error(written(fit, means = ~wool, contrasts = "all"), "contrasts")
-  expect_error(written(fit, means = "wool"), "formulas")
+test_that("what cannot be asked is refused by name", {
+  fit <- lm(breaks ~ wool + n, transform(warpbreaks, n = seq_len(54)))
+  wrong <- list(
+    list("tension.*does not have", means = ~tension), list("formulas such as", means = "wool"),
+    list("at = list\\(n", means = ~n),
+    list("not a level of wool", means = ~wool, contrasts = "simple", reference = "C"),
+    list("`contrasts` is one of .*not all", means = ~wool, contrasts = "all"),
+    list("`reference` has one value", means = ~wool, contrasts = "simple", reference = c("A", "B")),
+    list("`at` names wool, .*It has: n.", at = list(wool = "A")),
+    list("n has \"many\"", at = list(n = "many")),
+    list("`level` .*not 2", level = 2), list("`adjust` is one of .*not \"tukey\"", adjust = "tukey"),
+    list("`df` is one of .*not 10", df = 10)
+  )
+  for (case in wrong) expect_error(do.call(written, c(list(fit), case[-1L])), case[[1L]])
+  expect_error(hf_documents(fit, 3), "`folder` is one path; not 3")
+  expect_error(hf_report(fit, "a.html", title = c("a", "b")), "`title` is one text")
 })
 
 test_that("probabilities are the means of a target of several categories", {
@@ -81,34 +81,31 @@ test_that("probabilities are the means of a target of several categories", {
     expect_identical(got[[2]], as.character(expected$o))
     expect_figures(got[c("Mean", "Std. Error")], expected[c("prob", "SE")])
     contrasts <- as.data.frame(emmeans::contrast(emm, "trt.vs.ctrl", ref = 1, by = "o", adjust = "none"))
-    got <- tables[["Contrasts-1"]]
-    expect_figures(got[["Contrast Estimate"]], contrasts$estimate)
-    expect_figures(got[["Adj. Sig."]], contrasts$p.value)
+    expect_figures(tables[["Contrasts-1"]][c("Contrast Estimate", "Adj. Sig.")], contrasts[c("estimate", "p.value")])
     expect_error(suppressMessages(written(fit, means = ~a)), "such as ~ a \\| o")
     expect_error(suppressMessages(written(fit, means = ~ o | a, contrasts = "pairwise")), "such as ~ a \\| o")
   }
 })
 
-test_that("a factor of any coding has its means in the chart of significant effects", {
+test_that("the chart of significant effects has means of their own scale, the strongest effect first", {
   fit <- glm(cbind(ncases, ncontrols) ~ agegp, binomial, esoph)
   expected <- as.data.frame(summary(emmeans::emmeans(fit, ~agegp), type = "response"))
   expect_figures(array_behind(written(fit), "description=\"Emmeans\".*?statistic=\"mean\""), expected$prob)
+  text <- written(lm(len ~ supp + factor(dose), ToothGrowth))
+  fields <- regmatches(text, gregexpr("(?s)description=\"Emmeans\".*?field=\"\\K\\w+", text, perl = TRUE))[[1L]]
+  expect_identical(fields, c("dose", "supp"))
+  expect_no_match(written(lm(Sepal.Length ~ cut, transform(iris, cut = rep(c("a", "b"), 75)))), "\"Emmeans\"")
 })
 
 test_that("what emmeans cannot take is an error that says so", {
-  data <- warpbreaks
-  fit <- lm(breaks ~ wool * tension, data)
-  assign("vanished", data)
-  fit$call$data <- as.name("vanished")
-  environment(fit$terms) <- emptyenv()
-  expect_error(suppressMessages(written(fit, means = ~wool)), "emmeans cannot take this fit")
+  data <- stats::setNames(warpbreaks, c("y", "b{", "h"))
+  expect_error(suppressWarnings(written(lm(y ~ `b{` * h, data))),
+    "emmeans cannot take this fit .*columns of the data names")
 })
 
-test_that("degrees of freedom of a fit of lmer follow its likelihood", {
+test_that("Kenward and Roger's degrees of freedom are refused without REML", {
   skip_if_not_installed("lmerTest")
   fit <- lme4::lmer(Reaction ~ Days + (1 | Subject), lme4::sleepstudy, REML = FALSE)
-  expected <- coef(summary(lmerTest::as_lmerModLmerTest(fit), ddf = "Satterthwaite"))
-  expect_figures(estimated(chain(fit)[["FixedCoefficients-1"]])[["Sig."]], expected[, 5])
   expect_error(written(fit, df = "kenward-roger"), "REML = TRUE")
 })
 
@@ -118,21 +115,18 @@ test_that("contrasts stand at values of a continuous predictor, and between them
     at = list(Days = c(2, 7))), "overall tests.*Days")
   grid <- suppressMessages(emmeans::emmeans(fit, ~ late * Days, at = list(Days = c(2, 7))))
   for (i in 1:2) {
-    by <- c("Days", "late")[i]
-    expected <- as.data.frame(emmeans::contrast(grid, "pairwise", by = by, adjust = "none"))
-    got <- tables[[paste0("Contrasts-", i)]]
-    expect_figures(got[["Contrast Estimate"]], expected$estimate)
-    expect_figures(got[["Adj. Sig."]], expected$p.value)
+    expected <- as.data.frame(emmeans::contrast(grid, "pairwise", by = c("Days", "late")[i], adjust = "none"))
+    expect_figures(tables[[paste0("Contrasts-", i)]][c("Contrast Estimate", "Adj. Sig.")],
+      expected[c("estimate", "p.value")])
   }
   expect_identical(sum(grepl("^OverallTestResults", names(tables))), 1L)
 })
 
 test_that("means of a response made in the formula stand on its own scale", {
-  data <- transform(warpbreaks, half = breaks / 2)
+  data <- warpbreaks
   fits <- list(
-    lm(log(breaks) ~ wool, data), lm(sqrt(breaks) ~ wool, data), lm(scale(breaks) ~ wool, data),
-    lm(asin(sqrt(breaks / 100)) ~ wool, data), lm(I(breaks / 2) ~ wool, data),
-    glm(log(breaks) ~ wool, Gamma("log"), data), glm(I(breaks^2) ~ wool, Gamma("inverse"), data),
+    lm(log(breaks) ~ wool, data), lm(asin(sqrt(breaks / 100)) ~ wool, data), lm(I(breaks / 2) ~ wool, data),
+    glm(I(breaks^2) ~ wool, Gamma("inverse"), data),
     nlme::gls(log(breaks) ~ wool, data), lme4::lmer(log(breaks) ~ wool + (1 | tension), data)
   )
   for (fit in fits) {
