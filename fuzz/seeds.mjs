@@ -135,7 +135,7 @@ writeTarget(
   ],
 );
 
-// Each template by itself and with its parts in fragments. The marker is its place among the names.
+// Each template by itself and with its parts in fragments. The markers are its place among the names, and an example.
 const templates = readdirSync(join(root, "template")).sort();
 const withFragments = (xml) => {
   const [whole, open, inner, close] = xml.match(/^([^]*?<plot[^>]*>)([^]*)(<\/plot>[^]*)$/) ?? [];
@@ -149,7 +149,11 @@ writeTarget(
     const mark = String.fromCharCode(index);
     const xml = read("template", name);
     const parts = withFragments(xml).split("\x00");
-    return [[name, `${xml}${mark}\x00`], [`${name}-fragments`, `${parts[0]}${mark}${parts[1]}\x00${parts[2]}`]];
+    return [0, 1, 2].flatMap((example) => {
+      const other = String.fromCharCode(example);
+      return [[`${name}-${example}`, `${xml}${mark}${other}`],
+        [`${name}-fragments-${example}`, `${parts[0]}${mark}${parts[1]}${other}${parts[2]}`]];
+    });
   }),
   [
     ...templates.flatMap((name) => wordsOfXml(read("template", name))),

@@ -127,9 +127,4 @@ void CheckLatex(std::string_view latex) {
     if (!open.empty()) Fail("LaTeX leaves something open: " + std::string(open.back()));
 }
 
-void CheckPart(const report::ArchiveFile& part) {
-    if (!part.fName.ends_with(".xml") && !part.fName.ends_with(".rels")) return;
-    CheckXml(part.fBytes);
-}
-
 }  // namespace hierfit::fuzz

@@ -9,7 +9,18 @@ namespace {
 
 using Kind = Piece::Kind;
 
-class LinesForm : public Form {
+class PlainTextForm : public Form {
+  public:
+    std::vector<Piece> List(std::string_view text) const override { return {{Kind::Word, 0, text.size()}}; }
+
+    std::string Escape(std::string_view bytes) const override {
+        std::string escaped(bytes);
+        std::erase_if(escaped, [](char byte) { return static_cast<unsigned char>(byte) < kMarkers; });
+        return escaped;
+    }
+};
+
+class LinesForm : public PlainTextForm {
   public:
     /// A line is a word; with the line feed before it, it can be taken out or doubled as an item of a text of lines.
     std::vector<Piece> List(std::string_view text) const override {
@@ -22,14 +33,14 @@ class LinesForm : public Form {
         }
         return pieces;
     }
-
-    std::string Escape(std::string_view bytes) const override { return kPlainText.Escape(bytes); }
 };
 
-const LinesForm kForm;
+const PlainTextForm kText;
+const LinesForm kListed;
 
 }  // namespace
 
-const Form& kLines = kForm;
+const Form& kPlainText = kText;
+const Form& kLines = kListed;
 
 }  // namespace hierfit::fuzz
