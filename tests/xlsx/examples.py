@@ -12,9 +12,9 @@ import shutil
 import subprocess
 import sys
 import tempfile
-from html.parser import HTMLParser
 
 try:
+    import lxml.html
     import openpyxl
 except ImportError:
     sys.exit(77)
@@ -32,41 +32,16 @@ def run(*arguments, **settings):
     return subprocess.run([program, *map(str, arguments)], check=True, capture_output=True, **settings).stdout
 
 
-class Page(HTMLParser):
-    """The rows of the tables of a page: of heads their number, of bodies their cells."""
-
-    def __init__(self, text):
-        super().__init__()
-        self.tables, self.table, self.cell, self.section, self.sup = {}, None, None, None, False
-        self.feed(text)
-
-    def handle_starttag(self, tag, attributes):
-        names = dict(attributes)
-        if tag == "figure":
-            self.table = self.tables.setdefault(names.get("id"), {"head": 0, "rows": []})
-        elif tag in ("thead", "tbody"):
-            self.section = tag
-        elif tag == "tr" and self.section == "thead":
-            self.table["head"] += 1
-        elif tag == "tr" and self.section == "tbody":
-            self.table["rows"].append([])
-        elif tag in ("td", "th") and self.section == "tbody":
-            self.cell = ""
-        elif tag == "sup":
-            self.sup = True
-
-    def handle_endtag(self, tag):
-        if tag in ("td", "th") and self.cell is not None:
-            self.table["rows"][-1].append(self.cell)
-            self.cell = None
-        elif tag in ("thead", "tbody"):
-            self.section = None
-        elif tag == "sup":
-            self.sup = False
-
-    def handle_data(self, data):
-        if self.cell is not None:
-            self.cell += "".join(marks.get(c, c) for c in data if c != " ") if self.sup else data
+def read_page(text):
+    """The tables of a page by their names: of heads the number of rows, of bodies the words of cells."""
+    page = lxml.html.fromstring(text)
+    for mark in page.iter("sup"):
+        letters = mark.text_content().replace(" ", "")
+        mark[:] = []
+        mark.text = "".join(marks.get(letter, letter) for letter in letters)
+    return {figure.get("id"): {"head": len(figure.xpath(".//thead/tr")),
+                               "rows": [[cell.text_content() for cell in row] for row in figure.xpath(".//tbody/tr")]}
+            for figure in page.iter("figure") if figure.find(".//table") is not None}
 
 
 def numbers(table):
@@ -121,7 +96,7 @@ def judge_table(place, sheet, table, page, offices):
 
 def judge(folder, style, file, offices):
     place = f"{folder.name} {style}"
-    page = Page(run("report", "--static", "--style", style, "-f", "html", folder).decode()).tables
+    page = read_page(run("report", "--static", "--style", style, "-f", "html", folder).decode())
     items = json.loads(run("list", "-f", "json", folder))
     document = json.loads(run("report", "-f", "json", folder))
     book = openpyxl.load_workbook(file)
