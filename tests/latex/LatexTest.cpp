@@ -219,6 +219,29 @@ TEST(LatexTable, FitsThePage) {
     for (int group = 0; group < 10; ++group) EXPECT_EQ(Count(parts, "{g" + std::to_string(group) + "}"), 1U);
 }
 
+TEST(LatexTable, PartsHoldTheirOwnColumns) {
+    constexpr int kColumns = 30;
+    std::string sketch = "title T\nrows 1 R : A B\ncolumns 1 -name C :";
+    for (int column = 0; column < kColumns; ++column) sketch += " Column" + std::to_string(10 + column);
+    sketch += "\ncells";
+    for (int cell = 0; cell < 2 * kColumns; ++cell) sketch += " " + std::to_string(1000 + cell) + ".125";
+    std::string rest = WriteTable(sketch);
+    int column = 0;
+    while (rest.find("\\midrule\n") != rest.npos) {
+        const std::string head = rest.substr(0, rest.find("\\midrule\n"));
+        rest.erase(0, head.size() + 1);
+        std::string first = "A", second = "B";
+        const int end = column + static_cast<int>(Count(head, "Column"));
+        for (; column < end; ++column) {
+            EXPECT_EQ(Count(head, "{Column" + std::to_string(10 + column) + "}"), 1U);
+            first += " & " + std::to_string(1000 + column) + ".125";
+            second += " & " + std::to_string(1000 + kColumns + column) + ".125";
+        }
+        EXPECT_EQ(Between(rest, "A &", "\\bottomrule"), first + " \\\\\n" + second + " \\\\\n");
+    }
+    EXPECT_EQ(column, kColumns);
+}
+
 TEST(LatexTable, WrapsLabelsToTheLine) {
     const std::string table = WriteTable("title T\nrows 1 R : @ b\ncolumns 1 -name C : x y\ncells 1 2 3 4", Page::Own,
                                          test::Repeated("word ", 40));
