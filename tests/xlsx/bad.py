@@ -3,7 +3,6 @@
 import json
 import math
 import pathlib
-import re
 import subprocess
 import sys
 import zipfile
@@ -14,10 +13,11 @@ try:
 except ImportError:
     sys.exit(77)
 
+import office
+
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "papers"))
 import hostile  # noqa: E402
 from hostile import number, table, text  # noqa: E402
-from shown import shown  # noqa: E402
 
 program, work = sys.argv[1], pathlib.Path(sys.argv[2])
 work.mkdir(parents=True, exist_ok=True)
@@ -110,7 +110,7 @@ figures = [
     (1.5e-300, "1.50e-300", "1.50e-300"), (97.25, "97.2%", "97.2%"), (-0.04, "0.0%", "0.0%"),
     (0.9999, "> .999", "> .999"), (3.0, "no number at all", "3"),
     (3.0, "7.000", "7.000"),  # words that are not the number's: what the report says is shown
-    (math.pi, "3.14159265358979", "3.14159265358979"), (5e-324, "4.94e-324", "4.94e-324"),
+    (math.pi, "3.14159265358979", "3.14159265358979"), (2.3e-308, "2.30e-308", "2.30e-308"),
     (-0.05, "-.050", "-.050"), (-2.5, "\u22122.500", "-2.500"), (-0.0, "0.000", "0.000"),
 ]
 missing = ["NaN", "Infinity", "-Infinity", -1.7976931348623157e308]
@@ -121,10 +121,13 @@ def judge_figures():
     rows.append(number(1.7976931348623157e308, "1.79769e+308"))
     book = open_book("figures", [table([str(i) for i in range(len(rows))], ["x"], lambda r, c: rows[r]),
                                  table(["a", "b"], ["x", "y"], lambda r, c: number("NaN" if c else 1, "."))])
+    has_office = office.convert([work / "figures.xlsx"], work.resolve())
+    lines = office.read(work, "figures")["Hostile-1"] if has_office else []
     for row, (value, words, expected) in enumerate(figures):
         cell = book["Hostile-1"].cell(3 + row, 2)
-        expect("figures", words, (True, expected), (abs(cell.value - value) <= 1e-15 * abs(value),
-                                                   shown(cell.value, cell.number_format)))
+        expect("figures", words, True, abs(cell.value - value) <= 1e-15 * abs(value))
+        if has_office:
+            expect("figures", f"{words} in the office program", expected, lines[2 + row][1].replace("E", "e"))
     expect("figures", "too large", "1.79769e+308", book["Hostile-1"].cell(3 + len(rows) - 1, 2).value)
     for row in range(len(figures), len(rows) - 1):
         expect("figures", "missing", None, book["Hostile-1"].cell(3 + row, 2).value)
@@ -133,7 +136,8 @@ def judge_figures():
     expect("figures", "the mark of what is missing", "\u1d43 Lost (empty: C3:C5, AD3:AD5, C7:C8, AD7:AD8)",
            noted["Hostile-1"]["A9"].value)
     expect("figures", "is in no cell", None, noted["Hostile-1"]["C3"].value)
-    expect("figures", "a column without numbers", [None, None], [book["Hostile-2"].cell(row, 3).value for row in (3, 4)])
+    lost = [book["Hostile-2"].cell(row, 3).value for row in (3, 4)]
+    expect("figures", "a column without numbers", [None, None], lost)
 
 
 def judge_formats():
@@ -147,8 +151,8 @@ def judge_formats():
     for row, half in enumerate(halves):
         cell = book["Hostile-1"].cell(3 + row, 2)
         codes.add(cell.number_format)
-        text_shown = re.sub("[^0-9.]", "", shown(half, cell.number_format))
-        expect("formats", half, True, text_shown in (f"{odd[row]:.3f}", f"{half:.4f}"))
+        is_told = f'"{odd[row]:.3f}"' in cell.number_format or cell.number_format.startswith("0.0000")
+        expect("formats", half, (True, half), (is_told, cell.value))
     expect("formats", "few", True, len(codes) <= 200)
     expect("formats", "remarks", 2, len(remarks(book)))
 
@@ -156,7 +160,8 @@ def judge_formats():
 def judge_sizes():
     wide = open_book("wide", [table(["r"], [f"c{i}" for i in range(200)], lambda r, c: number(c, "c"))], read_only=True)
     expect("wide", "columns", 201, wide["Hostile-1"].max_column)
-    long = open_book("long", [table([f"r{i}" for i in range(100000)], ["c"], lambda r, c: number(r, "r"), notes=[])], read_only=True)
+    labels = [f"r{i}" for i in range(100000)]
+    long = open_book("long", [table(labels, ["c"], lambda r, c: number(r, "r"), notes=[])], read_only=True)
     values = [row[1] for row in long["Hostile-1"].iter_rows(min_row=3, values_only=True)]
     expect("long", "values", list(range(100000)), values)
     for name, rows, columns, told in (

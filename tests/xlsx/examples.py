@@ -1,14 +1,11 @@
 """Reads the workbooks of all examples back: examples.py PROGRAM EXAMPLES
 
-Numbers are those of the JSON form, shown texts those of the page in each style, in a formatter of our own and in an
-office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
+Numbers are those of the JSON form, shown texts those of the page in each style, in an office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
 """
 
-import csv
 import json
 import os
 import pathlib
-import shutil
 import subprocess
 import sys
 import tempfile
@@ -19,8 +16,9 @@ try:
 except ImportError:
     sys.exit(77)
 
+import office
+
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "papers"))
-from shown import shown  # noqa: E402
 from tables import tables  # noqa: E402
 
 program, examples = sys.argv[1:3]
@@ -58,12 +56,6 @@ def near(a, b):
     return abs(a - b) <= 1e-15 * abs(a)
 
 
-def text_of(cell):
-    if isinstance(cell.value, (int, float)):
-        return shown(cell.value, cell.number_format)
-    return (cell.value or "").replace("\u2212", "-")
-
-
 def expect(place, what, expected, actual):
     if expected != actual:
         faults.append(f"{place}: {what}: expected {expected!r}, there is {actual!r}")
@@ -81,13 +73,12 @@ def judge_table(place, sheet, table, page, offices):
     width = len({tuple(cell["at"][index] for index in across) for cell in table["cells"]})
     top, data = data_of(sheet, page["rows"], width)
     expect(place, "frozen rows", 1 + page["head"], top - 1)
-    expected = [[("" if text == "." else text.replace("\u2212", "-")) for text in row[-width:]] for row in page["rows"]]
-    expect(place, "shown", expected, [[text_of(cell) for cell in row] for row in data])
     for row, cells in enumerate(data) if offices else ():
+        expected = ["" if text == "." else text.replace("\u2212", "-") for text in page["rows"][row][-width:]]
         line = offices[top - 1 + row]
-        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float)) else text_of(cell)
-                  for cell in cells]
-        expect(place, "shown by the office program", expected[row], actual)
+        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float))
+                  else (cell.value or "").replace("\u2212", "-") for cell in cells]
+        expect(place, "shown by the office program", expected, actual)
     wanted = sorted(numbers(table))
     found = sorted(cell.value for row in data for cell in row if isinstance(cell.value, (int, float)))
     if len(wanted) != len(found) or not all(map(near, wanted, found)):
@@ -128,22 +119,6 @@ def judge(folder, style, file, offices):
             judge_table(f"{place} {name}", sheet, table, page[name], offices.get(name))
 
 
-def read_csv(work, stem):
-    start = f"{stem}-"
-    return {path.stem[len(start):]: list(csv.reader(path.open(encoding="utf-8", newline="")))
-            for path in work.glob(f"{start}*.csv")}
-
-
-def convert(files, work):
-    """Opens all files with the office program and saves what it shows; whether there is one."""
-    if not shutil.which("soffice"):
-        return False
-    form = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false,true,false,false,-1"
-    subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{work}/profile", "--convert-to", form,
-                    "--outdir", str(work), *map(str, files)], check=True, capture_output=True, timeout=500)
-    return True
-
-
 def main():
     with tempfile.TemporaryDirectory() as name:
         work = pathlib.Path(name)
@@ -155,9 +130,9 @@ def main():
                 written[file] = (folder, style)
         # The office program takes its time: one style each, in turns.
         offered = [file for number, file in enumerate(written) if number % 4 == 0]
-        has_office = convert(offered, work)
+        has_office = office.convert(offered, work)
         for file, (folder, style) in written.items():
-            offices = read_csv(work, file.stem) if has_office else {}
+            offices = office.read(work, file.stem)
             if has_office and file in offered:
                 expect(folder.name, "sheets for the office program", True, len(offices) > 0)
             judge(folder, style, file, offices)
