@@ -78,34 +78,29 @@ class XmlScan {
     std::vector<std::size_t> fvOpen;
 };
 
-class XmlForm : public Form {
-  public:
-    std::vector<Piece> List(std::string_view text) const override {
-        std::vector<Piece> pieces = XmlScan(text).Run();
-        std::erase_if(pieces, [](const Piece& piece) { return !piece.IsLeaf() && piece.fEnd == piece.fBegin; });
-        return pieces;
-    }
+std::vector<Piece> List(std::string_view text) {
+    std::vector<Piece> pieces = XmlScan(text).Run();
+    std::erase_if(pieces, [](const Piece& piece) { return !piece.IsLeaf() && piece.fEnd == piece.fBegin; });
+    return pieces;
+}
 
-    std::string Escape(std::string_view bytes) const override {
-        std::string escaped;
-        for (const char byte : bytes) {
-            const auto code = static_cast<unsigned char>(byte);
-            if (code < 0x20) {
-                escaped += code % 2 == 0 ? "&#10;" : " ";
-            } else if (code >= 0x7F || byte == '<' || byte == '&' || byte == '"') {
-                escaped += "&#" + std::to_string(code) + ";";
-            } else {
-                escaped += byte;
-            }
+std::string Escape(std::string_view bytes) {
+    std::string escaped;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20) {
+            escaped += code % 2 == 0 ? "&#10;" : " ";
+        } else if (code >= 0x7F || byte == '<' || byte == '&' || byte == '"') {
+            escaped += "&#" + std::to_string(code) + ";";
+        } else {
+            escaped += byte;
         }
-        return escaped;
     }
-};
-
-const XmlForm kForm;
+    return escaped;
+}
 
 }  // namespace
 
-const Form& kXml = kForm;
+const Form kXml{List, Escape};
 
 }  // namespace hierfit::fuzz

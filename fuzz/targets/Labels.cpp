@@ -33,7 +33,7 @@ std::string LabelFields(std::string pmml, const std::string& label) {
 session::Result Run(const std::string& example, const std::string& label, session::Labels shown) {
     session::Settings settings;
     settings.fVariables = settings.fValues = shown;
-    return session::Run({"model.pmml", LabelFields(test::ReadExample(example, "model.pmml"), kXml.Escape(label))},
+    return session::Run({"model.pmml", LabelFields(test::ReadExample(example, "model.pmml"), kXml.fpEscape(label))},
                         {"model.statxml", test::ReadExample(example, "model.statxml")}, settings);
 }
 
