@@ -1,6 +1,7 @@
 """Reads the workbooks of all examples back: examples.py PROGRAM EXAMPLES
 
-Numbers are those of the JSON form, shown texts those of the page in each style, in an office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
+Numbers are those of the JSON form, texts those that the page shows in each style, as an office program shows them. The
+contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
 """
 
 import json
