@@ -1,8 +1,11 @@
 #include "fuzz/Checks.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <utility>
 #include <variant>
+#include <vector>
 
 #include "host/xml/Document.h"
 #include "report/charts/Pictures.h"
@@ -21,32 +24,25 @@ constexpr std::string_view kAhead =
     R"( "editor": 0, "template": "", "xml": "", "data": [], "variables": [], "picture": )";
 constexpr std::string_view kBehind = "}]}";
 
-struct Renderings {
-    std::string fPage;
-    std::string fPictures;  ///< the charts alone, one after another
-    std::string fText;
-    std::string fNarrowText;
-    std::string fJson;
-};
-
-std::string DrawPictures(const document::Document& document) {
-    std::string pictures;
-    for (const auto& chart : report::ListCharts(document)) pictures += report::MakePicture(chart);
-    return pictures;
-}
+/// A document in every form, by the form's name. JSON is the last.
+using Renderings = std::vector<std::pair<const char*, std::string>>;
 
 Renderings Render(const document::Document& document) {
-    return {report::MakeHtmlReport(document), DrawPictures(document), report::MakeTextReport(document, {}),
-            report::MakeTextReport(document, {40, true}), report::WriteJson(document)};
+    std::string pictures;
+    for (const auto& chart : report::ListCharts(document)) pictures += report::MakePicture(chart);
+    return {{"page", report::MakeHtmlReport(document)},
+            {"pictures", pictures},
+            {"text", report::MakeTextReport(document, {})},
+            {"narrow text", report::MakeTextReport(document, {40, true})},
+            {"JSON", report::WriteJson(document)}};
 }
 
 void Compare(const std::string& fresh, const std::string& saved, const char* form) {
     if (fresh == saved) return;
-    std::size_t at = 0;
-    while (at < fresh.size() && at < saved.size() && fresh[at] == saved[at]) ++at;
+    const auto at = static_cast<std::size_t>(std::ranges::mismatch(fresh, saved).in1 - fresh.begin());
     const std::size_t begin = at < 60 ? 0 : at - 60;
-    Fail(std::string("a saved document renders to another ") + form + ":\n" + fresh.substr(begin, 120) + "\n" +
-         saved.substr(begin, 120));
+    Fail(std::string("a saved document renders to other ") + form + ":\n" + fresh.substr(begin, 120) + "\n" +
+         saved.substr(std::min(begin, saved.size()), 120));
 }
 
 }  // namespace
@@ -90,16 +86,12 @@ std::optional<document::Picture> ReadPicture(std::string_view picture) {
 
 void RenderFreshAndSaved(const document::Document& document) {
     const Renderings fresh = Render(document);
-    const auto read = report::ReadJson(fresh.fJson);
+    const auto read = report::ReadJson(fresh.back().second);
     if (const auto* error = std::get_if<report::JsonError>(&read)) {
         Fail("a saved document cannot be read: " + error->fPath + ": " + error->fText);
     }
     const Renderings saved = Render(std::get<document::Document>(read));
-    Compare(fresh.fPage, saved.fPage, "page");
-    Compare(fresh.fPictures, saved.fPictures, "picture");
-    Compare(fresh.fText, saved.fText, "text");
-    Compare(fresh.fNarrowText, saved.fNarrowText, "narrow text");
-    Compare(fresh.fJson, saved.fJson, "JSON");
+    for (std::size_t at = 0; at < fresh.size(); ++at) Compare(fresh[at].second, saved[at].second, fresh[at].first);
 }
 
 }  // namespace hierfit::fuzz

@@ -1,5 +1,6 @@
 // Writes what the fuzzer begins with, from the project's examples: node seeds.mjs FOLDER
-// FOLDER/seeds/TARGET holds inputs, FOLDER/TARGET.dict words that are worth trying.
+// FOLDER/seeds/TARGET holds inputs, FOLDER/TARGET.dict words that are worth trying and that no input holds: names are
+// taken over from other inputs.
 
 import { existsSync, mkdirSync, readdirSync, readFileSync, writeFileSync } from "node:fs";
 import { dirname, join } from "node:path";
@@ -12,7 +13,6 @@ const largestPair = 35_000;
 const largestItem = 60_000;
 const largestSaved = 25_000;
 const largestPicture = 20_000;
-const longestWord = 60;
 const hostile = [
   "", "0", "-1", "1", "2147483647", "2147483648", "-2147483648", "4294967296", "9223372036854775807", "1e308", "-1e400",
   "1e-320", "1.7976931348623157e308", "-1.7976931348623157e+308", "nan", "inf", "NaN", "-Infinity", "0x1p3", "50000000",
@@ -22,7 +22,6 @@ const hostile = [
 
 const read = (...path) => readFileSync(join(root, ...path), "utf8");
 const allMatches = (text, pattern) => [...text.matchAll(pattern)].map((match) => match[1]);
-const isWord = (text) => text !== "" && Buffer.byteLength(text) <= longestWord && !/^[-+.\deE]+$/.test(text);
 
 function quoted(word) {
   const bytes = [...Buffer.from(word)];
@@ -31,16 +30,13 @@ function quoted(word) {
   return `"${bytes.map((byte) => (isPlain(byte) ? String.fromCharCode(byte) : escape(byte))).join("")}"`;
 }
 
-function writeTarget(target, seeds, words) {
+function writeTarget(target, seeds, words = []) {
   const place = join(folder, "seeds", target);
   mkdirSync(place, { recursive: true });
   seeds.forEach(([name, input]) => writeFileSync(join(place, name.replaceAll(/[^\w.-]/g, "_")), input));
   const all = [...new Set([...hostile, ...words].filter((word) => word !== ""))];
   writeFileSync(join(folder, `${target}.dict`), all.map((word) => quoted(word) + "\n").join(""));
 }
-
-const wordsOfXml = (text) =>
-  [...allMatches(text, /<(\w+)/g), ...allMatches(text, /(\w+)=/g), ...allMatches(text, /="([^"]*)"/g)].filter(isWord);
 
 // A document is the faster the less it holds, so each comes twice: whole, and with one table of means in place of all.
 const withoutIndent = (text) => text.replaceAll(/\n\s+/g, "\n");
@@ -52,14 +48,12 @@ function withOneTable(statXml, index) {
 const examples = readdirSync(join(root, "examples"))
   .filter((name) => existsSync(join(root, "examples", name, "model.pmml")))
   .map((name) => [name, ...["model.pmml", "model.statxml"].map((file) => withoutIndent(read("examples", name, file)))]);
-const smallExamples = ["wine", "cbpp", "sleepstudy", "orthodont", "bacteria", "warpbreaks-groups"];
 writeTarget(
   "documents",
   examples.flatMap(([name, pmml, statXml], index) => [
     [name, `${pmml}\x04${statXml}`],
     [`${name}-short`, `${pmml}\x04${withOneTable(statXml, index)}`],
   ]).filter(([, input]) => input.length < largestPair),
-  examples.filter(([name]) => smallExamples.includes(name)).flatMap(([, pmml, statXml]) => wordsOfXml(pmml + statXml)),
 );
 
 // The smallest item of each kind, table and chart, and the largest that is not too large.
@@ -84,10 +78,7 @@ const smallDocuments = [
   ...[...items].filter(([, { size }]) => size < largestSaved)
     .map(([name, { item }]) => [name, JSON.stringify({ ...frame, items: [item] })]),
 ];
-const savedWords = [
-  ...allMatches(read("docs/output-document.schema.json"), /"(\w+)"/g),
-  "x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800",
-];
+const savedWords = ["x_text[datum.value]", "datum.side", "\\u004eaN", "\\ud800"];
 writeTarget("saved", smallDocuments, savedWords);
 
 // The same for papers, in each style, and one whose words are what is markup there.
@@ -128,14 +119,10 @@ writeTarget(
     ...charts.flatMap(([, { item }]) => histograms(item)),
     ...readdirSync(join(root, "template")).map((name) => [`template-${name}`, `[]\x00\x00${read("template", name)}`]),
   ],
-  [
-    ...wordsOfXml(charts.map(([, { item }]) => item.xml).join("")),
-    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
-    ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
-  ],
+  allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
 );
 
-// Each template by itself and with its parts in fragments. The marker is its place among the names.
+// Each template by itself and with its parts in fragments. The markers are its place among the names, and an example.
 const templates = readdirSync(join(root, "template")).sort();
 const withFragments = (xml) => {
   const [whole, open, inner, close] = xml.match(/^([^]*?<plot[^>]*>)([^]*)(<\/plot>[^]*)$/) ?? [];
@@ -149,14 +136,13 @@ writeTarget(
     const mark = String.fromCharCode(index);
     const xml = read("template", name);
     const parts = withFragments(xml).split("\x00");
-    return [[name, `${xml}${mark}\x00`], [`${name}-fragments`, `${parts[0]}${mark}${parts[1]}\x00${parts[2]}`]];
+    return [0, 1, 2].flatMap((example) => {
+      const other = String.fromCharCode(example);
+      return [[`${name}-${example}`, `${xml}${mark}${other}`],
+        [`${name}-fragments-${example}`, `${parts[0]}${mark}${parts[1]}${other}${parts[2]}`]];
+    });
   }),
-  [
-    ...templates.flatMap((name) => wordsOfXml(read("template", name))),
-    "<use fragment=\"one\"/>", "<use fragment=\"two\"/>", "<fragment>",
-    ...allMatches(read("docs/chart.rng"), /name="([\w-]+)"/g),
-    ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g),
-  ],
+  ["<use fragment=\"one\"/>", "<use fragment=\"two\"/>", ...allMatches(read("docs/chart.rng"), /<value>([^<]+)</g)],
 );
 
 // The smallest picture of each chart, the largest that is not too large, the histogram of a diagram by itself, and more

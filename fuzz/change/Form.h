@@ -29,20 +29,17 @@ struct Piece {
 };
 
 /// A way in which a text may be formed.
-class Form {
-  public:
-    virtual ~Form() = default;
-
+struct Form {
     /// The pieces of a text; of one that is not so formed, those that can be told.
-    virtual std::vector<Piece> List(std::string_view text) const = 0;
+    std::vector<Piece> (*fpList)(std::string_view text);
 
     /// Any bytes as they may stand in a word.
-    virtual std::string Escape(std::string_view bytes) const = 0;
+    std::string (*fpEscape)(std::string_view bytes);
 };
 
-extern const Form& kXml;
-extern const Form& kJson;
-extern const Form& kPlainText;
-extern const Form& kLines;
+extern const Form kXml;
+extern const Form kJson;
+extern const Form kPlainText;
+extern const Form kLines;
 
 }  // namespace hierfit::fuzz

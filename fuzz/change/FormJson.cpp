@@ -80,31 +80,26 @@ class JsonScan {
     std::vector<Piece> fvPieces;
 };
 
-class JsonForm : public Form {
-  public:
-    std::vector<Piece> List(std::string_view text) const override { return JsonScan(text).Run(); }
+std::vector<Piece> List(std::string_view text) { return JsonScan(text).Run(); }
 
-    std::string Escape(std::string_view bytes) const override {
-        std::string escaped;
-        for (const char byte : bytes) {
-            const auto code = static_cast<unsigned char>(byte);
-            if (code < 0x20 || code >= 0x7F) {
-                std::array<char, 8> digits{};
-                std::snprintf(digits.data(), digits.size(), "\\u%04x", code);
-                escaped += digits.data();
-            } else {
-                if (byte == '"' || byte == '\\') escaped += '\\';
-                escaped += byte;
-            }
+std::string Escape(std::string_view bytes) {
+    std::string escaped;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20 || code >= 0x7F) {
+            std::array<char, 8> digits{};
+            std::snprintf(digits.data(), digits.size(), "\\u%04x", code);
+            escaped += digits.data();
+        } else {
+            if (byte == '"' || byte == '\\') escaped += '\\';
+            escaped += byte;
         }
-        return escaped;
     }
-};
-
-const JsonForm kForm;
+    return escaped;
+}
 
 }  // namespace
 
-const Form& kJson = kForm;
+const Form kJson{List, Escape};
 
 }  // namespace hierfit::fuzz

@@ -10,6 +10,7 @@ using Kind = Piece::Kind;
 
 constexpr std::string_view kBlanks = " \t\r\n";
 
+/// Goes through tags and words. A comment, an instruction and a section of characters are taken for a tag.
 class XmlScan {
   public:
     explicit XmlScan(std::string_view text) : fText(text) {}
@@ -18,7 +19,7 @@ class XmlScan {
         while (fAt < fText.size()) {
             if (fText[fAt] != '<') {
                 TakeWords(std::min(fText.find('<', fAt), fText.size()));
-            } else if (!TakeSpecial("<!--", "-->") && !TakeSpecial("<?", "?>") && !TakeSection()) {
+            } else {
                 TakeTag();
             }
         }
@@ -27,26 +28,6 @@ class XmlScan {
 
   private:
     bool IsAt(std::string_view sought) const { return fText.substr(fAt).starts_with(sought); }
-
-    std::size_t Behind(std::string_view sought, std::size_t from) const {
-        const std::size_t at = fText.find(sought, from);
-        return at == std::string_view::npos ? fText.size() : at + sought.size();
-    }
-
-    bool TakeSpecial(std::string_view opening, std::string_view closing) {
-        if (!IsAt(opening)) return false;
-        fAt = Behind(closing, fAt);
-        return true;
-    }
-
-    bool TakeSection() {
-        constexpr std::string_view kOpening = "<![CDATA[";
-        if (!IsAt(kOpening)) return false;
-        const std::size_t end = std::min(fText.find("]]>", fAt), fText.size());
-        fvPieces.push_back({Kind::Word, fAt + kOpening.size(), end});
-        fAt = std::min(end + 3, fText.size());
-        return true;
-    }
 
     void TakeWords(std::size_t end) {
         while ((fAt = std::min(fText.find_first_not_of(kBlanks, fAt), end)) < end) {
@@ -62,7 +43,8 @@ class XmlScan {
         const std::size_t element = fvPieces.size();
         if (!isEnd) fvPieces.push_back({Kind::Element, begin, begin});
         while (fAt < fText.size() && fText[fAt] != '>') TakeAttribute();
-        const bool isEmpty = fAt < fText.size() && fText[fAt - 1] == '/';
+        const bool isEmpty =
+            fAt < fText.size() && std::string_view("/?-]").find(fText[fAt - 1]) != std::string_view::npos;
         fAt = std::min(fAt + 1, fText.size());
         if (isEmpty) {
             fvPieces[element].fEnd = fAt;
@@ -96,34 +78,29 @@ class XmlScan {
     std::vector<std::size_t> fvOpen;
 };
 
-class XmlForm : public Form {
-  public:
-    std::vector<Piece> List(std::string_view text) const override {
-        std::vector<Piece> pieces = XmlScan(text).Run();
-        std::erase_if(pieces, [](const Piece& piece) { return !piece.IsLeaf() && piece.fEnd == piece.fBegin; });
-        return pieces;
-    }
+std::vector<Piece> List(std::string_view text) {
+    std::vector<Piece> pieces = XmlScan(text).Run();
+    std::erase_if(pieces, [](const Piece& piece) { return !piece.IsLeaf() && piece.fEnd == piece.fBegin; });
+    return pieces;
+}
 
-    std::string Escape(std::string_view bytes) const override {
-        std::string escaped;
-        for (const char byte : bytes) {
-            const auto code = static_cast<unsigned char>(byte);
-            if (code < 0x20) {
-                escaped += code % 2 == 0 ? "&#10;" : " ";
-            } else if (code >= 0x7F || byte == '<' || byte == '&' || byte == '"') {
-                escaped += "&#" + std::to_string(code) + ";";
-            } else {
-                escaped += byte;
-            }
+std::string Escape(std::string_view bytes) {
+    std::string escaped;
+    for (const char byte : bytes) {
+        const auto code = static_cast<unsigned char>(byte);
+        if (code < 0x20) {
+            escaped += code % 2 == 0 ? "&#10;" : " ";
+        } else if (code >= 0x7F || byte == '<' || byte == '&' || byte == '"') {
+            escaped += "&#" + std::to_string(code) + ";";
+        } else {
+            escaped += byte;
         }
-        return escaped;
     }
-};
-
-const XmlForm kForm;
+    return escaped;
+}
 
 }  // namespace
 
-const Form& kXml = kForm;
+const Form kXml{List, Escape};
 
 }  // namespace hierfit::fuzz

@@ -75,10 +75,10 @@ class Mutator {
     }
 
     void ChangeText(const Form& form, std::string& text, const std::string& donor) {
-        const std::vector<Piece> pieces = form.List(text);
+        const std::vector<Piece> pieces = form.fpList(text);
         const Piece* piece = PickOfAnyKind(pieces);
         if (!piece) return;
-        const std::vector<Piece> others = form.List(donor);
+        const std::vector<Piece> others = form.fpList(donor);
         const Piece* other = Pick(others, piece);
         const std::string given = other ? donor.substr(other->fBegin, other->fEnd - other->fBegin) : std::string();
         if (piece->IsLeaf()) {
@@ -94,7 +94,7 @@ class Mutator {
         const bool isWord = piece.fKind == Piece::Kind::Word;
         if (isWord ? Below(3) > 0 : Below(16) == 0) {
             given = MutateBytes(Below(2) == 0 ? "" : old);
-            if (isWord) given = form.Escape(given);
+            if (isWord) given = form.fpEscape(given);
         }
         text.replace(piece.fBegin, old.size(), given);
     }

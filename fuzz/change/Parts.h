@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -19,5 +20,11 @@ struct Parts {
 /// As many texts as asked for; the last one has all that is left, and those behind it are empty.
 Parts SplitInput(std::string_view input, std::size_t count);
 std::string JoinParts(const Parts& parts);
+
+/// What a marker chooses of so many; each `step` markers that follow each other choose the same.
+template <typename Choice, std::size_t n>
+const Choice& OneOf(const std::array<Choice, n>& choices, char marker, std::size_t step = 1) {
+    return choices[static_cast<std::size_t>(marker) / step % n];
+}
 
 }  // namespace hierfit::fuzz

@@ -4,7 +4,8 @@
 
 namespace hierfit::fuzz {
 
-/// How much more memory than at first was taken by `new` at a time. One at a time, in a program of one thread.
+/// How much more memory than at first was taken at a time, as the address sanitizer knows it; 0 where there is none.
+/// One at a time, in a program of one thread.
 class PeakOfMemory {
   public:
     PeakOfMemory();

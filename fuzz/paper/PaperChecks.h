@@ -2,8 +2,6 @@
 
 #include <string_view>
 
-#include "report/archive/Archive.h"
-
 namespace hierfit::fuzz {
 
 /// Fails unless every record of a CSV file has as many fields (RFC 4180).
@@ -14,8 +12,5 @@ void CheckMarkdown(std::string_view markdown);
 
 /// Fails unless braces and environments are closed as they are opened.
 void CheckLatex(std::string_view latex);
-
-/// Fails where a part of a word processor's file that should be XML is not well-formed.
-void CheckPart(const report::ArchiveFile& part);
 
 }  // namespace hierfit::fuzz

@@ -1,6 +1,5 @@
 // Feeds a data stream, a label and chart XML, parted by markers that choose settings, through the chart library.
 
-#include <array>
 #include <memory>
 #include <optional>
 
@@ -67,10 +66,7 @@ void Set(XVariable variable, int choice, const KEST_Variable& known, const Chart
 
 }  // namespace
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 3> forms{&kJson, &kPlainText, &kXml};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kJson, &kPlainText, &kXml}; }
 
 void RunInput(std::string_view input) {
     const Parts parts = SplitInput(input, 3);

@@ -2,7 +2,6 @@
 // small document, into memory alone.
 
 #include <algorithm>
-#include <array>
 #include <variant>
 
 #include "fuzz/Checks.h"
@@ -107,10 +106,7 @@ struct Judge {
 
 }  // namespace
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 1> forms{&kLines};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kLines}; }
 
 void RunInput(std::string_view input) {
     const std::vector<std::string> lines = SplitLines(input);

@@ -42,19 +42,16 @@ void CheckGrowth(std::size_t few, std::size_t many, std::size_t room, const char
 
 }  // namespace
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 2> forms{&kPlainText, &kJson};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kPlainText, &kJson}; }
 
 void RunInput(std::string_view input) {
     const Parts parts = SplitInput(input, 2);
     const auto read = ReadPicture(parts.fvTexts[1]);
     if (!read) return;
-    const bool isWhole = parts.fMarkers[0] % 2 == 1;
+    const char marker = parts.fMarkers[0];
+    const bool isWhole = marker % 2 == 1;
     const std::size_t marks = std::max<std::size_t>(CountMarks(*read), 1);
-    const std::size_t most = kMarks[static_cast<std::size_t>(parts.fMarkers[0]) % kMarks.size()];
-    const std::size_t times = std::max<std::size_t>(most / marks, 1);
+    const std::size_t times = std::max<std::size_t>(OneOf(kMarks, marker) / marks, 1);
     const Cost few = Draw(Multiply(*read, times, isWhole));
     const Cost many = Draw(Multiply(*read, kGrowth * times, isWhole));
     CheckGrowth(few.fBytes, many.fBytes, 50'000, "bytes");

@@ -1,7 +1,5 @@
 // Feeds a PMML and a StatXML document, parted by a marker that chooses how labels are shown, through a run.
 
-#include <array>
-
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
 #include "fuzz/change/Parts.h"
@@ -9,10 +7,7 @@
 
 namespace hierfit::fuzz {
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 2> forms{&kXml, &kXml};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kXml, &kXml}; }
 
 void RunInput(std::string_view input) {
     Parts parts = SplitInput(input, 2);

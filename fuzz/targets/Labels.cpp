@@ -1,69 +1,73 @@
-// Feeds a label into every place of every template that takes one, and the charts through the chart library.
+// Feeds a label through runs of examples, in place of the words of each field and each value. It comes to every table,
+// and to every template in the shapes that a run gives it.
 
 #include <algorithm>
 #include <array>
+#include <map>
 
 #include "fuzz/Checks.h"
 #include "fuzz/Target.h"
-#include "host/ViZEditor.h"
-#include "host/XDocument.h"
-#include "host/context/RunContext.h"
-#include "tests/chart/PatchedCharts.h"
+#include "fuzz/change/Parts.h"
+#include "report/items/Entries.h"
+#include "tests/support/ExampleFile.h"
 
 namespace hierfit::fuzz {
 
 namespace {
 
-struct Outcome {
-    document::Document fDocument;
-    std::string fRemarks;
-};
+constexpr std::array<const char*, 4> kExamples = {"ergostool", "warpbreaks", "bacteria", "esoph"};
 
-/// Sends every so many-th template in turn, with the label in all places: all of them take too long for one input.
-constexpr std::size_t kTurns = 5;
-Outcome PutInto(const std::string& label, std::size_t turn) {
-    context::RunContext run({}, nullptr, HIERFIT_SHARE);
-    const context::RunContext::Activation activation(run);
-    KestJVM::GetInstance().StartJVM();
-    ViZEditor::GetInstance().StartEditorHeadless(nullptr);
-    const std::vector<test::PatchedChart> charts = test::MakePatchedCharts(label);
-    for (std::size_t i = turn; i < charts.size(); i += kTurns) {
-        XDocument document(charts[i].fXml);
-        document.SetDescription(XUtility::ChartStringFromLocalCodePage(label));
-        const std::size_t before = run.GetDocument().fvDiagnostics.size();
-        if (!document.SendChart(true, false, false) && run.GetDocument().fvDiagnostics.size() == before) {
-            Fail("no text says why a chart was left out");
+// What the procedure may take for a marker where a label holds it. Then a chart may lose words or be left out.
+constexpr std::array<std::string_view, 4> kMarkersOfCharts = {"whenText", "y=", "</lineGuide>", "popup2"};
+
+std::string LabelFields(std::string pmml, const std::string& label) {
+    for (const std::string_view name : {"displayName=\"", "displayValue=\""}) {
+        for (std::size_t at = pmml.find(name); at != std::string::npos; at = pmml.find(name, at)) {
+            at += name.size();
+            pmml.replace(at, pmml.find('"', at) - at, label);
         }
     }
-    Outcome outcome{std::move(run.GetDocument()), {}};
-    for (const document::Diagnostic& told : outcome.fDocument.fvDiagnostics) outcome.fRemarks += told.fText + "\n";
-    return outcome;
+    return pmml;
 }
 
-/// Whether the procedure may take something in the label for a marker. Then a chart may lose words or be left out.
+session::Result Run(const std::string& example, const std::string& label, session::Labels shown) {
+    session::Settings settings;
+    settings.fVariables = settings.fValues = shown;
+    return session::Run({"model.pmml", LabelFields(test::ReadExample(example, "model.pmml"), kXml.fpEscape(label))},
+                        {"model.statxml", test::ReadExample(example, "model.statxml")}, settings);
+}
+
+/// The names of a report's items, but for headings, and how much is told about them.
+std::string Outline(const document::Document& document) {
+    std::string outline = std::to_string(document.fvDiagnostics.size());
+    for (const auto& entry : report::items::ListEntries(document)) {
+        const bool isHeading = std::holds_alternative<document::Heading>(entry.fpItem->fContent);
+        outline += isHeading ? " heading" : " " + entry.fAnchor;
+    }
+    return outline;
+}
+
 bool HoldsMarker(const std::string& label) {
-    static const std::vector<std::string> labels = test::HostileLabels();
-    return std::ranges::any_of(labels, [&](const std::string& hostile) {
-        const bool isTaken = test::IsTakenForMarker("levels", hostile) || test::IsTakenForMarker("custom", hostile);
-        return isTaken && label.find(hostile) != std::string::npos;
-    });
+    return std::ranges::any_of(kMarkersOfCharts, [&](auto marker) { return label.find(marker) != label.npos; });
 }
 
 }  // namespace
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 1> forms{&kPlainText};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kPlainText}; }
 
 void RunInput(std::string_view input) {
+    static std::map<std::string, std::string> plain;
     const std::string label(input);
-    const std::size_t turn = label.size() % kTurns;
-    static std::array<std::string, kTurns> plain;
-    if (plain[turn].empty()) plain[turn] = PutInto("label", turn).fRemarks;
-    const Outcome outcome = PutInto(label, turn);
-    if (!HoldsMarker(label) && outcome.fRemarks != plain[turn]) Fail("the label was read:\n" + outcome.fRemarks);
-    RenderFreshAndSaved(outcome.fDocument);
+    const std::string example = OneOf(kExamples, static_cast<char>(label.size() % kMarkers));
+    const auto shown = static_cast<session::Labels>(label.size() / kMarkers % 3);
+    const auto [outline, isNew] = plain.try_emplace(example);
+    if (isNew) outline->second = Outline(RunExample(example));
+    const session::Result result = Run(example, label, shown);
+    JudgeRun(result);
+    if (!HoldsMarker(label) && Outline(result.fDocument) != outline->second) {
+        Fail("the label was read: " + Outline(result.fDocument));
+    }
+    RenderFreshAndSaved(result.fDocument);
 }
 
 }  // namespace hierfit::fuzz

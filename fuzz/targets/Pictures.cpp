@@ -112,10 +112,7 @@ void CheckItems(const std::list<document::Item>& items, std::size_t most) {
 
 }  // namespace
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 1> forms{&kJson};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kJson}; }
 
 void RunInput(std::string_view input) {
     const auto read = report::ReadJson(PutPicture(input));

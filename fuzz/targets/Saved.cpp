@@ -1,6 +1,5 @@
 // Feeds a JSON document through the reader of saved documents.
 
-#include <array>
 #include <variant>
 
 #include "fuzz/Checks.h"
@@ -9,10 +8,7 @@
 
 namespace hierfit::fuzz {
 
-std::span<const Form* const> FormsOfInput() {
-    static const std::array<const Form*, 1> forms{&kJson};
-    return forms;
-}
+std::vector<const Form*> FormsOfInput() { return {&kJson}; }
 
 void RunInput(std::string_view input) {
     const auto read = report::ReadJson(input);

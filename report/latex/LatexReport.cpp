@@ -22,6 +22,8 @@ namespace {
 
 using latex::AppendText;
 
+constexpr int kWarning = 2;
+constexpr std::string_view kLeftOut = "Charts are left out, since TeX cannot be told the name of their folder: ";
 constexpr std::string_view kSections[] = {"\\section", "\\subsection", "\\subsubsection", "\\paragraph"};
 
 /// Writes items one after the other, with an empty line between them.
@@ -32,7 +34,7 @@ class Writer {
 
     void Append(const items::Entry& entry) {
         const bool isChart = std::holds_alternative<document::Chart>(entry.fpItem->fContent);
-        if (isChart && fSettings.fChartFolder.empty()) return;
+        if (isChart && (fSettings.fChartFolder.empty() || LeavesOut())) return;
         fOut += '\n';
         fpEntry = &entry;
         std::visit(*this, entry.fpItem->fContent);
@@ -71,24 +73,24 @@ class Writer {
 
     /// The paper whose fragment this is has no place for what the program found: its author reads it in the source.
     void AppendDiagnostics(const document::Document& document) {
-        if (document.fvDiagnostics.empty()) return;
+        if (document.fvDiagnostics.empty() && !fHasLeftOut) return;
         const bool isOwn = fNeeds.fPage == latex::Page::Own;
         fOut += isOwn ? "\n\\section*{" : "\n% ";
         if (isOwn) AppendText(fOut, items::Say(items::kDiagnostics), latex::kTitle, fNeeds.fScripts);
         if (!isOwn) fOut += items::Say(items::kDiagnostics);
         fOut += isOwn ? "}\n" : ":\n";
         for (const document::Diagnostic& diagnostic : document.fvDiagnostics) {
-            const std::string text = diagnostic.fText + document::SpellPlaceBehind(document, diagnostic);
-            if (!isOwn) {
-                AppendComment(diagnostic.fLevel, text);
-                continue;
-            }
-            fOut += '\n';
-            AppendMessage(diagnostic.fLevel, text);
+            AppendDiagnostic(diagnostic.fLevel, diagnostic.fText + document::SpellPlaceBehind(document, diagnostic));
         }
+        if (fHasLeftOut) AppendDiagnostic(kWarning, std::string(kLeftOut).append(fSettings.fChartFolder));
     }
 
   private:
+    bool LeavesOut() {
+        fHasLeftOut = !latex::IsPath(fSettings.fChartFolder);
+        return fHasLeftOut;
+    }
+
     std::string MostHeight(const document::Chart& chart) const {
         constexpr double kPointsToAPixel = 0.7528;  // those of TeX are smaller than others
         const document::Picture picture =
@@ -104,6 +106,12 @@ class Writer {
         fOut += ":} ";
         AppendText(fOut, text, latex::kProse, fNeeds.fScripts);
         fOut += '\n';
+    }
+
+    void AppendDiagnostic(int level, std::string_view text) {
+        if (fNeeds.fPage != latex::Page::Own) return AppendComment(level, text);
+        fOut += '\n';
+        AppendMessage(level, text);
     }
 
     void AppendComment(int level, std::string_view text) {
@@ -131,6 +139,7 @@ class Writer {
     const LatexSettings& fSettings;
     latex::Needs& fNeeds;
     const items::Entry* fpEntry = nullptr;
+    bool fHasLeftOut = false;
 };
 
 std::string MarkUp(std::string_view words, latex::Needs& needs) {

@@ -221,12 +221,23 @@ std::string MakeVisible(std::string_view text) {
     return visible;
 }
 
-void AppendPath(std::string& out, std::string_view path) {
-    // What would be a comment, a parameter, a group's end or a character's code even there.
-    constexpr std::pair<char, std::string_view> kSpecial[] = {
-        {'%', "percent"}, {'#', "hash"}, {'{', "left_brace"}, {'}', "right_brace"}, {'^', "circumflex"}};
+bool IsPath(std::string_view path) {
+    if (path.starts_with(' ') || path.find("  ") != path.npos || path.find('"') != path.npos) return false;
     for (std::size_t at = 0; at < path.size();) {
-        const std::size_t end = std::min(path.find_first_of("%#{}^", at), path.size());
+        const unicode::Character character = unicode::CharacterAt(path, at);
+        if (!character.fIsValid || unicode::IsControl(character.fCode)) return false;
+        at += character.fLength;
+    }
+    return true;
+}
+
+void AppendPath(std::string& out, std::string_view path) {
+    // What would be a comment, a parameter, a group's end, a command or a character's code even there.
+    constexpr std::pair<char, std::string_view> kSpecial[] = {{'%', "percent"},    {'#', "hash"},
+                                                              {'{', "left_brace"}, {'}', "right_brace"},
+                                                              {'\\', "backslash"}, {'^', "circumflex"}};
+    for (std::size_t at = 0; at < path.size();) {
+        const std::size_t end = std::min(path.find_first_of("%#{}\\^", at), path.size());
         if (end > at) out.append("\\detokenize{").append(path.substr(at, end - at)).append("}");
         for (const auto& [special, name] : kSpecial) {
             if (end < path.size() && path[end] == special) {

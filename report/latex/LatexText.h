@@ -38,8 +38,11 @@ void AppendText(std::string& out, std::string_view text, const TextPlace& place,
 /// A text whose control and bidirectional characters are visible, as `AppendText` shows them; line feeds stay.
 std::string MakeVisible(std::string_view text);
 
-/// Appends the name of a file or folder as an argument of `\includegraphics`. Names with a backslash or with braces
-/// cannot be told to TeX.
+/// Whether TeX can be told the name of a folder. It takes several blanks for one and passes over the first, drops
+/// quotes, and reads neither control characters nor what is no UTF-8.
+bool IsPath(std::string_view path);
+
+/// Appends the name of a folder, such as can be told, as the begin of an argument of `\includegraphics`.
 void AppendPath(std::string& out, std::string_view path);
 
 }  // namespace hierfit::report::latex

@@ -42,6 +42,11 @@ TEST(DocxFile, HoldsAnyTextAndNoMarkupOfIt) {
                                             shown + "{a} | " + shown + "{a} | 2"};
         EXPECT_EQ(test::DrawTables(text).at(0).fvRows, rows);
     }
+    for (const char* words : {" a", "a ", "a\nb", "a b"}) {
+        const std::string text = test::MakeText({{SketchTable("cells @", words)}});
+        EXPECT_EQ(text.find("<w:t xml:space=\"preserve\">" + std::string(words, 1)) != text.npos,
+                  words != std::string("a b"));
+    }
 }
 
 TEST(DocxFile, RunsGoInTheDirectionOfTheirLetters) {

@@ -104,10 +104,12 @@ TEST(DocxTable, PartsWhatIsTooWideAndLosesNothing) {
 }
 
 TEST(DocxTable, NamesItsPartsByItsNumber) {
-    const std::vector<std::string> paragraphs = test::DrawParagraphs(TextOf("title Wide\n" + Columns(200, "1")));
+    const std::string text = TextOf("title Wide\n" + Columns(200, "1"));
+    const std::vector<std::string> paragraphs = test::DrawParagraphs(text);
     const auto count = [&](const std::string& words) { return std::ranges::count(paragraphs, words); };
     EXPECT_EQ(count("Caption: Table 1. Wide"), 1);
     EXPECT_GE(count("CaptionContinued: Table 1 (continued)"), 2);
+    EXPECT_NE(text.find("<w:bookmarkStart w:id=\"1\" w:name=\"_RefTable1\"/>"), std::string::npos);
 }
 
 TEST(DocxTable, HoldsLongAndDeepOnes) {

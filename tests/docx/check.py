@@ -12,7 +12,7 @@ from collections import Counter
 
 sys.path.insert(0, os.path.join(os.path.dirname(os.path.abspath(__file__)), "..", "papers"))
 import hostile  # noqa: E402
-import tables as shown_tables  # noqa: E402
+import tables  # noqa: E402
 
 try:
     import docx
@@ -49,7 +49,7 @@ def check(what, condition, detail):
 
 
 def noted(text, notes, column=None):
-    return shown_tables.shown(text, column), tuple(dict.fromkeys(map(shown_tables.shown, notes)))
+    return tables.shown(text, column), tuple(dict.fromkeys(map(tables.shown, notes)))
 
 
 def path_of(members):
@@ -58,32 +58,25 @@ def path_of(members):
 
 
 def expected_cells(table):
-    rows, columns = shown_tables.Side(table, 0), shown_tables.Side(table, 1)
-    cells = Counter()
+    rows, columns = tables.Side(table, 0), tables.Side(table, 1)
+    cells = {}
     for cell in table["cells"]:
         over = [member for member in columns.members(cell, hidden=False, named=True) if member]
-        column = over[-1]["label"] if over else None
-        words = noted(cell["content"], cell["notes"], column)
-        cells[path_of(rows.members(cell, hidden=False)), path_of(over), words] += 1
+        words = noted(cell["content"], cell["notes"], over[-1]["label"] if over else None)
+        cells.setdefault((path_of(rows.members(cell, hidden=False)), path_of(over)), []).append(words)
     return cells
-
-
-def expected_below(table):
-    return [shown_tables.shown(text) for text in table["captions"] + table["notes"]]
 
 
 def expected_items(items, depth=1):
     for item in items:
         kind = item["kind"]
         if kind == "heading":
-            yield f"Heading {depth}", shown_tables.shown(item["title"])
+            yield f"Heading {depth}", tables.shown(item["title"])
             yield from expected_items(item["items"], depth + 1)
-        elif kind == "table":
-            yield "table", item
-        elif kind == "chart":
-            yield "chart", item
+        elif kind == "message":
+            yield "Message", f"{LEVELS[item['level']]}: {tables.shown(item['text'])}"
         else:
-            yield "Message", f"{LEVELS[item['level']]}: {shown_tables.shown(item['text'])}"
+            yield kind, item
 
 
 # ---- what the file holds
@@ -124,21 +117,15 @@ def labels(cells, notes):
     return tuple(label for label in found if label[0].strip())
 
 
-def read_cells(name, parts, levels, notes, is_tall):
-    found = Counter()
+def read_cells(parts, levels, notes):
     for part in parts:
         rows = spread(part)
         header = [cells for is_header, cells in rows if is_header]
-        repeats = sum(row.find(f"{W}trPr/{W}tblHeader") is not None for row in part.tr_lst)
-        check(name, repeats == len(header) or is_tall, f"repeats {repeats} of {len(header)} rows of headers")
-        for is_header, cells in rows:
-            if is_header:
-                continue
+        for cells in (cells for is_header, cells in rows if not is_header):
             for column in range(levels, len(cells)):
                 plain, marks = words(cells[column])
                 over = labels([line[column] for line in header], notes)
-                found[(labels(cells[:levels], notes), over, (plain, tuple(notes[mark] for mark in marks)))] += 1
-    return found
+                yield labels(cells[:levels], notes), over, (plain, tuple(notes[mark] for mark in marks))
 
 
 def check_figure(name, paragraph, item, document):
@@ -167,18 +154,16 @@ class Reader:
             return None
         return self.elements.pop(0)
 
-
-def check_caption(name, caption, kind, number, title):
-    check(name, caption is not None, "has no caption")
-    if caption is None:
-        return
-    field = caption.find(f"{W}fldSimple").get(W + "instr")
-    check(name, words(caption)[0] == f"{kind} {number}. {title}", f"the caption is {words(caption)[0]}")
-    check(name, field == f" SEQ {kind} \\* ARABIC ", f"its field is {field}")
+    def take_caption(self, name, kind, number, title):
+        caption = self.take("Caption")
+        shown = "none" if caption is None else words(caption)[0]
+        field = None if caption is None else caption.find(f"{W}fldSimple").get(W + "instr")
+        check(name, shown == f"{kind} {number}. {title}", f"the caption is {shown}")
+        check(name, field == f" SEQ {kind} \\* ARABIC ", f"its field is {field}")
 
 
 def check_table(name, reader, item, number):
-    check_caption(name, reader.take("Caption"), "Table", number, shown_tables.shown(item["title"]))
+    reader.take_caption(name, "Table", number, tables.shown(item["title"]))
     parts = [reader.take("table")]
     while reader.take("Caption Continued") is not None:
         parts.append(reader.take("table"))
@@ -189,41 +174,35 @@ def check_table(name, reader, item, number):
             notes[letter[0]] = text.strip()
         else:
             below.append(text)
-    check(name, below == expected_below(item), f"below it stands {below}")
-    found = read_cells(name, parts, shown_tables.Side(item, 0).levels(hidden=False), notes, name.startswith("texts"))
-    expected = expected_cells(item)
-    blank = Counter({key: count for key, count in found.items() if key[2] == ("", ())})
-    for key in (expected - found):
-        check(name, False, f"lacks {key}")
-    for key in (found - expected - blank):
-        check(name, False, f"has besides {key}")
+    expected = [tables.shown(text) for text in item["captions"] + item["notes"]]
+    check(name, below == expected, f"below it stands {below}")
+    found = read_cells(parts, tables.Side(item, 0).levels(hidden=False), notes)
+    faults.extend(tables.compare(name, expected_cells(item), found, blank=("", ())))
 
 
 def check_file(name, path, saved):
     reader = Reader(path)
     properties = reader.document.core_properties
-    check(name, (properties.title, properties.author) == ("Yields", "A. Fisher"), "is not what it is called")
-    check(name, properties.created is None and properties.modified is None, "knows the day")
-    check(name, properties.language == "en-US", f"speaks {properties.language}")
+    told = (properties.title, properties.author, properties.created, properties.modified, properties.language)
+    check(name, told == ("Yields", "A. Fisher", None, None, "en-US"), f"is called {told}")
     for title in ("Title", "Subtitle", "Author"):
         check(name, reader.take(title) is not None, f"has no {title}")
-    tables = figures = 0
+    counts = Counter()
     for kind, item in expected_items(saved["items"]):
+        counts[kind] += 1
+        where = f"{name}, {kind} {counts[kind]}"
         if kind == "table":
-            tables += 1
-            check_table(f"{name}, table {tables}", reader, item, tables)
+            check_table(where, reader, item, counts[kind])
         elif kind == "chart":
-            figures += 1
-            check_figure(f"{name}, figure {figures}", reader.take("Picture"), item, reader.document)
-            check_caption(f"{name}, figure {figures}", reader.take("Caption"), "Figure", figures,
-                          item["description"])
+            check_figure(where, reader.take("Picture"), item, reader.document)
+            reader.take_caption(where, "Figure", counts[kind], item["description"])
         else:
             paragraph = reader.take(kind)
             check(name, paragraph is not None and words(paragraph)[0] == item, f"lacks {kind} {item}")
     rest = [reader.style(element) for element in reader.elements]
     diagnostics = saved["diagnostics"]
     check(name, rest == (["Heading 1"] + ["Message"] * len(diagnostics) if diagnostics else []), f"ends with {rest}")
-    return tables, figures
+    return counts["table"], counts["chart"]
 
 
 def check_orders(name, path):
@@ -275,7 +254,7 @@ def check_pages(sizes):
     files = [os.path.join(work, f"{name}.docx") for name in sizes]
     run(office, f"-env:UserInstallation=file://{os.path.abspath(work)}/profile", "--headless", "--convert-to", "pdf",
         "--outdir", work, *files)
-    for name, (tables, figures, most) in sizes.items():
+    for name, (of_tables, figures, most) in sizes.items():
         path = os.path.join(work, f"{name}.pdf")
         check(name, os.path.exists(path), "was not opened")
         if not os.path.exists(path):
@@ -283,7 +262,7 @@ def check_pages(sizes):
         pages = int(re.search(rb"Pages: +(\d+)", run("pdfinfo", path)).group(1))
         check(name, figures / 3 <= pages <= most, f"takes {pages} pages")
         printed = run("pdftotext", path, "-").decode()
-        for kind, count in (("Table", tables), ("Figure", figures)):
+        for kind, count in (("Table", of_tables), ("Figure", figures)):
             found = {int(number) for number in re.findall(rf"\b{kind}\s+(\d+)\.", printed)}
             check(name, found == set(range(1, count + 1)), f"shows of {count} captions these: {kind} {sorted(found)}")
     return True
@@ -297,8 +276,8 @@ for name in sorted(os.listdir(examples)):
         continue
     saved = json.loads(run(program, "report", "-f", "json", os.path.join(examples, name)))
     path = render(name, saved)
-    tables, figures = check_file(name, path, saved)
-    sizes[name] = (tables, figures, tables + figures + 2)
+    counts = check_file(name, path, saved)
+    sizes[name] = (*counts, sum(counts) + 2)
     check_orders(name, path)
 
 for name in ("texts", "missing", "wide"):

@@ -62,38 +62,32 @@ TEST(LatexText, IsNoMarkup) {
     }
 }
 
-TEST(LatexText, TellsScripts) {
-    const struct {
-        const char* fText;
-        bool fHasGreek, fHasHebrew, fHasArabic, fHasOthers;
-    } cases[] = {{"caf\u00E9 \u2013 \u20AC \u2265", false, false, false, false},
-                 {"\u03C3", true, false, false, false},
-                 {"\u05D0", false, true, false, false},
-                 {"\u0627", false, false, true, false},
-                 {"\u6F22", false, false, false, true}};
-    for (const auto& test : cases) {
-        std::string out;
-        Scripts scripts;
-        AppendText(out, test.fText, kProse, scripts);
-        EXPECT_EQ(scripts.fHasGreek, test.fHasGreek) << test.fText;
-        EXPECT_EQ(scripts.fHasHebrew, test.fHasHebrew) << test.fText;
-        EXPECT_EQ(scripts.fHasArabic, test.fHasArabic) << test.fText;
-        EXPECT_EQ(scripts.fHasOthers, test.fHasOthers) << test.fText;
-    }
+/// The scripts by their first letters.
+std::string Spell(const Scripts& scripts) {
+    return std::string(scripts.fHasGreek ? "g" : "") + (scripts.fHasHebrew ? "h" : "") +
+           (scripts.fHasArabic ? "a" : "") + (scripts.fHasOthers ? "o" : "");
 }
 
-TEST(LatexText, TurnsParagraphsThatBeginSo) {
-    const std::pair<std::string, std::string> cases[] = {
-        {"\u05D0 (12), a", "\\foreignlanguage{hebrew}{\u05D0 (12), a}"},
-        {"1 \u0627", "\\foreignlanguage{arabic}{1 \u0627}"},
-        {"a \u05D0", "a \u05D0"},
-        {"\u200Fa - b", "\u200Fa - b"},
+TEST(LatexText, TellsScriptsAndTurnsParagraphsThatBeginSo) {
+    const struct {
+        const char* fText;
+        const char* fMarkup;
+        const char* fScripts;
+    } cases[] = {
+        {"caf\u00E9 \u2013 \u20AC", "caf\u00E9 \u2013 \u20AC", ""},
+        {"\u03C3", "\u03C3", "g"},
+        {"\u6F22", "\u6F22", "o"},
+        {"\u05D0 (12), a", "\\foreignlanguage{hebrew}{\u05D0 (12), a}", "h"},
+        {"1 \u0627", "\\foreignlanguage{arabic}{1 \u0627}", "a"},
+        {"a \u05D0", "a \u05D0", "h"},
+        {"\u200Fa - b", "\u200Fa - b", ""},
     };
-    for (const auto& [text, markup] : cases) {
+    for (const auto& [text, markup, spelt] : cases) {
         std::string out;
         Scripts scripts;
         AppendText(out, text, kProse, scripts);
         EXPECT_EQ(out, markup);
+        EXPECT_EQ(Spell(scripts), spelt) << text;
     }
 }
 
@@ -107,12 +101,15 @@ TEST(LatexText, BoxesWhatIsWrittenFromRightToLeft) {
     }
 }
 
-TEST(LatexText, NamesFiles) {
+TEST(LatexText, NamesFolders) {
     std::string out;
-    AppendPath(out, "my_100%#1 charts}");
+    AppendPath(out, "my_100%#1 \\charts}");
     EXPECT_EQ(out,
               "\\detokenize{my_100}\\csname c_percent_str\\endcsname\\csname c_hash_str\\endcsname"
-              "\\detokenize{1 charts}\\csname c_right_brace_str\\endcsname");
+              "\\detokenize{1 }\\csname c_backslash_str\\endcsname\\detokenize{charts}"
+              "\\csname c_right_brace_str\\endcsname");
+    for (const char* told : {"", "a b", "\u05D0~$&_^"}) EXPECT_TRUE(IsPath(told)) << told;
+    for (const char* none : {" a", "a  b", "a\tb", "a\n", "\"a\"", "a\xFF", "\x7F"}) EXPECT_FALSE(IsPath(none)) << none;
 }
 
 TEST(LatexFigure, TakesFormatFromColumn) {
@@ -212,6 +209,7 @@ TEST(LatexTable, FitsThePage) {
         EXPECT_EQ(Count(table, "\\begin{longtable}"), test.fLong);
         EXPECT_EQ(Count(table, "\\begin{landscape}"), test.fLandscapes);
         EXPECT_EQ(Count(table, "(continued)"), test.fContinued);
+        EXPECT_EQ(Count(table, "\\addtocounter{table}{-1}"), test.fContinued - test.fLong);
         EXPECT_EQ(Count(table, "\\label{tab:T-1}"), 1U);
         EXPECT_EQ(Count(table, "1000.125"), static_cast<std::size_t>(test.fColumns * test.fRows));
         EXPECT_EQ(Count(table, "Column"), static_cast<std::size_t>(test.fColumns) * (test.fLong + 1));
@@ -219,6 +217,29 @@ TEST(LatexTable, FitsThePage) {
     // Parts keep groups together.
     const std::string parts = WriteTable(makeSketch(30, 1));
     for (int group = 0; group < 10; ++group) EXPECT_EQ(Count(parts, "{g" + std::to_string(group) + "}"), 1U);
+}
+
+TEST(LatexTable, PartsHoldTheirOwnColumns) {
+    constexpr int kColumns = 30;
+    std::string sketch = "title T\nrows 1 R : A B\ncolumns 1 -name C :";
+    for (int column = 0; column < kColumns; ++column) sketch += " Column" + std::to_string(10 + column);
+    sketch += "\ncells";
+    for (int cell = 0; cell < 2 * kColumns; ++cell) sketch += " " + std::to_string(1000 + cell) + ".125";
+    std::string rest = WriteTable(sketch);
+    int column = 0;
+    while (rest.find("\\midrule\n") != rest.npos) {
+        const std::string head = rest.substr(0, rest.find("\\midrule\n"));
+        rest.erase(0, head.size() + 1);
+        std::string first = "A", second = "B";
+        const int end = column + static_cast<int>(Count(head, "Column"));
+        for (; column < end; ++column) {
+            EXPECT_EQ(Count(head, "{Column" + std::to_string(10 + column) + "}"), 1U);
+            first += " & " + std::to_string(1000 + column) + ".125";
+            second += " & " + std::to_string(1000 + kColumns + column) + ".125";
+        }
+        EXPECT_EQ(Between(rest, "A &", "\\bottomrule"), first + " \\\\\n" + second + " \\\\\n");
+    }
+    EXPECT_EQ(column, kColumns);
 }
 
 TEST(LatexTable, WrapsLabelsToTheLine) {
@@ -240,6 +261,12 @@ TEST(LatexTable, MovesLongTextsBehindIt) {
     std::string rest = table.substr(end);
     for (std::size_t at; (at = rest.find(kShortLine)) != rest.npos;) rest.erase(at, kShortLine.size());
     EXPECT_GE(Count(rest, label), 2U);
+
+    std::string parted = "title T\nrows 1 R : @\ncolumns 1 -name C :";
+    for (int column = 0; column < 30; ++column) parted += " Column" + std::to_string(column);
+    const std::string parts = WriteTable(parted + "\ncells" + test::Repeated(" 1000.125", 30), Page::Own, label);
+    EXPECT_EQ(Count(parts, "\\textsuperscript{1}"), Count(parts, "\\begin{table}") + 1);
+    EXPECT_EQ(Count(parts, "\\textsuperscript{2}"), 0U) << "a part marks the same text by another number";
 }
 
 TEST(LatexReport, WritesItemsOfEachKind) {
@@ -299,6 +326,13 @@ TEST(LatexReport, TellsDiagnosticsInPrintOrInComments) {
     EXPECT_TRUE(MakeLatexReport(document, {{}, {}, {}, true})
                     .ends_with("\n\\section*{Diagnostics}\n\n\\noindent\\textbf{Warning:} 50 \\% \\& more\\newline{}"
                                "\\textbackslash{}input\\{x\\}\n\n\\noindent\\textbf{Error:} Bad\n\n\\end{document}\n"));
+    document.fvDiagnostics.clear();
+    document.fItems.push_back({document::Chart{}});
+    const std::string without = MakeLatexReport(document, {{}, {}, "a\n b", false});
+    EXPECT_EQ(without.find("figure"), without.npos);
+    EXPECT_TRUE(
+        without.ends_with("\n% Diagnostics:\n% Warning: Charts are left out, since TeX cannot be told the name of "
+                          "their folder: a\n%  b\n"));
 }
 
 TEST(LatexReport, ShowsHighPicturesSmaller) {

@@ -19,7 +19,7 @@ SPELT = {None: "", "NaN": "NaN", "Infinity": "Inf", "-Infinity": "-Inf"}  # what
 
 
 def expected(table):
-    """Cells by their row's labels and their column's name, and how many columns there are."""
+    """Cells by their row's labels and their column's name, and how many levels the labels have."""
     rows, columns = tables.Side(table, 0), tables.Side(table, 1)
     cells = {}
     for cell in table["cells"]:
@@ -30,39 +30,32 @@ def expected(table):
     return cells, rows.levels(hidden=True)
 
 
-def check(path, table, faults):
+def is_same(content, words, read):
+    """Whether a field's words are those of a cell's content, and what was read is its number to the last digit."""
+    source = content["from"]
+    number = source.get("number", source.get("value"))
+    if "number" in source and number in SPELT:
+        return words == SPELT[number] and not (isinstance(read, float) and math.isfinite(read))
+    if isinstance(number, (int, float)) and ("number" in source or words != content["text"]):
+        return (read if isinstance(read, float) else float(words)) == number
+    return words == content["text"]
+
+
+def check(path, table):
     cells, levels = expected(table)
+    faults = []
     with open(path, encoding="utf-8", newline="") as file:
         header, *records = list(csv.reader(file, strict=True))
     numbers = pandas.read_csv(path, float_precision="round_trip")
     texts = pandas.read_csv(path, dtype=str, keep_default_na=False)
     if [list(texts.columns), texts.values.tolist()] != [header, records]:
         faults.append(f"{path}: pandas reads other fields than the csv module")
-    found = 0
     for record, row in zip(records, numbers.itertuples(index=False), strict=True):
         for at in range(levels, len(header)):
-            content = cells.get((tuple(record[:levels]), header[at]))
-            found += content is not None
-            if content is None and record[at] != "":
-                faults.append(f"{path}: {record[:levels]}, {header[at]}: nothing expected, found {record[at]}")
-            if content is None:
-                continue
-            source = content["from"]
-            value = source.get("number", source.get("value") if content["text"] != source.get("value") else None)
-            if "number" in source and isinstance(value, (int, float)):
-                read = row[at] if isinstance(row[at], float) else float(record[at])
-                is_same = read == value
-            elif "number" in source and value in SPELT:
-                is_read = not isinstance(row[at], float) or not math.isfinite(row[at])
-                is_same = record[at] == SPELT[value] and is_read
-            elif "value" in source and isinstance(source["value"], (int, float)) and record[at] != content["text"]:
-                is_same = float(record[at]) == source["value"]
-            else:
-                is_same = record[at] == content["text"]
-            if not is_same:
+            content = cells.pop((tuple(record[:levels]), header[at]), None)
+            if not (is_same(content, record[at], row[at]) if content else record[at] == ""):
                 faults.append(f"{path}: {record[:levels]}, {header[at]}: {content}, found {record[at]}")
-    if found != len(cells):
-        faults.append(f"{path}: {found} of {len(cells)} cells found")
+    return faults + [f"{path}: {cell} is missing" for cell in cells]
 
 
 def main(program, examples, work):
@@ -77,10 +70,10 @@ def main(program, examples, work):
         ]:
             faults.append(f"{folder}/index.csv: lists other items than the program")
         for name, table in tables.named_tables(document, names):
-            check(folder / f"{name}.csv", table, faults)
+            faults += check(folder / f"{name}.csv", table)
     for path, table in hostile.write(work):
         tables.run(program, "render", "-f", "csv", "-o", path.with_suffix(""), path)
-        check(path.with_suffix("") / "Hostile-1.csv", table, faults)
+        faults += check(path.with_suffix("") / "Hostile-1.csv", table)
     print("\n".join(faults))
     return 1 if faults else 0
 

@@ -24,12 +24,18 @@ def dimension(name, place, labels):
                         for at, label in enumerate(labels)]}
 
 
-def table(rows, columns, content, title="Title"):
-    return {"kind": "table", "subtype": text("Hostile"), "title": text(title), "flag": True,
-            "minDataColumnWidth": None, "captions": [], "notes": [text(title)],
+def table(rows, columns, content, title="Title", subtype="Hostile", notes=None, marks=lambda row, column: []):
+    """`content` and `marks` give the text and the notes of a cell by its place."""
+    return {"kind": "table", "subtype": text(subtype), "title": text(title), "flag": True,
+            "minDataColumnWidth": None, "captions": [], "notes": list(map(text, [title] if notes is None else notes)),
             "dimensions": [dimension("Rows", 0, rows), dimension("Columns", 1, columns)],
-            "cells": [{"at": [row, column], "content": content(row, column), "notes": []}
+            "cells": [{"at": [row, column], "content": content(row, column), "notes": marks(row, column)}
                       for row in range(len(rows)) for column in range(len(columns))]}
+
+
+def document(items, title="=1+1"):
+    return {"format": "hierfit-output", "version": 2, "producer": "hierfit", "language": "en", "title": title,
+            "sources": ["a", "b"], "items": items, "diagnostics": []}
 
 
 LOST = ["NaN", "Infinity", "-Infinity", None]
@@ -47,7 +53,5 @@ def write(work, names=tuple(TABLES)):
     """For each of the tables the path of a saved document that holds it, and the table."""
     for name in names:
         path = pathlib.Path(work) / f"{name}.json"
-        document = {"format": "hierfit-output", "version": 2, "producer": "hierfit", "language": "en", "title": "=1+1",
-                    "sources": ["a", "b"], "items": [TABLES[name]], "diagnostics": []}
-        path.write_text(json.dumps(document), encoding="utf-8")
+        path.write_text(json.dumps(document([TABLES[name]])), encoding="utf-8")
         yield path, TABLES[name]

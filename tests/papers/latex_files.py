@@ -1,5 +1,4 @@
-"""Compiles the LaTeX of every example, looks for what does not fit, and compares each cell in it with the document:
-latex_files.py PROGRAM EXAMPLES WORK
+"""Compiles the LaTeX of every example and looks for what does not fit: latex_files.py PROGRAM EXAMPLES WORK
 Documents that stand by themselves go through lualatex, fragments through pdflatex."""
 
 import concurrent.futures
@@ -11,7 +10,6 @@ import subprocess
 import sys
 
 import hostile
-import latex_source
 import tables
 
 WRAPPER = "\\documentclass{article}\n%s\n\\begin{document}\n%s\n\\end{document}\n"
@@ -44,59 +42,11 @@ def typeset(command, path):
     return [f"{path.name}, {command}: {fault}" for fault in faults]
 
 
-def plain(words):
-    """Words as print and markup have them alike: without blanks, with one kind of minus, and short exponents."""
-    words = re.sub(r"(\d)[eE]\+?(-?)0*(\d)", r"\1e\2\3", words.replace("\u2212", "-"))
-    return re.sub(r"\s", "", words)
-
-
-def expected(table):
-    """Lists of words by labels of the row and name of the column, and how many levels the row headers have."""
-    sides, cells = [tables.Side(table, 0), tables.Side(table, 1)], {}
-    for cell in table["cells"]:
-        row = tuple(plain(tables.words(label) and tables.shown(label)) for label in sides[0].labels(cell, hidden=False))
-        labels = [label for label in sides[1].labels(cell, hidden=False, named=True) if label]
-        column = plain(", ".join(tables.shown(label) for label in labels))
-        words = plain(tables.shown(cell["content"], labels[-1] if labels else None))
-        cells.setdefault((row, column), []).append(words)
-    return cells, len(next(iter(cells))[0])
-
-
-def compare(name, table, parts):
-    cells, levels = expected(table)
-    faults = []
-    for part in (latex_source.Part(source, levels) for source in parts):
-        for labels, data in part.rows:
-            for at, found in enumerate(plain(words) for words in data):
-                column = plain(part.columns[at]) if part.columns else ""
-                words = cells.get((tuple(map(plain, labels)), column), [""])
-                if found not in words:
-                    faults.append(f"{name}: {labels}, {column}: {words} expected, found {found}")
-                elif words != [""]:
-                    words.remove(found)
-    left = sum(len(words) for words in cells.values())
-    return faults + ([f"{name}: {left} cells are missing"] if left else [])
-
-
-def read_back(path, document, names):
-    source = path.read_text(encoding="utf-8")
-    found = latex_source.tables(source)
-    shown = [(name, table) for name, table in tables.named_tables(document, names) if table["cells"]]
-    if [name for name, _ in found] != [name for name, _ in shown]:
-        return [f"{path.name}: other tables than in the document"]
-    faults = sum((compare(f"{path.name}: {name}", table, parts) for (name, table), (_, parts) in zip(shown, found)), [])
-    charts = [folder + chart for folder, chart in latex_source.pictures(source)]
-    if charts != [f"{path.stem}-charts/{one['name']}.pdf" for one in names if one["kind"] == "chart"]:
-        faults.append(f"{path.name}: other charts than in the document")
-    return faults + [f"{path.name}: no {chart}" for chart in charts if not (path.parent / chart).is_file()]
-
-
 def check(program, example, work):
-    document, names = tables.read(program, example)
     path, part = work / f"{example.name}.tex", work / f"{example.name}-part.tex"
     tables.run(program, "report", "--standalone", "-o", path, example)
     tables.run(program, "report", "-o", part, example)
-    return read_back(path, document, names) + read_back(part, document, names) + typeset("lualatex", path)
+    return typeset("lualatex", path)
 
 
 def check_parts(work, paths, name):
@@ -109,34 +59,20 @@ def check_parts(work, paths, name):
     return typeset("pdflatex", whole)
 
 
-def text(words):
-    return {"text": words, "from": {"string": words, "translate": False}}
-
-
-def categories(labels):
-    return [{"kind": "category", "id": at, "label": text(label), "notes": [text(label)]}
-            for at, label in enumerate(labels)]
-
-
-def make_table(rows, columns):
-    """A table in which every cell is the label of its row, with a note on each label."""
-    sides = [("Rows", 0, rows), ("Columns", 1, columns)]
-    return {
-        "kind": "table", "subtype": text("Hostile"), "title": text(rows[0]), "flag": True, "minDataColumnWidth": None,
-        "captions": [text(rows[-1])], "notes": [],
-        "dimensions": [{"name": text(name), "sort": 2, "positioned": True, "place": place, "index": 1,
-                        "flags": [False, False], "members": categories(labels)} for name, place, labels in sides],
-        "cells": [{"at": [row, column], "content": text(label), "notes": []}
-                  for row, label in enumerate(rows) for column in range(len(columns))],
-    }
+def make_item(words):
+    """A heading with a table in which every cell is the label of its row, with a note on each label."""
+    rows = [words, "b"]
+    table = hostile.table(rows, ["c", words], lambda row, column: hostile.text(rows[row]), words)
+    for member in table["dimensions"][0]["members"] + table["dimensions"][1]["members"]:
+        member["notes"] = [member["label"]]
+    table["captions"] = [hostile.text("b")]
+    return {"kind": "heading", "title": hostile.text(words), "items": [table]}
 
 
 def write_hostile(program, work, name, texts, options):
-    items = [{"kind": "heading", "title": text(one), "items": [make_table([one, "b"], ["c", one])]} for one in texts]
-    items.append({"kind": "message", "text": text(texts[0]), "show": 2, "level": 2})
-    document = {"format": "hierfit-output", "version": 2, "producer": "hierfit", "language": "en", "title": texts[0],
-                "sources": ["a", "b"], "items": items, "diagnostics": []}
-    (work / f"{name}.json").write_text(json.dumps(document), encoding="utf-8")
+    items = list(map(make_item, texts))
+    items.append({"kind": "message", "text": hostile.text(texts[0]), "show": 2, "level": 2})
+    (work / f"{name}.json").write_text(json.dumps(hostile.document(items, texts[0])), encoding="utf-8")
     tables.run(program, "render", "-o", work / f"{name}.tex", *options, work / f"{name}.json")
     return work / f"{name}.tex"
 
@@ -145,7 +81,7 @@ def check_folder(program, example, work):
     """Charts are found in a folder whose name has what is markup in LaTeX."""
     folder = work / "folder"
     folder.mkdir(exist_ok=True)
-    odd = folder / "o_d %#{}}^^41&~$.tex"
+    odd = folder / "o_d \\%#{}}^^41&~$.tex"
     tables.run(program, "report", "--standalone", "--only", "GLMMCustomEffects", "-o", odd, example)
     return typeset("lualatex", odd.rename(folder / "plain.tex"))
 
@@ -170,12 +106,12 @@ def main(program, examples, work):
     shutil.rmtree(work, ignore_errors=True)
     work.mkdir(parents=True)
     with concurrent.futures.ThreadPoolExecutor(2) as pool:
-        hostile = pool.submit(check_hostile, program, work)
+        others = pool.submit(check_hostile, program, work)
         faults = sum(pool.map(lambda example: check(program, example, work), tables.examples(examples)), [])
         parts = [work / f"{example.name}-part.tex" for example in tables.examples(examples)]
         faults += check_parts(work, parts, "parts")
         faults += check_folder(program, pathlib.Path(examples) / "cbpp", work)
-        faults += hostile.result()
+        faults += others.result()
     print("\n".join(faults))
     return 1 if faults else 0
 

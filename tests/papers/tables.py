@@ -105,3 +105,30 @@ def shown(text, column=None):
         if result.startswith(first + " - "):
             return first + " \u2013 " + result[len(first) + 3:]
     return result
+
+
+def lines(table, plain=str):
+    """The shown words of the cells, in lists by the labels of their row and the name of their column; and how many
+    levels the labels have. All words go through `plain`."""
+    rows, columns = Side(table, 0), Side(table, 1)
+    found = {}
+    for cell in table["cells"]:
+        row = tuple(plain(shown(label)) for label in rows.labels(cell, hidden=False))
+        over = [label for label in columns.labels(cell, hidden=False, named=True) if label]
+        words_of_cell = plain(shown(cell["content"], over[-1] if over else None))
+        found.setdefault((row, plain(", ".join(map(shown, over)))), []).append(words_of_cell)
+    return found, rows.levels(hidden=False)
+
+
+def compare(name, expected, found, blank=""):
+    """What is wrong with cells, each with labels, column and words, where lists of words are expected. Where none are,
+    a cell is blank."""
+    faults = []
+    for labels, column, cell in found:
+        left = expected.get((labels, column), [blank])
+        if cell not in left:
+            faults.append(f"{name}: {labels}, {column}: {left} expected, found {cell}")
+        elif left != [blank]:
+            left.remove(cell)
+    count = sum(map(len, expected.values()))
+    return faults + ([f"{name}: {count} cells are missing"] if count else [])

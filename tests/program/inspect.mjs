@@ -1,19 +1,12 @@
 // The commands that look at a model and write no report: node inspect.mjs PROGRAM EXAMPLES WORK
 
-import { spawnSync } from "node:child_process";
-import { mkdirSync, readFileSync, rmSync, writeFileSync } from "node:fs";
+import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
+import { enter, faults, finish } from "../support/program.mjs";
 
 const [program, examples, work] = process.argv.slice(2);
-rmSync(work, { recursive: true, force: true });
-mkdirSync(join(work, "d"), { recursive: true });
-process.chdir(work);
-
-const faults = [];
-const run = (...args) => {
-  const { status, stdout, stderr } = spawnSync(program, args, { encoding: "utf8", maxBuffer: 1 << 28 });
-  return { status, out: stdout, err: stderr };
-};
+const { run, spawn } = enter(work, program);
+mkdirSync("d");
 function expect(name, got, status, out, err = "") {
   const is = (text, expected) => (expected instanceof RegExp ? expected.test(text) : text === expected);
   if (got.status === status && is(got.out, out) && is(got.err, err)) return;
@@ -119,8 +112,6 @@ expect("check, unreadable", run("check", "d"), 2, "",
   'hierfit: error: The StatXML document of the model could not be read.\n' +
   'd/model.statxml:1:1: StatXML: element "PMMLModel/PredictiveSummary" expected\n');
 expect("list, unreadable", run("list", "d"), 2, "", /^hierfit: error: [^\n]*\nd\/model.statxml:1:1: [^\n]*\n$/);
-expect("check, no folder", run("check", "none"), 2, "",
-  "hierfit: none: No such file or directory\n");
 
 // ---- list
 
@@ -148,23 +139,12 @@ expect("list of a saved document", run("list", "oats.json"), 0, text.out);
 expect("list of a pair", run("list", "--format", "json", join(oats, "model.pmml"), join(oats, "model.statxml")), 0, json.out);
 writeFileSync("bad.json", "{}");
 expect("list of another file", run("list", "bad.json"), 2, "", /^hierfit: bad.json: [^\n]+\n$/);
-expect("list of no file", run("list", "no.json"), 2, "", "hierfit: no.json: No such file or directory\n");
 
 for (const command of ["check", "list"]) {
-  const { stdout, stderr } = spawnSync("bash", ["-c", `exec 3>&1; "$0" ${command} "$1" >/dev/full; echo $? >&3`,
-    program, join(examples, "many-means")], { encoding: "utf8" });
-  expect(`${command}, a full device`, { status: 0, out: stdout, err: stderr }, 0, "3\n",
+  const got = spawn("bash", ["-c", `exec 3>&1; "$0" ${command} "$1" >/dev/full; echo $? >&3`,
+    program, join(examples, "many-means")]);
+  expect(`${command}, a full device`, got, 0, "3\n",
     "hierfit: standard output: No space left on device\n");
 }
 
-for (const args of [["check"], ["list"], ["list", "-f", "xml", oats], ["check", "a", "b", "c"], ["check", "--only", "a", oats]]) {
-  expect(args.join(" "), run(...args), 1, "", /^hierfit: [^]*Try: hierfit --help\n$/);
-}
-expect("help of check", run("check", "--help"), 0, /--strict/);
-expect("help of list", run("list", "--help"), 0, /FILE\.json/);
-expect("help", run("--help"), 0, /check[^]*list/);
-
-if (faults.length > 0) {
-  console.error(faults.join("\n"));
-  process.exit(1);
-}
+finish();

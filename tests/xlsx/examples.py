@@ -1,26 +1,25 @@
 """Reads the workbooks of all examples back: examples.py PROGRAM EXAMPLES
 
-Numbers are those of the JSON form, shown texts those of the page in each style, in a formatter of our own and in an
-office program. The contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
+Numbers are those of the JSON form, texts those that the page shows in each style, as an office program shows them. The
+contents are those that `list` tells, links lead somewhere, and the bytes do not depend on the time.
 """
 
-import csv
 import json
 import os
 import pathlib
-import shutil
 import subprocess
 import sys
 import tempfile
-from html.parser import HTMLParser
 
 try:
+    import lxml.html
     import openpyxl
 except ImportError:
     sys.exit(77)
 
+import office
+
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / "papers"))
-from shown import shown  # noqa: E402
 from tables import tables  # noqa: E402
 
 program, examples = sys.argv[1:3]
@@ -32,41 +31,16 @@ def run(*arguments, **settings):
     return subprocess.run([program, *map(str, arguments)], check=True, capture_output=True, **settings).stdout
 
 
-class Page(HTMLParser):
-    """The rows of the tables of a page: of heads their number, of bodies their cells."""
-
-    def __init__(self, text):
-        super().__init__()
-        self.tables, self.table, self.cell, self.section, self.sup = {}, None, None, None, False
-        self.feed(text)
-
-    def handle_starttag(self, tag, attributes):
-        names = dict(attributes)
-        if tag == "figure":
-            self.table = self.tables.setdefault(names.get("id"), {"head": 0, "rows": []})
-        elif tag in ("thead", "tbody"):
-            self.section = tag
-        elif tag == "tr" and self.section == "thead":
-            self.table["head"] += 1
-        elif tag == "tr" and self.section == "tbody":
-            self.table["rows"].append([])
-        elif tag in ("td", "th") and self.section == "tbody":
-            self.cell = ""
-        elif tag == "sup":
-            self.sup = True
-
-    def handle_endtag(self, tag):
-        if tag in ("td", "th") and self.cell is not None:
-            self.table["rows"][-1].append(self.cell)
-            self.cell = None
-        elif tag in ("thead", "tbody"):
-            self.section = None
-        elif tag == "sup":
-            self.sup = False
-
-    def handle_data(self, data):
-        if self.cell is not None:
-            self.cell += "".join(marks.get(c, c) for c in data if c != " ") if self.sup else data
+def read_page(text):
+    """The tables of a page by their names: of heads the number of rows, of bodies the words of cells."""
+    page = lxml.html.fromstring(text)
+    for mark in page.iter("sup"):
+        letters = mark.text_content().replace(" ", "")
+        mark[:] = []
+        mark.text = "".join(marks.get(letter, letter) for letter in letters)
+    return {figure.get("id"): {"head": len(figure.xpath(".//thead/tr")),
+                               "rows": [[cell.text_content() for cell in row] for row in figure.xpath(".//tbody/tr")]}
+            for figure in page.iter("figure") if figure.find(".//table") is not None}
 
 
 def numbers(table):
@@ -81,12 +55,6 @@ def numbers(table):
 
 def near(a, b):
     return abs(a - b) <= 1e-15 * abs(a)
-
-
-def text_of(cell):
-    if isinstance(cell.value, (int, float)):
-        return shown(cell.value, cell.number_format)
-    return (cell.value or "").replace("\u2212", "-")
 
 
 def expect(place, what, expected, actual):
@@ -106,13 +74,12 @@ def judge_table(place, sheet, table, page, offices):
     width = len({tuple(cell["at"][index] for index in across) for cell in table["cells"]})
     top, data = data_of(sheet, page["rows"], width)
     expect(place, "frozen rows", 1 + page["head"], top - 1)
-    expected = [[("" if text == "." else text.replace("\u2212", "-")) for text in row[-width:]] for row in page["rows"]]
-    expect(place, "shown", expected, [[text_of(cell) for cell in row] for row in data])
     for row, cells in enumerate(data) if offices else ():
+        expected = ["" if text == "." else text.replace("\u2212", "-") for text in page["rows"][row][-width:]]
         line = offices[top - 1 + row]
-        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float)) else text_of(cell)
-                  for cell in cells]
-        expect(place, "shown by the office program", expected[row], actual)
+        actual = [line[cell.column - 1].replace("E", "e") if isinstance(cell.value, (int, float))
+                  else (cell.value or "").replace("\u2212", "-") for cell in cells]
+        expect(place, "shown by the office program", expected, actual)
     wanted = sorted(numbers(table))
     found = sorted(cell.value for row in data for cell in row if isinstance(cell.value, (int, float)))
     if len(wanted) != len(found) or not all(map(near, wanted, found)):
@@ -121,7 +88,7 @@ def judge_table(place, sheet, table, page, offices):
 
 def judge(folder, style, file, offices):
     place = f"{folder.name} {style}"
-    page = Page(run("report", "--static", "--style", style, "-f", "html", folder).decode()).tables
+    page = read_page(run("report", "--static", "--style", style, "-f", "html", folder).decode())
     items = json.loads(run("list", "-f", "json", folder))
     document = json.loads(run("report", "-f", "json", folder))
     book = openpyxl.load_workbook(file)
@@ -153,22 +120,6 @@ def judge(folder, style, file, offices):
             judge_table(f"{place} {name}", sheet, table, page[name], offices.get(name))
 
 
-def read_csv(work, stem):
-    start = f"{stem}-"
-    return {path.stem[len(start):]: list(csv.reader(path.open(encoding="utf-8", newline="")))
-            for path in work.glob(f"{start}*.csv")}
-
-
-def convert(files, work):
-    """Opens all files with the office program and saves what it shows; whether there is one."""
-    if not shutil.which("soffice"):
-        return False
-    form = "csv:Text - txt - csv (StarCalc):44,34,76,1,,0,false,false,true,false,false,-1"
-    subprocess.run(["soffice", "--headless", f"-env:UserInstallation=file://{work}/profile", "--convert-to", form,
-                    "--outdir", str(work), *map(str, files)], check=True, capture_output=True, timeout=500)
-    return True
-
-
 def main():
     with tempfile.TemporaryDirectory() as name:
         work = pathlib.Path(name)
@@ -180,9 +131,9 @@ def main():
                 written[file] = (folder, style)
         # The office program takes its time: one style each, in turns.
         offered = [file for number, file in enumerate(written) if number % 4 == 0]
-        has_office = convert(offered, work)
+        has_office = office.convert(offered, work)
         for file, (folder, style) in written.items():
-            offices = read_csv(work, file.stem) if has_office else {}
+            offices = office.read(work, file.stem)
             if has_office and file in offered:
                 expect(folder.name, "sheets for the office program", True, len(offices) > 0)
             judge(folder, style, file, offices)
