@@ -1,20 +1,40 @@
-// Every page carries the script, so each part of it has a limit, in bytes without comments: node parts.mjs SCRIPT
+// Every page carries the script, so what copying needs has a limit, and what pictures need, in bytes without comments.
+// A file of the script imports what it names of others, and no more, though the whole page knows all names:
+//   node parts.mjs FOLDER
 
-import { readFileSync } from "node:fs";
+import { readFileSync, readdirSync } from "node:fs";
+import { join } from "node:path";
 
 const limit = 15_000;
-const script = readFileSync(process.argv[2], "utf8");
-const [shared, ...sections] = script.split(/^ *\/\/ ---- /m).map((section) => {
-  const title = /^\w*/.exec(section)[0];
-  return { title, size: Buffer.byteLength(section.replace(/^ *(\/\/.*)?\n/gm, "").replace(/^ +/gm, "")) };
-});
-const parts = { pictures: ["Pictures"], copies: ["Tables", "Copying", "A"] };
+const parts = { copies: ["shared", "tables", "tools"], pictures: ["shared", "pictures"] };
+const root = process.argv[2];
 
-let faults = 0;
-for (const [part, titles] of Object.entries(parts)) {
-  const own = sections.filter(({ title }) => titles.includes(title));
-  const size = own.reduce((sum, section) => sum + section.size, shared.size);
+const files = readdirSync(root, { recursive: true }).filter((name) => name.endsWith(".js")).map((path) => {
+  const text = readFileSync(join(root, path), "utf8").replace(/^ *(\/\/.*)?\n/gm, "");
+  const body = text.replace(/^import [^;]*;\n/gm, "").replace(/^export /gm, "");
+  const imports = Array.from(text.matchAll(/^import \{ (.*?) \} from "(.*?)";$/gm),
+    ([, names, from]) => names.split(", ").map((name) => `${name} of ${join(path, "..", from)}`)).flat();
+  const exported = Array.from(text.matchAll(/^export const (\w+)/gm), ([, name]) => name);
+  return { path, body, imports, exported, size: Buffer.byteLength(body.replace(/^ +/gm, "")) };
+});
+
+// Whether a name stands there as one of another file: no member, no key, no name of its own.
+const knows = (body, name) => {
+  const code = body.replace(/"[^"\n]*"|\.\.\./g, "");
+  return new RegExp(`(?<![.\\w])${name}(?![\\w:])`).test(code) && !new RegExp(`\\bconst (\\{[^=}]*\\b)?${name}\\b[^=(]*=`).test(code);
+};
+
+const faults = files.flatMap(({ path, body, imports }) => {
+  const others = files.filter((other) => other.path !== path);
+  const named = others.flatMap((other) => other.exported.filter((name) => knows(body, name))
+    .map((name) => `${name} of ${other.path}`));
+  return [...named.filter((one) => !imports.includes(one)).map((one) => `${path} does not import ${one}`),
+    ...imports.filter((one) => !named.includes(one)).map((one) => `${path} imports ${one} for nothing`)];
+});
+for (const [part, folders] of Object.entries(parts)) {
+  const size = files.filter(({ path }) => folders.includes(path.split("/")[0])).reduce((sum, file) => sum + file.size, 0);
   console.log(`${part}: ${size} bytes`);
-  faults += own.length !== titles.length || size >= limit ? 1 : 0;
+  if (size >= limit) faults.push(`${part} has ${size} bytes`);
 }
-process.exit(faults);
+for (const fault of faults) console.error(fault);
+process.exit(faults.length > 0 || files.length === 0 ? 1 : 0);
