@@ -16,6 +16,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
         {"Größe 身長 e\u0301", "Größe 身長 e\u0301"},
         {"bad \xFF\xC3", "bad \uFFFD\uFFFD"},
         {"\xED\xA0\x80", "\uFFFD\uFFFD\uFFFD"},
+        {"\u05D0 = \u22122.5\n\u05D0 1", "\u05D0 = \u200E\u22122.5\n\u05D0 1"},
     };
     for (const auto& [text, visible] : cases) EXPECT_EQ(report::MakeVisible(text), visible);
 }
