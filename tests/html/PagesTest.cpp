@@ -102,8 +102,10 @@ document::Document MakeMirrored() {
                                             "\ncolumns 1 -name S :" + CountUp("@_", 24) + "\ncells" + MakeFigures(288),
                                         mean);
     table.fvCells.front().fContent.fWords = "\u22121.23";
+    document::Picture means = MakeMeans(mean, 3);
+    std::get<document::LevelsPicture>(means.fContent).fvMarks.front().fTip = mean + " = -2.978";
     document::Document document = MakeDocument(
-        mean, {{Heading{MakeText(mean), {{table}, MakeChart(mean)}}}, MakeMessage(2, "The means are not shown.")});
+        mean, {{Heading{MakeText(mean), {{table}, {MakeChart(mean, means)}}}}, MakeMessage(2, "Means are not shown.")});
     document.fLanguage = "he";
     return document;
 }

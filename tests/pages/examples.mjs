@@ -1,12 +1,11 @@
 // Judges the pages of the examples by a browser, against their documents:
 //   node examples.mjs PROGRAM CHROMIUM EXAMPLES WORK [NAME...]
-// Exit status 77 where the tools are missing.
 
 import { existsSync, mkdirSync, readFileSync, readdirSync } from "node:fs";
-import { createRequire } from "node:module";
-import { join, resolve } from "node:path";
-import { fileURLToPath, pathToFileURL } from "node:url";
+import { join } from "node:path";
+import { pathToFileURL } from "node:url";
 import { gzipSync } from "node:zlib";
+import { launch, load, open } from "../support/browser.mjs";
 import { checkCopies } from "./copies.mjs";
 import { readItems, run, tablesOf } from "./document.mjs";
 import { checkHeaders } from "./headers.mjs";
@@ -14,14 +13,8 @@ import { checkMarks } from "./marks.mjs";
 import { checkStates } from "./states.mjs";
 
 const [program, chromium, examples, work, ...chosen] = process.argv.slice(2);
-const web = fileURLToPath(new URL("../../web/", import.meta.url));
-if (!existsSync(join(web, "node_modules", "playwright-core")) || !existsSync(chromium)) {
-  console.log("skipped: there is no browser, or no `npm ci` in web/");
-  process.exit(77);
-}
-const require = createRequire(join(web, "package.json"));
-const { chromium: browserType } = require("playwright-core");
-const axeSource = require("axe-core").source;
+const browser = await launch(chromium, "--force-renderer-accessibility");
+const axeSource = load("axe-core").source;
 
 // The page of an example that others are measured by: bytes, and compressed.
 const limits = { oats: [400_000, 80_000] };
@@ -33,25 +26,16 @@ function checkSize(name, path) {
   return isTooLarge ? [`${actual} bytes, at most ${limits[name]}`] : [];
 }
 
-/** As for a reader who has opened what can be opened. */
-async function open(browser, path) {
-  const context = await browser.newContext({ viewport: { width: 1280, height: 900 },
-    permissions: ["clipboard-read", "clipboard-write"] });
-  const page = await context.newPage();
-  await page.goto(pathToFileURL(path).href);
-  await page.evaluate(() => {
-    for (const fold of document.querySelectorAll("details")) fold.open = true;
-    for (const box of document.querySelectorAll(".switch input:not(.paper)")) box.checked = true;
-  });
-  return page;
-}
-
-async function judge(browser, name) {
+async function judge(name) {
   const path = join(work, `${name}.html`);
   run(program, "report", "-o", path, join(examples, name));
   run(program, "report", "-f", "csv", "-o", join(work, name), join(examples, name));
   const items = readItems(program, join(examples, name));
-  const page = await open(browser, path);
+  const page = await open(browser, pathToFileURL(path).href);
+  await page.evaluate(() => {  // as for a reader who has opened what can be opened
+    for (const fold of document.querySelectorAll("details")) fold.open = true;
+    for (const box of document.querySelectorAll(".switch input:not(.paper)")) box.checked = true;
+  });
   const [cells, ofHeaders] = await checkHeaders(page, tablesOf(items));
   const [records, ofCopies] = await checkCopies(page,
     (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
@@ -65,11 +49,9 @@ async function judge(browser, name) {
 mkdirSync(work, { recursive: true });
 const names = chosen.length > 0 ? chosen
   : readdirSync(examples).filter((name) => existsSync(join(examples, name, "model.pmml")));
-const browser = await browserType.launch({ executablePath: resolve(chromium), args: ["--headless", "--no-sandbox",
-  "--disable-gpu", "--force-renderer-accessibility", "--disable-background-networking"] });
 let faulty = 0;
 for (const name of names) {
-  const faults = await judge(browser, name);
+  const faults = await judge(name);
   for (const fault of faults) console.error(`${name}: ${fault}`);
   faulty += faults.length > 0 ? 1 : 0;
 }

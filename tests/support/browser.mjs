@@ -1,0 +1,43 @@
+// The browser that judges pages, and how to wait for it. A test whose tools are missing ends with status 77, skipped.
+
+import { existsSync } from "node:fs";
+import { createRequire } from "node:module";
+import { fileURLToPath } from "node:url";
+
+const web = fileURLToPath(new URL("../../web/", import.meta.url));
+const flags = ["--headless", "--no-sandbox", "--disable-gpu", "--disable-quic", "--no-first-run",
+  "--disable-background-networking", "--disable-component-update", "--disable-sync"];
+
+/** Loads a package of web/, which come by `npm ci` there. */
+export const load = createRequire(`${web}package.json`);
+
+export function launch(chromium, ...more) {
+  if (!existsSync(`${web}node_modules/playwright-core`) || !existsSync(chromium)) {
+    console.log("skipped: there is no browser, or no `npm ci` in web/");
+    process.exit(77);
+  }
+  return load("playwright-core").chromium.launch({ executablePath: chromium, args: [...flags, ...more] });
+}
+
+/** A page as most readers see it, in a context of its own, which may use the clipboard. */
+export async function open(browser, url, prepare = () => {}) {
+  const permissions = ["clipboard-read", "clipboard-write"];
+  const context = await browser.newContext({ viewport: sizes.desk, permissions });
+  const page = await context.newPage();
+  prepare(page);
+  await page.goto(url);
+  return page;
+}
+
+export const sizes = { desk: { width: 1280, height: 900 }, phone: { width: 360, height: 740 } };
+
+/** Lets what was done be drawn, and the page hear of it: that it was scrolled, say, which takes tips away. */
+export const settle = (page) =>
+  page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
+
+/** The page knows of its new size when this is over, and has laid itself out. */
+export async function resize(page, size) {
+  await page.setViewportSize(size);
+  await page.waitForFunction(({ width, height }) => innerWidth === width && innerHeight === height, size);
+  await settle(page);
+}
