@@ -5,8 +5,7 @@
 import { readdirSync } from "node:fs";
 import { basename, resolve } from "node:path";
 import { pathToFileURL } from "node:url";
-import { checkByAxe } from "../pages/states.mjs";
-import { launch, load, open } from "../support/browser.mjs";
+import { judgeAll, launch, load, open } from "../support/browser.mjs";
 import * as charts from "./charts.mjs";
 import * as checks from "./checks.mjs";
 import { sampleChecks } from "./samples.mjs";
@@ -38,28 +37,17 @@ function watch(page, url, faults) {
   });
 }
 
-async function judge(path, sampleCheck) {
+const isSamples = operands[0] === "--samples";
+const folder = isSamples ? operands[1] : "";
+const names = isSamples ? readdirSync(folder).filter((name) => name.endsWith(".html")) : operands;
+
+await judgeAll(browser, names, async (name) => {
+  const path = resolve(folder, name);
   const url = pathToFileURL(path).href;
   const faults = checkValidity(path);
   const page = await open(browser, url, (opened) => watch(opened, url, faults));
-  for (const check of [...Object.values(charts), ...Object.values(checks)]) faults.push(...await check(page));
-  faults.push(...await checkByAxe(page, axeSource));
-  if (sampleCheck) faults.push(...await sampleCheck(page, browser, url));
+  for (const check of Object.values({ ...charts, ...checks })) faults.push(...await check(page, axeSource));
+  if (isSamples) faults.push(...await sampleChecks[basename(name, ".html")]?.(page, browser, url) ?? []);
   await page.context().close();
   return faults;
-}
-
-const isSamples = operands[0] === "--samples";
-const folder = operands[1];
-const names = isSamples ? readdirSync(folder).filter((name) => name.endsWith(".html")) : operands;
-
-let faulty = 0;
-for (const name of names) {
-  const sampleCheck = isSamples && sampleChecks[basename(name, ".html")];
-  const faults = await judge(resolve(isSamples ? folder : "", name), sampleCheck);
-  for (const fault of faults) console.error(`${name}: ${fault}`);
-  faulty += faults.length > 0 ? 1 : 0;
-}
-await browser.close();
-console.log(`${names.length} pages, ${faulty} with faults`);
-process.exit(faulty > 0 || names.length === 0 ? 1 : 0);
+});

@@ -124,7 +124,7 @@ const checkOnPhone = (page, isNamed) => page.evaluate(async (named) => {
     const { left, right, width } = find().getBoundingClientRect();
     if (left < 0 || right > innerWidth) faults.push(`a picture reaches from ${left} to ${right} px on a phone`);
     const natural = Number(find().getAttribute("width"));
-    if (natural <= 340 && Math.abs(width - natural) > 0.1) faults.push(`${natural} px of a picture are ${width} px wide`);
+    if (natural <= 340 && Math.abs(width - natural) > 0.1) faults.push(`${natural} px are drawn ${width} px wide`);
   }
   return faults;
 }, isNamed);
@@ -155,7 +155,8 @@ export async function checkSaved(page) {
   const file = readFileSync(await download.path(), "utf8");
   const [saved, shown] = await page.evaluate(([svg, anchor]) => {
     const wordsIn = (root) => Array.from(root.querySelectorAll("text"), (text) => text.textContent).join("|");
-    return [new DOMParser().parseFromString(svg, "image/svg+xml"), document.querySelector(`#${anchor} .desk`)].map(wordsIn);
+    const parsed = new DOMParser().parseFromString(svg, "image/svg+xml");
+    return [parsed, document.querySelector(`#${anchor} .desk`)].map(wordsIn);
   }, [file, download.suggestedFilename().replace(/\.svg$/, "")]);
   const stands = /^<svg xmlns="[^"]+" [^>]*><title>[^<]*<\/title><desc>[^<]*<\/desc><rect /.test(file);
   return [...saved === shown ? [] : [`a file says ${saved}, not ${shown}`],

@@ -5,9 +5,9 @@ import { resize, sizes } from "../support/browser.mjs";
 
 /** Nothing but our own script and style, and no element that a text could have smuggled in. */
 export const checkElements = (page) => page.evaluate(() => {
-  const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details summary main " +
-    "section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br wbr bdi footer script " +
-    "button dl dt dd label input").split(" "));
+  const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details summary " +
+    "main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br wbr bdi footer " +
+    "script button dl dt dd label input").split(" "));
   const shapes = new Set("svg g path rect circle text title".split(" "));
   const strange = Array.from(document.querySelectorAll("*")).filter((element) =>
     !(element.closest("svg") ? shapes : allowed).has(element.localName)
@@ -76,5 +76,33 @@ export async function checkPhone(page) {
       ...width > innerWidth ? [`${width} px wide on a phone of ${innerWidth}`] : []];
   });
   await resize(page, sizes.desk);
+  return faults;
+}
+
+/** No finding of axe, with a menu open and all that can be opened. The dark differs by its colours alone. */
+export async function checkByAxe(page, axeSource) {
+  await page.evaluate(axeSource);
+  await page.evaluate(() => {  // what is out of sight has no places of its own yet
+    for (const figure of document.querySelectorAll("figure")) figure.style.contentVisibility = "visible";
+    for (const fold of document.querySelectorAll("details")) fold.open = true;
+  });
+  const faults = [];
+  for (const [size, place] of [["phone", -1], ["desk", 0]]) {
+    await resize(page, sizes[size]);
+    const more = page.locator(".more").filter({ visible: true });
+    if (await more.count() > 0) await more.nth(place).click();
+    for (const colorScheme of ["light", "dark"]) {
+      await page.emulateMedia({ colorScheme });
+      const violations = await page.evaluate(async (isDark) => {
+        const chosen = isDark ? { runOnly: ["color-contrast"] } : { rules: { "target-size": { enabled: true } } };
+        return (await globalThis.axe.run(document, { resultTypes: ["violations"], ...chosen })).violations;
+      }, colorScheme === "dark");
+      faults.push(...violations
+        .map(({ id, nodes }) => `${id}, ${size}, ${colorScheme}: ${nodes[0].html.slice(0, 200)}`));
+    }
+    await page.keyboard.press("Escape");
+  }
+  await page.emulateMedia({ colorScheme: null });
+  await page.reload();
   return faults;
 }

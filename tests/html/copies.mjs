@@ -89,14 +89,6 @@ export async function checkFormats(page) {
   return faults;
 }
 
-/** Where a style shows less, CSV has all digits, and other formats what is shown. */
-export async function checkFullValues(page) {
-  const [, csv] = (await copy(page, "FixedCoefficients-1", "Copy as CSV")).split("\n");
-  const markdown = (await copy(page, "FixedCoefficients-1", "Copy as Markdown")).split("\n")[4];
-  return [...differ("CSV", csv, "Intercept,-2.978,0.5123,-5.812,4.21e-05,-4.006,-1.95"),
-    ...differ("Markdown", markdown, "| Intercept | \u22122.98 | 0.51 | \u22125.81 | \\< .001 | \u22124.01 | \u22121.95 |")];
-}
-
 /** Whatever texts are, they are one field, and no markup. */
 export async function checkHostileCopies(page) {
   const quotes = `"" onmouseover=""alert(3)"" x='`;

@@ -2,73 +2,40 @@
 
 import { resize, sizes } from "../support/browser.mjs";
 
-/** No finding of axe, with a menu open. The dark differs by its colours alone. */
-export async function checkByAxe(page, axeSource) {
-  await page.evaluate(axeSource);
-  await page.evaluate(() => {  // what is out of sight has no places of its own yet
-    for (const figure of document.querySelectorAll("figure")) figure.style.contentVisibility = "visible";
-  });
-  const faults = [];
-  for (const [size, place] of [["desk", 0], ["phone", -1]]) {
-    await resize(page, sizes[size]);
-    const more = page.locator(".more").filter({ visible: true });
-    if (await more.count() > 0) await more.nth(place).click();
-    for (const colorScheme of ["light", "dark"]) {
-      await page.emulateMedia({ colorScheme });
-      const violations = await page.evaluate(async (isDark) => {
-        const chosen = isDark ? { runOnly: ["color-contrast"] } : { rules: { "target-size": { enabled: true } } };
-        return (await globalThis.axe.run(document, { resultTypes: ["violations"], ...chosen })).violations;
-      }, colorScheme === "dark");
-      faults.push(...violations
-        .map(({ id, nodes }) => `${id}, ${size}, ${colorScheme}: ${nodes[0].html.slice(0, 200)}`));
-    }
-    await page.keyboard.press("Escape");
-  }
-  await page.emulateMedia({ colorScheme: null });
-  await resize(page, sizes.desk);
-  return faults;
-}
-
 /** At 400 % nothing but tables, which have frames of their own, is wider than the window. */
 async function checkEnlarged(page) {
   await resize(page, { width: 320, height: 256 });
   return page.evaluate(() => {
-    const isBeyond = (element) => {
+    const beyond = Array.from(document.querySelectorAll("body *")).filter((element) => {
       const { right, width } = element.getBoundingClientRect();
-      return right > innerWidth + 1 && width > 1;
-    };
-    const beyond = Array.from(document.querySelectorAll("body *"))
-      .filter((element) => !element.closest(".scroll, svg, .skip") && isBeyond(element));
-    const page = document.documentElement.scrollWidth > innerWidth ? ["the page scrolls sideways"] : [];
-    return [...page, ...beyond.map((element) => `${element.localName}.${element.className} goes beyond`)].slice(0, 3);
+      return right > innerWidth + 1 && width > 1 && !element.closest(".scroll, svg, .skip");
+    });
+    return [...document.documentElement.scrollWidth > innerWidth ? ["the page scrolls sideways"] : [],
+      ...beyond.slice(0, 3).map((element) => `${element.localName}.${element.className} goes beyond`)];
   });
 }
 
-/** With lines, words and letters further apart no words are cut off. */
-async function checkSpacing(page) {
-  const faults = [];
-  for (const size of ["desk", "phone"]) {
-    await resize(page, sizes[size]);
-    faults.push(...await page.evaluate(() => {
-      const sheet = new CSSStyleSheet();
-      sheet.replaceSync("* { line-height: 1.5 !important; letter-spacing: .12em !important; "
-        + "word-spacing: .16em !important } p { margin-bottom: 2em !important }");
-      document.adoptedStyleSheets = [sheet];
-      const cuts = (element) => {
-        const { overflowX, overflowY } = getComputedStyle(element);
-        return (overflowX === "hidden" && element.scrollWidth > element.clientWidth + 1)
-          || (overflowY === "hidden" && element.scrollHeight > element.clientHeight + 1);
-      };
-      // What is not for eyes is cut off; so are long titles in the contents and above long tables, which stand whole
-      // elsewhere.
-      const cut = Array.from(document.querySelectorAll("body *"))
-        .filter((element) => element.offsetWidth > 1 && !element.closest(".unseen, .skip, .long caption")
-          && cuts(element) && element.textContent.length < 100);
-      document.adoptedStyleSheets = [];
-      return cut.slice(0, 3).map((element) => `${element.localName} cuts off "${element.textContent}"`);
-    }));
-  }
-  return faults;
+/**
+ * With lines, words and letters further apart no words are cut off. What is not for eyes is; so are long titles in the
+ * contents and above long tables, which stand whole elsewhere.
+ */
+async function checkSpacing(page, size) {
+  await resize(page, size);
+  return page.evaluate(() => {
+    const sheet = new CSSStyleSheet();
+    sheet.replaceSync("* { line-height: 1.5 !important; letter-spacing: .12em !important; "
+      + "word-spacing: .16em !important } p { margin-bottom: 2em !important }");
+    document.adoptedStyleSheets = [sheet];
+    const cut = Array.from(document.querySelectorAll("body *")).filter((element) => {
+      const { overflowX, overflowY } = getComputedStyle(element);
+      return ((overflowX === "hidden" && element.scrollWidth > element.clientWidth + 1)
+        || (overflowY === "hidden" && element.scrollHeight > element.clientHeight + 1))
+        && element.offsetWidth > 1 && !element.closest(".unseen, .skip, .long caption")
+        && element.textContent.length < 100;
+    });
+    document.adoptedStyleSheets = [];
+    return cut.slice(0, 3).map((element) => `${element.localName} cuts off "${element.textContent}"`);
+  });
 }
 
 /**
@@ -99,7 +66,8 @@ async function checkContrast(page) {
         [contrastOf(part, "fill"), contrastOf(part, "stroke")]));
       const seen = (selector) => Array.from(document.querySelectorAll(`.drawing svg ${selector}`))
         .filter((element) => element.getClientRects().length > 0);
-      const faint = seen("[role=img]").filter((mark) => !/\n.*\nFrequency: /.test(mark.ariaLabel) && best(mark) < 2.995);
+      const faint = seen("[role=img]")
+        .filter((mark) => !/\n.*\nFrequency: /.test(mark.ariaLabel) && best(mark) < 2.995);
       const pale = seen("text").filter((text) => contrastOf(text, "fill") < 4.5);
       return [...faint.slice(0, 3), ...pale.slice(0, 3)]
         .map((element) => `${element.closest("figure").id}: ${element.ariaLabel ?? element.textContent} is pale`);
@@ -133,7 +101,7 @@ async function checkFocus(page) {
   return faults;
 }
 
-export async function checkStates(page, axeSource) {
-  return [...await checkByAxe(page, axeSource), ...await checkEnlarged(page), ...await checkSpacing(page),
-    ...await checkContrast(page), ...await checkFocus(page)];
+export async function checkStates(page) {
+  return [...await checkEnlarged(page), ...await checkSpacing(page, sizes.phone),
+    ...await checkSpacing(page, sizes.desk), ...await checkContrast(page), ...await checkFocus(page)];
 }

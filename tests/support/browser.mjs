@@ -41,3 +41,16 @@ export async function resize(page, size) {
   await page.waitForFunction(({ width, height }) => innerWidth === width && innerHeight === height, size);
   await settle(page);
 }
+
+/** Ends with the faults that a judge finds by name. */
+export async function judgeAll(browser, names, judge) {
+  let faulty = 0;
+  for (const name of names) {
+    const faults = await judge(name);
+    for (const fault of faults) console.error(`${name}: ${fault}`);
+    faulty += faults.length > 0 ? 1 : 0;
+  }
+  await browser.close();
+  console.log(`${names.length} pages, ${faulty} with faults`);
+  process.exit(faulty > 0 || names.length === 0 ? 1 : 0);
+}
