@@ -1,7 +1,7 @@
 // What holds of every chart on a page. Each check gives a list of faults.
 
 import { readFileSync } from "node:fs";
-import { resize, settle, sizes } from "../support/browser.mjs";
+import { findStill, resize, sizes } from "../support/browser.mjs";
 
 const hasScript = (page) => page.evaluate(() => document.querySelector("script") !== null);
 
@@ -56,10 +56,8 @@ async function walk(page, drawing) {
   return left.tip || left.isLit ? [...faults, "the tip stays"] : faults;
 }
 
-/** Moves the pointer to an element when nothing scrolls any more. */
 async function pointAt(page, element) {
-  await element.scrollIntoViewIfNeeded();
-  await settle(page);
+  await findStill(page, element);
   await element.hover({ force: true });
 }
 

@@ -1,6 +1,6 @@
 // What holds of single pages among the hand-made ones. Each check gives a list of faults.
 
-import { open, sizes } from "../support/browser.mjs";
+import { findStill, open, sizes } from "../support/browser.mjs";
 import * as copies from "./copies.mjs";
 import { differ, tellAfter } from "./copies.mjs";
 
@@ -183,8 +183,7 @@ async function checkTouch(browser, url) {
   const shown = [];
   for (const place of [1, 0]) {
     const mark = page.locator(".drawing svg").filter({ visible: true }).nth(place).locator("[role=img]").first();
-    await mark.scrollIntoViewIfNeeded();
-    const { x, y, width, height } = await mark.boundingBox();
+    const { x, y, width, height } = await findStill(page, mark);
     await page.touchscreen.tap(x + width / 2, y + height / 2);
     shown.push(await tip.textContent() === await mark.getAttribute("aria-label"), await tip.isVisible());
   }

@@ -35,6 +35,17 @@ export const sizes = { desk: { width: 1280, height: 900 }, phone: { width: 360, 
 export const settle = (page) =>
   page.evaluate(() => new Promise((done) => { requestAnimationFrame(() => requestAnimationFrame(done)); }));
 
+/** Where an element stands when nothing moves any more: what comes into view is laid out then, and may push it. */
+export async function findStill(page, element) {
+  await element.scrollIntoViewIfNeeded();
+  let box = await element.boundingBox();
+  for (let before = {}; JSON.stringify(box) !== JSON.stringify(before);) {
+    await settle(page);
+    [before, box] = [box, await element.boundingBox()];
+  }
+  return box;
+}
+
 /** The page knows of its new size when this is over, and has laid itself out. */
 export async function resize(page, size) {
   await page.setViewportSize(size);
