@@ -9,6 +9,7 @@ export async function tellAfter(page, act) {
   await page.locator("[role=status]").evaluate((status) => {
     globalThis.told = new Promise((done) => {
       new MutationObserver(() => status.textContent && done(status.textContent)).observe(status, { childList: true });
+      setTimeout(done, 20_000);
     });
   });
   await act();
