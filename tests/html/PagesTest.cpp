@@ -42,7 +42,7 @@ document::Picture MakeMeans(const std::string& label, int count) {
     means.fvLevels.assign(static_cast<std::size_t>(count), label);
     for (int mark = 0; mark < 2 * count; ++mark) {
         const double value = 7 * mark % 11;
-        const std::string tip = label + "\nMean: " + std::to_string(value);
+        const std::string tip = label + "\nMean: " + std::to_string(value) + "\nMark: " + std::to_string(mark);
         means.fvMarks.push_back({{}, mark / 2, mark % 2, value, {}, value - 1, value + 1, false, tip});
     }
     picture.fContent = std::move(means);

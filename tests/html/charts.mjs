@@ -108,14 +108,15 @@ export async function checkTips(page) {
 }
 
 /** On a phone no picture is wider than the page, none that was laid out for it is shrunk, and its marks have names. */
-const checkOnPhone = (page, isNamed) => page.evaluate(async (named) => {
+const checkOnPhone = (page, script) => page.evaluate(async (named) => {
   const faults = [];
   for (const drawing of document.querySelectorAll(".drawing")) {
     drawing.scrollIntoView();
     const find = () => Array.from(drawing.children).find((one) => one.getClientRects().length);
     const namesIn = (one) =>
       Array.from(one?.querySelectorAll("[role=img]") ?? [], (mark) => mark.getAttribute("aria-label")).join("|");
-    const isReady = () => find() && (!named || namesIn(find()) === namesIn(drawing.firstElementChild));
+    const isNamed = () => !find().hasAttribute("role") && namesIn(find()) === namesIn(drawing.firstElementChild);
+    const isReady = () => find() && (!named || isNamed());
     // What comes into view is laid out in the next frame, and its marks are named behind that.
     for (let frame = 0; frame < 100 && !isReady(); ++frame) await new Promise(requestAnimationFrame);
     if (!isReady()) faults.push("marks have other names on a phone");
@@ -125,7 +126,7 @@ const checkOnPhone = (page, isNamed) => page.evaluate(async (named) => {
     if (natural <= 340 && Math.abs(width - natural) > 0.1) faults.push(`${natural} px are drawn ${width} px wide`);
   }
   return faults;
-}, isNamed);
+}, script);
 
 /** Pictures fit everywhere: on paper each is the one for a desk, and in the dark its words are as those around them. */
 export async function checkPlaces(page) {

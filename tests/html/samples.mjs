@@ -198,7 +198,7 @@ async function checkTouch(browser, url) {
 const checkCrowd = (page) => page.locator("svg.desk").evaluateAll((pictures) => {
   const crowd = pictures.find((one) => one.querySelectorAll("[role=img]").length === 3000);
   const names = Array.from(crowd?.querySelectorAll("[role=img]") ?? [], (mark) => mark.getAttribute("aria-label"));
-  const isNamed = crowd && names.every((name) => /^x{100}\nMean: -?\d+\.\d+$/.test(name));
+  const isNamed = crowd && names.every((name) => /^x{100}\nMean: \d+\.\d+\nMark: \d+$/.test(name));
   return isNamed && !crowd.querySelector("title, desc") ? [] : [`marks of a crowd are named as ${names[0]}`];
 });
 
