@@ -96,7 +96,7 @@ async function checkFolds(page) {
   await page.locator("#Fixed-Effects-1 summary").focus();
   await page.keyboard.press("Enter");
   const folded = await isSeen();
-  await page.locator("nav a[href='#FixedCoefficients-1']").focus();
+  await page.locator("nav a[href='#Fixed-Effects-1']").focus();
   await page.keyboard.press("Enter");
   await page.waitForFunction(() => document.querySelector("#Fixed-Effects-1 details").open);
   const unfolded = await isSeen();
