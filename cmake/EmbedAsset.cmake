@@ -1,9 +1,12 @@
-# hierfit_embed(TARGET NAME FILE) compiles a file of text into a target of the same folder, together with the hash by which
-# a content security policy names it. C++ finds them as hierfit_asset_NAME_begin, _end and _hash (which ends in a zero
-# byte). Blanks at the beginning of lines and lines that begin with "//" are left out, since every page carries them: no
-# string of FILE may span lines.
+# hierfit_embed(TARGET NAME FILE...) compiles files of text, one behind the other, into a target of the same folder,
+# together with the hash by which a content security policy names them. C++ finds them as hierfit_asset_NAME_begin, _end
+# and _hash (which ends in a zero byte). Blanks at the beginning of lines and lines that begin with "//" are left out,
+# since every page carries them: no string of a FILE may span lines.
 #
-# The hash is taken when the file is built, so FILE may be built itself. For that this file runs as a script, too.
+# Files whose names end in ".js" are modules, of which one script is made: each stands behind those that it imports, no
+# two have the same name for something, and what an import names has the same name in both files.
+#
+# The hash is taken when the files are built, so they may be built themselves. For that this file runs as a script, too.
 
 function(hierfit_hash_base64 file result)
   set(digits ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/)
@@ -33,17 +36,27 @@ function(hierfit_check_inline file)
   endforeach()
 endfunction()
 
-function(hierfit_shorten file output)
-  file(READ "${file}" text)
-  string(REGEX REPLACE "\n[ \t]*(//[^\n]*)?" "\n" text "\n${text}")
+# Names are known in the whole script, so nothing is imported, and to other scripts of the page none of them.
+function(hierfit_join files output)
+  set(text "")
+  foreach(file IN LISTS files)
+    file(READ "${file}" part)
+    string(APPEND text "\n${part}")
+  endforeach()
+  if(files MATCHES "\\.js$")
+    string(REGEX REPLACE "\nimport [^;]*;" "\n" text "${text}")
+    string(REGEX REPLACE "\nexport " "\n" text "${text}")
+    set(text "\n\"use strict\";\n(() => {${text}})();\n")
+  endif()
+  string(REGEX REPLACE "\n[ \t]*(//[^\n]*)?" "\n" text "${text}")
   string(REGEX REPLACE "\n\n+" "\n" text "${text}")
   string(REGEX REPLACE "^\n" "" text "${text}")
   file(WRITE "${output}" "${text}")
 endfunction()
 
-function(hierfit_write_asset name whole output)
+function(hierfit_write_asset name files output)
   set(file "${output}.text")
-  hierfit_shorten("${whole}" "${file}")
+  hierfit_join("${files}" "${file}")
   hierfit_check_inline("${file}")
   hierfit_hash_base64("${file}" hash)
   set(symbol "hierfit_asset_${name}")
@@ -58,17 +71,17 @@ function(hierfit_write_asset name whole output)
 endfunction()
 
 if(CMAKE_SCRIPT_MODE_FILE)
-  hierfit_write_asset("${NAME}" "${FILE}" "${OUTPUT}")
+  hierfit_write_asset("${NAME}" "${FILES}" "${OUTPUT}")
   return()
 endif()
 
 set(HIERFIT_EMBED_SCRIPT "${CMAKE_CURRENT_LIST_FILE}")
 
-function(hierfit_embed target name file)
+function(hierfit_embed target name)
   set(output "${CMAKE_CURRENT_BINARY_DIR}/${name}.S")
   add_custom_command(OUTPUT "${output}"
-    COMMAND "${CMAKE_COMMAND}" -D "NAME=${name}" -D "FILE=${file}" -D "OUTPUT=${output}" -P "${HIERFIT_EMBED_SCRIPT}"
-    DEPENDS "${file}" "${HIERFIT_EMBED_SCRIPT}"
+    COMMAND "${CMAKE_COMMAND}" -D "NAME=${name}" -D "FILES=${ARGN}" -D "OUTPUT=${output}" -P "${HIERFIT_EMBED_SCRIPT}"
+    DEPENDS ${ARGN} "${HIERFIT_EMBED_SCRIPT}"
     VERBATIM)
   target_sources(${target} PRIVATE "${output}")
 endfunction()

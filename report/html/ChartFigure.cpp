@@ -21,12 +21,15 @@ using charts::Scene;
 // layout for a phone in a room that is narrower. A wider picture never has that much room.
 constexpr double kSteps[] = {400, 480, 560, 640, 720, 960};
 
-// A higher picture is printed smaller, so that less of the page before it stays empty.
+// A higher picture is printed smaller, and one that would take more than half of a page smaller still, so that less of
+// the page before it stays empty.
 constexpr double kHigh = 470;
+constexpr double kHighest = 850;
 
 void AppendTag(std::string& out, const document::Picture& picture, const ChartPlace& place, const Scene& desk) {
     out.append("<figure class=\"chart").append(picture.fTitle.empty() ? "" : " titled");
-    out.append(desk.fWidth > charts::kDeskWidth ? " wide" : "").append(desk.fHeight > kHigh ? " high" : "");
+    out.append(desk.fWidth > charts::kDeskWidth ? " wide" : "");
+    out.append(desk.fHeight > kHighest ? " highest" : desk.fHeight > kHigh ? " high" : "");
     out.append("\" id=\"").append(place.fAnchor);
     out.append("\" role=\"group\" aria-labelledby=\"").append(place.fAnchor).append("-title\"");
     if (!picture.fSentence.empty()) {

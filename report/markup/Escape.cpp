@@ -3,6 +3,7 @@
 #include <array>
 
 #include "host/unicode/Properties.h"
+#include "host/unicode/SignedFigures.h"
 #include "host/unicode/Utf8.h"
 #include "report/markup/PageDirection.h"
 
@@ -11,6 +12,9 @@ namespace hierfit::report {
 namespace {
 
 constexpr char32_t kDelete = 0x7F;
+
+constexpr std::string_view kLeftToRight = "<bdi dir=\"ltr\">";
+constexpr std::string_view kEnd = "</bdi>";
 
 enum class Byte : unsigned char { Plain, Markup, LineFeed, CarriageReturn, Control, Multiple };
 
@@ -119,12 +123,20 @@ char32_t ShownFor(char32_t code) {
 
 void AppendText(std::string& out, std::string_view text) {
     const std::size_t begin = out.size();
-    Escape escape(out, text, "<br>");
+    std::size_t at = 0;
+    for (const unicode::Span& figure : unicode::FindTurnedFigures(text)) {
+        Escape(out, text.substr(at, figure.fBegin - at), "<br>").Append();
+        out += kLeftToRight;
+        Escape(out, text.substr(figure.fBegin, figure.fEnd - figure.fBegin), "<br>").Append();
+        out += kEnd;
+        at = figure.fEnd;
+    }
+    Escape escape(out, text.substr(at), "<br>");
     escape.Append();
     const bool isForeign = PageDirection::IsRightToLeft() && !text.empty() && !BeginsRightToLeft(text);
-    if (!isForeign && !escape.HasRightToLeft()) return;
-    out.insert(begin, isForeign ? "<bdi dir=\"ltr\">" : "<bdi>");
-    out += "</bdi>";
+    if (!isForeign && at == 0 && !escape.HasRightToLeft()) return;
+    out.insert(begin, isForeign ? kLeftToRight : "<bdi>");
+    out += kEnd;
 }
 
 void AppendCharacters(std::string& out, std::string_view text, std::string_view lineBreak) {

@@ -9,7 +9,8 @@
 namespace hierfit::report {
 
 /// Appends a text as content of an HTML element. Line breaks are elements of their own, and a text that is written from
-/// right to left stands apart from its surroundings; on a page from right to left, the others do.
+/// right to left stands apart from its surroundings, and so do its figures with signs; on a page from right to left, the
+/// others do.
 void AppendText(std::string& out, std::string_view text);
 
 /// Appends a text as characters only: in an attribute between double quotes, or in an element such as `title`.

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "host/unicode/Properties.h"
+#include "host/unicode/SignedFigures.h"
 #include "host/unicode/Utf8.h"
 
 namespace hierfit::report {
@@ -161,7 +162,8 @@ class Wrapping {
 std::string MakeVisible(std::string_view text) {
     if (IsPlain(text)) return std::string(text);
     std::string visible;
-    for (Characters characters(text); characters.Next();) AddVisible(visible, characters);
+    const std::string kept = unicode::KeepSigns(text);
+    for (Characters characters(kept); characters.Next();) AddVisible(visible, characters);
     return visible;
 }
 

@@ -7,7 +7,8 @@
 namespace hierfit::report {
 
 /// A text fit for a terminal: control and bidirectional characters become visible, such as "␛" and "\u{202E}", and
-/// bytes that are no UTF-8 become U+FFFD. Line feeds stay.
+/// bytes that are no UTF-8 become U+FFFD. Line feeds stay. Figures keep their signs before them in lines that are
+/// written from right to left.
 std::string MakeVisible(std::string_view text);
 
 /// Columns that a visible text of one line takes on a terminal.

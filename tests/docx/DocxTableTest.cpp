@@ -33,6 +33,7 @@ TEST(DocxTable, SpansAsItsHeadersDo) {
           "c>2 | 7 | 8 | "}},
         {"columns 1 -name C : x y\ncells 1 2", {"# x | y", "1 | 2"}},
         {"rows 1 R : a\ncells text", {"# R | ", "a | text"}},
+        {"rows 1 R : a_=::b a_=c\ncells 1 2", {"# R>2 | ", "a\u00A0= | b | 1", "a =c>2 | 2"}},
     };
     for (const auto& [sketch, rows] : cases) {
         const std::vector<DrawnTable> tables = DrawTables(TextOf(sketch));

@@ -1,6 +1,5 @@
 #include "report/html/table/HtmlTable.h"
 
-#include "host/SystemMissing.h"
 #include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
@@ -30,56 +29,6 @@ TEST(HtmlTable, GoesOnWhereSpansEnd) {
         std::string html;
         AppendTable(html, table, "T", "A-1", 1, FullValues::No);
         for (const std::string& part : parts) EXPECT_NE(html.find(part), std::string::npos) << part;
-    }
-}
-
-TEST(HtmlTable, CarriesNumbersOfWhichItShowsLess) {
-    using document::FormatName;
-    using document::Text;
-    const std::pair<Text, const char*> cases[] = {
-        {{"\u22121.2", document::NumberSource{-1.25, {FormatName::Coefficient}}},
-         "<td data-value=\"-1.25\">\u22121.2<"},
-        {{"<.001", document::NumberSource{1e-300, {FormatName::Significance}}}, "<td data-value=\"1e-300\">&lt;.001<"},
-        {{".", document::NumberSource{kSystemMissing, {FormatName::Count}}}, "<td data-value=\"\">.<"},
-        {{"2.5", document::NumberSource{2.5, {FormatName::Coefficient}}}, "<td>2.5<"},
-        {{"2.0", document::ValueSource{2.04, "dose", 2}}, "<td data-value=\"2.04\">2.0<"},
-        {{"low", document::ValueSource{1.0, "dose", 2}}, "<td class=\"t\">low<"},
-    };
-    for (const auto& [text, cell] : cases) {
-        document::Table table = SketchTable("cells 0");
-        table.fvCells.front().fContent = text;
-        std::string html;
-        AppendTable(html, table, "T", "A-1", 1, FullValues::Yes);
-        EXPECT_NE(html.find(cell), std::string::npos) << html;
-        html.clear();
-        AppendTable(html, table, "T", "A-1", 1, FullValues::No);
-        EXPECT_EQ(html.find("data-value"), std::string::npos);
-    }
-}
-
-TEST(HtmlTable, CarriesFieldsOfCsvThatCellsDoNotTell) {
-    const struct {
-        const char* fSketch;
-        std::vector<std::string> fvFields;
-    } cases[] = {
-        {"rows 1 R : a b\ncolumns 1 -name C : x\ncells 1 2", {}},
-        {"rows 1 -name Term : a b\ncolumns 1 -name C : x\ncells 1 2", {"Term,x"}},
-        {"rows 1 R : a b\ncolumns 1 Seen : x\ncells 1 2", {"R,x"}},
-        {"rows 1 R : a b\ncells 1 2", {"R,Value"}},
-        {"rows 1 R : a\ncolumns 1 -name C : x x R\ncells 1 2 3", {"R,x,x (2),R (2)"}},
-        {"rows 2 R : a\nrows 1 -labels Record : 1 \"2\"\ncolumns 1 -name C : x\ncells 1 2",
-         {"R,Record,x", "a,1", "a,&quot;&quot;&quot;2&quot;&quot;&quot;"}},
-    };
-    for (const auto& [sketch, fields] : cases) {
-        std::string html;
-        AppendTable(html, SketchTable(sketch), "T", "A-1", 1, FullValues::No);
-        std::vector<std::string> found;
-        constexpr std::string_view kName = "data-fields=\"";
-        for (auto at = html.find(kName); at != std::string::npos; at = html.find(kName, at + 1)) {
-            const auto begin = at + kName.size();
-            found.push_back(html.substr(begin, html.find('"', begin) - begin));
-        }
-        EXPECT_EQ(found, fields) << sketch;
     }
 }
 

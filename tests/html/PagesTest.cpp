@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <fstream>
 
-#include "report/formats/Render.h"
 #include "report/html/HtmlReport.h"
 #include "report/index/IndexPage.h"
 #include "report/markdown/MarkdownReport.h"
@@ -43,29 +42,10 @@ document::Picture MakeMeans(const std::string& label, int count) {
     means.fvLevels.assign(static_cast<std::size_t>(count), label);
     for (int mark = 0; mark < 2 * count; ++mark) {
         const double value = 7 * mark % 11;
-        means.fvMarks.push_back({{},
-                                 mark / 2,
-                                 mark % 2,
-                                 value,
-                                 {},
-                                 value - 1,
-                                 value + 1,
-                                 false,
-                                 label + "\nMean: " + std::to_string(value)});
+        const std::string tip = label + "\nMean: " + std::to_string(value) + "\nMark: " + std::to_string(mark);
+        means.fvMarks.push_back({{}, mark / 2, mark % 2, value, {}, value - 1, value + 1, false, tip});
     }
     picture.fContent = std::move(means);
-    return picture;
-}
-
-document::Picture MakePoints(int count) {
-    document::Picture picture{"", "", "", "", {}, {}, "Many points", {}};
-    document::ScatterPicture points;
-    points.fX = {"Observed", 0, count, false};
-    points.fY = {"Predicted", 0, 100, false};
-    for (int i = 0; i < count; ++i) {
-        points.fvPoints.push_back({i + 0.5, i * 37 % 100 + 0.5, 1, "Observed = " + std::to_string(i)});
-    }
-    picture.fContent = std::move(points);
     return picture;
 }
 
@@ -74,7 +54,6 @@ Item MakeChart(const std::string& label) { return {MakeChart(label, MakeMeans(la
 document::Document MakeCharts() {
     std::list<Item> items{{MakeChart("Means", MakeMeans("Means of dose", 8))},
                           {MakeChart("Few means", MakeMeans("Few", 1))},
-                          {MakeChart("Points", MakePoints(10'000))},
                           {MakeChart("Crowd", MakeMeans(std::string(100, 'x'), 1'500))},
                           {MakeChart("Hebrew", MakeMeans("\u05E9\u05DC\u05D5\u05DD (1)", 4))}};
     return MakeDocument("Charts", std::move(items));
@@ -102,8 +81,10 @@ document::Document MakeMirrored() {
                                             "\ncolumns 1 -name S :" + CountUp("@_", 24) + "\ncells" + MakeFigures(288),
                                         mean);
     table.fvCells.front().fContent.fWords = "\u22121.23";
+    document::Picture means = MakeMeans(mean, 3);
+    std::get<document::LevelsPicture>(means.fContent).fvMarks.front().fTip = mean + " = -2.978";
     document::Document document = MakeDocument(
-        mean, {{Heading{MakeText(mean), {{table}, MakeChart(mean)}}}, MakeMessage(2, "The means are not shown.")});
+        mean, {{Heading{MakeText(mean), {{table}, {MakeChart(mean, means)}}}}, MakeMessage(2, "Means are not shown.")});
     document.fLanguage = "he";
     return document;
 }
@@ -243,11 +224,6 @@ TEST(Pages, AreWritten) {
         WriteFile(name + ".html", MakeHtmlReport(document, {name == "static" ? Scripts::No : Scripts::Yes, "", ""}));
         WriteFile(name + ".md", MakeMarkdownReport(document, {}));
     }
-    document::Document styled = MakeReport();
-    RenderSettings settings;
-    settings.fStyle.fStyle = style::StyleName::Apa;
-    ASSERT_FALSE(Prepare(styled, Format::Html, settings));
-    WriteFile("styled.html", std::get<std::string>(Render(styled, Format::Html, settings)));
     WriteFile("index.html", MakeIndexPage(MakeIndex(), {}));
     WriteFile("index-empty.html",
               MakeIndexPage({"hierfit 0.1.0", {}, {}}, {Scripts::No, HostileLabels()[1], "A. Author"}));

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "report/html/HtmlReport.h"
+#include "tests/support/ExampleFile.h"
 #include "tests/support/TableSketch.h"
 
 namespace hierfit::report::html {
@@ -14,12 +14,10 @@ using document::Item;
 using document::Table;
 using test::MakeText;
 
-Table MakeMeans(int rows, const std::string& last = "1.5") {
-    std::string sketch = "title Estimates\nrows 1 Dose :";
-    for (int row = 0; row < rows; ++row) sketch += " d" + std::to_string(row);
-    sketch += "\ncolumns 1 -name S : Mean Sig.\ncells";
-    for (int cell = 1; cell < 2 * rows; ++cell) sketch += " 1.25";
-    return test::SketchTable(sketch + " " + last + "\n");
+Table MakeMeans(std::size_t rows, const std::string& last = "1.5") {
+    return test::SketchTable("title Estimates\nrows 1 Dose :" + test::Repeated(" dose", rows) +
+                             "\ncolumns 1 -name S : Mean Sig.\ncells" + test::Repeated(" 1.25", 2 * rows - 1) + " " +
+                             last);
 }
 
 Item Under(const std::string& heading, std::list<Item> items) { return {Heading{MakeText(heading), std::move(items)}}; }
@@ -54,17 +52,6 @@ TEST(Repeats, AreTablesThatAreTheSameInAllTheyHold) {
         {{{MakeMeans(7)}, {MakeMeans(7)}}, ""},  // small ones
     };
     for (const auto& [items, repeats] : cases) EXPECT_EQ(DescribeRepeats(items), repeats);
-}
-
-TEST(Repeats, AreFoldedAndSayWhereTheTableStood) {
-    const std::list<Item> items = {Under("Means <1>", {{MakeMeans(8)}}), Under("Means 2", {{MakeMeans(8)}})};
-    const std::string page = MakeHtmlReport({"hierfit 0.1.0", "en", "Report", {}, items, {}}, {});
-    const std::size_t told = page.find("Estimates: the same table as in <a href=\"#Estimates-1\">Means &lt;1&gt;</a>.");
-    const std::size_t fold = page.find("<details class=\"repeat\"><summary>");
-    EXPECT_LT(page.find("<figure class=\"table\" id=\"Estimates-1\">"), told);
-    EXPECT_LT(told, fold);
-    EXPECT_LT(fold, page.find("<figure class=\"table\" id=\"Estimates-2\">"));
-    EXPECT_EQ(page.find("class=\"repeat\"", fold + 30), std::string::npos);
 }
 
 }  // namespace

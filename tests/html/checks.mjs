@@ -1,28 +1,21 @@
 // What holds of every page. Each check gives a list of faults, empty for a good page.
 
 import { existsSync } from "node:fs";
+import { resize, sizes } from "../support/browser.mjs";
 
 /** Nothing but our own script and style, and no element that a text could have smuggled in. */
-export async function checkElements(page) {
-  return page.evaluate(() => {
-    const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details " +
-      "summary main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br wbr bdi " +
-      "footer script button dl dt dd label input").split(" "));
-    const shapes = new Set("svg g path rect circle text title".split(" "));
-    const faults = [];
-    for (const element of document.querySelectorAll("*")) {
-      const names = element.closest("svg") ? shapes : allowed;
-      if (!names.has(element.localName)) faults.push(`<${element.localName}> has no place on a page`);
-      for (const { name } of element.attributes) {
-        if (name.startsWith("on")) faults.push(`<${element.localName} ${name}> runs code`);
-      }
-    }
-    const { length } = document.scripts;
-    const expected = document.body.dataset.copy ? 1 : 0;
-    if (length !== expected) faults.push(`${length} scripts, not ${expected}`);
-    return faults;
-  });
-}
+export const checkElements = (page) => page.evaluate(() => {
+  const allowed = new Set(("html head meta title link style body a header h1 h2 h3 h4 h5 h6 ul ol li nav details summary " +
+    "main section figure figcaption div span p strong table caption colgroup thead tbody tr th td sup br wbr bdi footer " +
+    "script button dl dt dd label input").split(" "));
+  const shapes = new Set("svg g path rect circle text title".split(" "));
+  const strange = Array.from(document.querySelectorAll("*")).filter((element) =>
+    !(element.closest("svg") ? shapes : allowed).has(element.localName)
+      || element.getAttributeNames().some((name) => name.startsWith("on")));
+  const scripts = document.scripts.length - (document.body.dataset.copy ? 1 : 0);
+  return [...strange.slice(0, 5).map(({ outerHTML }) => `${outerHTML.slice(0, 200)} has no place on a page`),
+    ...scripts === 0 ? [] : [`${scripts} scripts more than one`]];
+});
 
 /** Every link leads to something on the page; those of an index also to a file beside it. */
 export async function checkLinks(page) {
@@ -35,80 +28,44 @@ export async function checkLinks(page) {
     .map((href) => `${href} leads nowhere`);
 }
 
-/** A data cell's headers are the header cells that stand in its row and column. */
-export async function checkHeaders(page) {
-  return page.evaluate(() => {
-    const faults = [];
-    for (const table of document.querySelectorAll("table")) {
-      const covered = Array.from(table.rows, () => []);  // by row and column, the cell that stands there
-      Array.from(table.rows, (row, top) => {
-        let left = 0;
-        for (const cell of row.cells) {
-          while (covered[top][left]) ++left;
-          for (let y = top; y < top + cell.rowSpan; ++y) {
-            for (let x = left; x < left + cell.colSpan; ++x) {
-              if (!covered[y] || covered[y][x]) faults.push(`a cell too many at row ${y}, column ${x}`);
-              else covered[y][x] = cell;
-            }
-          }
-        }
-      });
-      if (covered.some((row) => row.length !== covered[0].length)) faults.push("rows differ in length");
-      const levels = Math.max(covered.findIndex((row) => row.at(-1).closest("tbody")), 0);
-      covered.slice(levels).forEach((row, index) => row.forEach((cell, x) => {
-        if (!cell.headers) return;
-        const around = new Set([...row.filter((other) => other.localName === "th"),
-          ...covered.slice(0, levels).map((head) => head[x]).filter((other) => other.localName === "th")]);
-        const named = cell.headers.split(" ").map((id) => document.getElementById(id));
-        if (new Set(named).size !== around.size || named.some((header) => !around.has(header))) {
-          faults.push(`headers="${cell.headers}" of row ${index}, column ${x} are not those around it`);
-        }
-      }));
-    }
-    return faults.slice(0, 5);
-  });
-}
-
 /** The numbers of a column stand below one another at the decimal sign, to half a pixel. */
-export async function checkAlignment(page) {
-  return page.evaluate(() => {
-    const signPlace = ({ firstChild: node }) => {
-      if (node?.nodeType !== Node.TEXT_NODE || !/^[-\u2212<]?\d*\.\d+$/.test(node.data)) return null;
-      const range = document.createRange();
-      range.setStart(node, node.data.lastIndexOf("."));
-      range.setEnd(node, range.startOffset + 1);
-      return range.getBoundingClientRect().left;
-    };
-    const faults = [];
-    for (const table of document.querySelectorAll("table")) {
-      const byColumn = new Map();
-      for (const cell of table.querySelectorAll("tbody td:not(.t)")) {
-        if (!cell.offsetParent) continue;  // folded
-        const place = signPlace(cell);
-        if (place === null) continue;
-        const key = cell.parentElement.cells.length - cell.cellIndex;  // row headers differ in number, data do not
-        const first = byColumn.get(key) ?? byColumn.set(key, place).get(key);
-        if (Math.abs(place - first) > 0.5) faults.push(`${cell.textContent} stands ${place - first} px off`);
-      }
-    }
-    return faults.slice(0, 5);
-  });
-}
+export const checkAlignment = (page) => page.evaluate(() => {
+  const placeOf = ({ firstChild: node }) => {
+    const range = document.createRange();
+    range.setStart(node, node.data.lastIndexOf("."));
+    range.setEnd(node, range.startOffset + 1);
+    return range.getBoundingClientRect().left;
+  };
+  return Array.from(document.querySelectorAll("table")).flatMap((table) => {
+    const byColumn = new Map();
+    // Folded cells have no place.
+    const figures = Array.from(table.querySelectorAll("tbody td:not(.t)")).filter((cell) =>
+      cell.offsetParent && /^[-\u2212<]?\d*\.\d+$/.test(cell.firstChild?.data));
+    return figures.filter((cell) => {
+      const key = cell.parentElement.cells.length - cell.cellIndex;  // row headers differ in number, data do not
+      const first = byColumn.get(key) ?? byColumn.set(key, placeOf(cell)).get(key);
+      return Math.abs(placeOf(cell) - first) > 0.5;
+    });
+  }).slice(0, 5).map((cell) => `${cell.textContent} stands beside its column`);
+});
 
-/** A note mark scrolls with its table and is cut off with it. */
-export async function checkMarks(page) {
-  return page.evaluate(() => Array.from(document.querySelectorAll(".scroll sup"))
-    .filter((mark) => mark.offsetParent?.closest(".scroll") === null)
-    .slice(0, 5).map((mark) => `the mark ${mark.textContent} leaves the frame of its table`));
-}
+/** A note mark scrolls with its table and is cut off with it, also that of a redundant row. */
+export const checkMarks = (page) => page.evaluate(() => {
+  const boxes = Array.from(document.querySelectorAll(".switch input:not(.paper)"));
+  for (const box of boxes) box.checked = true;
+  const leaving = Array.from(document.querySelectorAll(".scroll sup"))
+    .filter((mark) => mark.getClientRects().length > 0 && !mark.offsetParent?.closest(".scroll"));
+  for (const box of boxes) box.checked = false;
+  return leaving.slice(0, 5).map((mark) => `the mark ${mark.textContent} leaves the frame of its table`);
+});
 
 /**
  * The page itself never scrolls sideways; what is wide does so in a frame of its own, in which the first figures of a row
  * are in view from the beginning.
  */
 export async function checkPhone(page) {
-  await page.setViewportSize({ width: 360, height: 740 });
-  const [width, hidden] = await page.evaluate(() => {
+  await resize(page, sizes.phone);
+  const faults = await page.evaluate(() => {
     const isBeyond = (frame) => {
       const figure = frame.querySelector("tbody tr:last-child > th:last-of-type + td:not(.t)");
       if (!figure?.offsetParent) return false;
@@ -117,27 +74,38 @@ export async function checkPhone(page) {
       return hidden + Math.min(inner.width, 40) > 1;
     };
     const frames = Array.from(document.querySelectorAll(".table .scroll")).filter(isBeyond);
-    return [document.documentElement.scrollWidth, frames.map((frame) => frame.ariaLabel)];
+    const width = document.documentElement.scrollWidth;
+    return [...frames.slice(0, 3).map((frame) => `no figure of ${frame.ariaLabel} is in view on a phone`),
+      ...width > innerWidth ? [`${width} px wide on a phone of ${innerWidth}`] : []];
   });
-  await page.setViewportSize({ width: 1280, height: 900 });
-  const faults = hidden.slice(0, 3).map((table) => `no figure of ${table} is in view on a phone`);
-  return width > 360 ? [...faults, `${width} px wide on a phone of 360`] : faults;
+  await resize(page, sizes.desk);
+  return faults;
 }
 
-/** No finding of axe, in both colour schemes and with a menu open. Its code comes by the debugger's door, which the page's policy leaves open. */
-export async function checkAccessibility(page, axeSource) {
+/** No finding of axe, with a menu open and all that can be opened. The dark differs by its colours alone. */
+export async function checkByAxe(page, axeSource) {
+  await page.evaluate(axeSource);
+  await page.evaluate(() => {  // what is out of sight has no places of its own yet
+    for (const figure of document.querySelectorAll("figure")) figure.style.contentVisibility = "visible";
+    for (const fold of document.querySelectorAll("details")) fold.open = true;
+  });
   const faults = [];
-  const more = page.locator(".more").filter({ visible: true });
-  if (await more.count() > 0) await more.first().click();
-  for (const colorScheme of ["light", "dark"]) {
-    await page.emulateMedia({ colorScheme });
-    await page.evaluate(axeSource);
-    const { violations } = await page.evaluate(() => globalThis.axe.run(document, { resultTypes: ["violations"] }));
-    for (const { id, help, nodes } of violations) {
-      faults.push(`${id} (${colorScheme}): ${help}: ${nodes.length} times, first ${nodes[0].html.slice(0, 200)}`);
+  for (const [size, place] of [["phone", -1], ["desk", 0]]) {
+    await resize(page, sizes[size]);
+    const more = page.locator(".more").filter({ visible: true });
+    if (await more.count() > 0) await more.nth(place).click();
+    for (const colorScheme of ["light", "dark"]) {
+      await page.emulateMedia({ colorScheme });
+      const violations = await page.evaluate(async (isDark) => {
+        const chosen = isDark ? { runOnly: ["color-contrast"] } : { rules: { "target-size": { enabled: true } } };
+        return (await globalThis.axe.run(document, { resultTypes: ["violations"], ...chosen })).violations;
+      }, colorScheme === "dark");
+      faults.push(...violations
+        .map(({ id, nodes }) => `${id}, ${size}, ${colorScheme}: ${nodes[0].html.slice(0, 200)}`));
     }
+    await page.keyboard.press("Escape");
   }
   await page.emulateMedia({ colorScheme: null });
-  await page.keyboard.press("Escape");
+  await page.reload();
   return faults;
 }

@@ -1,12 +1,11 @@
 // Judges the pages of the examples by a browser, against their documents:
 //   node examples.mjs PROGRAM CHROMIUM EXAMPLES WORK [NAME...]
-// Exit status 77 where the tools are missing.
 
 import { existsSync, mkdirSync, readFileSync, readdirSync } from "node:fs";
-import { createRequire } from "node:module";
-import { join, resolve } from "node:path";
-import { fileURLToPath, pathToFileURL } from "node:url";
+import { join } from "node:path";
+import { pathToFileURL } from "node:url";
 import { gzipSync } from "node:zlib";
+import { judgeAll, launch, open } from "../support/browser.mjs";
 import { checkCopies } from "./copies.mjs";
 import { readItems, run, tablesOf } from "./document.mjs";
 import { checkHeaders } from "./headers.mjs";
@@ -14,31 +13,18 @@ import { checkMarks } from "./marks.mjs";
 import { checkStates } from "./states.mjs";
 
 const [program, chromium, examples, work, ...chosen] = process.argv.slice(2);
-const web = fileURLToPath(new URL("../../web/", import.meta.url));
-if (!existsSync(join(web, "node_modules", "playwright-core")) || !existsSync(chromium)) {
-  console.log("skipped: there is no browser, or no `npm ci` in web/");
-  process.exit(77);
-}
-const require = createRequire(join(web, "package.json"));
-const { chromium: browserType } = require("playwright-core");
-const axeSource = require("axe-core").source;
+const browser = await launch(chromium, "--force-renderer-accessibility");
 
-// The page of an example that others are measured by: bytes, and compressed.
-const limits = { oats: [400_000, 80_000] };
-
+/** The page that others are measured by is short, as it is and compressed. */
 function checkSize(name, path) {
   const content = readFileSync(path);
-  const actual = [content.length, gzipSync(content).length];
-  const isTooLarge = (limits[name] ?? []).some((limit, at) => actual[at] > limit);
-  return isTooLarge ? [`${actual} bytes, at most ${limits[name]}`] : [];
+  const [bytes, compressed] = [content.length, gzipSync(content).length];
+  return name === "oats" && (bytes > 400_000 || compressed > 80_000) ? [`${bytes} bytes, ${compressed} compressed`] : [];
 }
 
 /** As for a reader who has opened what can be opened. */
-async function open(browser, path) {
-  const context = await browser.newContext({ viewport: { width: 1280, height: 900 },
-    permissions: ["clipboard-read", "clipboard-write"] });
-  const page = await context.newPage();
-  await page.goto(pathToFileURL(path).href);
+async function openPage(path) {
+  const page = await open(browser, pathToFileURL(path).href);
   await page.evaluate(() => {
     for (const fold of document.querySelectorAll("details")) fold.open = true;
     for (const box of document.querySelectorAll(".switch input:not(.paper)")) box.checked = true;
@@ -46,33 +32,26 @@ async function open(browser, path) {
   return page;
 }
 
-async function judge(browser, name) {
-  const path = join(work, `${name}.html`);
-  run(program, "report", "-o", path, join(examples, name));
-  run(program, "report", "-f", "csv", "-o", join(work, name), join(examples, name));
-  const items = readItems(program, join(examples, name));
-  const page = await open(browser, path);
+async function judge(name) {
+  const [example, path, styled] = [join(examples, name), join(work, `${name}.html`), join(work, `${name}-apa.html`)];
+  run(program, "report", "-o", path, example);
+  run(program, "report", "--style", "apa", "-o", styled, example);
+  run(program, "report", "-f", "csv", "-o", join(work, name), example);
+  const items = readItems(program, example);
+  const page = await openPage(path);
   const [cells, ofHeaders] = await checkHeaders(page, tablesOf(items));
-  const [records, ofCopies] = await checkCopies(page,
-    (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
   const [marks, ofMarks] = await checkMarks(page, items);
-  const ofStates = await checkStates(page, axeSource);
+  const ofStates = await checkStates(page);
   await page.context().close();
-  console.log(`${name}: ${cells} cells, ${records} records, ${marks} marks`);
+  const other = await openPage(styled);
+  const [tables, ofCopies] = await checkCopies(other,
+    (anchor) => readFileSync(join(work, name, `${anchor}.csv`), "utf8"));
+  await other.context().close();
+  console.log(`${name}: ${cells} cells, ${marks} marks, ${tables} copies`);
   return [...checkSize(name, path), ...ofHeaders, ...ofCopies, ...ofMarks, ...ofStates];
 }
 
 mkdirSync(work, { recursive: true });
 const names = chosen.length > 0 ? chosen
   : readdirSync(examples).filter((name) => existsSync(join(examples, name, "model.pmml")));
-const browser = await browserType.launch({ executablePath: resolve(chromium), args: ["--headless", "--no-sandbox",
-  "--disable-gpu", "--force-renderer-accessibility", "--disable-background-networking"] });
-let faulty = 0;
-for (const name of names) {
-  const faults = await judge(browser, name);
-  for (const fault of faults) console.error(`${name}: ${fault}`);
-  faulty += faults.length > 0 ? 1 : 0;
-}
-await browser.close();
-console.log(`${names.length} pages, ${faulty} with faults`);
-process.exit(faulty > 0 || names.length === 0 ? 1 : 0);
+await judgeAll(browser, names, judge);

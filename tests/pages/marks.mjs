@@ -48,5 +48,6 @@ export async function checkMarks(page, items) {
     const silent = marks.find(({ tip, figures }) => !figures.every((figure) => holds(tip, figure)));
     if (silent) faults.push(`${anchor}: ${JSON.stringify(silent.tip)} does not tell ${silent.figures}`);
   }
+  await page.keyboard.press("Escape");
   return [count, faults];
 }

@@ -15,6 +15,7 @@ TEST(VisibleText, ShowsWhatATerminalWouldObey) {
         {"right\u202Eto left", "right\\u{202E}to left"},
         {"\u200F\u2066\u061C\u2028", "\u200F\\u{2066}\\u{061C}\\u{2028}"},
         {"bad \xFF\xC3", "bad \uFFFD\uFFFD"},
+        {"\u05D0 = \u22122.5\n\u05D0 1", "\u05D0 = \u200E\u22122.5\n\u05D0 1"},
     };
     for (const auto& [text, visible] : cases) EXPECT_EQ(report::MakeVisible(text), visible);
 }

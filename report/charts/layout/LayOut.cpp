@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "host/unicode/SignedFigures.h"
 #include "report/charts/layout/Content.h"
 #include "report/charts/layout/Shapes.h"
 #include "report/charts/layout/text/TextWidth.h"
@@ -88,6 +89,7 @@ Scene LayOut(const document::Picture& picture, double width) {
     scene.fWidth = right + 2 * kMargin;
     scene.fHeight += 2 * kMargin;
     Move(scene, kMargin, kMargin);
+    for (Element& element : scene.fvElements) element.fTip = unicode::KeepSigns(element.fTip);
     return scene;
 }
 

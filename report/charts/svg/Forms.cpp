@@ -1,5 +1,6 @@
 #include "report/charts/svg/Forms.h"
 
+#include "host/unicode/SignedFigures.h"
 #include "report/charts/svg/Numbers.h"
 #include "report/markup/Escape.h"
 
@@ -132,7 +133,7 @@ struct FormWriter {
         }
         if (HasBlanksToKeep(form.fWords)) fOut += " xml:space=\"preserve\"";
         fOut.append(">").append(fContent);
-        AppendCharacters(fOut, form.fWords);
+        AppendCharacters(fOut, unicode::KeepSigns(form.fWords));
         fOut += "</text>";
     }
 

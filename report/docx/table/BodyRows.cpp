@@ -69,7 +69,7 @@ void BodyRows::AppendRowHeader(std::string& out, const HeaderCell& header, bool 
     const auto begin = fPart.fvLevels.begin() + header.fLevel;
     const Merge merge = header.fSpan == 1 ? Merge::None : isFirst ? Merge::Begin : Merge::Continue;
     AppendCellStart(out, {std::accumulate(begin, begin + header.fLevels, 0), header.fLevels, merge});
-    const std::string_view words = header.fpLabel && isFirst ? std::string_view(header.fpLabel->fWords) : "";
+    const std::string words = header.fpLabel && isFirst ? BindSign(header.fpLabel->fWords) : "";
     AppendParagraphStart(out, fPlan.Styles().fText, std::string(fKeep).append(DirectionOf(words)));
     AppendRuns(out, words);
     if (isFirst) AppendMarks(out, fGrid, header.fvNotes);

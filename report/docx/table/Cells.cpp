@@ -18,6 +18,12 @@ void AppendCellStart(std::string& out, const CellShape& shape) {
     out += "</w:tcPr>";
 }
 
+std::string BindSign(std::string_view label) {
+    constexpr std::string_view kSign = " =";
+    if (!label.ends_with(kSign)) return std::string(label);
+    return std::string(label.substr(0, label.size() - kSign.size())) + "\u00A0=";
+}
+
 void AppendMarks(std::string& out, const Grid& grid, const std::vector<int>& notes) {
     if (notes.empty()) return;
     std::string marks;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "report/layout/Grid.h"
@@ -22,6 +23,9 @@ struct CellShape {
 void AppendCellStart(std::string& out, const CellShape& shape);
 
 inline constexpr const char* kCellEnd = "</w:tc>";
+
+/// A label as it is set: a sign at its end, as that of thresholds, stays with the word before it.
+std::string BindSign(std::string_view label);
 
 /// Appends the superscript letters of notes, by their indices.
 void AppendMarks(std::string& out, const Grid& grid, const std::vector<int>& notes);

@@ -6,6 +6,7 @@
 #include <span>
 
 #include "report/docx/Styles.h"
+#include "report/docx/table/Cells.h"
 #include "report/layout/CellContent.h"
 #include "report/layout/NumberColumns.h"
 
@@ -116,7 +117,7 @@ void TablePlan::MeasureRowHeaders() {
         if (!header.fpLabel) continue;
         Note(header.fpLabel->fWords);
         if (!fAreLevelsJoined)
-            Spread(Slice(fvPlainLevels, header.fLevel, header.fLevels), MeasureText(header.fpLabel->fWords));
+            Spread(Slice(fvPlainLevels, header.fLevel, header.fLevels), MeasureText(BindSign(header.fpLabel->fWords)));
     }
     if (fAreLevelsJoined) return fvPlainLevels.front().Hold(kJoinedRoom);
     for (const CornerCell& corner : fGrid.fvCorner) {
