@@ -92,6 +92,8 @@ def words(element):
             marks += text
         else:
             plain += text
+    # The sign at the end of a label stays with its word.
+    plain = re.sub("\u00a0=$", " =", plain)
     return plain, [mark for mark in marks.split(", ") if mark]
 
 
