@@ -72,9 +72,20 @@ function compare(found, expected) {
     .map(([cell, count]) => `${count > 0 ? "stray" : "missing"} ${cell}`);
 }
 
+/** The tree once it has as many tables as the page: the browser takes over what is unfolded when it has the time. */
+async function awaitTree(page, count) {
+  let tree = await readTree(page);
+  for (let again = 0; tree.length < count && again < 40; ++again) {
+    await page.waitForTimeout(250);
+    tree = await readTree(page);
+  }
+  return tree;
+}
+
 /** Returns how many cells were compared, and faults. */
 export async function checkHeaders(page, expected) {
-  const [tree, elements] = [await readTree(page), await readElements(page)];
+  const elements = await readElements(page);
+  const tree = await awaitTree(page, elements.length);
   const sizes = [tree.length, elements.length, expected.length];
   if (new Set(sizes).size > 1) return [0, [`${sizes} tables in the tree, the page and the document`]];
   let count = 0;

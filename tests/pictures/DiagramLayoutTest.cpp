@@ -151,7 +151,8 @@ TEST(DiagramLayout, KeysBringTogetherWhatBelongsTogether) {
     NetworkPicture bare = Network({"a"});
     bare.fSigns.fHasLegend = bare.fTypes.fHasLegend = false;
     bare.fWeights.fvEntries.clear();
-    for (const Element* mark : test::MarksOf(LayOutContent(bare, kDeskWidth))) EXPECT_LE(mark->fvKeys.size(), 1U);
+    const Scene scene = LayOutContent(bare, kDeskWidth);
+    for (const Element* mark : test::MarksOf(scene)) EXPECT_LE(mark->fvKeys.size(), 1U);
 }
 
 TEST(CircleLayout, NamesTurnBeyondFourteenAndAreLeftOutOnlyWhereTheyWouldCollide) {
