@@ -108,7 +108,9 @@ TEST(Dictionary, TellsWhatItCannotRead) {
 }
 
 TEST(Dictionary, MakesDataSourceAndMetaData) {
-    const std::string values = "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/>";
+    const std::string values =
+        "<Value value='1' displayValue='one'/><Value value='x' displayValue='no number'/>"
+        "<Value value='2' displayValue='two'/><Value value='02'/>";
     const auto result = Dictionary::Read(
         "<PMML><DataDictionary><DataField name='n' displayName='Number' optype='ordinal' dataType='double'>" + values +
         "</DataField><DataField name='s' dataType='string'>" + values +
@@ -123,7 +125,7 @@ TEST(Dictionary, MakesDataSourceAndMetaData) {
                               variable.GetLabel() ? variable.GetLabel() : "-",
                               variable.GetValueLabels().fOfNumbers.size(), variable.GetValueLabels().fOfTexts.size());
     }
-    EXPECT_EQ(fields, "2 l2 Number 1+0, 0 l1 - 1+2, 1 l3 - 0+0, ");
+    EXPECT_EQ(fields, "2 l2 Number 2+0, 0 l1 - 1+3, 1 l3 - 0+0, ");
     EXPECT_EQ(metaData->GetFieldIndex("N"), -1);
     EXPECT_EQ(metaData->GetField(3), nullptr);
 }
