@@ -74,6 +74,7 @@ void TitleByFolder(document::Document& document, const ReportCommand& command) {
     if (command.fvDocuments.size() != 1) return;
     std::error_code error;
     const std::filesystem::path folder = std::filesystem::canonical(command.fvDocuments.front(), error);
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     if (!error && folder.has_filename()) document.fTitle = folder.filename().string() + ": " + document.fTitle;
 }
 

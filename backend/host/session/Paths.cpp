@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <filesystem>
+#include <new>
 #include <system_error>
 
 namespace hierfit::session {
@@ -14,6 +15,7 @@ std::filesystem::path FolderOfThisLibrary() {
     if (!dladdr(reinterpret_cast<const void*>(&FindPaths), &info) || !info.dli_fname) return {};
     std::error_code error;
     const std::filesystem::path library = std::filesystem::canonical(info.dli_fname, error);
+    if (error == std::errc::not_enough_memory) throw std::bad_alloc();
     return error ? std::filesystem::path() : library.parent_path();
 }
 
