@@ -56,14 +56,19 @@ requests_of <- function(means, contrasts, reference) {
   }, means, contrasts, seq_along(means))
 }
 
+# A variable as the model has it, or else as the data have it.
+variable_in <- function(name, info) {
+  column <- info$frame[[name]]
+  if (is.null(column)) info$data[[name]] else column
+}
+
 # Levels at which a continuous predictor stands when means are asked at it.
 most_values <- 10L
 
 values_at <- function(request, info, options) {
   at <- options$at
   for (field in request$fields) {
-    column <- info$frame[[field]]
-    if (is.null(column)) column <- info$data[[field]]
+    column <- variable_in(field, info)
     if (is.null(column)) next
     if (!is.numeric(column) || field %in% names(at) || wrapped_factor(field, info)) next
     values <- sort(unique(as.numeric(column)))
@@ -81,8 +86,7 @@ values_at <- function(request, info, options) {
 numbers_of <- function(info) {
   names <- all.vars(stats::delete.response(info$terms))
   Filter(function(name) {
-    column <- info$frame[[name]]
-    if (is.null(column)) column <- info$data[[name]]
+    column <- variable_in(name, info)
     (is.null(column) || is.numeric(column)) && !wrapped_factor(name, info)
   }, names)
 }
